@@ -1,0 +1,41 @@
+// A named run of bytes in which every read is checked.
+#pragma once
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace macho {
+
+/// A view of little-endian bytes. A read that would cross the end throws a Fault with the view's name, which
+/// must outlive the view (a literal, usually).
+class Bytes {
+  public:
+    Bytes(std::span<const uint8_t> data, std::string_view name) : data_(data), name_(name) {}
+
+    uint64_t size() const { return data_.size(); }
+    std::string_view name() const { return name_; }
+    const uint8_t* data() const { return data_.data(); }
+
+    uint8_t u8(uint64_t at) const { return *checked(at, 1); }
+    uint16_t u16(uint64_t at) const;
+    uint32_t u32(uint64_t at) const;
+    uint64_t u64(uint64_t at) const;
+    uint32_t u32_big_endian(uint64_t at) const;
+
+    /// The text at `at`, which ends with a zero byte inside the view.
+    std::string_view text(uint64_t at) const;
+    /// The text in a field of a fixed width, zero-terminated only where it is shorter.
+    std::string padded_text(uint64_t at, uint64_t width) const;
+
+    Bytes part(uint64_t at, uint64_t size, std::string_view name) const;
+    Bytes part(uint64_t at, uint64_t size) const { return part(at, size, name_); }
+
+  private:
+    const uint8_t* checked(uint64_t at, uint64_t size) const;
+
+    std::span<const uint8_t> data_;
+    std::string_view name_;
+};
+
+}  // namespace macho

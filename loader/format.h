@@ -1,0 +1,59 @@
+// The numbers of the Mach-O file format that the loader knows.
+#pragma once
+#include <cstdint>
+
+namespace macho {
+
+inline constexpr uint32_t kMagic = 0xfeedfacf;     // 64 bits, little-endian
+inline constexpr uint32_t kFatMagic = 0xcafebabe;  // read big-endian, as all of the fat header is
+
+inline constexpr uint64_t kPointerSize = 8;
+
+enum class Cpu : uint32_t { x86_64 = 0x01000007, arm64 = 0x0100000c };
+#if defined(__aarch64__)
+inline constexpr Cpu kThisCpu = Cpu::arm64;
+#else
+inline constexpr Cpu kThisCpu = Cpu::x86_64;
+#endif
+inline constexpr uint32_t kSubtypeMask = 0x00ffffff;  // what is left are capability bits
+inline constexpr uint32_t kSubtypeArm64e = 2;
+
+inline constexpr uint32_t kFileTypeDylib = 6;
+
+enum class Command : uint32_t {
+    load_dylib = 0xc,
+    id_dylib = 0xd,
+    segment_64 = 0x19,
+    lazy_load_dylib = 0x20,
+    dyld_info = 0x22,
+    version_min_iphoneos = 0x25,
+    encryption_info_64 = 0x2c,
+    build_version = 0x32,
+    load_weak_dylib = 0x80000018,
+    rpath = 0x8000001c,
+    reexport_dylib = 0x8000001f,
+    dyld_info_only = 0x80000022,
+    load_upward_dylib = 0x80000023,
+    dyld_exports_trie = 0x80000033,
+    dyld_chained_fixups = 0x80000034,
+};
+inline constexpr uint32_t kRequiredByDyld =
+    0x80000000;  // a loader that does not know the command must refuse
+
+inline constexpr uint32_t kPlatformIos = 2;
+
+enum class SectionType : uint8_t {
+    regular = 0x00,
+    zero_fill = 0x01,
+    initialisers = 0x09,
+    terminators = 0x0a,
+    large_zero_fill = 0x0c,
+    thread_local_regular = 0x11,
+    thread_local_zero_fill = 0x12,
+    thread_local_variables = 0x13,
+    thread_local_pointers = 0x14,
+    thread_local_initialisers = 0x15,
+    initialiser_offsets = 0x16,
+};
+
+}  // namespace macho

@@ -1,0 +1,74 @@
+// A Mach-O dylib for iOS, loaded into this process.
+#pragma once
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "loader/binding.h"
+#include "loader/error.h"
+#include "loader/layout.h"
+#include "loader/mapping.h"
+
+namespace macho {
+
+/// A loaded image: mapped, fixed up, bound, and known to the unwinder. Its code can be called through
+/// symbol() at once, but Objective-C needs import_classes first, and C++ run_initialisers after that.
+///
+/// Destroying an image unmaps it, unless something of it has got into the process: once its classes are
+/// imported or its initialisers have run, it stays for good, as on the device.
+class Image {
+  public:
+    /// Loads the dylib at `path`, or its slice for this processor. Throws Error.
+    static Image load(const std::filesystem::path& path, const Resolver& resolver);
+    /// The same with a file's bytes, which are not needed afterwards. `name` is for messages.
+    static Image load_bytes(std::span<const uint8_t> file, std::string name, const Resolver& resolver);
+
+    Image(Image&&) noexcept;
+    Image& operator=(Image&&) = delete;
+    ~Image();
+
+    /// The file's name without its folder.
+    const std::string& name() const { return name_; }
+    const Layout& layout() const { return layout_; }
+
+    /// The exported function or variable, named as in C; null if there is none.
+    void* symbol(std::string_view name) const;
+    /// All of them.
+    const std::map<std::string, void*, std::less<>>& exports() const { return exports_; }
+
+    const std::vector<Import>& imports() const { return binding_.imports; }
+    const std::vector<Bind>& binds() const { return binding_.binds; }
+    /// The weak imports that nothing was found for. Other missing symbols are an Error when loading.
+    std::vector<std::string> missing() const;
+
+    /// Runs the image's initialisers in their order; later calls do nothing. An initialiser's exception
+    /// comes through, and those after it do not run.
+    void run_initialisers();
+
+    const Mapping& mapping() const;
+    Mapping& mapping();
+    /// From now on the image outlives this object.
+    void stay_mapped() { stays_mapped_ = true; }
+
+  private:
+    struct Resident;
+
+    Image(std::string name, const Bytes& file, const Resolver& resolver);
+    void fix_up(const Bytes& slice, const Resolver& resolver);
+    void find_initialisers();
+
+    std::string name_;
+    Layout layout_;
+    std::unique_ptr<Resident> resident_;
+    std::map<std::string, void*, std::less<>> exports_;
+    Binding binding_;
+    std::vector<uintptr_t> initialisers_;
+    bool stays_mapped_ = false;
+};
+
+}  // namespace macho

@@ -1,0 +1,190 @@
+// Registers an image's classes with GCC's libobjc.
+#include "loader/objc_import.h"
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <unordered_map>
+
+#include "loader/fault.h"
+#include "loader/objc_metadata.h"
+#include "objc/runtime.h"
+
+// Known to libobjc alone: its runtime has no function that makes a protocol.
+extern "C" void __objc_protocols_add_protocol(const char* name, id protocol);
+
+namespace macho {
+namespace {
+
+id as_object(void* pointer) { return static_cast<id>(pointer); }
+
+/// libobjc's protocol object. Without methods it answers what is asked of ours: whether a class conforms.
+struct GnuProtocol {
+    Class isa;
+    char* name;
+    void* protocols;
+    void* instance_methods;
+    void* class_methods;
+};
+
+id protocol_named(const char* name) {
+    if (id known = objc_getProtocol(name)) return known;
+    // It lives as long as the runtime, which keeps both pointers.
+    auto* made = new GnuProtocol{objc_getClass("Protocol"), strdup(name), nullptr, nullptr, nullptr};
+    __objc_protocols_add_protocol(made->name, as_object(made));
+    return as_object(made);
+}
+
+/// A class that is being made; given up unless it is registered.
+class NewClass {
+  public:
+    NewClass(Class superclass, const char* name) : class_(objc_allocateClassPair(superclass, name, 0)) {
+        if (!class_) refuse(std::string("the runtime does not make the class ") + name);
+    }
+    ~NewClass() {
+        if (!registered_) objc_disposeClassPair(class_);
+    }
+    NewClass(const NewClass&) = delete;
+    NewClass& operator=(const NewClass&) = delete;
+
+    Class get() const { return class_; }
+    Class metaclass() const { return object_getClass(as_object(class_)); }
+    void register_it() {
+        objc_registerClassPair(class_);
+        registered_ = true;
+    }
+
+  private:
+    Class class_;
+    bool registered_ = false;
+};
+
+class Importer {
+  public:
+    explicit Importer(Image& image) : mapping_(image.mapping()), metadata_(read_objc_metadata(image)) {}
+
+    void check_names() const {
+        std::map<std::string_view, int> seen;
+        for (const ClassDescription& each : metadata_.classes)
+            if (objc_lookUpClass(each.name) || seen[each.name]++)
+                refuse(std::string("a class named ") + each.name + " exists already");
+    }
+
+    ImportedClasses run() {
+        for (const auto& [slot, name] : metadata_.selectors) point(slot, sel_registerName(name));
+        for (const ClassDescription& each : metadata_.classes) import(each);
+        for (const uintptr_t slot : metadata_.class_references) {
+            const auto own = host_class_.find(mapping_.read_pointer(slot, "a class reference"));
+            if (own != host_class_.end()) point(slot, own->second);
+        }
+        for (const auto& [slot, name] : metadata_.protocol_references) point(slot, protocol_named(name));
+        return std::move(result_);
+    }
+
+  private:
+    void point(uintptr_t slot, const void* target) {
+        mapping_.write_pointer(slot, reinterpret_cast<uintptr_t>(target), "a reference");
+    }
+
+    void import(const ClassDescription& description) {
+        Class superclass = description.superclass_in_image ? host_class_.at(description.superclass)
+                                                           : reinterpret_cast<Class>(description.superclass);
+        Class made = nullptr;
+        if (superclass) {
+            made = make(description, superclass);
+            result_.registered.emplace_back(description.name);
+        } else {
+            result_.dropped.emplace_back(description.name);
+        }
+        host_class_[description.address] = made;
+        host_class_[description.metaclass] = object_getClass(as_object(made));
+    }
+
+    Class make(const ClassDescription& description, Class superclass) {
+        NewClass made(superclass, description.name);
+        const std::vector<std::string> names = add_variables(made.get(), superclass, description);
+        add_methods(made.get(), description.instance_methods, '-', description.name);
+        add_methods(made.metaclass(), description.class_methods, '+', description.name);
+        for (const char* protocol : description.protocols)
+            class_addProtocol(made.get(), protocol_named(protocol));
+        made.register_it();
+        place_variables(made.get(), description, names);
+        return made.get();
+    }
+
+    /// Returns the names that the variables got.
+    std::vector<std::string> add_variables(Class made, Class superclass,
+                                           const ClassDescription& description) {
+        std::vector<std::string> names;
+        // C++ code reaches all of a class's variables from the first one. It has to start where each of the
+        // others may, for the block to keep its shape behind a superclass of another size.
+        uint32_t log2_alignment = 0;
+        for (const auto& variable : description.variables)
+            log2_alignment = std::max(log2_alignment, variable.log2_alignment);
+        for (const VariableDescription& variable : description.variables) {
+            std::string name = variable.name;
+            if (class_getInstanceVariable(superclass, variable.name)) {
+                name = std::string(description.name) + "." + variable.name;
+                result_.renamed_variables.push_back(name);
+            }
+            const uint32_t alignment = names.empty() ? log2_alignment : variable.log2_alignment;
+            if (!class_addIvar(made, name.c_str(), variable.size, static_cast<uint8_t>(alignment),
+                               variable.types))
+                refuse(std::string("class ") + description.name + " has the variable " + variable.name +
+                       " twice");
+            names.push_back(std::move(name));
+        }
+        return names;
+    }
+
+    void add_methods(Class to, const std::vector<MethodDescription>& methods, char side,
+                     const char* class_name) {
+        for (const auto& [name, types, implementation] : methods)
+            if (!class_addMethod(to, sel_registerName(name), reinterpret_cast<IMP>(implementation), types))
+                refuse(std::string("class ") + class_name + " has the method " + side + name + " twice");
+    }
+
+    /// Tells the image's code where the variables are. libobjc knows only once the class is registered.
+    void place_variables(Class made, const ClassDescription& description,
+                         const std::vector<std::string>& names) {
+        int64_t first_moved = 0;
+        for (size_t i = 0; i < names.size(); ++i) {
+            const VariableDescription& variable = description.variables[i];
+            const ptrdiff_t offset = ivar_getOffset(class_getInstanceVariable(made, names[i].c_str()));
+            const int64_t moved = offset - variable.offset;
+            if (i == 0) first_moved = moved;
+            if (moved != first_moved)
+                refuse(
+                    std::string("class ") + description.name + ": the variable " + variable.name +
+                    " does not keep its distance from the first one (found " +
+                    std::to_string(variable.offset - description.variables[0].offset + moved - first_moved) +
+                    ", expected " + std::to_string(variable.offset - description.variables[0].offset) + ")");
+            if (metadata_.offset_width == 8)
+                mapping_.write_pointer(variable.offset_slot, static_cast<uintptr_t>(offset),
+                                       "a variable's offset");
+            else
+                mapping_.write_int32(variable.offset_slot, static_cast<int32_t>(offset),
+                                     "a variable's offset");
+        }
+    }
+
+    Mapping& mapping_;
+    const ObjcMetadata metadata_;
+    std::unordered_map<uintptr_t, Class> host_class_;  // by the address of the image's; null if dropped
+    ImportedClasses result_;
+};
+
+}  // namespace
+
+ImportedClasses import_classes(Image& image) {
+    try {
+        Importer importer(image);
+        importer.check_names();
+        image.stay_mapped();
+        return importer.run();
+    } catch (const Fault& fault) {
+        throw Error(image.name() + ": cannot import: " + fault.what());
+    }
+}
+
+}  // namespace macho

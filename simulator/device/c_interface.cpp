@@ -1,0 +1,244 @@
+// The simulator's C interface, over the parts that do the work.
+#include <cmath>
+#include <cstring>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "device/boot.h"
+#include "device/library.h"
+#include "device/refusal.h"
+#include "keyboard/show.h"
+#include "objc/exception.h"
+#include "platform/keyboard.h"
+#include "runtime/installing_calls.h"
+#include "simulator.h"
+
+struct sim_library {
+    std::unique_ptr<sim::Library> library;
+};
+
+namespace {
+
+using sim::Refusal;
+
+std::string& last_error() {
+    static std::string line;
+    return line;
+}
+
+/// Kept for good, like what is loaded.
+std::vector<std::unique_ptr<sim_library>>& libraries() {
+    static auto* loaded = new std::vector<std::unique_ptr<sim_library>>;
+    return *loaded;
+}
+
+sim_status refuse(sim_status status, std::string message) {
+    for (char& c : message)
+        if (c == '\n' || c == '\r') c = ' ';
+    last_error() = std::move(message);
+    return status;
+}
+
+std::string description(id object) {
+    auto* text = object ? static_cast<NSObject*>(object)->description() : nullptr;
+    const char* utf8 = text ? text->UTF8String() : nullptr;
+    return utf8 ? utf8 : "(no description)";
+}
+
+std::string name_and_reason(id raised) {
+    auto* exception = static_cast<NSObject*>(raised);
+    if (!exception->isKindOfClass(objc_getClass("NSException")))
+        return std::string("an object was thrown: ") + object_getClassName(raised);
+    return description(exception->send<"name", id>()) + ": " + description(exception->send<"reason", id>());
+}
+
+/// Runs the body and makes a status and a line of whatever it throws or raises.
+template <class Body>
+sim_status answer(Body body) noexcept {
+    last_error().clear();
+    try {
+        // Around the body and not inside: a pool there would take the exception along when it unwinds.
+        std::optional<objc::AutoreleasePool> pool;
+        if (sim::is_booted()) pool.emplace();
+        if (id raised = objc::caught(body)) return refuse(SIM_RAISED, "an exception was raised: " + name_and_reason(raised));
+        return SIM_OK;
+    } catch (const Refusal& refusal) {
+        return refuse(refusal.status(), refusal.what());
+    } catch (const std::exception& error) {
+        return refuse(SIM_FAILED, error.what());
+    } catch (...) {
+        return refuse(SIM_FAILED, "an unknown C++ exception was thrown");
+    }
+}
+
+template <class T>
+void require(const T* pointer, const char* function, const char* parameter) {
+    if (!pointer) throw Refusal(SIM_MISUSE, std::string(function) + ": " + parameter + " is NULL");
+}
+
+void require_boot(const char* function) {
+    if (!sim::is_booted()) throw Refusal(SIM_MISUSE, std::string(function) + ": the phone is not on; call sim_boot first");
+}
+
+/// A structure that callers fill: as much of it as they know, the rest zero.
+template <class T>
+T known_part(const T& given, const char* function, size_t smallest) {
+    if (given.size < smallest || given.size > 4096)
+        throw Refusal(SIM_MISUSE, std::string(function) + ": the structure's size is " + std::to_string(given.size) +
+                                      "; it is sizeof of the structure, " + std::to_string(sizeof(T)) + " here");
+    T known{};
+    std::memcpy(&known, &given, std::min(given.size, sizeof(T)));
+    const auto* bytes = reinterpret_cast<const unsigned char*>(&given);
+    for (size_t i = sizeof(T); i < given.size; ++i)
+        if (bytes[i])
+            throw Refusal(SIM_MISUSE, std::string(function) + ": the structure has members of a later version set");
+    return known;
+}
+
+sim::ClaimedArguments claimed(sim_arguments arguments) {
+    switch (arguments) {
+        case SIM_ARGUMENTS_EXECUTABLE: return sim::ClaimedArguments::executable;
+        case SIM_ARGUMENTS_NONE:       return sim::ClaimedArguments::none;
+        case SIM_ARGUMENTS_NIL:        return sim::ClaimedArguments::nil;
+    }
+    throw Refusal(SIM_MISUSE, "sim_boot: there is no kind " + std::to_string(arguments) + " of arguments");
+}
+
+sim::BootOptions boot_options(const sim_options& given) {
+    const sim_options options = known_part(given, "sim_boot", offsetof(sim_options, executable));
+    sim::BootOptions wanted;
+    if (options.root) wanted.root = options.root;
+    if (options.executable) wanted.executable = options.executable;
+    wanted.arguments = claimed(options.arguments);
+    if (options.system_version) wanted.device.system_version = options.system_version;
+    if (options.screen_width != 0) wanted.device.screen_width = options.screen_width;
+    if (options.screen_height != 0) wanted.device.screen_height = options.screen_height;
+    if (options.screen_scale != 0) wanted.device.screen_scale = options.screen_scale;
+    for (auto* name = options.left_out_classes; name && *name; ++name) wanted.left_out_classes.insert(*name);
+    return wanted;
+}
+
+sim_call_kind kind_of(const sim::InstallingCall& call) {
+    using Kind = sim::InstallingCall::Kind;
+    switch (call.kind) {
+        case Kind::hook_message:  return SIM_HOOK_MESSAGE;
+        case Kind::hook_function: return SIM_HOOK_FUNCTION;
+        case Kind::add_method:    return SIM_ADD_METHOD;
+    }
+    __builtin_unreachable();
+}
+
+const char* or_null(const std::optional<std::string>& text) { return text ? text->c_str() : nullptr; }
+
+sim_colour colour_of(CGColorRef color) {
+    if (!color) return {SIM_COLOUR_NONE, {}};
+    const CGFloat* components = CGColorGetComponents(color);
+    switch (CGColorSpaceGetModel(CGColorGetColorSpace(color))) {
+        case kCGColorSpaceModelMonochrome: return {SIM_COLOUR_GREY, {components[0], components[1]}};
+        case kCGColorSpaceModelRGB:
+            return {SIM_COLOUR_RGB, {components[0], components[1], components[2], components[3]}};
+    }
+    throw Refusal(SIM_FAILED, "sim_named_colour: the colour is neither grey nor RGB");
+}
+
+}  // namespace
+
+const char* sim_last_error() { return last_error().c_str(); }
+
+sim_status sim_boot(const sim_options* options) {
+    return answer([&] {
+        require(options, "sim_boot", "options");
+        sim::boot(boot_options(*options));
+    });
+}
+
+sim_status sim_load(const char* host_path, sim_library** library) {
+    return answer([&] {
+        require(host_path, "sim_load", "host_path");
+        require(library, "sim_load", "library");
+        *library = nullptr;
+        require_boot("sim_load");
+        libraries().push_back(std::make_unique<sim_library>(sim::load_library(host_path)));
+        *library = libraries().back().get();
+    });
+}
+
+sim_status sim_symbol(const sim_library* library, const char* name, void** address) {
+    return answer([&] {
+        require(library, "sim_symbol", "library");
+        require(name, "sim_symbol", "name");
+        require(address, "sim_symbol", "address");
+        *address = library->library->symbol(name);
+        if (!*address) throw Refusal(SIM_NOT_FOUND, std::string("sim_symbol: the library exports no ") + name);
+    });
+}
+
+size_t sim_class_count(const sim_library* library) { return library ? library->library->classes().size() : 0; }
+
+const char* sim_class_name(const sim_library* library, size_t index) {
+    return index < sim_class_count(library) ? library->library->classes()[index].c_str() : nullptr;
+}
+
+sim_status sim_initialiser_time(const sim_library* library, double* seconds) {
+    return answer([&] {
+        require(library, "sim_initialiser_time", "library");
+        require(seconds, "sim_initialiser_time", "seconds");
+        *seconds = library->library->initialiser_seconds();
+    });
+}
+
+size_t sim_installing_call_count() { return sim::installing_calls().size(); }
+
+sim_status sim_installing_call_at(size_t index, sim_installing_call* call) {
+    return answer([&] {
+        require(call, "sim_installing_call_at", "call");
+        if (index >= sim_installing_call_count())
+            throw Refusal(SIM_NOT_FOUND, "sim_installing_call_at: there is no call " + std::to_string(index) + " of " +
+                                             std::to_string(sim_installing_call_count()));
+        const auto& found = sim::installing_calls()[index];
+        *call = {kind_of(found),     or_null(found.class_name), found.on_class,
+                 found.name.c_str(), or_null(found.types),      found.took_effect};
+    });
+}
+
+sim_status sim_named_colour(const char* name, sim_colour* colour) {
+    return answer([&] {
+        require(name, "sim_named_colour", "name");
+        require(colour, "sim_named_colour", "colour");
+        require_boot("sim_named_colour");
+        NSString* text = NSString::stringWithUTF8String(name);
+        if (!text) throw Refusal(SIM_MISUSE, "sim_named_colour: the name is not UTF-8");
+        *colour = colour_of(UIKBGetNamedColor(text));
+    });
+}
+
+sim_status sim_show_keyboard(const sim_keyboard* keyboard) {
+    return answer([&] {
+        require_boot("sim_show_keyboard");
+        sim::KeyboardRequest request;
+        if (keyboard) {
+            const auto wanted = known_part(*keyboard, "sim_show_keyboard", offsetof(sim_keyboard, plane));
+            if (wanted.plane) request.plane = wanted.plane;
+            if (wanted.pressed_key) request.pressed_key = wanted.pressed_key;
+            request.landscape = wanted.landscape;
+            if (wanted.return_key) request.return_key = wanted.return_key;
+        }
+        std::string error;
+        if (!sim::show_keyboard(request, error)) throw Refusal(SIM_NOT_FOUND, "sim_show_keyboard: " + error);
+    });
+}
+
+sim_status sim_take_picture(const char* host_path, double scale) {
+    return answer([&] {
+        require(host_path, "sim_take_picture", "host_path");
+        require_boot("sim_take_picture");
+        if (!(scale >= 0 && scale <= 10))
+            throw Refusal(SIM_MISUSE, "sim_take_picture: the scale is " + std::to_string(scale) +
+                                          "; it is from 0 to 10 pixels per point");
+        std::string error;
+        if (!sim::take_picture(host_path, scale, error)) throw Refusal(SIM_BAD_FILE, "sim_take_picture: " + error);
+    });
+}

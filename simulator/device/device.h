@@ -1,0 +1,18 @@
+// The simulated device: what boot was told, or its defaults, an iPhone 8 with iOS 12.4.
+#pragma once
+#include <string>
+
+namespace sim {
+
+struct Device {
+    std::string system_version = "12.4";
+    /// In points, portrait.
+    double screen_width = 375, screen_height = 667;
+    /// Pixels per point: 1, 2 or 3.
+    double screen_scale = 2;
+};
+
+/// The device that was booted; the defaults before that. It does not change afterwards.
+const Device& device();
+
+}  // namespace sim

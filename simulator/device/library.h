@@ -1,0 +1,57 @@
+// A library that was injected into the simulated process.
+#pragma once
+#include <ctime>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sim {
+
+/// One build of a library, loaded for good.
+class Library {
+  public:
+    virtual ~Library() = default;
+    Library(const Library&) = delete;
+
+    /// The names of the classes that it defined, sorted.
+    const std::vector<std::string>& classes() const { return classes_; }
+
+    /// What it exports under a name as C writes it, or null. `OBJC_CLASS_$_X` and `OBJC_METACLASS_$_X` of its own
+    /// classes are the runtime's classes.
+    void* symbol(std::string_view name) const;
+
+    /// The processor time that its initialisers took, in seconds.
+    double initialiser_seconds() const { return initialiser_seconds_; }
+
+  protected:
+    Library(std::vector<std::string> classes, double initialiser_seconds)
+        : classes_(std::move(classes)), initialiser_seconds_(initialiser_seconds) {}
+
+  private:
+    virtual void* exported(const std::string& name) const = 0;
+    std::vector<std::string> classes_;
+    double initialiser_seconds_;
+};
+
+/// Loads the library at a path of the host as the injection framework does: its classes are registered, then its
+/// initialisers run. The file's first bytes tell ELF and Mach-O apart. Throws a Refusal; an Objective-C exception
+/// of an initialiser comes through.
+std::unique_ptr<Library> load_library(const std::string& host_path);
+
+/// The two kinds. `contents` are the file's.
+std::unique_ptr<Library> load_elf(const std::string& host_path, std::string_view contents);
+std::unique_ptr<Library> load_macho(const std::string& host_path, std::string_view contents);
+
+/// The processor time that the work takes, in seconds.
+template <class Work>
+double processor_seconds(Work work) {
+    const std::clock_t before = std::clock();
+    work();
+    return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+}
+
+/// The names of all classes that the runtime knows, sorted.
+std::vector<std::string> class_names();
+
+}  // namespace sim

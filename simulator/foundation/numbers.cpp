@@ -1,0 +1,46 @@
+// NSNumber: real numbers beyond the range of an integer become the nearest one, and no number 0, as the device's
+// processor converts them. Foundation on Linux leaves it to the compiler, which promises nothing.
+#include <limits>
+
+#include "foundation/mends.h"
+#include "platform/foundation.h"
+#include "runtime/method_replacement.h"
+
+namespace sim {
+namespace {
+
+template <class Integer>
+Integer nearest(double value) {
+    using Limits = std::numeric_limits<Integer>;
+    if (value != value) return 0;
+    if (value <= static_cast<double>(Limits::min())) return Limits::min();
+    if (value >= static_cast<double>(Limits::max())) return Limits::max();
+    return static_cast<Integer>(value);
+}
+
+struct RealNumber : NSNumber {
+    double doubleValue() { return send<"doubleValue", double>(); }
+
+    int intValue() { return nearest<int>(doubleValue()); }
+    unsigned unsignedIntValue() { return nearest<unsigned>(doubleValue()); }
+    long longValue() { return nearest<long>(doubleValue()); }
+    unsigned long unsignedLongValue() { return nearest<unsigned long>(doubleValue()); }
+};
+
+}  // namespace
+
+void mend_numbers() {
+    for (const char* name : {"NSDoubleNumber", "NSFloatNumber"}) {
+        Class number = objc_getClass(name);
+        mend<"intValue", &RealNumber::intValue>(number);
+        mend<"unsignedIntValue", &RealNumber::unsignedIntValue>(number);
+        mend<"longValue", &RealNumber::longValue>(number);
+        mend<"integerValue", &RealNumber::longValue>(number);
+        mend<"longLongValue", &RealNumber::longValue>(number);
+        mend<"unsignedLongValue", &RealNumber::unsignedLongValue>(number);
+        mend<"unsignedIntegerValue", &RealNumber::unsignedLongValue>(number);
+        mend<"unsignedLongLongValue", &RealNumber::unsignedLongValue>(number);
+    }
+}
+
+}  // namespace sim

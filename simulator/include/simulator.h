@@ -1,0 +1,163 @@
+/* The simulator's C interface: a phone in this process. Boot it, load a build of the library, look at it.
+ *
+ *     sim_options options = {.size = sizeof options, .root = "phone"};
+ *     sim_library* library;
+ *     if (sim_boot(&options) || sim_load("HuecraftiOS12.so", &library)) puts(sim_last_error());
+ *
+ * - Every function that can fail answers a sim_status and leaves one line in sim_last_error(). None of them ends
+ *   the process for a caller's mistake, and no exception leaves them; an Objective-C exception inside becomes
+ *   SIM_RAISED, with its name and reason in the line. What the model of the system does not do is another matter:
+ *   that stops the process loudly.
+ * - Texts are UTF-8 and zero-terminated. Texts and arrays given are copied; texts answered stay valid as long as
+ *   what they belong to.
+ * - "Host" paths are this machine's, "device" paths begin at the root folder given at boot.
+ * - Everything is called on the thread that booted: it is the phone's main thread. */
+#ifndef HUECRAFT_SIMULATOR_H
+#define HUECRAFT_SIMULATOR_H
+
+#include <stdbool.h>
+#include <stddef.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#define SIM_API __attribute__((visibility("default")))
+
+typedef enum sim_status {
+    SIM_OK = 0,
+    /* The call itself is wrong: NULL where that is not allowed, a number out of range, before boot, or booted twice. */
+    SIM_MISUSE = 1,
+    /* What was named does not exist: a file, a class, a symbol, a key plane. */
+    SIM_NOT_FOUND = 2,
+    /* A file exists but cannot be read, written or used: not a library, or one that needs what the model lacks. */
+    SIM_BAD_FILE = 3,
+    /* An Objective-C exception was raised. */
+    SIM_RAISED = 4,
+    /* An error of the simulator's own. */
+    SIM_FAILED = 5
+} sim_status;
+
+/* What the last call that failed says, in one line; "" when none has. Valid until the next call. */
+SIM_API const char* sim_last_error(void);
+
+/* ---- Boot ---------------------------------------------------------------------------------------------------- */
+
+/* The argument vector that the process claims to have. */
+typedef enum sim_arguments {
+    SIM_ARGUMENTS_EXECUTABLE = 0, /* the executable's path alone */
+    SIM_ARGUMENTS_NONE = 1,       /* no element at all */
+    SIM_ARGUMENTS_NIL = 2         /* one element, which is nil */
+} sim_arguments;
+
+/* What the phone is. Every member but `size` and `root` may be left zero, which is its default. */
+typedef struct sim_options {
+    /* sizeof(sim_options): later versions of this interface add members at the end. */
+    size_t size;
+    /* The host folder that plays the device's file system. Nothing outside it is read or written in the
+     * device's name. */
+    const char* root;
+    /* The device path of the executable that the process claims to run: /Applications/Notes.app/Notes. It need
+     * not exist. */
+    const char* executable;
+    sim_arguments arguments;
+    /* "12.4" */
+    const char* system_version;
+    /* The screen in points, portrait, and its pixels per point (1, 2 or 3): 375 x 667 at 2. */
+    double screen_width, screen_height;
+    int screen_scale;
+    /* Classes of the system to leave out, together with their subclasses; ends with NULL. The caller may register
+     * classes of its own under their names. */
+    const char* const* left_out_classes;
+} sim_options;
+
+/* Switches the phone on: once per process. */
+SIM_API sim_status sim_boot(const sim_options* options);
+
+/* ---- The library --------------------------------------------------------------------------------------------- */
+
+typedef struct sim_library sim_library;
+
+/* Loads a build of the library from a host path, an ELF shared object or a Mach-O dylib, which the contents tell
+ * apart. Its classes are registered and its initialisers run, as when the injection framework loads it. A library is
+ * never unloaded, and cannot be loaded twice. */
+SIM_API sim_status sim_load(const char* host_path, sim_library** library);
+
+/* The address of an exported symbol, named as in C: "kGradientLeft", "OBJC_CLASS_$_HCView". A class of that symbol is
+ * answered as the runtime knows it, in both builds. */
+SIM_API sim_status sim_symbol(const sim_library* library, const char* name, void** address);
+
+/* The names of the classes that the library defined, sorted. */
+SIM_API size_t sim_class_count(const sim_library* library);
+/* NULL beyond the end. */
+SIM_API const char* sim_class_name(const sim_library* library, size_t index);
+
+/* The processor time in seconds that the initialisers took when the library was loaded. Of an ELF build it is the time of
+ * loading as a whole, which the dynamic linker does not divide. */
+SIM_API sim_status sim_initialiser_time(const sim_library* library, double* seconds);
+
+/* ---- What the library installed ------------------------------------------------------------------------------- */
+
+typedef enum sim_call_kind {
+    SIM_HOOK_MESSAGE = 0,  /* MSHookMessageEx */
+    SIM_HOOK_FUNCTION = 1, /* MSHookFunction */
+    SIM_ADD_METHOD = 2     /* class_addMethod, on a class that exists already */
+} sim_call_kind;
+
+typedef struct sim_installing_call {
+    sim_call_kind kind;
+    /* NULL when the class was nil, and for functions. */
+    const char* class_name;
+    /* The class was a metaclass: class methods. */
+    bool on_class;
+    /* The selector or the function. */
+    const char* name;
+    /* The method's type encoding, as given or as found; NULL when there is none. */
+    const char* types;
+    bool took_effect;
+} sim_installing_call;
+
+/* The calls made so far, in order. */
+SIM_API size_t sim_installing_call_count(void);
+SIM_API sim_status sim_installing_call_at(size_t index, sim_installing_call* call);
+
+/* ---- The keyboard ---------------------------------------------------------------------------------------------- */
+
+typedef enum sim_colour_model {
+    SIM_COLOUR_NONE = 0, /* the system answers no colour */
+    SIM_COLOUR_GREY = 1, /* white, alpha */
+    SIM_COLOUR_RGB = 2   /* red, green, blue, alpha */
+} sim_colour_model;
+
+typedef struct sim_colour {
+    sim_colour_model model;
+    /* From 0 to 1; as many as the model has. */
+    double components[4];
+} sim_colour;
+
+/* Asks UIKBGetNamedColor, as the keyboard does; a hook of the library is heard. */
+SIM_API sim_status sim_named_colour(const char* name, sim_colour* colour);
+
+/* Which keyboard to show. Every member but `size` may be left zero. */
+typedef struct sim_keyboard {
+    size_t size; /* sizeof(sim_keyboard) */
+    /* "letters", "shifted", "numbers", "symbols" or "emoji": "letters". */
+    const char* plane;
+    /* The text or name of the key that is held down: none. */
+    const char* pressed_key;
+    bool landscape;
+    /* What the return key does: "return", or "go", for which the system draws it blue: "return". */
+    const char* return_key;
+} sim_keyboard;
+
+/* Puts the keyboard on the screen, in place of what was there. NULL shows the defaults. */
+SIM_API sim_status sim_show_keyboard(const sim_keyboard* keyboard);
+
+/* Draws the screen and writes it to a host path as PNG. `scale` is in pixels per point; 0 is the screen's. */
+SIM_API sim_status sim_take_picture(const char* host_path, double scale);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,40 @@
+// The system's backdrop for a numeric style. It fills the view that it is put into, and stays as large.
+#include "keyboard/backdrop_material.h"
+#include "keyboard/make.h"
+#include "objc/class.h"
+#include "platform/keyboard.h"
+
+namespace {
+
+using objc::strong;
+
+struct BackdropView : objc::Implements<BackdropView, _UIBackdropView> {
+    struct Ivars {
+        NSInteger style;
+    };
+
+    strong<_UIBackdropView> initWithStyle(NSInteger style) {
+        auto self = initialised_by_super<"initWithFrame:">(CGRect{});
+        if (!self) return nullptr;
+        self->ivars().style = style;
+        self->setBackgroundColor(sim::backdrop_material(style));
+        return self;
+    }
+
+    void didMoveToSuperview() {
+        super<"didMoveToSuperview">();
+        UIView* superview = this->superview();
+        if (!superview) return;
+        setFrame(superview->bounds());
+        setAutoresizingMask(sim::follows_size);
+    }
+};
+
+}  // namespace
+
+using namespace objc::definition;
+
+OBJC_CLASS(_UIBackdropView, UIView, BackdropView,
+           property<"style", &BackdropView::Ivars::style>,
+           method<"initWithStyle:", &BackdropView::initWithStyle>,
+           method<"didMoveToSuperview", &BackdropView::didMoveToSuperview>)

@@ -1,0 +1,23 @@
+// Paints keys with their traits.
+#pragma once
+#include "keyboard/key_traits.h"
+#include "keyboard/path.h"
+#include "platform/uikit.h"
+
+namespace sim {
+
+/// Fills the cap and draws the lines along its edges. A colour that does not exist or is clear, no edges and
+/// a weight of zero paint nothing.
+void paint_cap(CGContextRef context, const Path& cap, const KeyTraits& traits);
+
+/// Gives the layer the shadow of a shape in its coordinates. No effect, no colour or a weight of zero is no
+/// shadow.
+void apply_shadow(CALayer* layer, const Path& shape, UIKBShadowEffect* effect);
+
+/// The font of a text style.
+UIFont* font_of(UIKBTextStyle* style);
+
+/// A label with the style's font and the colour behind its colour's name, centred.
+objc::strong<UILabel> make_label(UIKBTextStyle* style, NSString* text);
+
+}  // namespace sim

@@ -1,0 +1,26 @@
+// Sizes of the keyboard on each screen, from general knowledge of the phones.
+#pragma once
+#include "platform/coregraphics.h"
+
+namespace sim {
+
+/// All in points. Keys stand `gap` apart in ten columns, `side` from the edges; rows begin `row_pitch` apart.
+struct KeyboardMetrics {
+    CGSize size;
+    CGFloat side, gap, top;
+    CGSize key;
+    CGFloat row_pitch;
+    /// The bars above and below the keys.
+    CGFloat prediction_height, dock_height;
+
+    CGRect whole() const { return {{0, 0}, {size.width, prediction_height + size.height + dock_height}}; }
+};
+
+/// The bar along the bottom of the emoji plane, and the keys at its ends.
+constexpr CGFloat emoji_bar_height = 40, emoji_bar_key_width = 48;
+
+/// For the booted device's screen, held upright or sideways. A screen as wide as none of the known phones'
+/// gets the heights of the next narrower one.
+KeyboardMetrics keyboard_metrics(bool landscape);
+
+}  // namespace sim

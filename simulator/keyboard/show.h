@@ -1,0 +1,26 @@
+// What the C interface asks of the keyboard: to be shown in some state, and to be photographed.
+#pragma once
+#include <string>
+
+namespace sim {
+
+/// Which keyboard is on screen. An empty text is the default.
+struct KeyboardRequest {
+    /// The key plane: "letters" (default), "shifted", "numbers", "symbols" or "emoji".
+    std::string plane;
+    /// The text or name of the key that is held down ("g", "return", "shift"); none by default.
+    std::string pressed_key;
+    /// What the return key does: "return" (default), or "go", for which the system draws it blue.
+    std::string return_key;
+    bool landscape = false;
+};
+
+/// Puts the keyboard on the screen, in place of what was there. False for a plane or a key that does not
+/// exist; `error` then says in one line what was found and what there is, and the screen stays as it was.
+bool show_keyboard(const KeyboardRequest&, std::string& error);
+
+/// Lays out, draws the screen's contents and writes them to `path`, a path of the host, as PNG. `scale` is in
+/// pixels per point; 0 is the screen's. False when nothing is shown or the file cannot be written.
+bool take_picture(const std::string& path, double scale, std::string& error);
+
+}  // namespace sim

@@ -1,0 +1,207 @@
+// Layers: geometry, the tree, and the list of their properties.
+#include "quartzcore/CALayer.h"
+
+#include <algorithm>
+#include <climits>
+
+#include "coregraphics/transform.h"
+#include "objc/class.h"
+#include "quartzcore/layer_geometry.h"
+#include "runtime/not_modelled.h"
+
+namespace sim {
+
+using objc::strong;
+using namespace objc::literals;
+
+CALayer* Layer::layer(Class self) {
+    auto* made = objc::send<"alloc", CALayer*>(reinterpret_cast<id>(self));
+    return made->init().autoreleased();
+}
+
+strong<CALayer> Layer::init() {
+    auto self = initialised_by_super<"init">();
+    if (!self) return nullptr;
+    const CGFloat black[] = {0, 0, 0, 1};
+    auto& ivars = self->ivars();
+    ivars.borderColor = objc::adopt(CGColorCreate(objc::adopt(CGColorSpaceCreateDeviceRGB()), black));
+    ivars.shadowColor = ivars.borderColor;
+    ivars.contentsGravity = "resize"_ns;
+    return self;
+}
+
+void Layer::dealloc() {
+    for (CALayer* sublayer : ivars().sublayers) static_cast<Layer*>(sublayer)->ivars().superlayer = nullptr;
+}
+
+// ---- Geometry -------------------------------------------------------------------------------------------------
+
+CGRect Layer::frame() { return bounding_box(to_superlayer(this), static_cast<CALayer*>(this)->bounds()); }
+
+void Layer::setFrame(CGRect frame) {
+    auto* self = static_cast<CALayer*>(this);
+    frame = standardized(frame);
+    CGRect bounds = self->bounds();
+    const auto back = inverted(self->affineTransform());
+    bounds.size = back ? bounding_box(*back, {{0, 0}, frame.size}).size : frame.size;
+    const CGPoint anchor = self->anchorPoint();
+    self->setBounds(bounds);
+    self->setPosition({frame.origin.x + anchor.x * frame.size.width, frame.origin.y + anchor.y * frame.size.height});
+}
+
+void Layer::setBounds(CGRect bounds) {
+    const bool resized = ivars().bounds.size != bounds.size;
+    ivars().bounds = bounds;
+    if (resized) static_cast<CALayer*>(this)->setNeedsLayout();
+}
+
+CGAffineTransform Layer::affineTransform() { return to_2d(static_cast<CALayer*>(this)->transform()); }
+
+void Layer::setAffineTransform(CGAffineTransform transform) {
+    static_cast<CALayer*>(this)->setTransform(to_3d(transform));
+}
+
+// ---- The tree -------------------------------------------------------------------------------------------------
+
+NSArray* Layer::sublayers() {
+    const auto& layers = ivars().sublayers;
+    if (layers.empty()) return nullptr;
+    NSMutableArray* list = NSMutableArray::arrayWithCapacity(layers.size());
+    for (CALayer* layer : layers) list->addObject(layer);
+    return NSArray::arrayWithArray(list);
+}
+
+void Layer::setSublayers(NSArray* layers) {
+    while (!ivars().sublayers.empty()) ivars().sublayers.back()->removeFromSuperlayer();
+    const NSUInteger count = layers->count();
+    for (NSUInteger i = 0; i < count; ++i)
+        static_cast<CALayer*>(this)->addSublayer(static_cast<CALayer*>(layers->objectAtIndex(i)));
+}
+
+void Layer::addSublayer(CALayer* layer) { insert(layer, SIZE_MAX); }
+
+void Layer::insertSublayer(CALayer* layer, unsigned index) { insert(layer, index); }
+
+void Layer::insertSublayerBelow(CALayer* layer, CALayer* sibling) {
+    if (layer && layer != sibling) layer->removeFromSuperlayer();
+    insert(layer, index_of(sibling));
+}
+
+void Layer::insertSublayerAbove(CALayer* layer, CALayer* sibling) {
+    if (layer && layer != sibling) layer->removeFromSuperlayer();
+    insert(layer, index_of(sibling) + 1);
+}
+
+void Layer::removeFromSuperlayer() {
+    if (auto* above = static_cast<Layer*>(ivars().superlayer)) above->forget(this);
+}
+
+// Where a sibling stands; the end without one.
+size_t Layer::index_of(CALayer* sibling) {
+    const auto& layers = ivars().sublayers;
+    auto found = std::find(layers.begin(), layers.end(), sibling);
+    return found == layers.end() ? layers.size() : static_cast<size_t>(found - layers.begin());
+}
+
+void Layer::insert(CALayer* layer, size_t index) {
+    if (!layer) return;
+    for (CALayer* above = this; above; above = above->superlayer())
+        if (above == layer) not_modelled("CALayer", "addSublayer:", "a layer in its own tree");
+    const strong<CALayer> kept = layer;
+    layer->removeFromSuperlayer();
+    auto& layers = ivars().sublayers;
+    layers.insert(layers.begin() + static_cast<ptrdiff_t>(std::min(index, layers.size())), kept);
+    static_cast<Layer*>(layer)->ivars().superlayer = this;
+    static_cast<CALayer*>(this)->setNeedsLayout();
+}
+
+void Layer::forget(CALayer* sublayer) {
+    auto& layers = ivars().sublayers;
+    auto found = std::find(layers.begin(), layers.end(), sublayer);
+    if (found == layers.end()) return;
+    static_cast<Layer*>(sublayer)->ivars().superlayer = nullptr;
+    const strong<CALayer> last_breath = *found;  // it may go only when the list is whole again
+    layers.erase(found);
+    static_cast<CALayer*>(this)->setNeedsLayout();
+}
+
+void Layer::setFilters(NSArray* filters) {
+    ivars().filters = strong<NSArray>::adopt(filters->send<"copy", NSArray*>());
+}
+
+}  // namespace sim
+
+using namespace objc::definition;
+using sim::Layer;
+using Ivars = sim::Layer::Ivars;
+
+OBJC_CLASS(CALayer, NSObject, Layer,
+           class_method<"layer", &Layer::layer>,
+           method<"init", &Layer::init>,
+           ivar<"_bounds", &Ivars::bounds>,
+           property<"position", &Ivars::position>,
+           property<"anchorPoint", &Ivars::anchorPoint>,
+           property<"transform", &Ivars::transform>,
+           ivar<"_superlayer", &Ivars::superlayer>,
+           ivar<"_sublayers", &Ivars::sublayers>,
+           property<"mask", &Ivars::mask>,
+           property<"contents", &Ivars::contents>,
+           property<"contentsScale", &Ivars::contentsScale>,
+           property<"contentsGravity", &Ivars::contentsGravity>,
+           property<"contentsMultiplyColor", &Ivars::contentsMultiplyColor>,
+           property<"backgroundColor", &Ivars::backgroundColor>,
+           property<"borderColor", &Ivars::borderColor>,
+           property<"shadowColor", &Ivars::shadowColor>,
+           property<"cornerRadius", &Ivars::cornerRadius>,
+           property<"borderWidth", &Ivars::borderWidth>,
+           property<"masksToBounds", &Ivars::masksToBounds>,
+           ivar<"_hidden", &Ivars::hidden>,
+           ivar<"_opaque", &Ivars::opaque>,
+           property<"opacity", &Ivars::opacity>,
+           property<"shadowOpacity", &Ivars::shadowOpacity>,
+           property<"shadowOffset", &Ivars::shadowOffset>,
+           property<"shadowRadius", &Ivars::shadowRadius>,
+           ivar<"_shadowPath", &Ivars::shadowPath>,
+           ivar<"_filters", &Ivars::filters>,
+           property<"compositingFilter", &Ivars::compositingFilter>,
+           property<"shouldRasterize", &Ivars::shouldRasterize>,
+           property<"drawsAsynchronously", &Ivars::drawsAsynchronously>,
+           property<"rasterizationScale", &Ivars::rasterizationScale>,
+           property<"actions", &Ivars::actions>,
+           property<"delegate", &Ivars::delegate>,
+           property<"name", &Ivars::name>,
+           ivar<"_needsLayout", &Ivars::needsLayout>,
+           ivar<"_needsDisplay", &Ivars::needsDisplay>,
+           method<"frame", &Layer::frame>,
+           method<"setFrame:", &Layer::setFrame>,
+           method<"bounds", &Layer::bounds>,
+           method<"setBounds:", &Layer::setBounds>,
+           method<"affineTransform", &Layer::affineTransform>,
+           method<"setAffineTransform:", &Layer::setAffineTransform>,
+           method<"superlayer", &Layer::superlayer>,
+           method<"sublayers", &Layer::sublayers>,
+           method<"setSublayers:", &Layer::setSublayers>,
+           method<"addSublayer:", &Layer::addSublayer>,
+           method<"insertSublayer:atIndex:", &Layer::insertSublayer>,
+           method<"insertSublayer:below:", &Layer::insertSublayerBelow>,
+           method<"insertSublayer:above:", &Layer::insertSublayerAbove>,
+           method<"removeFromSuperlayer", &Layer::removeFromSuperlayer>,
+           method<"isHidden", &Layer::isHidden>,
+           method<"setHidden:", &Layer::setHidden>,
+           method<"isOpaque", &Layer::isOpaque>,
+           method<"setOpaque:", &Layer::setOpaque>,
+           method<"shadowPath", &Layer::shadowPath>,
+           method<"setShadowPath:", &Layer::setShadowPath>,
+           method<"filters", &Layer::filters>,
+           method<"setFilters:", &Layer::setFilters>,
+           method<"setNeedsLayout", &Layer::setNeedsLayout>,
+           method<"needsLayout", &Layer::needsLayout>,
+           method<"layoutIfNeeded", &Layer::layoutIfNeeded>,
+           method<"layoutSublayers", &Layer::layoutSublayers>,
+           method<"setNeedsDisplay", &Layer::setNeedsDisplay>,
+           method<"needsDisplay", &Layer::needsDisplay>,
+           method<"displayIfNeeded", &Layer::displayIfNeeded>,
+           method<"display", &Layer::display>,
+           method<"drawInContext:", &Layer::drawInContext>,
+           method<"renderInContext:", &Layer::renderInContext>,
+           method<"_drawContentsInContext:", &Layer::drawContents>)

@@ -1,0 +1,44 @@
+// The injection framework's two operations: replacing a method of one class, and replacing a function.
+#include "platform/substrate.h"
+
+#include "runtime/exported.h"
+#include "runtime/hookable_function.h"
+#include "runtime/installing_calls.h"
+#include "runtime/method_replacement.h"
+#include "runtime/not_modelled.h"
+
+// The bounds of the section that lists the functions; the linker makes them.
+extern "C" {
+[[gnu::visibility("hidden"), gnu::weak]] extern sim::Hookable* const __start_hookable_functions[];
+[[gnu::visibility("hidden"), gnu::weak]] extern sim::Hookable* const __stop_hookable_functions[];
+}
+
+namespace sim {
+namespace {
+
+Hookable& hookable_at(const void* address) {
+    for (auto* listed = __start_hookable_functions; listed != __stop_hookable_functions; ++listed)
+        if ((*listed)->stands_at(address)) return **listed;
+    not_modelled("MSHookFunction", "this function cannot be replaced in the model");
+}
+
+}  // namespace
+}  // namespace sim
+
+using sim::InstallingCall;
+
+SIM_EXPORTED void MSHookMessageEx(Class owner, SEL selector, IMP replacement, IMP* previous) {
+    Method method = owner ? class_getInstanceMethod(owner, selector) : nullptr;
+    const char* types = method ? method_getTypeEncoding(method) : nullptr;
+    // The slot is filled before the replacement can run.
+    if (method && previous) *previous = method_getImplementation(method);
+    if (method) sim::replace_method(owner, selector, replacement);
+    record(method_call(InstallingCall::Kind::hook_message, owner, selector, types, method != nullptr));
+}
+
+SIM_EXPORTED void MSHookFunction(void* symbol, void* replacement, void** previous) {
+    sim::Hookable& function = sim::hookable_at(symbol);
+    if (previous) *previous = function.current();
+    function.replace(replacement);
+    sim::record({InstallingCall::Kind::hook_function, {}, false, function.name(), {}, true});
+}

@@ -1,0 +1,48 @@
+// Replacing and adding methods of classes that exist.
+#pragma once
+#include "objc/entry.h"
+#include "objc/hook.h"
+#include "objc/selector.h"
+
+namespace sim {
+
+/// Makes `replacement` what `owner` and its subclasses do; where the method is inherited, the superclass keeps
+/// what it has. Answers the previous implementation, or null, and nothing happens, where there was no method.
+IMP replace_method(Class owner, SEL selector, IMP replacement);
+
+/// libobjc's class_addMethod: false, and nothing happens, if the class has a method of its own. The exported
+/// function of that name keeps a record besides, which the simulator's own additions are none of.
+bool add_method(Class owner, SEL selector, IMP implementation, const char* types);
+
+/// Gives a class of Foundation the C++ function as a method, in place of the one it has or in addition; answers
+/// the previous implementation or null. The function is a member function of an interface's subclass, or takes
+/// the Class first to be a class method:
+///
+///     struct Text : NSString {
+///         int intValue() { … }
+///     };
+///     mend<"intValue", &Text::intValue>(NSString::class_object());
+template <objc::Name Selector, auto Function>
+IMP mend(Class owner) {
+    using Entry = objc::Entry<Function>;
+    static_assert(Selector.colons() == Entry::arity, "the selector and the function's parameters disagree");
+    if (Entry::on_class) owner = object_getClass(reinterpret_cast<id>(owner));
+    auto implementation = reinterpret_cast<IMP>(&Entry::call);
+    IMP previous = replace_method(owner, objc::selector<Selector>(), implementation);
+    if (!previous) add_method(owner, objc::selector<Selector>(), implementation, objc::stored<Entry::types>.text);
+    return previous;
+}
+
+/// Calls `visit` with each subclass of `owner`, or its metaclass, that has a method of its own.
+void for_each_override(Class owner, bool on_class, SEL selector, void (*visit)(Class));
+
+/// Mends the method in the class and in each of its subclasses that has one of its own, as the members of a
+/// class cluster do.
+template <objc::Name Selector, auto Function>
+void mend_everywhere(Class owner) {
+    mend<Selector, Function>(owner);
+    for_each_override(owner, objc::Entry<Function>::on_class, objc::selector<Selector>(),
+                      [](Class overriding) { mend<Selector, Function>(overriding); });
+}
+
+}  // namespace sim

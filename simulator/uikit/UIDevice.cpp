@@ -1,0 +1,30 @@
+// The one device: as it was booted.
+#include "device/device.h"
+#include "objc/class.h"
+#include "platform/uikit.h"
+
+namespace {
+
+using namespace objc::literals;
+
+struct ThisDevice : objc::Implements<ThisDevice, UIDevice> {
+    using Ivars = objc::NoIvars;
+
+    static UIDevice* currentDevice(Class self) {
+        static auto* const device =
+            objc::send<"init", UIDevice*>(objc::send<"alloc", id>(reinterpret_cast<id>(self)));
+        return device;
+    }
+
+    NSString* systemName() { return "iOS"_ns; }
+    NSString* systemVersion() { return NSString::stringWithUTF8String(sim::device().system_version.c_str()); }
+};
+
+}  // namespace
+
+using namespace objc::definition;
+
+OBJC_CLASS(UIDevice, NSObject, ThisDevice,
+           class_method<"currentDevice", &ThisDevice::currentDevice>,
+           method<"systemName", &ThisDevice::systemName>,
+           method<"systemVersion", &ThisDevice::systemVersion>)

@@ -1,0 +1,261 @@
+// Views: making, geometry, appearance and display, and the list of their methods.
+#include "uikit/UIView.h"
+
+#include "coregraphics/transform.h"
+#include "quartzcore/layer_geometry.h"
+#include "runtime/not_modelled.h"
+#include "uikit/autoresizing.h"
+
+namespace sim {
+
+using objc::strong;
+using namespace objc::literals;
+
+Class View::layerClass(Class) { return CALayer::class_object(); }
+
+strong<UIView> View::init() { return static_cast<UIView*>(this)->initWithFrame({}); }
+
+strong<UIView> View::initWithFrame(CGRect frame) {
+    auto self = initialised_by_super<"init">();
+    if (!self) return nullptr;
+    Class layer_class = objc::send<"layerClass", Class>(reinterpret_cast<id>(object_getClass(self)));
+    CALayer* layer = objc::send<"layer", CALayer*>(reinterpret_cast<id>(layer_class));
+    self->ivars().layer = layer;
+    layer->setDelegate(self);
+    layer->setOpaque(true);
+    layer->setContentsScale(UIScreen::mainScreen()->scale());
+    auto* view = static_cast<UIView*>(self.get());
+    view->setFrame(frame);
+    view->setNeedsDisplay();
+    return self;
+}
+
+void View::dealloc() {
+    ivars().layer->setDelegate(nullptr);
+    for (UIView* subview : ivars().subviews) {
+        static_cast<View*>(subview)->ivars().superview = nullptr;
+        subview->layer()->removeFromSuperlayer();
+    }
+}
+
+// ---- Geometry -------------------------------------------------------------------------------------------------
+
+void View::setFrame(CGRect frame) {
+    const CGSize old = bounds().size;
+    ivars().layer->setFrame(frame);
+    resized_from(old);
+}
+
+void View::setBounds(CGRect bounds) {
+    const CGSize old = this->bounds().size;
+    ivars().layer->setBounds(bounds);
+    resized_from(old);
+}
+
+void View::resized_from(CGSize old) {
+    auto* self = static_cast<UIView*>(this);
+    const CGSize size = self->bounds().size;
+    if (size == old) return;
+    if (self->autoresizesSubviews()) {
+        const auto subviews = ivars().subviews;
+        for (UIView* subview : subviews)
+            if (auto mask = subview->autoresizingMask())
+                subview->setFrame(autoresized(subview->frame(), mask, old, size));
+    }
+    if (self->contentMode() == UIViewContentModeRedraw) self->setNeedsDisplay();
+}
+
+// nil stands for the coordinates of the topmost view's superview: there are no windows.
+static CGAffineTransform conversion(UIView* from, UIView* to) { return between(from->layer(), to->layer()); }
+
+CGPoint View::convertPointToView(CGPoint point, UIView* view) { return apply(conversion(this, view), point); }
+CGPoint View::convertPointFromView(CGPoint point, UIView* view) { return apply(conversion(view, this), point); }
+CGRect View::convertRectToView(CGRect rect, UIView* view) { return bounding_box(conversion(this, view), rect); }
+CGRect View::convertRectFromView(CGRect rect, UIView* view) { return bounding_box(conversion(view, this), rect); }
+
+bool View::pointInside(CGPoint point, id) {
+    const auto [origin, size] = static_cast<UIView*>(this)->bounds();
+    return point.x >= origin.x && point.x < origin.x + size.width && point.y >= origin.y &&
+           point.y < origin.y + size.height;
+}
+
+UIView* View::hitTest(CGPoint point, id event) {
+    constexpr CGFloat visible = 0.01;
+    auto* self = static_cast<UIView*>(this);
+    if (self->isHidden() || !self->isUserInteractionEnabled() || self->alpha() < visible ||
+        !send<"pointInside:withEvent:", bool>(point, event))
+        return nullptr;
+    const auto& subviews = ivars().subviews;
+    for (auto subview = subviews.rbegin(); subview != subviews.rend(); ++subview) {
+        const CGPoint inside = self->convertPointToView(point, *subview);
+        if (auto* hit = (*subview)->send<"hitTest:withEvent:", UIView*>(inside, event)) return hit;
+    }
+    return self;
+}
+
+void View::sizeToFit() {
+    auto* self = static_cast<UIView*>(this);
+    const CGRect frame = self->frame();
+    self->setFrame({frame.origin, self->sizeThatFits(self->bounds().size)});
+}
+
+// ---- Appearance -----------------------------------------------------------------------------------------------
+
+UIColor* View::backgroundColor() {
+    CGColorRef color = ivars().layer->backgroundColor();
+    return color ? UIColor::colorWithCGColor(color) : nullptr;
+}
+
+void View::setContentMode(UIViewContentMode mode) {
+    NSString* gravity = nullptr;
+    switch (mode) {
+        case UIViewContentModeScaleToFill:
+        case UIViewContentModeRedraw:          gravity = "resize"_ns; break;
+        case UIViewContentModeScaleAspectFit:  gravity = "resizeAspect"_ns; break;
+        case UIViewContentModeScaleAspectFill: gravity = "resizeAspectFill"_ns; break;
+        case UIViewContentModeCenter:          gravity = "center"_ns; break;
+        default:                               not_modelled("UIView", "setContentMode:", "a mode above center");
+    }
+    ivars().contentMode = mode;
+    ivars().layer->setContentsGravity(gravity);
+}
+
+UIColor* View::tintColor() {
+    for (UIView* view = this; view; view = view->superview())
+        if (UIColor* own = static_cast<View*>(view)->ivars().tintColor) return own;
+    static UIColor* const system_blue = strong<UIColor>(UIColor::colorWithRGB(0, 122 / 255.0, 1, 1)).leak();
+    return system_blue;
+}
+
+void tell_of_tint(UIView* view) {
+    view->tintColorDidChange();
+    const auto subviews = static_cast<View*>(view)->ivars().subviews;
+    for (UIView* subview : subviews)
+        if (!static_cast<View*>(subview)->ivars().tintColor) tell_of_tint(subview);
+}
+
+void View::setTintColor(UIColor* color) {
+    ivars().tintColor = color;
+    tell_of_tint(this);
+}
+
+// ---- Layout and display ---------------------------------------------------------------------------------------
+
+void View::layoutSublayersOfLayer(CALayer* layer) {
+    if (layer == ivars().layer) static_cast<UIView*>(this)->layoutSubviews();
+}
+
+// Whether the view's class, or a class that hooks it, draws. Other views get no bitmap.
+bool View::draws_itself() {
+    constexpr auto draw = objc::selector<"drawRect:">;
+    return class_getMethodImplementation(object_getClass(this), draw()) !=
+               class_getMethodImplementation(UIView::class_object(), draw()) ||
+           static_cast<NSObject*>(this)->respondsToSelector(objc::selector<"displayLayer:">());
+}
+
+void View::setNeedsDisplay() {
+    if (draws_itself()) ivars().layer->setNeedsDisplay();
+}
+
+void View::drawLayer(CALayer* layer, CGContextRef context) {
+    if (layer != ivars().layer) return;
+    auto* self = static_cast<UIView*>(this);
+    UIGraphicsPushContext(context);
+    self->drawRect(self->bounds());
+    UIGraphicsPopContext();
+}
+
+bool View::drawViewHierarchyInRect(CGRect rect, bool) {
+    CGContextRef context = UIGraphicsGetCurrentContext();
+    if (!context) return false;
+    auto* self = static_cast<UIView*>(this);
+    self->layoutIfNeeded();
+    const CGRect bounds = self->bounds();
+    CGContextSaveGState(context);
+    CGContextTranslateCTM(context, rect.origin.x, rect.origin.y);
+    CGContextScaleCTM(context, rect.size.width / bounds.size.width, rect.size.height / bounds.size.height);
+    CGContextTranslateCTM(context, -bounds.origin.x, -bounds.origin.y);
+    self->layer()->renderInContext(context);
+    CGContextRestoreGState(context);
+    return true;
+}
+
+}  // namespace sim
+
+using namespace objc::definition;
+using sim::View;
+using Ivars = sim::View::Ivars;
+
+OBJC_CLASS(UIView, UIResponder, View,
+           class_method<"layerClass", &View::layerClass>,
+           method<"init", &View::init>,
+           method<"initWithFrame:", &View::initWithFrame>,
+           ivar<"_layer", &Ivars::layer>,
+           ivar<"_superview", &Ivars::superview>,
+           ivar<"_subviews", &Ivars::subviews>,
+           ivar<"_tintColor", &Ivars::tintColor>,
+           ivar<"_contentMode", &Ivars::contentMode>,
+           property<"autoresizingMask", &Ivars::autoresizingMask>,
+           property<"autoresizesSubviews", &Ivars::autoresizesSubviews>,
+           ivar<"_userInteractionEnabled", &Ivars::userInteractionEnabled>,
+           property<"tag", &Ivars::tag>,
+           method<"layer", &View::layer>,
+           method<"nextResponder", &View::nextResponder>,
+           method<"frame", &View::frame>,
+           method<"setFrame:", &View::setFrame>,
+           method<"bounds", &View::bounds>,
+           method<"setBounds:", &View::setBounds>,
+           method<"center", &View::center>,
+           method<"setCenter:", &View::setCenter>,
+           method<"transform", &View::transform>,
+           method<"setTransform:", &View::setTransform>,
+           method<"convertPoint:toView:", &View::convertPointToView>,
+           method<"convertPoint:fromView:", &View::convertPointFromView>,
+           method<"convertRect:toView:", &View::convertRectToView>,
+           method<"convertRect:fromView:", &View::convertRectFromView>,
+           method<"pointInside:withEvent:", &View::pointInside>,
+           method<"hitTest:withEvent:", &View::hitTest>,
+           method<"sizeThatFits:", &View::sizeThatFits>,
+           method<"sizeToFit", &View::sizeToFit>,
+           method<"intrinsicContentSize", &View::intrinsicContentSize>,
+           method<"alpha", &View::alpha>,
+           method<"setAlpha:", &View::setAlpha>,
+           method<"isHidden", &View::isHidden>,
+           method<"setHidden:", &View::setHidden>,
+           method<"isOpaque", &View::isOpaque>,
+           method<"setOpaque:", &View::setOpaque>,
+           method<"clipsToBounds", &View::clipsToBounds>,
+           method<"setClipsToBounds:", &View::setClipsToBounds>,
+           method<"backgroundColor", &View::backgroundColor>,
+           method<"setBackgroundColor:", &View::setBackgroundColor>,
+           method<"contentScaleFactor", &View::contentScaleFactor>,
+           method<"setContentScaleFactor:", &View::setContentScaleFactor>,
+           method<"contentMode", &View::contentMode>,
+           method<"setContentMode:", &View::setContentMode>,
+           method<"tintColor", &View::tintColor>,
+           method<"setTintColor:", &View::setTintColor>,
+           method<"tintColorDidChange", &View::tintColorDidChange>,
+           method<"isUserInteractionEnabled", &View::isUserInteractionEnabled>,
+           method<"setUserInteractionEnabled:", &View::setUserInteractionEnabled>,
+           method<"superview", &View::superview>,
+           method<"subviews", &View::subviews>,
+           method<"addSubview:", &View::addSubview>,
+           method<"insertSubview:atIndex:", &View::insertSubview>,
+           method<"insertSubview:belowSubview:", &View::insertSubviewBelow>,
+           method<"insertSubview:aboveSubview:", &View::insertSubviewAbove>,
+           method<"bringSubviewToFront:", &View::bringSubviewToFront>,
+           method<"sendSubviewToBack:", &View::sendSubviewToBack>,
+           method<"removeFromSuperview", &View::removeFromSuperview>,
+           method<"isDescendantOfView:", &View::isDescendantOfView>,
+           method<"didAddSubview:", &View::didAddSubview>,
+           method<"willRemoveSubview:", &View::willRemoveSubview>,
+           method<"willMoveToSuperview:", &View::willMoveToSuperview>,
+           method<"didMoveToSuperview", &View::didMoveToSuperview>,
+           method<"setNeedsLayout", &View::setNeedsLayout>,
+           method<"layoutIfNeeded", &View::layoutIfNeeded>,
+           method<"layoutSubviews", &View::layoutSubviews>,
+           method<"layoutSublayersOfLayer:", &View::layoutSublayersOfLayer>,
+           method<"setNeedsDisplay", &View::setNeedsDisplay>,
+           method<"drawRect:", &View::drawRect>,
+           method<"drawLayer:inContext:", &View::drawLayer>,
+           method<"drawViewHierarchyInRect:afterScreenUpdates:", &View::drawViewHierarchyInRect>)

@@ -1,0 +1,111 @@
+// The implementation of views: their state, which several files share.
+#pragma once
+#include <vector>
+
+#include "objc/class.h"
+#include "platform/uikit.h"
+
+namespace sim {
+
+struct View : objc::Implements<View, UIView> {
+    struct Ivars {
+        objc::strong<CALayer> layer;
+        /// Not owned: the superview owns this one, and clears this when it lets go.
+        UIView* superview = nullptr;
+        std::vector<objc::strong<UIView>> subviews;
+        objc::strong<UIColor> tintColor;
+        UIViewContentMode contentMode = UIViewContentModeScaleToFill;
+        UIViewAutoresizing autoresizingMask = 0;
+        bool autoresizesSubviews = true, userInteractionEnabled = true;
+        NSInteger tag = 0;
+    };
+
+    static Class layerClass(Class self);
+    objc::strong<UIView> init();
+    objc::strong<UIView> initWithFrame(CGRect frame);
+    void dealloc();
+    CALayer* layer() { return ivars().layer; }
+    UIResponder* nextResponder() { return ivars().superview; }
+
+    // Geometry
+    CGRect frame() { return ivars().layer->frame(); }
+    void setFrame(CGRect frame);
+    CGRect bounds() { return ivars().layer->bounds(); }
+    void setBounds(CGRect bounds);
+    CGPoint center() { return ivars().layer->position(); }
+    void setCenter(CGPoint center) { ivars().layer->setPosition(center); }
+    CGAffineTransform transform() { return ivars().layer->affineTransform(); }
+    void setTransform(CGAffineTransform transform) { ivars().layer->setAffineTransform(transform); }
+    CGPoint convertPointToView(CGPoint point, UIView* view);
+    CGPoint convertPointFromView(CGPoint point, UIView* view);
+    CGRect convertRectToView(CGRect rect, UIView* view);
+    CGRect convertRectFromView(CGRect rect, UIView* view);
+    bool pointInside(CGPoint point, id event);
+    UIView* hitTest(CGPoint point, id event);
+    CGSize sizeThatFits(CGSize) { return static_cast<UIView*>(this)->bounds().size; }
+    void sizeToFit();
+    CGSize intrinsicContentSize() { return {no_intrinsic_size, no_intrinsic_size}; }
+
+    // Appearance, kept by the layer
+    CGFloat alpha() { return ivars().layer->opacity(); }
+    void setAlpha(CGFloat alpha) { ivars().layer->setOpacity(static_cast<float>(alpha)); }
+    bool isHidden() { return ivars().layer->isHidden(); }
+    void setHidden(bool hidden) { ivars().layer->setHidden(hidden); }
+    bool isOpaque() { return ivars().layer->isOpaque(); }
+    void setOpaque(bool opaque) { ivars().layer->setOpaque(opaque); }
+    bool clipsToBounds() { return ivars().layer->masksToBounds(); }
+    void setClipsToBounds(bool clips) { ivars().layer->setMasksToBounds(clips); }
+    UIColor* backgroundColor();
+    void setBackgroundColor(UIColor* color) { ivars().layer->setBackgroundColor(color->CGColor()); }
+    CGFloat contentScaleFactor() { return ivars().layer->contentsScale(); }
+    void setContentScaleFactor(CGFloat scale) { ivars().layer->setContentsScale(scale); }
+    UIViewContentMode contentMode() { return ivars().contentMode; }
+    void setContentMode(UIViewContentMode mode);
+    UIColor* tintColor();
+    void setTintColor(UIColor* color);
+    void tintColorDidChange() {}
+    bool isUserInteractionEnabled() { return ivars().userInteractionEnabled; }
+    void setUserInteractionEnabled(bool enabled) { ivars().userInteractionEnabled = enabled; }
+
+    // The tree
+    UIView* superview() { return ivars().superview; }
+    NSArray* subviews();
+    void addSubview(UIView* view);
+    void insertSubview(UIView* view, NSInteger index);
+    void insertSubviewBelow(UIView* view, UIView* sibling);
+    void insertSubviewAbove(UIView* view, UIView* sibling);
+    void bringSubviewToFront(UIView* view);
+    void sendSubviewToBack(UIView* view);
+    void removeFromSuperview();
+    bool isDescendantOfView(UIView* view);
+    void didAddSubview(UIView*) {}
+    void willRemoveSubview(UIView*) {}
+    void willMoveToSuperview(UIView*) {}
+    void didMoveToSuperview() {}
+
+    // Layout and display
+    void setNeedsLayout() { ivars().layer->setNeedsLayout(); }
+    void layoutIfNeeded() { ivars().layer->layoutIfNeeded(); }
+    void layoutSubviews() {}
+    void layoutSublayersOfLayer(CALayer* layer);
+    void setNeedsDisplay();
+    void drawRect(CGRect) {}
+    void drawLayer(CALayer* layer, CGContextRef context);
+    bool drawViewHierarchyInRect(CGRect rect, bool after_updates);
+
+  private:
+    static constexpr CGFloat no_intrinsic_size = -1;
+
+    void resized_from(CGSize old);
+    bool draws_itself();
+    bool contains(UIView* view);
+    size_t index_of(UIView* subview);
+    void insert(UIView* view, size_t index);
+    void place_layer(UIView* view, size_t index);
+    void detach(UIView* view);
+};
+
+/// Sends tintColorDidChange to the view and to those below it that have no tint colour of their own.
+void tell_of_tint(UIView*);
+
+}  // namespace sim

@@ -1,0 +1,54 @@
+// Text, laid out: see the header.
+#include "uikit/text_layout.h"
+
+#include <algorithm>
+
+#include "coregraphics/CGContext.h"
+#include "uikit/UIFont.h"
+
+namespace sim {
+namespace {
+
+PangoAlignment alignment_of(NSTextAlignment alignment) {
+    if (alignment == NSTextAlignmentCenter) return PANGO_ALIGN_CENTER;
+    return alignment == NSTextAlignmentRight ? PANGO_ALIGN_RIGHT : PANGO_ALIGN_LEFT;
+}
+
+}  // namespace
+
+TextLayout::TextLayout(NSString* text, UIFont* font, const TextBox& box) {
+    if (!font) font = UIFont::systemFontOfSize(17);
+    layout_.reset(pango_layout_new(context_of(typeface_of(font))));
+    PangoFontDescription* description = description_of(font);
+    pango_layout_set_font_description(layout_.get(), description);
+    pango_font_description_free(description);
+    pango_layout_set_text(layout_.get(), text ? text->UTF8String() : "", -1);
+    if (box.width >= 0) {
+        constexpr CGFloat widest = 1e6;
+        pango_layout_set_width(layout_.get(), static_cast<int>(std::min(box.width, widest) * PANGO_SCALE));
+        pango_layout_set_wrap(layout_.get(), PANGO_WRAP_WORD_CHAR);
+        pango_layout_set_alignment(layout_.get(), alignment_of(box.alignment));
+        if (box.lines > 0) {
+            pango_layout_set_ellipsize(layout_.get(), PANGO_ELLIPSIZE_END);
+            pango_layout_set_height(layout_.get(), static_cast<int>(-std::min<NSInteger>(box.lines, 1000)));
+        }
+    }
+}
+
+CGSize TextLayout::size() const {
+    int width = 0, height = 0;
+    pango_layout_get_size(layout_.get(), &width, &height);
+    return {static_cast<CGFloat>(width) / PANGO_SCALE, static_cast<CGFloat>(height) / PANGO_SCALE};
+}
+
+void TextLayout::draw(CGContextRef context, CGPoint point, CGColorRef color) const {
+    if (!context || !color) return;
+    Canvas& canvas = canvas_of(context);
+    canvas.with_cairo([&](cairo_t* cairo) {
+        cairo_set_source(cairo, source_of(color, canvas.state().alpha));
+        cairo_move_to(cairo, point.x, point.y);
+        pango_cairo_show_layout(cairo, layout_.get());
+    });
+}
+
+}  // namespace sim

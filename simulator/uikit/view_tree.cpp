@@ -1,0 +1,115 @@
+// Views: the tree of them, and its layers, kept in step.
+#include <algorithm>
+
+#include "runtime/not_modelled.h"
+#include "uikit/UIView.h"
+
+namespace sim {
+
+using objc::strong;
+
+NSArray* View::subviews() {
+    const auto& views = ivars().subviews;
+    NSMutableArray* list = NSMutableArray::arrayWithCapacity(views.size());
+    for (UIView* view : views) list->addObject(view);
+    return NSArray::arrayWithArray(list);
+}
+
+bool View::isDescendantOfView(UIView* view) {
+    for (UIView* above = this; above; above = above->superview())
+        if (above == view) return true;
+    return false;
+}
+
+void View::addSubview(UIView* view) { insert(view, SIZE_MAX); }
+
+void View::insertSubview(UIView* view, NSInteger index) {
+    insert(view, index < 0 ? SIZE_MAX : static_cast<size_t>(index));
+}
+
+// A sibling that is none counts as the frontmost place.
+void View::insertSubviewBelow(UIView* view, UIView* sibling) {
+    const size_t index = index_of(sibling);
+    insert(view, index_of(view) < index && contains(view) ? index - 1 : index);
+}
+
+void View::insertSubviewAbove(UIView* view, UIView* sibling) {
+    const size_t index = index_of(sibling);
+    insert(view, index_of(view) < index && contains(view) ? index : index + 1);
+}
+
+void View::bringSubviewToFront(UIView* view) {
+    if (contains(view)) insert(view, SIZE_MAX);
+}
+
+void View::sendSubviewToBack(UIView* view) {
+    if (contains(view)) insert(view, 0);
+}
+
+void View::removeFromSuperview() {
+    auto* above = static_cast<View*>(ivars().superview);
+    if (!above) return;
+    auto* self = static_cast<UIView*>(this);
+    const strong<UIView> kept = self;
+    self->willMoveToSuperview(nullptr);
+    static_cast<UIView*>(above)->willRemoveSubview(self);
+    above->detach(self);
+    self->didMoveToSuperview();
+}
+
+bool View::contains(UIView* view) { return view && static_cast<View*>(view)->ivars().superview == this; }
+
+// Where a subview stands; the end for any other view.
+size_t View::index_of(UIView* subview) {
+    const auto& views = ivars().subviews;
+    return static_cast<size_t>(std::find(views.begin(), views.end(), subview) - views.begin());
+}
+
+// A view that is here already only changes its place. Another one is taken out of its superview first.
+void View::insert(UIView* view, size_t index) {
+    if (!view) return;
+    auto* self = static_cast<UIView*>(this);
+    if (self->isDescendantOfView(view)) not_modelled("UIView", "addSubview:", "a view in its own tree");
+    const strong<UIView> kept = view;
+    auto& subviews = ivars().subviews;
+    if (contains(view)) {
+        subviews.erase(subviews.begin() + static_cast<ptrdiff_t>(index_of(view)));
+        place_layer(view, index);
+        return;
+    }
+    const strong<UIColor> old_tint = view->tintColor();
+    view->willMoveToSuperview(self);
+    if (auto* above = static_cast<View*>(view->superview())) {
+        static_cast<UIView*>(above)->willRemoveSubview(view);
+        above->detach(view);
+    }
+    static_cast<View*>(view)->ivars().superview = self;
+    place_layer(view, index);
+    if (!static_cast<View*>(view)->ivars().tintColor && !old_tint->isEqual(view->tintColor())) tell_of_tint(view);
+    view->didMoveToSuperview();
+    self->didAddSubview(view);
+}
+
+// Its layer comes to lie below the layer of the next subview, above whatever other layers there are.
+void View::place_layer(UIView* view, size_t index) {
+    auto& subviews = ivars().subviews;
+    index = std::min(index, subviews.size());
+    subviews.insert(subviews.begin() + static_cast<ptrdiff_t>(index), view);
+    CALayer* layer = static_cast<UIView*>(this)->layer();
+    for (size_t next = index + 1; next < subviews.size(); ++next) {
+        CALayer* above = subviews[next]->layer();
+        if (above->superlayer() == layer) return layer->insertSublayerBelow(view->layer(), above);
+    }
+    layer->addSublayer(view->layer());
+}
+
+void View::detach(UIView* view) {
+    auto& subviews = ivars().subviews;
+    const strong<UIView> last_breath = view;
+    const size_t index = index_of(view);
+    if (index < subviews.size()) subviews.erase(subviews.begin() + static_cast<ptrdiff_t>(index));
+    static_cast<View*>(view)->ivars().superview = nullptr;
+    view->layer()->removeFromSuperlayer();
+}
+
+}  // namespace sim

@@ -1,0 +1,229 @@
+// Colour and image tools: see the header for what each operation promises.
+#include "model/HCCITool.h"
+
+#include <cstdint>
+#include <limits>
+
+#include "objc/class.h"
+
+namespace {
+
+using objc::strong;
+
+/// Reads a string's UTF-16 units in order, a chunk at a time, so that no text is copied whole.
+class Units {
+  public:
+    explicit Units(NSString* text) : text_(text), length_(text->length()) {}
+
+    bool at_end() const { return next_ == length_; }
+    char16_t peek() {
+        if (next_ == loaded_) load();
+        return chunk_[next_ - first_];
+    }
+    void advance() { ++next_; }
+    NSUInteger length() const { return length_; }
+
+  private:
+    void load() {
+        first_ = next_;
+        NSUInteger left = length_ - first_;
+        loaded_ = first_ + (left < chunk_size ? left : chunk_size);
+        text_->getCharacters(chunk_, {first_, loaded_ - first_});
+    }
+
+    static constexpr NSUInteger chunk_size = 32;
+    NSString* text_;
+    NSUInteger length_, next_ = 0, first_ = 0, loaded_ = 0;
+    char16_t chunk_[chunk_size];
+};
+
+/// The value of a hexadecimal digit, or -1.
+constexpr int digit_value(char16_t unit) {
+    if (unit >= '0' && unit <= '9') return unit - '0';
+    if (unit >= 'A' && unit <= 'F') return unit - 'A' + 10;
+    if (unit >= 'a' && unit <= 'f') return unit - 'a' + 10;
+    return -1;
+}
+
+/// What a scanner skips before a number unless it is told otherwise: Unicode's spaces, tab and line ends.
+constexpr bool is_space(char16_t unit) {
+    return unit == ' ' || (unit >= '\t' && unit <= '\r') || unit == 0x85 || unit == 0xa0 || unit == 0x1680 ||
+           (unit >= 0x2000 && unit <= 0x200b) || unit == 0x2028 || unit == 0x2029 || unit == 0x202f ||
+           unit == 0x205f || unit == 0x3000;
+}
+
+/// Truncated toward zero, as the device's processor does it: beyond the range the nearest value, 0 for NaN.
+int32_t truncated(double value) {
+    using Limits = std::numeric_limits<int32_t>;
+    if (value != value) return 0;
+    if (value >= Limits::max()) return Limits::max();
+    if (value <= Limits::min()) return Limits::min();
+    return static_cast<int32_t>(value);
+}
+
+/// Writes "%02X" of the number at `end` and answers the new end.
+char* write_hex_pair(char* end, int32_t number) {
+    auto bits = static_cast<uint32_t>(number);
+    int digits = 2;
+    while (digits < 8 && bits >> (4 * digits)) ++digits;
+    for (int i = digits - 1; i >= 0; --i) *end++ = "0123456789ABCDEF"[bits >> (4 * i) & 15];
+    return end;
+}
+
+/// An image context that lasts as long as the scope.
+class ImageContext {
+  public:
+    ImageContext(CGSize size, CGFloat scale) { UIGraphicsBeginImageContextWithOptions(size, false, scale); }
+    ImageContext(const ImageContext&) = delete;
+    ImageContext& operator=(const ImageContext&) = delete;
+    ~ImageContext() { UIGraphicsEndImageContext(); }
+
+    CGContextRef get() const { return UIGraphicsGetCurrentContext(); }
+    UIImage* image() const { return UIGraphicsGetImageFromCurrentImageContext(); }
+};
+
+/// The colour itself, or its RGB form when it is grey; the caller keeps the argument alive.
+UIColor* in_rgb(UIColor* color) {
+    CGColorRef core = color->CGColor();
+    if (CGColorSpaceGetModel(CGColorGetColorSpace(core)) != kCGColorSpaceModelMonochrome) return color;
+    const CGFloat* grey = CGColorGetComponents(core);
+    const CGFloat components[] = {grey[0], grey[0], grey[0], grey[1]};
+    CGColorSpaceRef rgb = CGColorSpaceCreateDeviceRGB();
+    CGColorRef converted = CGColorCreate(rgb, components);
+    UIColor* result = UIColor::colorWithCGColor(converted);
+    CGColorRelease(converted);
+    CGColorSpaceRelease(rgb);
+    return result;
+}
+
+struct ColorAndImageTool : objc::Implements<ColorAndImageTool, HCCITool> {
+    using Ivars = objc::NoIvars;
+
+    static uint32_t intFromString(Class, NSString* text) {
+        Units units(text);
+        const bool room_for_hash = units.length() == 7 || units.length() == 9;
+        auto skipped = [&](char16_t unit) { return room_for_hash ? unit == '#' : is_space(unit); };
+        while (!units.at_end() && skipped(units.peek())) units.advance();
+
+        uint64_t value = 0;
+        bool zero_first = false;
+        for (NSUInteger index = 0; !units.at_end(); units.advance(), ++index) {
+            const char16_t unit = units.peek();
+            const bool prefix = index == 1 && zero_first && (unit == 'x' || unit == 'X');  // "0x1F"
+            if (prefix) continue;
+            const int digit = digit_value(unit);
+            if (digit < 0) break;
+            zero_first = index == 0 && digit == 0;
+            value = value << 4 | static_cast<unsigned>(digit);
+            if (value > UINT32_MAX) return UINT32_MAX;
+        }
+        return static_cast<uint32_t>(value);
+    }
+
+    static bool isValidHexColorLetter(Class, NSString* text) {
+        for (Units units(text); !units.at_end(); units.advance())
+            if (units.peek() != '#' && digit_value(units.peek()) < 0) return false;
+        return true;
+    }
+
+    static bool isValidHexColorString(Class, NSString* text) {
+        NSUInteger length = text->length();
+        return HCCITool::isValidHexColorLetter(text) && length >= 6 && length <= 9;
+    }
+
+    static NSString* hexStringFromColor(Class, UIColor* color) {
+        if (!color) return nullptr;
+        CGFloat red = 0, green = 0, blue = 0, alpha = 0;
+        color->getRGB(&red, &green, &blue, &alpha);
+        char text[1 + 4 * 8 + 1] = "#";
+        char* end = text + 1;
+        for (CGFloat component : {red, green, blue}) end = write_hex_pair(end, truncated(component * 255.0));
+        if (!(alpha >= 1.0)) end = write_hex_pair(end, truncated(alpha * 255.0));
+        *end = 0;
+        return NSString::stringWithUTF8String(text);
+    }
+
+    static UIColor* colorFromHexString(Class, NSString* text) {
+        if (!HCCITool::isValidHexColorString(text)) return UIColor::colorWithRGB(0, 0, 0, 0);
+        const uint32_t value = HCCITool::intFromString(text);
+        auto component = [value](int shift) { return (value >> shift & 255) / 255.0; };
+        // "#12345" is as long as "RRGGBB", scans to 0 and so is opaque black: kept.
+        const NSUInteger length = text->length();
+        if (length == 7 || length == 6)
+            return UIColor::colorWithRGB(component(16), component(8), component(0), 1.0);
+        return UIColor::colorWithRGB(component(24), component(16), component(8), component(0));
+    }
+
+    static strong<UIImage> newScale(Class, CGSize size, UIImage* image) {
+        ImageContext context(size, 0.0);
+        image->drawInRect({{0, 0}, size});
+        return context.image();
+    }
+
+    static strong<UIImage> newColor(Class, UIColor* color, UIImage* image) {
+        const CGSize size = image->size();
+        const CGRect bounds{{0, 0}, size};
+        ImageContext context(size, image->scale());
+        color->setFill();
+        CGContextTranslateCTM(context.get(), 0, size.height);
+        CGContextScaleCTM(context.get(), 1.0, -1.0);
+        CGContextClipToMask(context.get(), bounds, image->CGImage());
+        CGContextFillRect(context.get(), bounds);
+        return context.image();
+    }
+
+    static UIImage* imageFromColor(Class, UIColor* color, CGSize size) {
+        ImageContext context(size, 1.0);
+        color->setFill();
+        CGContextFillRect(context.get(), {{0, 0}, size});
+        return context.image();
+    }
+
+    static UIColor* averageColorForImage(Class, UIImage* image) {
+        const CGRect pixel{{0, 0}, {1, 1}};
+        ImageContext context(pixel.size, 1.0);
+        CGContextSetInterpolationQuality(context.get(), kCGInterpolationMedium);
+        image->drawInRect(pixel, kCGBlendModeCopy, 1.0);
+        // The context's pixels are 32 bits, alpha first, little-endian: blue, green, red, alpha in memory.
+        auto* bytes = static_cast<const uint8_t*>(CGBitmapContextGetData(context.get()));
+        auto component = [bytes](int index) {
+            return static_cast<CGFloat>(static_cast<float>(bytes[index]) / 255.0f);
+        };
+        return UIColor::colorWithRGB(component(2), component(1), component(0), 1.0);
+    }
+
+    static UIColor* averageColorWithAlphaForImage(Class, UIImage* image) {
+        uint8_t pixel[4] = {};
+        CGColorSpaceRef rgb = CGColorSpaceCreateDeviceRGB();
+        CGContextRef context = CGBitmapContextCreate(
+            pixel, 1, 1, 8, sizeof pixel, rgb, kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big);
+        CGContextDrawImage(context, {{0, 0}, {1, 1}}, image->CGImage());
+        CGColorSpaceRelease(rgb);
+        CGContextRelease(context);
+        const CGFloat alpha = pixel[3] / 255.0;
+        // The components are premultiplied already: they are multiplied by alpha once more, which darkens
+        // translucent averages. Themes are made with it, so it stays.
+        const CGFloat factor = pixel[3] > 0 ? alpha / 255.0 : 1.0 / 255.0;
+        return UIColor::colorWithRGB(pixel[0] * factor, pixel[1] * factor, pixel[2] * factor, alpha);
+    }
+
+    static bool isColorEqual(Class, UIColor* a, UIColor* b) { return in_rgb(a)->isEqual(in_rgb(b)); }
+};
+
+}  // namespace
+
+using namespace objc::definition;
+using Tool = ColorAndImageTool;
+
+OBJC_CLASS(HCCITool, NSObject, ColorAndImageTool,
+           class_method<"intFromString:", &Tool::intFromString>,
+           class_method<"isValidHexColorLetter:", &Tool::isValidHexColorLetter>,
+           class_method<"isValidHexColorString:", &Tool::isValidHexColorString>,
+           class_method<"hexStringFromColor:", &Tool::hexStringFromColor>,
+           class_method<"colorFromHexString:", &Tool::colorFromHexString>,
+           class_method<"newScale:forImage:", &Tool::newScale>,
+           class_method<"newColor:forImage:", &Tool::newColor>,
+           class_method<"imageFromColor:withSize:", &Tool::imageFromColor>,
+           class_method<"averageColorForImage:", &Tool::averageColorForImage>,
+           class_method<"averageColorWithAlphaForImage:", &Tool::averageColorWithAlphaForImage>,
+           class_method<"isColor:equalToColor:", &Tool::isColorEqual>)

@@ -1,0 +1,61 @@
+// How values cross the border between C++ and Objective-C.
+#pragma once
+#include <type_traits>
+#include <utility>
+
+#include "objc/encoding.h"
+
+namespace objc {
+
+/// bool, char and short. The device lets a callee assume that they arrive widened to 32 bits, other compilers
+/// promise less, and GNUstep's BOOL may hold any byte; so they cross as int, both ways, and are narrowed
+/// here.
+template <class T>
+concept SmallInteger = std::is_integral_v<T> && sizeof(T) < sizeof(int);
+
+namespace detail {
+template <class T>
+struct CrossingOf {
+    using type = T;
+};
+template <SmallInteger T>
+struct CrossingOf<T> {
+    using type = int;
+};
+template <class T>
+struct CrossingOf<strong<T>> {
+    using type = T*;  // ownership travels with the pointer
+};
+}  // namespace detail
+
+/// The type that stands in a method's prototype for the C++ type T.
+template <class T>
+using Crossing = typename detail::CrossingOf<T>::type;
+
+/// A value that came over the border.
+template <class T>
+constexpr T arrived(Crossing<T> value) {
+    if constexpr (std::is_same_v<T, bool>)
+        return (value & 0xff) != 0;
+    else if constexpr (requires { T::adopt(value); })
+        return T::adopt(value);
+    else
+        return static_cast<T>(value);
+}
+
+/// A value that goes over the border.
+template <class T>
+constexpr Crossing<T> departing(T value) {
+    if constexpr (requires { value.leak(); })
+        return value.leak();
+    else
+        return static_cast<Crossing<T>>(value);
+}
+
+/// The arguments that both processors pass in registers; small integers on the stack are laid out
+/// differently.
+template <class... Arguments>
+concept InRegisters =
+    sizeof...(Arguments) <= 8 && (sizeof...(Arguments) <= 6 || !(SmallInteger<Arguments> || ...));
+
+}  // namespace objc

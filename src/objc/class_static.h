@@ -1,0 +1,235 @@
+// Classes in the dylib: the metadata that the device's runtime reads, laid out as the platform's compiler
+// does it.
+#pragma once
+#include "objc/definition.h"
+
+namespace objc {
+
+// Internal linkage throughout: nothing of the metadata but the class symbols leaves a unit.
+namespace {
+
+struct ClassObject {
+    const void *isa, *superclass, *cache, *vtable, *read_only;
+};
+struct ClassReadOnly {
+    uint32_t flags, instance_start, instance_size, reserved;
+    const void* strong_layout;
+    const char* name;
+    const void *methods, *protocols, *variables, *weak_layout, *properties;
+};
+static_assert(sizeof(ClassObject) == 40 && sizeof(ClassReadOnly) == 72);
+
+/// The texts of the metadata, each in the section of its kind.
+template <Name Text>
+struct MetadataText {
+    [[gnu::section("__TEXT,__objc_methname,cstring_literals")]] static constexpr auto method_name = Text;
+    [[gnu::section("__TEXT,__objc_methtype,cstring_literals")]] static constexpr auto type = Text;
+    [[gnu::section("__TEXT,__objc_classname,cstring_literals")]] static constexpr auto class_name = Text;
+};
+
+template <class Method>
+struct MethodEntry {
+    const char* name = MetadataText<Method::selector>::method_name.text;
+    const char* types = MetadataText<Method::entry::types>::type.text;
+    decltype(&Method::entry::call) implementation = &Method::entry::call;
+};
+
+#ifdef __x86_64__
+using VariableOffset = long;
+#else
+using VariableOffset = int;
+#endif
+
+/// The slot of one variable's offset, which the runtime rewrites when the superclass has grown.
+template <class Ivars, size_t Place>
+struct VariableSlot {
+    [[gnu::section("__DATA,__objc_ivar")]] static constinit inline VariableOffset offset = Place;
+};
+
+constexpr size_t first_place = sizeof(void*);  // behind isa; the runtime slides the block past the superclass
+
+template <class... Items>
+struct MethodTable;
+template <class... Methods>
+struct MethodTable<List<Methods...>> {
+    uint32_t entry_size = 24, count = sizeof...(Methods);
+    struct Entries : MethodEntry<Methods>... {
+    } entries;
+    static_assert(sizeof...(Methods) == 0 || sizeof(Entries) == 24 * sizeof...(Methods));
+};
+
+template <class Property>
+struct PropertyEntry {
+    const char* name = MetadataText<Property::name>::method_name.text;
+    const char* attributes = MetadataText<Property::attributes>::method_name.text;
+};
+template <class... Items>
+struct PropertyTable;
+template <class... Properties>
+struct PropertyTable<List<Properties...>> {
+    uint32_t entry_size = 16, count = sizeof...(Properties);
+    struct Entries : PropertyEntry<Properties>... {
+    } entries;
+};
+
+struct ProtocolObject {
+    const void* isa;
+    const char* name;
+    const void *protocols, *methods, *class_methods, *optional_methods, *optional_class_methods, *properties;
+    uint32_t size, flags;
+    const void* types;
+    const char* demangled_name;
+    const void* class_properties;
+};
+static_assert(sizeof(ProtocolObject) == 96);
+
+/// A protocol's name alone: where the frameworks have one of that name, the runtime keeps theirs.
+template <Name ProtocolName>
+struct NamedProtocol {
+    [[gnu::section("__DATA,__data")]] static constinit inline ProtocolObject object{
+        nullptr, MetadataText<ProtocolName>::class_name.text,
+        nullptr, nullptr,
+        nullptr, nullptr,
+        nullptr, nullptr,
+        96,      0,
+        nullptr, nullptr,
+        nullptr};
+    [[gnu::used,
+      gnu::section(
+          "__DATA,__objc_protolist,coalesced,no_dead_strip")]] static constinit inline ProtocolObject*
+        listed = &object;
+    static constexpr const ProtocolObject* get() {
+        (void)&listed;
+        return &object;
+    }
+};
+template <class... Items>
+struct ProtocolTable;
+template <class... Protocols>
+struct ProtocolTable<List<Protocols...>> {
+    uintptr_t count = sizeof...(Protocols);
+    const ProtocolObject* entries[sizeof...(Protocols) + 1] = {NamedProtocol<Protocols::name>::get()...,
+                                                               nullptr};
+};
+
+template <class Variable, VariableOffset* Slot>
+struct VariableEntry {
+    const VariableOffset* offset = Slot;
+    const char* name = MetadataText<Variable::name>::method_name.text;
+    const char* types = MetadataText<Variable::types>::type.text;
+    uint32_t log2_alignment = log2_of(alignof(typename Variable::type));
+    uint32_t size = sizeof(typename Variable::type);
+};
+template <class Ivars, class Variables, class Indices>
+struct VariableTable;
+template <class Ivars, class... Variables, size_t... Indices>
+struct VariableTable<Ivars, List<Variables...>, std::index_sequence<Indices...>> {
+    static constexpr auto layout = layout_of(List<Variables...>{});
+    uint32_t entry_size = 32, count = sizeof...(Variables);
+    struct Entries
+        : VariableEntry<Variables, &VariableSlot<Ivars, first_place + layout.offsets[Indices]>::offset>... {
+    } entries;
+};
+
+template <class... Items>
+constexpr size_t count_of(List<Items...>) {
+    return sizeof...(Items);
+}
+
+/// The tables of one class and of its metaclass.
+template <class Definition, class Self>
+struct Metadata {
+    using Ivars = typename Self::Ivars;
+    using Variables = typename Definition::variables;
+    static constexpr auto layout = layout_of(Variables{});
+    static_assert((layout.size + alignof(Ivars) - 1) / alignof(Ivars) * alignof(Ivars) ==
+                      (std::is_empty_v<Ivars> ? 0 : sizeof(Ivars)),
+                  "a definition lists all of its Ivars, in their order");
+
+    [[gnu::section(
+        "__DATA,__objc_const")]] static constinit inline MethodTable<typename Definition::methods> methods{};
+    [[gnu::section(
+        "__DATA,__objc_const")]] static constinit inline MethodTable<typename Definition::class_methods>
+        class_methods{};
+    [[gnu::section(
+        "__DATA,__objc_const")]] static constinit inline PropertyTable<typename Definition::properties>
+        properties{};
+    [[gnu::section(
+        "__DATA,__objc_const")]] static constinit inline ProtocolTable<typename Definition::protocols>
+        protocols{};
+    [[gnu::section("__DATA,__objc_const")]] static constinit inline VariableTable<
+        Ivars, Variables, std::make_index_sequence<count_of(Variables{})>> variables{};
+
+    template <class Items, class Table>
+    static constexpr const void* unless_empty(Table& table) {
+        return count_of(Items{}) ? &table : nullptr;
+    }
+
+    static constexpr uint32_t metaclass_flag = 1;
+    static constexpr const char* name() {
+        return MetadataText<Self::Implemented::runtime_name>::class_name.text;
+    }
+
+    [[gnu::section("__DATA,__objc_const")]] static constinit inline ClassReadOnly of_metaclass{
+        metaclass_flag,
+        sizeof(ClassObject),
+        sizeof(ClassObject),
+        0,
+        nullptr,
+        name(),
+        unless_empty<typename Definition::class_methods>(class_methods),
+        unless_empty<typename Definition::protocols>(protocols),
+        nullptr,
+        nullptr,
+        nullptr};
+    [[gnu::section("__DATA,__objc_const")]] static constinit inline ClassReadOnly of_class{
+        0,
+        first_place,
+        first_place + layout.size,
+        0,
+        nullptr,
+        name(),
+        unless_empty<typename Definition::methods>(methods),
+        unless_empty<typename Definition::protocols>(protocols),
+        unless_empty<Variables>(variables),
+        nullptr,
+        unless_empty<typename Definition::properties>(properties)};
+};
+
+}  // namespace
+
+template <class Ivars>
+struct VariableBlock {
+    static ptrdiff_t offset() {
+        // volatile: the runtime rewrites the slot before any code runs
+        return *const_cast<volatile VariableOffset*>(&VariableSlot<Ivars, first_place>::offset);
+    }
+};
+
+}  // namespace objc
+
+extern "C" {
+extern char _objc_empty_cache[];
+extern objc::ClassObject OBJC_METACLASS_$_NSObject;
+}
+
+#define OBJC_CLASS_IN_THIS_HOME(ClassName, SuperName, SuperImport, Implementation, ...)                      \
+    namespace {                                                                                              \
+    using ObjcMetadata = objc::Metadata<objc::ClassDefinition<Implementation, __VA_ARGS__>, Implementation>; \
+    }                                                                                                        \
+    extern "C" {                                                                                             \
+    SuperImport extern objc::ClassObject OBJC_CLASS_$_##SuperName, OBJC_METACLASS_$_##SuperName;             \
+    [[gnu::visibility("default"),                                                                            \
+      gnu::section("__DATA,__objc_data")]] constinit objc::ClassObject OBJC_METACLASS_$_##ClassName{         \
+        &OBJC_METACLASS_$_NSObject, &OBJC_METACLASS_$_##SuperName, _objc_empty_cache, nullptr,               \
+        &ObjcMetadata::of_metaclass};                                                                        \
+    [[gnu::visibility("default"),                                                                            \
+      gnu::section("__DATA,__objc_data")]] constinit objc::ClassObject OBJC_CLASS_$_##ClassName{             \
+        &OBJC_METACLASS_$_##ClassName, &OBJC_CLASS_$_##SuperName, _objc_empty_cache, nullptr,                \
+        &ObjcMetadata::of_class};                                                                            \
+    }                                                                                                        \
+    namespace {                                                                                              \
+    [[gnu::used,                                                                                             \
+      gnu::section("__DATA,__objc_classlist,regular,no_dead_strip")]] constinit objc::ClassObject*           \
+        objc_listed_##ClassName = &OBJC_CLASS_$_##ClassName;                                                 \
+    }

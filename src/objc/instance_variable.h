@@ -1,0 +1,15 @@
+// Instance variables of the system's classes, by name.
+#pragma once
+#include "objc/runtime.h"
+
+namespace objc {
+
+/// The object-valued instance variable of that name. The receiver's class must have it: no lookup can tell a
+/// caller what to do without.
+template <class T>
+T*& instance_variable(id object, const char* name) {
+    Ivar variable = class_getInstanceVariable(object_getClass(object), name);
+    return *reinterpret_cast<T**>(reinterpret_cast<char*>(object) + ivar_getOffset(variable));
+}
+
+}  // namespace objc

@@ -1,0 +1,44 @@
+// Fuzzes the loader with damaged images. Start it with a folder that holds intact ones: the loader tests'
+// images are good.
+#include <algorithm>
+#include <cstdint>
+#include <span>
+
+#include "loader/error.h"
+#include "loader/fault.h"
+#include "loader/image.h"
+#include "loader/objc_metadata.h"
+
+extern "C" size_t LLVMFuzzerMutate(uint8_t* data, size_t size, size_t largest);
+
+// Resolves everything: what is behind a name does not matter to an image that is not run.
+static void* anything(const macho::Import&) {
+    static char somewhere[64];
+    return somewhere;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    try {
+        const macho::Image image = macho::Image::load_bytes({data, size}, "fuzzed.dylib", anything);
+        macho::read_objc_metadata(image);
+    } catch (const macho::Error&) {
+    } catch (const macho::Fault&) {  // which import_classes would have given the file's name
+    }
+    return 0;
+}
+
+// An image is mostly padding, and offsets break when its size changes. So a short window that holds something
+// is changed in place, except now and then.
+extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t largest, unsigned int seed) {
+    if (size < 64 || seed % 16 == 0) return LLVMFuzzerMutate(data, size, largest);
+    uint64_t state = seed;
+    const auto next = [&state] {
+        return state = state * 6364136223846793005 + 1442695040888963407, state >> 33;
+    };
+    size_t at = 0;
+    for (int tries = 0; tries < 50; ++tries)
+        if (data[at = next() % size] != 0) break;
+    const size_t window = std::min<size_t>(size - at, 1 + next() % 16);
+    LLVMFuzzerMutate(data + at, window, window);
+    return size;
+}

@@ -1,0 +1,10 @@
+// Built without exceptions: only passes them on.
+struct BareCleanup {
+    int* count;
+    ~BareCleanup() { ++*count; }
+};
+
+extern "C" void bare_frames(void (*callback)(), int* count) {
+    BareCleanup cleanup{count};
+    callback();
+}

@@ -1,0 +1,284 @@
+// Damaged Objective-C metadata: refused before anything is registered.
+#include "loader/objc_metadata.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "draft.h"
+#include "host.h"
+#include "loader/fault.h"
+#include "objc/runtime.h"
+
+namespace {
+
+using loader_test::Draft;
+using loader_test::message_of;
+using testing::AllOf;
+using testing::HasSubstr;
+
+// What the metadata points to is found in the file at the address that it is to be rebased from.
+class ObjcMetadataTest : public testing::Test {
+  protected:
+    ObjcMetadataTest() { loader_test::define_host_classes(); }
+
+    Draft draft{"classes"};
+
+    size_t pointed_to(size_t slot) const { return draft.at_address(draft.u64(slot)); }
+    size_t class_list() const { return draft.content("__objc_classlist"); }
+    /// classes.m implements LTDerived first, then LTBase, LTDeepBackdrop and LTBackdrop.
+    size_t derived() const { return pointed_to(class_list()); }
+    size_t base() const { return pointed_to(class_list() + 8); }
+    size_t data(size_t a_class) const { return pointed_to(a_class + 32); }
+    size_t metaclass(size_t a_class) const { return pointed_to(a_class); }
+    size_t methods(size_t a_class) const { return pointed_to(data(a_class) + 32); }
+    size_t protocols(size_t a_class) const { return pointed_to(data(a_class) + 40); }
+    size_t variables(size_t a_class) const { return pointed_to(data(a_class) + 48); }
+    size_t properties(size_t a_class) const { return pointed_to(data(a_class) + 64); }
+
+    std::string refusal() {
+        const macho::Image image = draft.load();
+        return message_of<macho::Fault>([&] { macho::read_objc_metadata(image); });
+    }
+};
+
+constexpr uint64_t kOutside = 0x7000000;  // beyond any image; pointers there are rebased all the same
+
+TEST_F(ObjcMetadataTest, IsReadWhole) {
+    const macho::Image image = draft.load();
+    const auto metadata = macho::read_objc_metadata(image);
+    ASSERT_EQ(metadata.classes.size(), 4u);
+    const macho::ClassDescription& base = metadata.classes[0];
+    EXPECT_STREQ(base.name, "LTBase");
+    EXPECT_FALSE(base.superclass_in_image);
+    EXPECT_EQ(base.instance_methods.size(), 4u);
+    EXPECT_EQ(base.class_methods.size(), 1u);
+    ASSERT_EQ(base.variables.size(), 4u);
+    EXPECT_STREQ(base.variables[1].name, "_wide");
+    EXPECT_STREQ(base.variables[1].types, "d");
+    EXPECT_EQ(base.variables[1].offset, 24);
+    EXPECT_EQ(base.variables[1].log2_alignment, 3u);
+    EXPECT_EQ(base.protocols.size(), 2u);
+    EXPECT_STREQ(metadata.classes[1].name, "LTDerived");
+    EXPECT_TRUE(metadata.classes[1].superclass_in_image);
+}
+
+TEST_F(ObjcMetadataTest, AListOfClassesWithAnOddSizeIsRefused) {
+    draft.set64(draft.section("__objc_classlist") + 40, 9);
+    EXPECT_EQ(refusal(), "section __objc_classlist has 9 bytes (expected a multiple of 8)");
+}
+
+TEST_F(ObjcMetadataTest, AClassListedTwiceIsRefused) {
+    draft.set64(class_list(), draft.u64(class_list() + 8));
+    EXPECT_THAT(refusal(),
+                AllOf(HasSubstr("section __objc_classlist lists the class at 0x"), HasSubstr(" twice")));
+}
+
+TEST_F(ObjcMetadataTest, AClassOutsideTheImageIsRefused) {
+    draft.set64(class_list(), kOutside);
+    EXPECT_EQ(refusal(),
+              "class at 0x7000000: the class lies outside the image (found 40 bytes at 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, ClassDataOutsideTheImageIsRefused) {
+    draft.set64(derived() + 32, kOutside);
+    EXPECT_THAT(refusal(),
+                HasSubstr(": the class's data lies outside the image (found 72 bytes at 0x7000000)"));
+}
+
+TEST_F(ObjcMetadataTest, ClassDataThatTwoClassesShareIsRefused) {
+    draft.set64(base() + 32, draft.u64(derived() + 32));
+    EXPECT_THAT(refusal(), HasSubstr("the data is another class's as well"));
+}
+
+TEST_F(ObjcMetadataTest, AClassNameOutsideTheImageIsRefused) {
+    draft.set64(data(derived()) + 24, kOutside);
+    EXPECT_THAT(refusal(), HasSubstr(": the name lies outside the image (found 1 bytes at 0x7000000)"));
+}
+
+TEST_F(ObjcMetadataTest, AnEmptyClassNameIsRefused) {
+    draft.set_text(pointed_to(data(derived()) + 24), "");
+    EXPECT_THAT(refusal(), AllOf(HasSubstr("class at 0x"), HasSubstr(": the name is empty")));
+}
+
+TEST_F(ObjcMetadataTest, AMetaclassInPlaceOfAClassIsRefused) {
+    draft.set64(class_list(), draft.u64(derived()));
+    EXPECT_THAT(refusal(), HasSubstr("it is a metaclass (expected a class)"));
+}
+
+TEST_F(ObjcMetadataTest, AClassInPlaceOfAMetaclassIsRefused) {
+    draft.set64(derived(), draft.u64(class_list() + 8));
+    EXPECT_EQ(refusal(), "class LTDerived: its isa is a class (expected a metaclass)");
+}
+
+TEST_F(ObjcMetadataTest, AMetaclassOutsideTheImageIsRefused) {
+    draft.set64(derived(), kOutside);
+    EXPECT_EQ(refusal(),
+              "class LTDerived: the metaclass lies outside the image (found 40 bytes at 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, ASuperclassThatIsNeitherOursNorBoundIsRefused) {
+    draft.set64(derived() + 8, kOutside);
+    EXPECT_EQ(refusal(),
+              "class LTDerived: its superclass is neither in the image nor bound (found 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, ASuperclassThatIsNotListedIsRefused) {
+    draft.set64(derived() + 8, draft.u64(derived()));
+    EXPECT_EQ(refusal(), "class LTDerived has a superclass that section __objc_classlist does not list");
+}
+
+TEST_F(ObjcMetadataTest, AClassThatDescendsFromItselfIsRefused) {
+    draft.set64(derived() + 8, draft.u64(class_list()));
+    EXPECT_EQ(refusal(), "class LTDerived descends from itself");
+}
+
+TEST_F(ObjcMetadataTest, AMethodListOutsideTheImageIsRefused) {
+    draft.set64(data(derived()) + 32, kOutside);
+    EXPECT_EQ(refusal(),
+              "class LTDerived: the list of methods lies outside the image (found 8 bytes at 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, AMethodListThatIsTooLongIsRefused) {
+    draft.set32(methods(derived()) + 4, 0xffffffff);
+    EXPECT_THAT(
+        refusal(),
+        HasSubstr(
+            "class LTDerived: the list of methods lies outside the image (found 103079215080 bytes at 0x"));
+}
+
+TEST_F(ObjcMetadataTest, AMethodListOfAnotherFormIsRefused) {
+    draft.set32(methods(derived()), 0x8000000c);
+    EXPECT_EQ(refusal(), "class LTDerived: the list of methods has rows of 2147483660 bytes (expected 24)");
+}
+
+TEST_F(ObjcMetadataTest, AMethodListThatTwoClassesShareIsRefused) {
+    draft.set64(data(base()) + 32, draft.u64(data(derived()) + 32));
+    EXPECT_EQ(refusal(), "class LTBase: the list of methods is another class's as well");
+}
+
+TEST_F(ObjcMetadataTest, AMethodThatIsNoCodeIsRefused) {
+    draft.set64(methods(derived()) + 8 + 16, draft.u64(class_list()));
+    EXPECT_THAT(refusal(), HasSubstr("class LTDerived: the method draw is no code of the image (found 0x"));
+}
+
+TEST_F(ObjcMetadataTest, AMethodNameOutsideTheImageIsRefused) {
+    draft.set64(methods(derived()) + 8, kOutside);
+    EXPECT_THAT(refusal(), HasSubstr("class LTDerived: a method's name lies outside the image"));
+}
+
+TEST_F(ObjcMetadataTest, AMethodTypeOutsideTheImageIsRefused) {
+    draft.set64(methods(derived()) + 16, kOutside);
+    EXPECT_THAT(refusal(), HasSubstr("class LTDerived: a method's types lies outside the image"));
+}
+
+TEST_F(ObjcMetadataTest, AMethodWithAnEmptyTypeIsRefused) {
+    draft.set_text(pointed_to(methods(derived()) + 16), "");
+    EXPECT_THAT(refusal(), HasSubstr("the method \"draw\" has an empty name or type"));
+}
+
+TEST_F(ObjcMetadataTest, AVariableListThatIsTooLongIsRefused) {
+    draft.set32(variables(base()) + 4, 0xffffffff);
+    EXPECT_THAT(refusal(), HasSubstr("class LTBase: the list of variables lies outside the image"));
+}
+
+TEST_F(ObjcMetadataTest, AVariableListOfAnotherFormIsRefused) {
+    draft.set32(variables(base()), 24);
+    EXPECT_EQ(refusal(), "class LTBase: the list of variables has rows of 24 bytes (expected 32)");
+}
+
+TEST_F(ObjcMetadataTest, AVariableAlignedBeyondItsObjectIsRefused) {
+    draft.set32(variables(base()) + 8 + 24, 5);
+    EXPECT_EQ(refusal(), "class LTBase: the variable _small is aligned to 2^5 bytes (expected at most 16)");
+}
+
+TEST_F(ObjcMetadataTest, AVariableOffsetOutsideTheImageIsRefused) {
+    draft.set64(variables(base()) + 8, kOutside);
+    EXPECT_THAT(refusal(), HasSubstr("class LTBase: a variable's offset lies outside the image"));
+}
+
+TEST_F(ObjcMetadataTest, AVariableOffsetThatCannotBeWrittenIsRefused) {
+    draft.set64(variables(base()) + 8, 0);  // the file's header
+    EXPECT_EQ(refusal(),
+              "class LTBase: a variable's offset is not in a writable part of the image (found 0x0)");
+}
+
+TEST_F(ObjcMetadataTest, AReferenceThatCannotBeWrittenIsRefused) {
+    const size_t selectors = draft.section("__objc_selrefs"), texts = draft.section("__cstring");
+    draft.set_text(selectors, "__other").set_text(texts, "__objc_selrefs").set64(texts + 40, 8);
+    EXPECT_THAT(refusal(), HasSubstr("a reference is not in a writable part of the image (found 0x"));
+}
+
+TEST_F(ObjcMetadataTest, AVariableNameOutsideTheImageIsRefused) {
+    draft.set64(variables(base()) + 16, kOutside);
+    EXPECT_THAT(refusal(), HasSubstr("class LTBase: a variable's name lies outside the image"));
+}
+
+TEST_F(ObjcMetadataTest, AVariableTypeOutsideTheImageIsRefused) {
+    draft.set64(variables(base()) + 24, kOutside);
+    EXPECT_THAT(refusal(), HasSubstr("class LTBase: a variable's type lies outside the image"));
+}
+
+TEST_F(ObjcMetadataTest, APropertyListThatIsTooLongIsRefused) {
+    draft.set32(properties(base()) + 4, 0xffffffff);
+    EXPECT_THAT(refusal(), HasSubstr("class LTBase: the list of properties lies outside the image"));
+}
+
+TEST_F(ObjcMetadataTest, APropertyNameOutsideTheImageIsRefused) {
+    draft.set64(properties(base()) + 8, kOutside);
+    EXPECT_THAT(refusal(), HasSubstr("class LTBase: a property's name lies outside the image"));
+    Draft other("classes");
+    std::swap(draft, other);
+    draft.set64(properties(base()) + 16, kOutside);
+    EXPECT_THAT(refusal(), HasSubstr("class LTBase: a property's attributes lies outside the image"));
+}
+
+TEST_F(ObjcMetadataTest, AProtocolListThatIsTooLongIsRefused) {
+    draft.set64(protocols(base()), 0x1000000000000000);
+    EXPECT_THAT(refusal(), HasSubstr("class LTBase: "));
+}
+
+TEST_F(ObjcMetadataTest, AProtocolListOutsideTheImageIsRefused) {
+    draft.set64(data(base()) + 40, kOutside);
+    EXPECT_EQ(refusal(),
+              "class LTBase: a list of protocols lies outside the image (found 8 bytes at 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, AProtocolOutsideTheImageIsRefused) {
+    draft.set64(protocols(base()) + 8, kOutside);
+    EXPECT_EQ(refusal(), "class LTBase: a protocol lies outside the image (found 24 bytes at 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, AProtocolThatAdoptsItselfIsReadOnce) {
+    const size_t protocol = pointed_to(protocols(base()) + 8);
+    draft.set64(protocol + 16, draft.u64(data(base()) + 40));
+    const macho::Image image = draft.load();
+    EXPECT_EQ(macho::read_objc_metadata(image).classes[0].protocols.size(), 1u);
+}
+
+TEST_F(ObjcMetadataTest, AProtocolNameOutsideTheImageIsRefused) {
+    draft.set64(pointed_to(protocols(base()) + 8) + 8, kOutside);
+    EXPECT_EQ(refusal(),
+              "class LTBase: a protocol's name lies outside the image (found 1 bytes at 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, ASelectorOutsideTheImageIsRefused) {
+    draft.set64(draft.content("__objc_selrefs"), kOutside);
+    EXPECT_EQ(refusal(), "a selector's name lies outside the image (found 1 bytes at 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, AReferenceToWhatIsNoClassIsRefused) {
+    draft.set64(draft.content("__objc_classrefs"), kOutside);
+    EXPECT_EQ(refusal(), "section __objc_classrefs refers to what is no class (found 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, ASuperReferenceToWhatIsNoClassIsRefused) {
+    draft.set64(draft.content("__objc_superrefs"), kOutside);
+    EXPECT_EQ(refusal(), "section __objc_superrefs refers to what is no class (found 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, AProtocolReferenceOutsideTheImageIsRefused) {
+    draft.set64(draft.content("__objc_protorefs"), kOutside);
+    EXPECT_EQ(refusal(), "a protocol lies outside the image (found 24 bytes at 0x7000000)");
+}
+
+}  // namespace

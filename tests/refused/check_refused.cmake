@@ -1,0 +1,21 @@
+# Compiles SOURCE twice: as it stands, which must fail with the message in its first line, and corrected, which must pass.
+file(STRINGS ${SOURCE} first_line LIMIT_COUNT 1)
+string(REGEX REPLACE "^// refused: " "" message "${first_line}")
+if(message STREQUAL first_line)
+    message(FATAL_ERROR "${SOURCE}: the first line is '${first_line}', expected '// refused: <message>'")
+endif()
+set(compile ${COMPILER} -std=c++20 -fsyntax-only -I ${INCLUDE} ${SOURCE})
+
+execute_process(COMMAND ${compile} -DCORRECTED RESULT_VARIABLE status ERROR_VARIABLE errors)
+if(status)
+    message(FATAL_ERROR "the corrected form does not compile:\n${errors}")
+endif()
+
+execute_process(COMMAND ${compile} RESULT_VARIABLE status ERROR_VARIABLE errors)
+if(NOT status)
+    message(FATAL_ERROR "the mistake was accepted, expected: ${message}")
+endif()
+string(FIND "${errors}" "${message}" found)
+if(found EQUAL -1)
+    message(FATAL_ERROR "refused, but without '${message}':\n${errors}")
+endif()

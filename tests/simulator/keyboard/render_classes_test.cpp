@@ -1,0 +1,181 @@
+// The classes that say how keys are drawn, with nothing replaced.
+#include "platform/keyboard.h"
+#include "support/phone.h"
+
+namespace test {
+namespace {
+
+class RenderClasses : public testing::Test {
+  protected:
+    void SetUp() override { phone.boot(); }
+
+    template <class Made>
+    static Made* made() {
+        return static_cast<Made*>(Made::alloc()->init().autoreleased());
+    }
+
+    Phone phone;
+};
+
+TEST_F(RenderClasses, AKeyKeepsWhatItIsToldAboutItself) {
+    UIKBTree* key = UIKBTree::alloc()->initWithType(8).autoreleased();
+    EXPECT_EQ(key->name(), nullptr);
+    key->setName(text("Latin-Small-Letter-G"));
+    key->setFrame({{1, 2}, {31.5, 42}});
+    key->setDisplayString(text("g"));
+    key->setRepresentedString(text("G"));
+    EXPECT_EQ(key->type(), 8);
+    EXPECT_EQ(utf8(key->name()), "Latin-Small-Letter-G");
+    EXPECT_EQ(key->frame(), (CGRect{{1, 2}, {31.5, 42}}));
+    EXPECT_EQ(utf8(key->displayString()), "g");
+    EXPECT_EQ(utf8(key->representedString()), "G");
+    EXPECT_EQ(key->subtrees()->count(), 0u);
+}
+
+// ---- Configuration and factory ----
+
+TEST_F(RenderClasses, AConfigurationIsLightUntilItIsToldOtherwise) {
+    auto* config = made<UIKBRenderConfig>();
+    EXPECT_TRUE(config->lightKeyboard());
+    config->setLightKeyboard(false);
+    EXPECT_FALSE(config->lightKeyboard());
+}
+
+TEST_F(RenderClasses, TheBackdropFollowsFromTheStyle) {
+    const NSInteger light = UIKBRenderConfig::backdropStyle(0, 100),
+                    dark = UIKBRenderConfig::backdropStyle(1, 100);
+    EXPECT_NE(light, dark);
+    EXPECT_EQ(UIKBRenderConfig::backdropStyle(-2, 100), -2);
+    EXPECT_EQ(UIKBRenderConfig::backdropStyle(0, 0), light);
+}
+
+using RenderClassesDeathTest = RenderClasses;
+
+TEST_F(RenderClassesDeathTest, ABackdropOfAnUnknownStyleStopsTheProcess) {
+    EXPECT_DEATH(UIKBRenderConfig::backdropStyle(17, 100),
+                 "UIKBRenderConfig backdropStyleForStyle:quality:.*the style 17");
+}
+
+/// The six names, in the order of the hook table.
+std::vector<std::string> names_of(UIKBRenderFactory* factory) {
+    return {utf8(factory->controlKeyShadowColorName()),
+            utf8(factory->defaultKeyShadowColorName()),
+            utf8(factory->controlKeyForegroundColorName()),
+            utf8(factory->send<"_controlKeyBackgroundColorName", NSString*>()),
+            utf8(factory->controlKeyBackgroundColorName()),
+            utf8(factory->defaultKeyBackgroundColorName())};
+}
+
+TEST_F(RenderClasses, ALightKeyboardHasWhiteAndGreyKeys) {
+    EXPECT_EQ(names_of(made<UIKBRenderFactory>()),
+              (std::vector<std::string>{"UIKBColorBlack_Alpha35", "UIKBColorBlack_Alpha35",
+                                        "UIKBColorBlack_Alpha5", "UIKBColorKeyGrayKeyBackground",
+                                        "UIKBColorKeyGrayKeyBackground", "UIKBColorWhite"}));
+}
+
+TEST_F(RenderClasses, ADarkKeyboardHasTranslucentKeys) {
+    auto* factory = made<UIKBRenderFactory>();
+    factory->renderConfig()->setLightKeyboard(false);
+    EXPECT_EQ(names_of(factory),
+              (std::vector<std::string>{"UIKBColorBlack_Alpha40", "UIKBColorBlack_Alpha40",
+                                        "UIKBColorBlack_Alpha10", "UIKBColorWhite_Alpha12",
+                                        "UIKBColorWhite_Alpha12", "UIKBColorWhite_Alpha30"}));
+}
+
+TEST_F(RenderClasses, EveryNameOfTheFactoryIsAColour) {
+    for (bool light : {true, false}) {
+        auto* factory = made<UIKBRenderFactory>();
+        factory->renderConfig()->setLightKeyboard(light);
+        for (const std::string& name : names_of(factory))
+            EXPECT_NE(UIKBGetNamedColor(text(name)), nullptr) << name;
+    }
+}
+
+// ---- Gradients ----
+
+TEST_F(RenderClasses, AGradientKeepsTheNameItWasMadeWith) {
+    UIKBGradient* flat = UIKBGradient::gradientWithFlatColor(text("UIKBColorWhite"));
+    EXPECT_EQ(utf8(flat->flatColorName()), "UIKBColorWhite");
+    EXPECT_EQ(flat->name(), nullptr);
+    UIKBGradient* named = UIKBGradient::gradientWithName(text("UIKBColorBlack"));
+    EXPECT_EQ(named->flatColorName(), nullptr);
+    EXPECT_EQ(utf8(named->name()), "UIKBColorBlack");
+    EXPECT_EQ(utf8(UIKBGradient::alloc()->initWithFlatColor(text("a"))->flatColorName()), "a");
+    EXPECT_EQ(utf8(UIKBGradient::alloc()->initWithName(text("b"))->name()), "b");
+}
+
+// ---- Effects ----
+
+TEST_F(RenderClasses, AnEdgeEffectKeepsWhatItWasMadeWith) {
+    const UIEdgeInsets insets{1, 2, 3, 4};
+    for (UIKBEdgeEffect* effect :
+         {UIKBEdgeEffect::effect(text("UIKBColorBlack"), 5, insets, 0.5),
+          UIKBEdgeEffect::alloc()->initWithColor(text("UIKBColorBlack"), 5, insets, 0.5).autoreleased()}) {
+        EXPECT_EQ(utf8(effect->colorName()), "UIKBColorBlack");
+        EXPECT_EQ(effect->edges(), 5u);
+        EXPECT_EQ(effect->insets(), insets);
+        EXPECT_EQ(effect->weight(), 0.5);
+    }
+}
+
+TEST_F(RenderClasses, OneInsetIsTheSameAtEveryEdge) {
+    UIKBEdgeEffect* effect = UIKBEdgeEffect::effect(text("UIKBColorWhite"), 4, 1.5, 2.0);
+    EXPECT_EQ(effect->insets(), (UIEdgeInsets{1.5, 1.5, 1.5, 1.5}));
+    EXPECT_EQ(effect->edges(), 4u);
+    EXPECT_EQ(effect->weight(), 2.0);
+}
+
+TEST_F(RenderClasses, AShadowEffectKeepsWhatItWasMadeWith) {
+    const CGSize offset{1, 2};
+    const UIEdgeInsets insets{3, 4, 5, 6};
+    for (UIKBShadowEffect* effect : {UIKBShadowEffect::effect(text("UIKBColorBlack"), offset, insets, 7),
+                                     UIKBShadowEffect::alloc()
+                                         ->initWithColor(text("UIKBColorBlack"), offset, insets, 7)
+                                         .autoreleased()}) {
+        EXPECT_EQ(utf8(effect->colorName()), "UIKBColorBlack");
+        EXPECT_EQ(effect->offset(), offset);
+        EXPECT_EQ(effect->insets(), insets);
+        EXPECT_EQ(effect->weight(), 7.0);
+    }
+}
+
+// ---- Text style ----
+
+TEST_F(RenderClasses, ATextStyleIsBlackUntilItIsToldOtherwise) {
+    UIKBTextStyle* style = UIKBTextStyle::style(text("AppleColorEmoji"), 30);
+    EXPECT_EQ(utf8(style->fontName()), "AppleColorEmoji");
+    EXPECT_EQ(style->fontSize(), 30.0);
+    EXPECT_EQ(utf8(style->textColor()), "UIKBColorBlack");
+    style->setTextColor(text("UIKBColorWhite"));
+    EXPECT_EQ(utf8(style->textColor()), "UIKBColorWhite");
+}
+
+// ---- Sizes ----
+
+TEST_F(RenderClasses, TheKeyboardIsAsWideAsTheScreen) {
+    EXPECT_EQ(UIKeyboardImpl::keyboardSize(1), (CGSize{375, 216}));
+    EXPECT_EQ(UIKeyboardImpl::keyboardSize(2), (CGSize{375, 216}));
+    EXPECT_EQ(UIKeyboardImpl::keyboardSize(3), (CGSize{667, 162}));
+    EXPECT_EQ(UIKeyboardImpl::keyboardSize(4), (CGSize{667, 162}));
+}
+
+TEST_F(RenderClassesDeathTest, AnOrientationThatIsNoneStopsTheProcess) {
+    EXPECT_DEATH(UIKeyboardImpl::keyboardSize(0), "keyboardSizeForInterfaceOrientation:.*the orientation 0");
+}
+
+TEST(KeyboardSize, FollowsTheScreenOfASmallPhone) {
+    Phone phone;
+    phone.boot({.screen_width = 320, .screen_height = 568});
+    EXPECT_EQ(UIKeyboardImpl::keyboardSize(1), (CGSize{320, 216}));
+    EXPECT_EQ(UIKeyboardImpl::keyboardSize(4), (CGSize{568, 162}));
+}
+
+TEST(KeyboardSize, FollowsTheScreenOfALargePhone) {
+    Phone phone;
+    phone.boot({.screen_width = 414, .screen_height = 736, .screen_scale = 3});
+    EXPECT_EQ(UIKeyboardImpl::keyboardSize(1), (CGSize{414, 226}));
+    EXPECT_EQ(UIKeyboardImpl::keyboardSize(3), (CGSize{736, 162}));
+}
+
+}  // namespace
+}  // namespace test

@@ -1,0 +1,68 @@
+// A library that uses a little of everything, built for Linux and for the device like the real one.
+#include "objc/image.h"
+#include "platform/keyboard.h"
+#include "platform/substrate.h"
+#include "platform/uikit.h"
+
+struct SampleThing : objc::Interface<SampleThing, "SampleThing", NSObject> {
+    long number() { return send<"number", long>(); }
+};
+
+namespace {
+
+using namespace objc::literals;
+
+struct Thing : objc::Implements<Thing, SampleThing> {
+    struct Ivars {
+        objc::strong<NSString> name;
+    };
+    long number() { return 42; }
+    NSString* constant() { return "constant"_ns; }
+};
+
+int initializers_run = 0;
+CGRect (*previous_bounds)(id, SEL) = nullptr;
+CGColorRef (*previous_color)(NSString*) = nullptr;
+
+CGRect bounds(id self, SEL selector) {
+    CGRect rectangle = previous_bounds(self, selector);
+    rectangle.size.width += 1000;
+    return rectangle;
+}
+
+CGColorRef color(NSString* name) {
+    return previous_color(name->isEqualToString("UIKBColorBlack"_ns) ? "UIKBColorWhite"_ns : name);
+}
+
+long count_initializers(id, SEL) { return initializers_run; }
+
+void install() {
+    ++initializers_run;
+    MSHookMessageEx(objc_getClass("UIScreen"), objc::selector<"bounds">(), reinterpret_cast<IMP>(&bounds),
+                    reinterpret_cast<IMP*>(&previous_bounds));
+    MSHookMessageEx(objc_getClass("SampleMissing"), objc::selector<"bounds">(), reinterpret_cast<IMP>(&bounds),
+                    reinterpret_cast<IMP*>(&previous_bounds));
+    class_addMethod(objc_getClass("UIScreen"), objc::selector<"countInitializers">(),
+                    reinterpret_cast<IMP>(&count_initializers), "q@:");
+}
+
+void install_function() {
+    ++initializers_run;
+    MSHookFunction(reinterpret_cast<void*>(&UIKBGetNamedColor), reinterpret_cast<void*>(&color),
+                   reinterpret_cast<void**>(&previous_color));
+}
+
+}  // namespace
+
+extern "C" {
+[[gnu::visibility("default")]] extern const CGPoint kSamplePoint;
+constinit const CGPoint kSamplePoint{0.25, 0.75};
+}
+
+OBJC_IMAGE(install, install_function)
+
+using namespace objc::definition;
+OBJC_CLASS(SampleThing, NSObject, Thing,
+           property<"name", &Thing::Ivars::name>,
+           method<"number", &Thing::number>,
+           method<"constant", &Thing::constant>)

@@ -1,0 +1,131 @@
+// A simulated phone for one test.
+#include "support/phone.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "objc/exception.h"
+
+namespace test {
+
+using namespace objc::literals;
+namespace fs = std::filesystem;
+
+id class_named(const char* name) {
+    auto found = reinterpret_cast<id>(objc_getClass(name));
+    EXPECT_NE(found, nullptr) << "no class " << name;
+    return found;
+}
+
+NSString* text(std::string_view utf8) { return NSString::stringWithUTF8String(std::string(utf8).c_str()); }
+
+std::string utf8(NSString* string) { return string ? string->UTF8String() : "(nil)"; }
+
+NSArray* array(std::vector<id> objects) { return NSArray::arrayWithObjects(objects.data(), objects.size()); }
+
+std::string raised_by(void (*call)(void*), void* context) {
+    id exception = objc::caught([&] { call(context); });
+    return exception ? utf8(objc::send<"name", NSString*>(exception)) : "";
+}
+
+Rgba rgba(id color) {
+    Rgba result{NAN, NAN, NAN, NAN};
+    EXPECT_NE(color, nullptr) << "there is no colour";
+    static_cast<UIColor*>(color)->getRGB(&result.red, &result.green, &result.blue, &result.alpha);
+    return result;
+}
+
+UIColor* color(double red, double green, double blue, double alpha) {
+    return UIColor::colorWithRGB(red, green, blue, alpha);
+}
+
+UIImage* filled_image(UIColor* color, double width, double height) {
+    UIGraphicsBeginImageContextWithOptions({width, height}, false, 1.0);
+    color->setFill();
+    CGContextFillRect(UIGraphicsGetCurrentContext(), {{0, 0}, {width, height}});
+    UIImage* image = UIGraphicsGetImageFromCurrentImageContext();
+    UIGraphicsEndImageContext();
+    return image;
+}
+
+NSData* data(std::string_view bytes) {
+    return NSData::class_send<"dataWithBytes:length:", NSData*>(static_cast<const void*>(bytes.data()),
+                                                                NSUInteger{bytes.size()});
+}
+
+Phone::Phone() {
+    auto pattern = (fs::temp_directory_path() / "huecraft-test-XXXXXX").string();
+    root_ = mkdtemp(pattern.data());
+}
+
+Phone::~Phone() {
+    if (pool_) objc_autoreleasePoolPop(pool_);
+    fs::remove_all(root_);
+}
+
+fs::path Phone::host(std::string_view device_path) const {
+    return root_ / fs::path(device_path).relative_path();
+}
+
+void Phone::write(std::string_view device_path, std::string_view bytes) const {
+    fs::create_directories(host(device_path).parent_path());
+    std::ofstream file(host(device_path), std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    ASSERT_TRUE(file.good()) << device_path;
+}
+
+void Phone::make_folder(std::string_view device_path) const { fs::create_directories(host(device_path)); }
+
+std::string Phone::read(std::string_view device_path) const {
+    std::ifstream file(host(device_path), std::ios::binary);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+void Phone::boot(const Options& wanted) {
+    std::vector<const char*> left_out = wanted.left_out;
+    left_out.push_back(nullptr);
+    const auto root = root_.string();
+    sim_options options{};
+    options.size = sizeof options;
+    options.root = root.c_str();
+    options.executable = wanted.executable;
+    options.arguments = wanted.arguments;
+    options.system_version = wanted.system_version;
+    options.screen_width = wanted.screen_width;
+    options.screen_height = wanted.screen_height;
+    options.screen_scale = wanted.screen_scale;
+    options.left_out_classes = left_out.data();
+    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    pool_ = objc_autoreleasePoolPush();
+}
+
+void Phone::load() {
+    const char* path = std::getenv("HUECRAFT_LIBRARY");
+    ASSERT_NE(path, nullptr) << "HUECRAFT_LIBRARY names the build under test";
+    ASSERT_EQ(sim_load(path, &library_), SIM_OK) << sim_last_error();
+}
+
+std::vector<std::string> installed_rows() {
+    std::vector<std::string> rows;
+    for (size_t i = 0; i < sim_installing_call_count(); ++i) {
+        sim_installing_call call;
+        EXPECT_EQ(sim_installing_call_at(i, &call), SIM_OK) << sim_last_error();
+        std::string row;
+        if (call.kind == SIM_HOOK_FUNCTION) {
+            row = std::string("function ") + call.name;
+        } else {
+            row = std::string(call.on_class ? "+[" : "-[") + (call.class_name ? call.class_name : "nil") +
+                  " " + call.name + "]";
+            if (call.kind == SIM_ADD_METHOD) row += std::string(" added as ") + call.types;
+        }
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+}  // namespace test

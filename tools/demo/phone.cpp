@@ -1,0 +1,50 @@
+// A simulated phone in a process of its own.
+#include "phone.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "objc/strong.h"
+
+namespace demo {
+
+void require(sim_status status, const std::string& doing) {
+    if (status != SIM_OK) throw Failure(doing + ": " + sim_last_error());
+}
+
+void in_child_process(const std::string& doing, const std::function<void()>& body) {
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child < 0) throw Failure(doing + ": no process: " + std::strerror(errno));
+    if (child == 0) {
+        try {
+            body();
+        } catch (const std::exception& failure) {
+            std::fflush(stdout);
+            std::fprintf(stderr, "huecraft_demo: %s\n", failure.what());
+            std::exit(EXIT_FAILURE);
+        }
+        std::exit(EXIT_SUCCESS);
+    }
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0)
+        if (errno != EINTR) throw Failure(doing + ": " + std::strerror(errno));
+    if (WIFSIGNALED(status)) throw Failure(doing + ": stopped by signal " + strsignal(WTERMSIG(status)));
+    if (WEXITSTATUS(status) != EXIT_SUCCESS) throw Failure(doing + " failed");
+}
+
+void boot(const std::filesystem::path& device, const char* executable) {
+    const std::string root = device.string();
+    sim_options options{};
+    options.size = sizeof options;
+    options.root = root.c_str();
+    options.executable = executable;
+    require(sim_boot(&options), "switching the phone on");
+}
+
+}  // namespace demo

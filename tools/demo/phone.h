@@ -1,0 +1,30 @@
+// A simulated phone in a process of its own.
+#pragma once
+#include <filesystem>
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+#include "simulator.h"
+
+namespace demo {
+
+/// What went wrong, in one line.
+struct Failure : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// Throws a Failure that says what was being done and what the simulator says, unless the status is SIM_OK.
+void require(sim_status status, const std::string& doing);
+
+/// Runs `body` in a child process, with an autorelease pool: a phone is switched on once per process. A
+/// Failure in it is printed; any end but a good one is a Failure here that names `doing`.
+void in_child_process(const std::string& doing, const std::function<void()>& body);
+
+/// Switches this process's phone on over the folder that plays its file system.
+void boot(const std::filesystem::path& device, const char* executable);
+
+inline constexpr const char* notes = "/Applications/MobileNotes.app/MobileNotes";
+inline constexpr const char* settings = "/Applications/Preferences.app/Preferences";
+
+}  // namespace demo

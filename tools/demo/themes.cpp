@@ -1,0 +1,73 @@
+// The demo's themes.
+#include "themes.h"
+
+#include <cstdint>
+#include <initializer_list>
+
+#include "hills.h"
+#include "model/HuecraftConfig.h"
+#include "phone.h"
+
+namespace demo {
+namespace {
+
+using objc::strong;
+
+NSString* text(const std::string& utf8) { return NSString::stringWithUTF8String(utf8.c_str()); }
+
+UIColor* color(uint32_t rgb) {
+    auto component = [rgb](int shift) { return (rgb >> shift & 255) / 255.0; };
+    return UIColor::colorWithRGB(component(16), component(8), component(0), 1);
+}
+
+NSArray* colors(std::initializer_list<uint32_t> values) {
+    NSMutableArray* list = NSMutableArray::arrayWithCapacity(values.size());
+    for (uint32_t value : values) list->addObject(color(value));
+    return list;
+}
+
+enum Background : NSUInteger { flat = 1, gradient = 2, image = 3 };
+constexpr NSUInteger top_to_bottom = 2, top_left_to_bottom_right = 8;
+
+std::string reason_of(NSError* error) {
+    NSString* description = error ? error->send<"localizedDescription", NSString*>() : nullptr;
+    return description ? description->UTF8String() : "no reason is given";
+}
+
+void save(HuecraftConfig* config, const Theme& theme) {
+    if (!config) throw Failure("the library has no class HuecraftConfig to make a theme with");
+    config->setConfigName(text(theme.name));
+    NSError* error = nullptr;
+    if (!config->saveConfiguration(&error))
+        throw Failure(std::string("saving the theme ") + theme.name + ": " + reason_of(error));
+}
+
+}  // namespace
+
+void make_themes() {
+    const auto& [peach, hills, midnight] = themes;
+
+    save(HuecraftConfig::configWith(color(0x4a1d3f), gradient, colors({0xffe29a, 0xff9a8b, 0xff6a88}),
+                                    top_left_to_bottom_right, nullptr, color(0xd9a5f5)),
+         peach);
+
+    HuecraftConfig* config = HuecraftConfig::configWith(
+        color(0x14342b), image, colors({0xffffff}), top_to_bottom, draw_hills({375, 302}), color(0xe8743b));
+    config->setImageAlpha(0.95);
+    save(config, hills);
+
+    config = HuecraftConfig::configWith(color(0xffb84d), flat, colors({0x1b2440}), top_to_bottom, nullptr,
+                                        color(0x35539b));
+    config->setVisibleKeycaps(true);
+    save(config, midnight);
+}
+
+void choose(const Theme& theme) {
+    id values[] = {NSNumber::numberWithBool(true), text(std::string(theme.name) + ".plist")};
+    id keys[] = {text("_Enabled"), text("_Config")};
+    NSDictionary* preferences = NSDictionary::dictionaryWithObjects(values, keys, 2);
+    const char* path = "/var/mobile/Library/Preferences/com.quillmoth.huecraftios12.plist";
+    if (!preferences->writeToFile(text(path), true)) throw Failure(std::string("cannot write ") + path);
+}
+
+}  // namespace demo
