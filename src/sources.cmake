@@ -6,9 +6,15 @@ set(HUECRAFT_SOURCES
     hooks/keyboard_cache.cpp
     hooks/monochrome_filter.cpp
     hooks/setup.cpp
+    hooks/switcher_accessory.cpp
     image.cpp
     model/HCCITool.cpp
     model/HCPreferences.cpp
     model/HuecraftConfig.cpp
     model/config_error.cpp
-    model/keyboard_size.cpp)
+    model/keyboard_size.cpp
+    views/_UIBackdropColouredView.cpp
+    views/_UIBackdropGradientView.cpp
+    views/_UIBackdropImageView.cpp
+    views/backdrop_content.cpp
+    views/gradient_direction.cpp)

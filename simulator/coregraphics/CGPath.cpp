@@ -80,8 +80,9 @@ void append_rect(PathElements& path, CGRect rect) {
 
 void append_rounded_rect(PathElements& path, CGRect rect, CGSize radii) {
     const auto [origin, size] = standardized(rect);
-    const CGFloat rx = std::min(radii.width, size.width / 2), ry = std::min(radii.height, size.height / 2);
-    if (!(rx > 0 && ry > 0)) return append_rect(path, rect);
+    if (!(radii.width > 0 && radii.height > 0)) return append_rect(path, rect);
+    const CGFloat fit = std::min({1.0, size.width / 2 / radii.width, size.height / 2 / radii.height});
+    const CGFloat rx = radii.width * fit, ry = radii.height * fit;
     const CGFloat x1 = origin.x, y1 = origin.y, x2 = x1 + size.width, y2 = y1 + size.height;
     const CGFloat kx = rx * (1 - quarter_control), ky = ry * (1 - quarter_control);
     path.push_back({PathElement::move, {{x1 + rx, y1}}});

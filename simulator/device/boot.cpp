@@ -32,15 +32,19 @@ Device& booted_device() {
 
 /// The folder's real path.
 std::string checked_root(const std::string& folder) {
-    if (folder.empty()) throw Refusal(SIM_MISUSE, "no root folder is given: it plays the device's file system");
+    if (folder.empty())
+        throw Refusal(SIM_MISUSE, "no root folder is given: it plays the device's file system");
     std::unique_ptr<char, decltype(&std::free)> real(realpath(folder.c_str(), nullptr), &std::free);
     struct stat status;
     if (!real || stat(real.get(), &status) != 0)
         throw Refusal(SIM_NOT_FOUND, "the root folder does not exist: " + folder);
-    if (!S_ISDIR(status.st_mode)) throw Refusal(SIM_BAD_FILE, "the root is a file and not a folder: " + folder);
-    if (access(real.get(), R_OK | X_OK) != 0) throw Refusal(SIM_BAD_FILE, "the root folder is not readable: " + folder);
+    if (!S_ISDIR(status.st_mode))
+        throw Refusal(SIM_BAD_FILE, "the root is a file and not a folder: " + folder);
+    if (access(real.get(), R_OK | X_OK) != 0)
+        throw Refusal(SIM_BAD_FILE, "the root folder is not readable: " + folder);
     // A root of "/" would give the device the whole host.
-    if (std::string_view(real.get()) == "/") throw Refusal(SIM_MISUSE, "the root folder is the host's own root");
+    if (std::string_view(real.get()) == "/")
+        throw Refusal(SIM_MISUSE, "the root folder is the host's own root");
     return real.get();
 }
 
@@ -53,7 +57,8 @@ void check(const Device& device) {
     const double scale = device.screen_scale;
     if (scale != 1 && scale != 2 && scale != 3)
         throw Refusal(SIM_MISUSE, "the screen scale is " + std::to_string(scale) + "; it is 1, 2 or 3");
-    if (device.system_version.empty() || device.system_version.find_first_not_of("0123456789.") != std::string::npos ||
+    if (device.system_version.empty() ||
+        device.system_version.find_first_not_of("0123456789.") != std::string::npos ||
         device.system_version.starts_with('.') || device.system_version.ends_with('.') ||
         device.system_version.find("..") != std::string::npos)
         throw Refusal(SIM_MISUSE, "the system version is \"" + device.system_version +
@@ -74,16 +79,18 @@ bool is_wanted(const BootOptions& options, std::string_view class_name) {
 
 void check(const BootOptions& options) {
     if (!options.executable.starts_with('/') || options.executable.find('\0') != std::string::npos)
-        throw Refusal(SIM_MISUSE,
-                      "the executable is \"" + options.executable + "\"; it is a path of the device and begins with /");
+        throw Refusal(SIM_MISUSE, "the executable is \"" + options.executable +
+                                      "\"; it is a path of the device and begins with /");
     check(options.device);
     for (const std::string& name : options.left_out_classes)
         if (!is_platform_class(name))
-            throw Refusal(SIM_NOT_FOUND, "cannot leave out " + name + ": the model has no class of this name");
+            throw Refusal(SIM_NOT_FOUND,
+                          "cannot leave out " + name + ": the model has no class of this name");
     for (auto* record = __start_objc_classes; record != __stop_objc_classes; ++record)
         if (is_wanted(options, (*record)->name) && objc_lookUpClass((*record)->name))
-            throw Refusal(SIM_MISUSE, std::string("the class ") + (*record)->name +
-                                          " exists already; a class that the caller brings is to be left out");
+            throw Refusal(SIM_MISUSE,
+                          std::string("the class ") + (*record)->name +
+                              " exists already; a class that the caller brings is to be left out");
 }
 
 }  // namespace
@@ -92,8 +99,8 @@ const Device& device() { return booted_device(); }
 
 bool is_booted() { return booted; }
 
-// The order matters: Foundation first, then what the runtime lacks, before objects are made that need it; the mends
-// before anything reads a file; the system's classes last.
+// The order matters: Foundation first, then what the runtime lacks, before objects are made that need it; the
+// mends before anything reads a file; the system's classes last.
 void boot(const BootOptions& options) {
     if (booted) throw Refusal(SIM_MISUSE, "the phone is on already: one boot per process");
     const std::string root = checked_root(options.root);
@@ -107,7 +114,8 @@ void boot(const BootOptions& options) {
     mount_root(root);
     objc_autoreleasePoolPush();  // the main thread's outermost pool, which is never drained
     mend_foundation();
-    // Foundation looks for its settings when they are first wanted, in many places; now these are the phone's.
+    // Foundation looks for its settings when they are first wanted, in many places; now these are the
+    // phone's.
     objc::send<"standardUserDefaults", id>(reinterpret_cast<id>(objc_getClass("NSUserDefaults")));
     objc::register_classes([&](std::string_view name) { return is_wanted(options, name); });
 }

@@ -63,7 +63,8 @@ sim_status answer(Body body) noexcept {
         // Around the body and not inside: a pool there would take the exception along when it unwinds.
         std::optional<objc::AutoreleasePool> pool;
         if (sim::is_booted()) pool.emplace();
-        if (id raised = objc::caught(body)) return refuse(SIM_RAISED, "an exception was raised: " + name_and_reason(raised));
+        if (id raised = objc::caught(body))
+            return refuse(SIM_RAISED, "an exception was raised: " + name_and_reason(raised));
         return SIM_OK;
     } catch (const Refusal& refusal) {
         return refuse(refusal.status(), refusal.what());
@@ -80,29 +81,32 @@ void require(const T* pointer, const char* function, const char* parameter) {
 }
 
 void require_boot(const char* function) {
-    if (!sim::is_booted()) throw Refusal(SIM_MISUSE, std::string(function) + ": the phone is not on; call sim_boot first");
+    if (!sim::is_booted())
+        throw Refusal(SIM_MISUSE, std::string(function) + ": the phone is not on; call sim_boot first");
 }
 
 /// A structure that callers fill: as much of it as they know, the rest zero.
 template <class T>
 T known_part(const T& given, const char* function, size_t smallest) {
     if (given.size < smallest || given.size > 4096)
-        throw Refusal(SIM_MISUSE, std::string(function) + ": the structure's size is " + std::to_string(given.size) +
-                                      "; it is sizeof of the structure, " + std::to_string(sizeof(T)) + " here");
+        throw Refusal(SIM_MISUSE, std::string(function) + ": the structure's size is " +
+                                      std::to_string(given.size) + "; it is sizeof of the structure, " +
+                                      std::to_string(sizeof(T)) + " here");
     T known{};
     std::memcpy(&known, &given, std::min(given.size, sizeof(T)));
     const auto* bytes = reinterpret_cast<const unsigned char*>(&given);
     for (size_t i = sizeof(T); i < given.size; ++i)
         if (bytes[i])
-            throw Refusal(SIM_MISUSE, std::string(function) + ": the structure has members of a later version set");
+            throw Refusal(SIM_MISUSE,
+                          std::string(function) + ": the structure has members of a later version set");
     return known;
 }
 
 sim::ClaimedArguments claimed(sim_arguments arguments) {
     switch (arguments) {
         case SIM_ARGUMENTS_EXECUTABLE: return sim::ClaimedArguments::executable;
-        case SIM_ARGUMENTS_NONE:       return sim::ClaimedArguments::none;
-        case SIM_ARGUMENTS_NIL:        return sim::ClaimedArguments::nil;
+        case SIM_ARGUMENTS_NONE: return sim::ClaimedArguments::none;
+        case SIM_ARGUMENTS_NIL: return sim::ClaimedArguments::nil;
     }
     throw Refusal(SIM_MISUSE, "sim_boot: there is no kind " + std::to_string(arguments) + " of arguments");
 }
@@ -124,14 +128,12 @@ sim::BootOptions boot_options(const sim_options& given) {
 sim_call_kind kind_of(const sim::InstallingCall& call) {
     using Kind = sim::InstallingCall::Kind;
     switch (call.kind) {
-        case Kind::hook_message:  return SIM_HOOK_MESSAGE;
+        case Kind::hook_message: return SIM_HOOK_MESSAGE;
         case Kind::hook_function: return SIM_HOOK_FUNCTION;
-        case Kind::add_method:    return SIM_ADD_METHOD;
+        case Kind::add_method: return SIM_ADD_METHOD;
     }
     __builtin_unreachable();
 }
-
-const char* or_null(const std::optional<std::string>& text) { return text ? text->c_str() : nullptr; }
 
 sim_colour colour_of(CGColorRef color) {
     if (!color) return {SIM_COLOUR_NONE, {}};
@@ -172,11 +174,14 @@ sim_status sim_symbol(const sim_library* library, const char* name, void** addre
         require(name, "sim_symbol", "name");
         require(address, "sim_symbol", "address");
         *address = library->library->symbol(name);
-        if (!*address) throw Refusal(SIM_NOT_FOUND, std::string("sim_symbol: the library exports no ") + name);
+        if (!*address)
+            throw Refusal(SIM_NOT_FOUND, std::string("sim_symbol: the library exports no ") + name);
     });
 }
 
-size_t sim_class_count(const sim_library* library) { return library ? library->library->classes().size() : 0; }
+size_t sim_class_count(const sim_library* library) {
+    return library ? library->library->classes().size() : 0;
+}
 
 const char* sim_class_name(const sim_library* library, size_t index) {
     return index < sim_class_count(library) ? library->library->classes()[index].c_str() : nullptr;
@@ -196,11 +201,11 @@ sim_status sim_installing_call_at(size_t index, sim_installing_call* call) {
     return answer([&] {
         require(call, "sim_installing_call_at", "call");
         if (index >= sim_installing_call_count())
-            throw Refusal(SIM_NOT_FOUND, "sim_installing_call_at: there is no call " + std::to_string(index) + " of " +
-                                             std::to_string(sim_installing_call_count()));
+            throw Refusal(SIM_NOT_FOUND, "sim_installing_call_at: there is no call " + std::to_string(index) +
+                                             " of " + std::to_string(sim_installing_call_count()));
         const auto& found = sim::installing_calls()[index];
-        *call = {kind_of(found),     or_null(found.class_name), found.on_class,
-                 found.name.c_str(), or_null(found.types),      found.took_effect};
+        *call = {kind_of(found), found.class_name, found.on_class,
+                 found.name,     found.types,      found.took_effect};
     });
 }
 
@@ -239,6 +244,7 @@ sim_status sim_take_picture(const char* host_path, double scale) {
             throw Refusal(SIM_MISUSE, "sim_take_picture: the scale is " + std::to_string(scale) +
                                           "; it is from 0 to 10 pixels per point");
         std::string error;
-        if (!sim::take_picture(host_path, scale, error)) throw Refusal(SIM_BAD_FILE, "sim_take_picture: " + error);
+        if (!sim::take_picture(host_path, scale, error))
+            throw Refusal(SIM_BAD_FILE, "sim_take_picture: " + error);
     });
 }

@@ -30,7 +30,8 @@ const char* fault_of(std::string_view contents) {
     if (header.e_type != ET_DYN) return "it is no shared object";
     if (header.e_phentsize != sizeof(Elf64_Phdr)) return "its headers are damaged";
     const uint64_t table_size = uint64_t{header.e_phnum} * sizeof(Elf64_Phdr);
-    if (header.e_phoff > contents.size() || table_size > contents.size() - header.e_phoff) return "it is cut short";
+    if (header.e_phoff > contents.size() || table_size > contents.size() - header.e_phoff)
+        return "it is cut short";
     for (unsigned i = 0; i < header.e_phnum; ++i) {
         Elf64_Phdr segment;
         std::memcpy(&segment, contents.data() + header.e_phoff + i * sizeof segment, sizeof segment);
@@ -44,7 +45,8 @@ const char* fault_of(std::string_view contents) {
 class ElfLibrary final : public Library {
   public:
     ElfLibrary(void* handle, std::vector<std::string> classes, double initialiser_seconds)
-        : Library(std::move(classes), initialiser_seconds), handle_(handle) {}
+        : Library(std::move(classes), initialiser_seconds),
+          handle_(handle) {}
 
   private:
     // The handle's search goes on to the libraries that it needs; what is found there is not its export.
@@ -54,7 +56,8 @@ class ElfLibrary final : public Library {
         Dl_info where, own;
         link_map* map = nullptr;
         dlinfo(handle_, RTLD_DI_LINKMAP, &map);
-        if (!dladdr(found, &where) || !dladdr(map->l_ld, &own) || where.dli_fbase != own.dli_fbase) return nullptr;
+        if (!dladdr(found, &where) || !dladdr(map->l_ld, &own) || where.dli_fbase != own.dli_fbase)
+            return nullptr;
         return found;
     }
 
@@ -68,7 +71,8 @@ std::unique_ptr<Library> load_elf(const std::string& host_path, std::string_view
         throw Refusal(SIM_BAD_FILE, "cannot load " + host_path + ": " + fault);
     const auto before = class_names();
     void* handle = nullptr;
-    const double seconds = processor_seconds([&] { handle = dlopen(host_path.c_str(), RTLD_NOW | RTLD_LOCAL); });
+    const double seconds =
+        processor_seconds([&] { handle = dlopen(host_path.c_str(), RTLD_NOW | RTLD_LOCAL); });
     if (!handle) throw Refusal(SIM_BAD_FILE, std::string("cannot load ") + dlerror());
     const auto after = class_names();
     std::vector<std::string> made;

@@ -14,14 +14,15 @@ enum class LastLink { follow, keep };
 
 /// Where a path of the device lies on the host: inside the root folder, whatever "..", absolute links and
 /// chains of links say, as if the root folder were "/". A relative path counts from there too. What lies at
-/// the end need not exist, nor the folders before it. Nothing for a path that cannot be: an empty one, one with
-/// a zero byte, one whose links never end, or one that goes back ("..") from where nothing is. Before boot every
-/// path is nothing.
+/// the end need not exist, nor the folders before it. Nothing for a path that cannot be: an empty one, one
+/// with a zero byte, one whose links never end, or one that goes back ("..") from where nothing is. Before
+/// boot every path is nothing.
 ///
 /// Read and write files of the device through this function only.
 std::optional<std::string> host_path(std::string_view device_path, LastLink last = LastLink::follow);
 
 /// The same place as a path of the device, without links and "..".
-std::optional<std::string> resolved_device_path(std::string_view device_path, LastLink last = LastLink::follow);
+std::optional<std::string> resolved_device_path(std::string_view device_path,
+                                                LastLink last = LastLink::follow);
 
 }  // namespace sim

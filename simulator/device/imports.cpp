@@ -1,5 +1,5 @@
-// What the imports of a library built for the device are bound to: classes, the few symbols that have another form
-// here, and otherwise what stands under the name in this module or in one that it is linked with.
+// What the imports of a library built for the device are bound to: classes, the few symbols that have another
+// form here, and otherwise what stands under the name in this module or in one that it is linked with.
 #include "device/imports.h"
 
 #include <dlfcn.h>
@@ -18,7 +18,8 @@ namespace {
 void clear_bytes(void* bytes, size_t count) { bzero(bytes, count); }
 
 void fill_with_pattern(void* bytes, const void* pattern, size_t count) {
-    for (size_t i = 0; i < count; ++i) static_cast<char*>(bytes)[i] = static_cast<const char*>(pattern)[i % 16];
+    for (size_t i = 0; i < count; ++i)
+        static_cast<char*>(bytes)[i] = static_cast<const char*>(pattern)[i % 16];
 }
 
 struct SineAndCosine {
@@ -27,7 +28,9 @@ struct SineAndCosine {
 SineAndCosine sine_and_cosine(double angle) { return {std::sin(angle), std::cos(angle)}; }
 
 // Everything is bound at load, so that the stub of the device's lazy binder is never run.
-[[noreturn]] void bind_lazily() { not_modelled("dyld_stub_binder", "imports are bound when the library is loaded"); }
+[[noreturn]] void bind_lazily() {
+    not_modelled("dyld_stub_binder", "imports are bound when the library is loaded");
+}
 
 Class class_of(id object) { return object_getClass(object); }
 

@@ -8,8 +8,8 @@ extern "C" {
 
 namespace sim {
 
-/// What is allocated in its scope counts as no leak: the runtime's and Foundation's tables, made at boot and kept in
-/// places that the checker does not see.
+/// What is allocated in its scope counts as no leak: the runtime's and Foundation's tables, made at boot and
+/// kept in places that the checker does not see.
 class LeakCheckingOff {
   public:
     LeakCheckingOff() {

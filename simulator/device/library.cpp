@@ -16,7 +16,9 @@
 namespace sim {
 namespace {
 
-constexpr std::string_view elf_magic = "\x7f" "ELF";
+constexpr std::string_view elf_magic =
+    "\x7f"
+    "ELF";
 constexpr std::string_view macho_magic = "\xcf\xfa\xed\xfe", fat_macho_magic = "\xca\xfe\xba\xbe";
 constexpr off_t largest_library = 256 << 20;
 
@@ -33,7 +35,8 @@ std::string read_whole(const std::string& path) {
                                         std::to_string(status.st_size) + " bytes");
     std::ifstream file(path, std::ios::binary);
     std::string contents{std::istreambuf_iterator<char>(file), {}};
-    if (!file.is_open() || file.bad()) throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it cannot be read");
+    if (!file.is_open() || file.bad())
+        throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it cannot be read");
     return contents;
 }
 
@@ -71,11 +74,13 @@ std::unique_ptr<Library> load_library(const std::string& host_path) {
     const std::string contents = read_whole(host_path);
     auto is = [&](std::string_view magic) { return contents.starts_with(magic); };
     if (!is(elf_magic) && !is(macho_magic) && !is(fat_macho_magic))
-        throw Refusal(SIM_BAD_FILE, "cannot load " + host_path + ": it is neither an ELF nor a Mach-O library");
+        throw Refusal(SIM_BAD_FILE,
+                      "cannot load " + host_path + ": it is neither an ELF nor a Mach-O library");
     char* real = realpath(host_path.c_str(), nullptr);
     const std::string path = real ? real : host_path;
     std::free(real);
-    if (loaded_paths().contains(path)) throw Refusal(SIM_MISUSE, "cannot load " + host_path + ": it is loaded already");
+    if (loaded_paths().contains(path))
+        throw Refusal(SIM_MISUSE, "cannot load " + host_path + ": it is loaded already");
     auto library = is(elf_magic) ? load_elf(path, contents) : load_macho(path, contents);
     loaded_paths().insert(path);
     return library;

@@ -17,8 +17,8 @@ class Library {
     /// The names of the classes that it defined, sorted.
     const std::vector<std::string>& classes() const { return classes_; }
 
-    /// What it exports under a name as C writes it, or null. `OBJC_CLASS_$_X` and `OBJC_METACLASS_$_X` of its own
-    /// classes are the runtime's classes.
+    /// What it exports under a name as C writes it, or null. `OBJC_CLASS_$_X` and `OBJC_METACLASS_$_X` of its
+    /// own classes are the runtime's classes.
     void* symbol(std::string_view name) const;
 
     /// The processor time that its initialisers took, in seconds.
@@ -26,7 +26,8 @@ class Library {
 
   protected:
     Library(std::vector<std::string> classes, double initialiser_seconds)
-        : classes_(std::move(classes)), initialiser_seconds_(initialiser_seconds) {}
+        : classes_(std::move(classes)),
+          initialiser_seconds_(initialiser_seconds) {}
 
   private:
     virtual void* exported(const std::string& name) const = 0;
@@ -34,9 +35,9 @@ class Library {
     double initialiser_seconds_;
 };
 
-/// Loads the library at a path of the host as the injection framework does: its classes are registered, then its
-/// initialisers run. The file's first bytes tell ELF and Mach-O apart. Throws a Refusal; an Objective-C exception
-/// of an initialiser comes through.
+/// Loads the library at a path of the host as the injection framework does: its classes are registered, then
+/// its initialisers run. The file's first bytes tell ELF and Mach-O apart. Throws a Refusal; an Objective-C
+/// exception of an initialiser comes through.
 std::unique_ptr<Library> load_library(const std::string& host_path);
 
 /// The two kinds. `contents` are the file's.

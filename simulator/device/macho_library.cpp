@@ -14,7 +14,8 @@ namespace {
 class MachoLibrary final : public Library {
   public:
     MachoLibrary(macho::Image image, std::vector<std::string> classes, double initialiser_seconds)
-        : Library(std::move(classes), initialiser_seconds), image_(std::move(image)) {}
+        : Library(std::move(classes), initialiser_seconds),
+          image_(std::move(image)) {}
 
   private:
     void* exported(const std::string& name) const override { return image_.symbol(name); }
@@ -26,9 +27,8 @@ class MachoLibrary final : public Library {
 
 std::unique_ptr<Library> load_macho(const std::string& host_path, std::string_view contents) try {
     const std::span file(reinterpret_cast<const uint8_t*>(contents.data()), contents.size());
-    auto image = macho::Image::load_bytes(file, host_path, [](const macho::Import& import) {
-        return resolve_import(import.symbol);
-    });
+    auto image = macho::Image::load_bytes(
+        file, host_path, [](const macho::Import& import) { return resolve_import(import.symbol); });
     auto classes = macho::import_classes(image).registered;
     std::sort(classes.begin(), classes.end());
     const double seconds = processor_seconds([&] { image.run_initialisers(); });

@@ -26,7 +26,9 @@ struct NilArguments : objc::Implements<NilArguments, SIMNilArguments> {
 
 struct ProcessInfo : NSProcessInfo {
     NSArray* no_arguments() { return NSArray::class_send<"array", NSArray*>(); }
-    NSArray* nil_arguments() { return SIMNilArguments::class_send<"new", objc::strong<NSArray>>().autoreleased(); }
+    NSArray* nil_arguments() {
+        return SIMNilArguments::class_send<"new", objc::strong<NSArray>>().autoreleased();
+    }
 };
 
 }  // namespace

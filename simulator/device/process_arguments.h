@@ -10,8 +10,8 @@ enum class ClaimedArguments {
     nil,         ///< one element, which is nil
 };
 
-/// Starts Foundation with the executable's path as what was run, and makes NSProcessInfo answer the arguments.
-/// Comes before anything else that touches Foundation.
+/// Starts Foundation with the executable's path as what was run, and makes NSProcessInfo answer the
+/// arguments. Comes before anything else that touches Foundation.
 void start_foundation(const std::string& executable, ClaimedArguments);
 
 }  // namespace sim

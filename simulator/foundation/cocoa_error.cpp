@@ -17,26 +17,26 @@ NSError* error(CocoaError code, NSDictionary* user_info) {
 CocoaError read_error(int posix_error) {
     switch (posix_error) {
         case ENOENT:
-        case ENOTDIR:      return CocoaError::read_no_such_file;
+        case ENOTDIR: return CocoaError::read_no_such_file;
         case EACCES:
-        case EPERM:        return CocoaError::read_no_permission;
+        case EPERM: return CocoaError::read_no_permission;
         case ENAMETOOLONG: return CocoaError::read_invalid_file_name;
-        default:           return CocoaError::read_unknown;
+        default: return CocoaError::read_unknown;
     }
 }
 
 CocoaError write_error(int posix_error) {
     switch (posix_error) {
         case ENOENT:
-        case ENOTDIR:      return CocoaError::no_such_file;
+        case ENOTDIR: return CocoaError::no_such_file;
         case EACCES:
-        case EPERM:        return CocoaError::write_no_permission;
-        case EEXIST:       return CocoaError::write_file_exists;
+        case EPERM: return CocoaError::write_no_permission;
+        case EEXIST: return CocoaError::write_file_exists;
         case ENAMETOOLONG: return CocoaError::write_invalid_file_name;
         case ENOSPC:
-        case EDQUOT:       return CocoaError::write_out_of_space;
-        case EROFS:        return CocoaError::write_volume_read_only;
-        default:           return CocoaError::write_unknown;
+        case EDQUOT: return CocoaError::write_out_of_space;
+        case EROFS: return CocoaError::write_volume_read_only;
+        default: return CocoaError::write_unknown;
     }
 }
 

@@ -25,7 +25,9 @@ struct DataFiles : NSData {
         }
         return initialised(this, contents);
     }
-    NSData* initWithContentsOfFile(NSString* path) { return initWithContentsOfFileOptionsError(path, 0, nullptr); }
+    NSData* initWithContentsOfFile(NSString* path) {
+        return initWithContentsOfFileOptionsError(path, 0, nullptr);
+    }
 
     NSData* initWithContentsOfURLOptionsError(NSURL* url, NSUInteger options, NSError** error) {
         if (NSString* path = path_of(url)) return initWithContentsOfFileOptionsError(path, options, error);
@@ -35,7 +37,8 @@ struct DataFiles : NSData {
     }
     NSData* initWithContentsOfURL(NSURL* url) { return initWithContentsOfURLOptionsError(url, 0, nullptr); }
 
-    static NSData* dataWithContentsOfFileOptionsError(Class self, NSString* path, NSUInteger options, NSError** error) {
+    static NSData* dataWithContentsOfFileOptionsError(Class self, NSString* path, NSUInteger options,
+                                                      NSError** error) {
         using Made = objc::strong<NSData>;
         NSData* data = objc::send<"alloc", NSData*>(reinterpret_cast<id>(self));
         return data->send<"initWithContentsOfFile:options:error:", Made>(path, options, error).autoreleased();
@@ -43,7 +46,8 @@ struct DataFiles : NSData {
     static NSData* dataWithContentsOfFile(Class self, NSString* path) {
         return dataWithContentsOfFileOptionsError(self, path, 0, nullptr);
     }
-    static NSData* dataWithContentsOfURLOptionsError(Class self, NSURL* url, NSUInteger options, NSError** error) {
+    static NSData* dataWithContentsOfURLOptionsError(Class self, NSURL* url, NSUInteger options,
+                                                     NSError** error) {
         using Made = objc::strong<NSData>;
         NSData* data = objc::send<"alloc", NSData*>(reinterpret_cast<id>(self));
         return data->send<"initWithContentsOfURL:options:error:", Made>(url, options, error).autoreleased();
@@ -78,14 +82,18 @@ void mend_data_files() {
     Class data = NSData::class_object();
     mend_everywhere<"initWithContentsOfFile:", &DataFiles::initWithContentsOfFile>(data);
     mend_everywhere<"initWithContentsOfMappedFile:", &DataFiles::initWithContentsOfFile>(data);
-    mend_everywhere<"initWithContentsOfFile:options:error:", &DataFiles::initWithContentsOfFileOptionsError>(data);
+    mend_everywhere<"initWithContentsOfFile:options:error:", &DataFiles::initWithContentsOfFileOptionsError>(
+        data);
     mend_everywhere<"initWithContentsOfURL:", &DataFiles::initWithContentsOfURL>(data);
-    mend_everywhere<"initWithContentsOfURL:options:error:", &DataFiles::initWithContentsOfURLOptionsError>(data);
+    mend_everywhere<"initWithContentsOfURL:options:error:", &DataFiles::initWithContentsOfURLOptionsError>(
+        data);
     mend_everywhere<"dataWithContentsOfFile:", &DataFiles::dataWithContentsOfFile>(data);
     mend_everywhere<"dataWithContentsOfMappedFile:", &DataFiles::dataWithContentsOfFile>(data);
-    mend_everywhere<"dataWithContentsOfFile:options:error:", &DataFiles::dataWithContentsOfFileOptionsError>(data);
+    mend_everywhere<"dataWithContentsOfFile:options:error:", &DataFiles::dataWithContentsOfFileOptionsError>(
+        data);
     mend_everywhere<"dataWithContentsOfURL:", &DataFiles::dataWithContentsOfURL>(data);
-    mend_everywhere<"dataWithContentsOfURL:options:error:", &DataFiles::dataWithContentsOfURLOptionsError>(data);
+    mend_everywhere<"dataWithContentsOfURL:options:error:", &DataFiles::dataWithContentsOfURLOptionsError>(
+        data);
     mend_everywhere<"writeToFile:atomically:", &DataFiles::writeToFile>(data);
     mend_everywhere<"writeToFile:options:error:", &DataFiles::writeToFileOptionsError>(data);
     mend_everywhere<"writeToURL:atomically:", &DataFiles::writeToURL>(data);

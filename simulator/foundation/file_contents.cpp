@@ -105,7 +105,7 @@ int write_file(NSString* device_path, std::string_view contents, Writing writing
     switch (writing) {
         case Writing::in_place: return write_to(*path, contents, O_TRUNC);
         case Writing::new_only: return write_to(*path, contents, O_EXCL);
-        case Writing::atomic:   return write_atomically(*path, contents);
+        case Writing::atomic: return write_atomically(*path, contents);
     }
     __builtin_unreachable();
 }

@@ -41,15 +41,18 @@ std::optional<fs::perms> permissions_of(NSDictionary* attributes) {
     const NSUInteger count = attributes ? attributes->send<"count", NSUInteger>() : 0;
     if (!count) return std::nullopt;
     id permissions = attributes->objectForKey("NSFilePosixPermissions"_ns);
-    if (!permissions || count > 1) not_modelled("NSFileManager", "create…", "attributes other than permissions are given");
+    if (!permissions || count > 1)
+        not_modelled("NSFileManager", "create…", "attributes other than permissions are given");
     return fs::perms(objc::send<"unsignedIntValue", unsigned>(permissions)) & fs::perms::mask;
 }
 
-/// The links along both paths and at the end of the target's are followed, those at the end of the source's kept.
+/// The links along both paths and at the end of the target's are followed, those at the end of the source's
+/// kept.
 struct Journey {
     std::optional<std::string> from, to;
     Journey(NSString* source, NSString* destination)
-        : from(host_path_of(source, LastLink::keep)), to(host_path_of(destination, LastLink::keep)) {}
+        : from(host_path_of(source, LastLink::keep)),
+          to(host_path_of(destination, LastLink::keep)) {}
 
     /// What forbids it, as an errno value; 0 if nothing does.
     int obstacle() const {
@@ -95,7 +98,8 @@ struct Manager : NSFileManager {
             return obstacle == EEXIST ? failed_to_write(error, source, obstacle)
                                       : failed_to_read(error, source, obstacle);
         std::error_code failure;
-        fs::copy(*journey.from, *journey.to, fs::copy_options::recursive | fs::copy_options::copy_symlinks, failure);
+        fs::copy(*journey.from, *journey.to, fs::copy_options::recursive | fs::copy_options::copy_symlinks,
+                 failure);
         return !failure || failed_to_write(error, source, failure.value());
     }
 
@@ -183,7 +187,8 @@ void mend_file_manager() {
     mend<"removeItemAtPath:error:", &Manager::removeItem>(manager);
     mend<"moveItemAtPath:toPath:error:", &Manager::moveItem>(manager);
     mend<"copyItemAtPath:toPath:error:", &Manager::copyItem>(manager);
-    mend<"createDirectoryAtPath:withIntermediateDirectories:attributes:error:", &Manager::createDirectory>(manager);
+    mend<"createDirectoryAtPath:withIntermediateDirectories:attributes:error:", &Manager::createDirectory>(
+        manager);
     mend<"createFileAtPath:contents:attributes:", &Manager::createFile>(manager);
     mend<"contentsAtPath:", &Manager::contents>(manager);
     mend<"contentsOfDirectoryAtPath:error:", &Manager::contentsOfDirectory>(manager);

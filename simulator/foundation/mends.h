@@ -1,4 +1,5 @@
-// Where Foundation on Linux differs from the device's, it is mended; each kind of difference in a file of its own.
+// Where Foundation on Linux differs from the device's, it is mended; each kind of difference in a file of its
+// own.
 #pragma once
 
 namespace sim {

@@ -1,5 +1,5 @@
-// NSNumber: real numbers beyond the range of an integer become the nearest one, and no number 0, as the device's
-// processor converts them. Foundation on Linux leaves it to the compiler, which promises nothing.
+// NSNumber: real numbers beyond the range of an integer become the nearest one, and no number 0, as the
+// device's processor converts them. Foundation on Linux leaves it to the compiler, which promises nothing.
 #include <limits>
 
 #include "foundation/mends.h"

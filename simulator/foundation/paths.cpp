@@ -1,5 +1,5 @@
-// Paths of Foundation are paths of the device: the one place where Foundation turns a path into bytes for the host
-// answers a path inside the root folder, so that whatever is built on it stays inside.
+// Paths of Foundation are paths of the device: the one place where Foundation turns a path into bytes for the
+// host answers a path inside the root folder, so that whatever is built on it stays inside.
 #include "foundation/paths.h"
 
 #include "foundation/file_contents.h"
@@ -37,7 +37,8 @@ struct Path : NSString {
         const auto path = utf8_of(this);
         const auto device_path = path && path->starts_with('/') ? resolved_device_path(*path) : std::nullopt;
         if (!device_path) return this;
-        if (device_path->size() > 1 && device_path->ends_with('/')) return string_of(device_path->substr(0, device_path->size() - 1));
+        if (device_path->size() > 1 && device_path->ends_with('/'))
+            return string_of(device_path->substr(0, device_path->size() - 1));
         return string_of(*device_path);
     }
 };
@@ -61,7 +62,8 @@ void mend_paths() {
     mend<"currentDirectoryPath", &Manager::currentDirectoryPath>(manager);
     mend<"changeCurrentDirectoryPath:", &Manager::changeCurrentDirectoryPath>(manager);
     mend<"stringByResolvingSymlinksInPath", &Path::resolved>(NSString::class_object());
-    previous_next_object = mend<"nextObject", &Enumerator::nextObject>(objc_getClass("NSDirectoryEnumerator"));
+    previous_next_object =
+        mend<"nextObject", &Enumerator::nextObject>(objc_getClass("NSDirectoryEnumerator"));
 }
 
 }  // namespace sim

@@ -1,12 +1,11 @@
 // NSPropertyListSerialization, and the collections' own ways to and from property-list files.
-#include "foundation/property_list/reader.h"
-#include "foundation/property_list/writer.h"
-
 #include <optional>
 
 #include "foundation/cocoa_error.h"
 #include "foundation/file_contents.h"
 #include "foundation/mends.h"
+#include "foundation/property_list/reader.h"
+#include "foundation/property_list/writer.h"
 #include "runtime/method_replacement.h"
 #include "runtime/not_modelled.h"
 
@@ -35,8 +34,9 @@ plist::Value read(std::string_view bytes, plist::Mutability mutability, Format* 
 }
 
 plist::Mutability mutability_of(NSUInteger options) {
-    if (options > 2) not_modelled("NSPropertyListSerialization", "propertyListWithData:options:format:error:",
-                                  "these options are unknown");
+    if (options > 2)
+        not_modelled("NSPropertyListSerialization",
+                     "propertyListWithData:options:format:error:", "these options are unknown");
     return static_cast<plist::Mutability>(options);
 }
 
@@ -59,7 +59,8 @@ struct Serialization : NSPropertyListSerialization {
     }
 
     /// The older form, whose error is a text.
-    static id readDataOrText(Class self, NSData* data, NSUInteger options, NSUInteger* format, NSString** text) {
+    static id readDataOrText(Class self, NSData* data, NSUInteger options, NSUInteger* format,
+                             NSString** text) {
         NSError* error = nullptr;
         id root = readData(self, data, options, format, &error);
         if (!root && text) {
@@ -72,16 +73,18 @@ struct Serialization : NSPropertyListSerialization {
 
     static NSData* writeData(Class, id list, NSUInteger format, NSUInteger, NSError** error) {
         if (auto fault = plist::fault_of(list)) {
-            fail(error, [&] { return described_error(CocoaError::property_list_write, refusal(*fault, format)); });
+            fail(error,
+                 [&] { return described_error(CocoaError::property_list_write, refusal(*fault, format)); });
             return nullptr;
         }
         switch (static_cast<Format>(format)) {
-            case Format::xml:    return data_of(plist::xml_of(list));
+            case Format::xml: return data_of(plist::xml_of(list));
             case Format::binary: return data_of(plist::binary_of(list));
-            default:             break;
+            default: break;
         }
         fail(error, [] {
-            return described_error(CocoaError::property_list_write, "this format can be read and not be written");
+            return described_error(CocoaError::property_list_write,
+                                   "this format can be read and not be written");
         });
         return nullptr;
     }
@@ -92,7 +95,8 @@ struct Serialization : NSPropertyListSerialization {
 /// The errno value or other fault with which a collection was not written; nothing when it was.
 NSError* write_list(id list, NSString* path) {
     if (auto fault = plist::fault_of(list))
-        return described_error(CocoaError::property_list_write, refusal(*fault, static_cast<NSUInteger>(Format::xml)));
+        return described_error(CocoaError::property_list_write,
+                               refusal(*fault, static_cast<NSUInteger>(Format::xml)));
     const int failure = write_file(path, plist::xml_of(list), Writing::atomic);
     return failure ? file_error(write_error(failure), path, failure) : nullptr;
 }
@@ -104,7 +108,8 @@ struct ListFiles : Collection {
 
     bool writeToURLError(NSURL* url, NSError** error) {
         NSString* path = path_of(url);
-        NSError* failure = path ? write_list(this, path) : file_error(CocoaError::write_unsupported_scheme, nullptr, 0);
+        NSError* failure =
+            path ? write_list(this, path) : file_error(CocoaError::write_unsupported_scheme, nullptr, 0);
         return !failure || fail(error, [&] { return failure; });
     }
     bool writeToURL(NSURL* url, bool) { return writeToURLError(url, nullptr); }
@@ -125,7 +130,9 @@ struct ListFiles : Collection {
         return nullptr;
     }
     Collection* initWithContentsOfFile(NSString* path) { return read_from(path, nullptr); }
-    Collection* initWithContentsOfURLError(NSURL* url, NSError** error) { return read_from(path_of(url), error); }
+    Collection* initWithContentsOfURLError(NSURL* url, NSError** error) {
+        return read_from(path_of(url), error);
+    }
     Collection* initWithContentsOfURL(NSURL* url) { return read_from(path_of(url), nullptr); }
 };
 

@@ -15,8 +15,8 @@ using namespace objc::literals;
 
 bool is_digit(char16_t unit) { return unit >= '0' && unit <= '9'; }
 
-/// The number at the front of the text, behind space and a sign; 0 without one. There is no hexadecimal form, and
-/// no word is a number.
+/// The number at the front of the text, behind space and a sign; 0 without one. There is no hexadecimal form,
+/// and no word is a number.
 double leading_number(NSString* text) {
     NSUInteger at = 0;
     const NSUInteger length = text->length();
@@ -40,13 +40,16 @@ double leading_number(NSString* text) {
     if (!any) return 0;
     if (unit() == 'e' || unit() == 'E') {
         take();
-        if (unit() == '-') take();
-        else if (unit() == '+') ++at;
+        if (unit() == '-')
+            take();
+        else if (unit() == '+')
+            ++at;
         if (!is_digit(unit())) digits.resize(digits.find_first_of("eE"));
         take_digits();
     }
     double value = 0;
-    if (std::from_chars(digits.data(), digits.data() + digits.size(), value).ec == std::errc::result_out_of_range)
+    if (std::from_chars(digits.data(), digits.data() + digits.size(), value).ec ==
+        std::errc::result_out_of_range)
         value = std::strtod(digits.c_str(), nullptr);  // infinity, or next to nothing
     return negative ? -value : value;
 }
@@ -68,7 +71,7 @@ struct Text : NSString {
             objc::send<"raise">(exception);
         }
         return objc::Previous<NSString*(NSString*)>(previous_append, this,
-                                                     objc::selector<"stringByAppendingString:">())(tail);
+                                                    objc::selector<"stringByAppendingString:">())(tail);
     }
 
     static inline constinit IMP previous_append = nullptr;

@@ -8,8 +8,8 @@
 
 namespace sim {
 
-/// The string as UTF-8, zero bytes included. Nothing for nil, and for a string that holds half of a character, which
-/// Foundation's own conversion raises an exception for.
+/// The string as UTF-8, zero bytes included. Nothing for nil, and for a string that holds half of a
+/// character, which Foundation's own conversion raises an exception for.
 std::optional<std::string> utf8_of(NSString* string);
 
 /// The string's UTF-16 units.

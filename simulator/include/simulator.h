@@ -4,12 +4,12 @@
  *     sim_library* library;
  *     if (sim_boot(&options) || sim_load("HuecraftiOS12.so", &library)) puts(sim_last_error());
  *
- * - Every function that can fail answers a sim_status and leaves one line in sim_last_error(). None of them ends
- *   the process for a caller's mistake, and no exception leaves them; an Objective-C exception inside becomes
- *   SIM_RAISED, with its name and reason in the line. What the model of the system does not do is another matter:
- *   that stops the process loudly.
- * - Texts are UTF-8 and zero-terminated. Texts and arrays given are copied; texts answered stay valid as long as
- *   what they belong to.
+ * - Every function that can fail answers a sim_status and leaves one line in sim_last_error(). None of them
+ * ends the process for a caller's mistake, and no exception leaves them; an Objective-C exception inside
+ * becomes SIM_RAISED, with its name and reason in the line. What the model of the system does not do is
+ * another matter: that stops the process loudly.
+ * - Texts are UTF-8 and zero-terminated. Texts and arrays given are copied; texts answered stay valid as long
+ * as what they belong to.
  * - "Host" paths are this machine's, "device" paths begin at the root folder given at boot.
  * - Everything is called on the thread that booted: it is the phone's main thread. */
 #ifndef HUECRAFT_SIMULATOR_H
@@ -26,11 +26,13 @@ extern "C" {
 
 typedef enum sim_status {
     SIM_OK = 0,
-    /* The call itself is wrong: NULL where that is not allowed, a number out of range, before boot, or booted twice. */
+    /* The call itself is wrong: NULL where that is not allowed, a number out of range, before boot, or booted
+       twice. */
     SIM_MISUSE = 1,
     /* What was named does not exist: a file, a class, a symbol, a key plane. */
     SIM_NOT_FOUND = 2,
-    /* A file exists but cannot be read, written or used: not a library, or one that needs what the model lacks. */
+    /* A file exists but cannot be read, written or used: not a library, or one that needs what the model
+       lacks. */
     SIM_BAD_FILE = 3,
     /* An Objective-C exception was raised. */
     SIM_RAISED = 4,
@@ -41,7 +43,8 @@ typedef enum sim_status {
 /* What the last call that failed says, in one line; "" when none has. Valid until the next call. */
 SIM_API const char* sim_last_error(void);
 
-/* ---- Boot ---------------------------------------------------------------------------------------------------- */
+/* ---- Boot
+ * ---------------------------------------------------------------------------------------------------- */
 
 /* The argument vector that the process claims to have. */
 typedef enum sim_arguments {
@@ -57,8 +60,8 @@ typedef struct sim_options {
     /* The host folder that plays the device's file system. Nothing outside it is read or written in the
      * device's name. */
     const char* root;
-    /* The device path of the executable that the process claims to run: /Applications/Notes.app/Notes. It need
-     * not exist. */
+    /* The device path of the executable that the process claims to run: /Applications/Notes.app/Notes. It
+     * need not exist. */
     const char* executable;
     sim_arguments arguments;
     /* "12.4" */
@@ -66,25 +69,26 @@ typedef struct sim_options {
     /* The screen in points, portrait, and its pixels per point (1, 2 or 3): 375 x 667 at 2. */
     double screen_width, screen_height;
     int screen_scale;
-    /* Classes of the system to leave out, together with their subclasses; ends with NULL. The caller may register
-     * classes of its own under their names. */
+    /* Classes of the system to leave out, together with their subclasses; ends with NULL. The caller may
+     * register classes of its own under their names. */
     const char* const* left_out_classes;
 } sim_options;
 
 /* Switches the phone on: once per process. */
 SIM_API sim_status sim_boot(const sim_options* options);
 
-/* ---- The library --------------------------------------------------------------------------------------------- */
+/* ---- The library
+ * --------------------------------------------------------------------------------------------- */
 
 typedef struct sim_library sim_library;
 
-/* Loads a build of the library from a host path, an ELF shared object or a Mach-O dylib, which the contents tell
- * apart. Its classes are registered and its initialisers run, as when the injection framework loads it. A library is
- * never unloaded, and cannot be loaded twice. */
+/* Loads a build of the library from a host path, an ELF shared object or a Mach-O dylib, which the contents
+ * tell apart. Its classes are registered and its initialisers run, as when the injection framework loads it.
+ * A library is never unloaded, and cannot be loaded twice. */
 SIM_API sim_status sim_load(const char* host_path, sim_library** library);
 
-/* The address of an exported symbol, named as in C: "kGradientLeft", "OBJC_CLASS_$_HCView". A class of that symbol is
- * answered as the runtime knows it, in both builds. */
+/* The address of an exported symbol, named as in C: "kGradientLeft", "OBJC_CLASS_$_HCView". A class of that
+ * symbol is answered as the runtime knows it, in both builds. */
 SIM_API sim_status sim_symbol(const sim_library* library, const char* name, void** address);
 
 /* The names of the classes that the library defined, sorted. */
@@ -92,11 +96,12 @@ SIM_API size_t sim_class_count(const sim_library* library);
 /* NULL beyond the end. */
 SIM_API const char* sim_class_name(const sim_library* library, size_t index);
 
-/* The processor time in seconds that the initialisers took when the library was loaded. Of an ELF build it is the time of
- * loading as a whole, which the dynamic linker does not divide. */
+/* The processor time in seconds that the initialisers took when the library was loaded. Of an ELF build it is
+ * the time of loading as a whole, which the dynamic linker does not divide. */
 SIM_API sim_status sim_initialiser_time(const sim_library* library, double* seconds);
 
-/* ---- What the library installed ------------------------------------------------------------------------------- */
+/* ---- What the library installed
+ * ------------------------------------------------------------------------------- */
 
 typedef enum sim_call_kind {
     SIM_HOOK_MESSAGE = 0,  /* MSHookMessageEx */
@@ -121,7 +126,8 @@ typedef struct sim_installing_call {
 SIM_API size_t sim_installing_call_count(void);
 SIM_API sim_status sim_installing_call_at(size_t index, sim_installing_call* call);
 
-/* ---- The keyboard ---------------------------------------------------------------------------------------------- */
+/* ---- The keyboard
+ * ---------------------------------------------------------------------------------------------- */
 
 typedef enum sim_colour_model {
     SIM_COLOUR_NONE = 0, /* the system answers no colour */

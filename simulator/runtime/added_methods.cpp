@@ -1,6 +1,8 @@
 // class_addMethod, with a record of the methods that a library adds to classes that exist.
 #include <dlfcn.h>
 
+#include <cstring>
+
 #include "runtime/exported.h"
 #include "runtime/installing_calls.h"
 #include "runtime/method_replacement.h"
@@ -10,8 +12,8 @@ extern "C" BOOL NSDecrementExtraRefCountWasZero(id);
 namespace sim {
 namespace {
 
-/// Foundation puts its class clusters together in this way when they are first used, at whatever moment: several
-/// hundred methods, so that where it lies is looked up once.
+/// Foundation puts its class clusters together in this way when they are first used, at whatever moment:
+/// several hundred methods, so that where it lies is looked up once.
 bool is_in_foundation(const void* address) {
     static const auto foundation = [] {
         dl_find_object found{};
@@ -34,6 +36,7 @@ bool is_registered(Class owner) {
 SIM_EXPORTED BOOL class_addMethod(Class owner, SEL selector, IMP implementation, const char* types) {
     const bool added = owner && sim::add_method(owner, selector, implementation, types);
     if ((!owner || sim::is_registered(owner)) && !sim::is_in_foundation(__builtin_return_address(0)))
-        record(method_call(sim::InstallingCall::Kind::add_method, owner, selector, types, added));
+        record(method_call(sim::InstallingCall::Kind::add_method, owner, selector,
+                           types ? strdup(types) : nullptr, added));
     return added;
 }

@@ -27,12 +27,12 @@ class Association {
     Association() = default;
     Association(id value, uintptr_t policy) : value_(value), policy_(policy) {
         switch (policy) {
-            case policy_assign:           break;
+            case policy_assign: break;
             case policy_retain_nonatomic:
-            case policy_retain:           objc_retain(value_); break;
+            case policy_retain: objc_retain(value_); break;
             case policy_copy_nonatomic:
-            case policy_copy:             value_ = objc::send<"copy", id>(value_); break;
-            default:                      not_modelled("objc_setAssociatedObject", "the policy is unknown");
+            case policy_copy: value_ = objc::send<"copy", id>(value_); break;
+            default: not_modelled("objc_setAssociatedObject", "the policy is unknown");
         }
     }
     Association(Association&& other) noexcept { *this = std::move(other); }

@@ -1,5 +1,5 @@
-// Blocks: how they are copied and let go of, and the classes that make objects of them. Foundation's own calls come
-// here too, since these symbols stand before its own.
+// Blocks: how they are copied and let go of, and the classes that make objects of them. Foundation's own
+// calls come here too, since these symbols stand before its own.
 #include <atomic>
 #include <cstdlib>
 #include <cstring>

@@ -1,4 +1,5 @@
-// __NSCFConstantString: the strings that the platform's compiler writes into a dylib, as strings of Foundation.
+// __NSCFConstantString: the strings that the platform's compiler writes into a dylib, as strings of
+// Foundation.
 #include "objc/class.h"
 #include "platform/foundation.h"
 

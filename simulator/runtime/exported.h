@@ -1,4 +1,5 @@
-// What leaves the simulator's shared object: the C interface and the system functions that the library imports.
+// What leaves the simulator's shared object: the C interface and the system functions that the library
+// imports.
 #pragma once
 
 /// Marks a function that other modules find by its symbol; everything else is hidden:

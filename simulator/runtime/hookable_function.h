@@ -5,8 +5,8 @@
 namespace sim {
 
 /// A function whose symbol only calls what stands in its slot. On the device any function can be replaced, by
-/// rewriting its first instructions; here MSHookFunction knows the functions of this kind and stops the process
-/// for any other address.
+/// rewriting its first instructions; here MSHookFunction knows the functions of this kind and stops the
+/// process for any other address.
 class Hookable {
   public:
     const char* name() const { return name_; }
@@ -26,8 +26,10 @@ class Hookable {
 /// Written beside the function, and listed for MSHookFunction:
 ///
 ///     CGColorRef system_named_colour(NSString* name) { … }
-///     constinit sim::HookableFunction named_colour("UIKBGetNamedColor", &UIKBGetNamedColor, &system_named_colour);
-///     [[gnu::used, gnu::section("hookable_functions")]] constinit sim::Hookable* const listed = &named_colour;
+///     constinit sim::HookableFunction named_colour("UIKBGetNamedColor", &UIKBGetNamedColor,
+///     &system_named_colour);
+///     [[gnu::used, gnu::section("hookable_functions")]] constinit sim::Hookable* const listed =
+///     &named_colour;
 ///
 ///     SIM_EXPORTED CGColorRef UIKBGetNamedColor(NSString* name) { return named_colour(name); }
 template <class Result, class... Arguments>
@@ -36,7 +38,9 @@ class HookableFunction final : public Hookable {
     using Function = Result(Arguments...);
 
     constexpr HookableFunction(const char* name, Function* symbol, Function* body)
-        : Hookable(name), symbol_(symbol), current_(body) {}
+        : Hookable(name),
+          symbol_(symbol),
+          current_(body) {}
 
     Result operator()(Arguments... arguments) const {
         return current_.load(std::memory_order_acquire)(arguments...);

@@ -1,6 +1,5 @@
 // The injection framework's two operations: replacing a method of one class, and replacing a function.
 #include "platform/substrate.h"
-
 #include "runtime/exported.h"
 #include "runtime/hookable_function.h"
 #include "runtime/installing_calls.h"
@@ -32,7 +31,7 @@ SIM_EXPORTED void MSHookMessageEx(Class owner, SEL selector, IMP replacement, IM
     const char* types = method ? method_getTypeEncoding(method) : nullptr;
     // The slot is filled before the replacement can run.
     if (method && previous) *previous = method_getImplementation(method);
-    if (method) sim::replace_method(owner, selector, replacement);
+    if (method) sim::replace_method(owner, method, replacement);
     record(method_call(InstallingCall::Kind::hook_message, owner, selector, types, method != nullptr));
 }
 
@@ -40,5 +39,5 @@ SIM_EXPORTED void MSHookFunction(void* symbol, void* replacement, void** previou
     sim::Hookable& function = sim::hookable_at(symbol);
     if (previous) *previous = function.current();
     function.replace(replacement);
-    sim::record({InstallingCall::Kind::hook_function, {}, false, function.name(), {}, true});
+    sim::record({.kind = InstallingCall::Kind::hook_function, .name = function.name(), .took_effect = true});
 }

@@ -52,11 +52,15 @@ bool add_method(Class owner, SEL selector, IMP implementation, const char* types
 
 IMP replace_method(Class owner, SEL selector, IMP replacement) {
     Method method = class_getInstanceMethod(owner, selector);
-    if (!method) return nullptr;
+    return method ? replace_method(owner, method, replacement) : nullptr;
+}
+
+IMP replace_method(Class owner, Method method, IMP replacement) {
     IMP previous = method_getImplementation(method);
-    if (add_method(owner, selector, replacement, method_getTypeEncoding(method))) return previous;
-    // method_setImplementation would search all methods of all classes for others to update, and still leave the
-    // tables of subclasses that have been used as they were.
+    if (add_method(owner, method_getName(method), replacement, method_getTypeEncoding(method)))
+        return previous;
+    // method_setImplementation would search all methods of all classes for others to update, and still leave
+    // the tables of subclasses that have been used as they were.
     reinterpret_cast<MethodEntry*>(method)->implementation = replacement;
     __objc_update_dispatch_table_for_class(owner);
     return previous;

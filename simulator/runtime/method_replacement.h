@@ -6,17 +6,20 @@
 
 namespace sim {
 
-/// Makes `replacement` what `owner` and its subclasses do; where the method is inherited, the superclass keeps
-/// what it has. Answers the previous implementation, or null, and nothing happens, where there was no method.
+/// Makes `replacement` what `owner` and its subclasses do; where the method is inherited, the superclass
+/// keeps what it has. Answers the previous implementation, or null, and nothing happens, where there was no
+/// method.
 IMP replace_method(Class owner, SEL selector, IMP replacement);
+/// The same, of a method that the class has or inherits.
+IMP replace_method(Class owner, Method method, IMP replacement);
 
 /// libobjc's class_addMethod: false, and nothing happens, if the class has a method of its own. The exported
 /// function of that name keeps a record besides, which the simulator's own additions are none of.
 bool add_method(Class owner, SEL selector, IMP implementation, const char* types);
 
-/// Gives a class of Foundation the C++ function as a method, in place of the one it has or in addition; answers
-/// the previous implementation or null. The function is a member function of an interface's subclass, or takes
-/// the Class first to be a class method:
+/// Gives a class of Foundation the C++ function as a method, in place of the one it has or in addition;
+/// answers the previous implementation or null. The function is a member function of an interface's subclass,
+/// or takes the Class first to be a class method:
 ///
 ///     struct Text : NSString {
 ///         int intValue() { … }
@@ -29,7 +32,8 @@ IMP mend(Class owner) {
     if (Entry::on_class) owner = object_getClass(reinterpret_cast<id>(owner));
     auto implementation = reinterpret_cast<IMP>(&Entry::call);
     IMP previous = replace_method(owner, objc::selector<Selector>(), implementation);
-    if (!previous) add_method(owner, objc::selector<Selector>(), implementation, objc::stored<Entry::types>.text);
+    if (!previous)
+        add_method(owner, objc::selector<Selector>(), implementation, objc::stored<Entry::types>.text);
     return previous;
 }
 

@@ -26,7 +26,8 @@ SIM_EXPORTED void dispatch_once_f(long* once, void* context, void (*function)(vo
     {
         std::unique_lock guard(lock);
         if (*once == token_of_this_thread())
-            sim::not_modelled("dispatch_once_f", "called from its own function, which waits for ever on the device");
+            sim::not_modelled("dispatch_once_f",
+                              "called from its own function, which waits for ever on the device");
         finished.wait(guard, [once] { return *once == 0 || *once == done; });
         if (*once == done) return;
         *once = token_of_this_thread();

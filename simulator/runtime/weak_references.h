@@ -1,4 +1,5 @@
-// Zeroing weak references: variables that are cleared in the same step in which their object's last reference goes.
+// Zeroing weak references: variables that are cleared in the same step in which their object's last reference
+// goes.
 #pragma once
 #include "objc/runtime.h"
 

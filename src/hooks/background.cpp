@@ -1,13 +1,43 @@
 // The keyboard's background: the themed view inside a system backdrop.
 #include "hooks/background.h"
 
-#include "objc/strong.h"
+#include "hooks/shared_preferences.h"
+#include "model/HCCITool.h"
+#include "objc/fast_enumeration.h"
+#include "views/backdrops.h"
+#include "views/translucency.h"
 
 namespace hooks {
 
 namespace {
+
 constexpr uintptr_t retain_nonatomic = 1;  // the association policy
 const char active_background_key = 0;      // its address is the key
+
+/// What a theme's background can be. Any other number is none.
+enum BackgroundType : NSUInteger { flat = 1, gradient = 2, image = 3 };
+
+UIColor* first_or_clear(NSArray* colors) {
+    return colors->count() ? static_cast<UIColor*>(colors->objectAtIndex(0)) : UIColor::clearColor();
+}
+
+/// The theme image's average, at the theme's image alpha.
+UIColor* average_of_theme_image() {
+    return HCCITool::averageColorForImage(sharedPreferences->getImage())
+        ->colorWithAlphaComponent(sharedPreferences->getImageAlpha());
+}
+
+/// Keeps the view as the active one, and shows it over the whole content view.
+void show(UIView* themed, UIKBBackdropView* backdrop) {
+    themed->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+    backdrop->contentView()->addSubview(themed);
+}
+
+void take_out_active_background(UIKBBackdropView* backdrop) {
+    backdrop->activeBackgroundView()->removeFromSuperview();
+    backdrop->setActiveBackgroundView(nullptr);
+}
+
 }  // namespace
 
 id active_background_view(UIKBBackdropView* self) {
@@ -18,14 +48,99 @@ void set_active_background_view(UIKBBackdropView* self, id view) {
     objc_setAssociatedObject(self, &active_background_key, view, retain_nonatomic);
 }
 
+/// Every backdrop gets its themed view; with an image, its average colour only, since the pieces show the
+/// image.
+objc::strong<UIKBBackdropView> install_background(objc::Previous<BackdropInit> previous, UIKBBackdropView*,
+                                                  CGRect frame, NSInteger style) {
+    objc::strong<UIKBBackdropView> backdrop = previous(frame, style);
+    backdrop->setBackgroundColor(UIColor::clearColor());
+    NSArray* colors = sharedPreferences->getColors();
+    switch (sharedPreferences->getBackgroundType()) {
+        case image: backdrop->setBackgroundColor(average_of_theme_image()); break;
+        case gradient: {
+            auto* themed = _UIBackdropGradientView::backdropWithStyle(themed_backdrop_style);
+            themed->setDirection(static_cast<NSInteger>(sharedPreferences->getGradientDirection()));
+            themed->setColors(colors->count() ? colors : NSArray::arrayWithObject(UIColor::clearColor()));
+            backdrop->setActiveBackgroundView(themed);
+            break;
+        }
+        case flat: {
+            auto* themed = _UIBackdropColouredView::backdropWithStyle(themed_backdrop_style);
+            themed->setColor(first_or_clear(colors));
+            backdrop->setActiveBackgroundView(themed);
+            break;
+        }
+        default: {
+            auto* themed = _UIBackdropColouredView::backdropWithStyle(themed_backdrop_style);
+            themed->setColor(UIColor::clearColor());
+            themed->setAlpha(1.0);
+            backdrop->setActiveBackgroundView(themed);
+            break;
+        }
+    }
+    if (UIView* themed = backdrop->activeBackgroundView()) show(themed, backdrop);
+    return backdrop;
+}
+
+/// The visual-effect view gets no themed view, but a colour that comes near to the theme.
+objc::strong<UIKBBackdropView> approximate_background(objc::Previous<BackdropInit> previous,
+                                                      UIKBBackdropView*, CGRect frame, NSInteger style) {
+    static Class keyboardImplClass = nullptr;
+    constexpr NSInteger portrait = 1;
+    objc::strong<UIKBBackdropView> view = previous(frame, style);
+    NSArray* colors = sharedPreferences->getColors();
+    switch (sharedPreferences->getBackgroundType()) {
+        case image: view->setBackgroundColor(average_of_theme_image()); break;
+        case gradient: {
+            if (!keyboardImplClass) keyboardImplClass = objc_getClass("UIKeyboardImpl");
+            const auto size = objc::send<"keyboardSizeForInterfaceOrientation:", CGSize>(
+                reinterpret_cast<id>(keyboardImplClass), portrait);
+            auto* active = static_cast<_UIBackdropGradientView*>(view->activeBackgroundView());
+            view->setBackgroundColor(HCCITool::averageColorForImage(active->imageFromGradientOfSize(size)));
+            break;
+        }
+        case flat: view->setBackgroundColor(first_or_clear(colors)->colorWithAlphaComponent(1.0)); break;
+        default: view->setBackgroundColor(UIColor::clearColor()); break;
+    }
+    if (view->activeBackgroundView()) take_out_active_background(view);
+    return view;
+}
+
+/// An image background lies behind each piece of the input backdrop. One that is there already is not
+/// refreshed.
+UIKBBackdropView* put_image_behind(objc::Previous<UIKBBackdropView*()> previous, UIKBInputBackdropView*) {
+    UIKBBackdropView* piece = previous();
+    if (sharedPreferences->getBackgroundType() != image) return piece;
+    UIView* active = piece->activeBackgroundView();
+    if (active && !active->isKindOfClass(_UIBackdropImageView::class_object()))
+        take_out_active_background(piece);
+    if (piece->activeBackgroundView()) return piece;
+    auto* themed = _UIBackdropImageView::backdropWithStyle(themed_backdrop_style);
+    themed->setImage(sharedPreferences->getImage());
+    const double alpha = sharedPreferences->getImageAlpha();
+    if (is_translucent(alpha)) themed->setImageAlpha(alpha);
+    piece->setActiveBackgroundView(themed);
+    show(themed, piece);
+    piece->setBackgroundColor(UIColor::clearColor());
+    return piece;
+}
+
+/// A sibling that answers `initForUCB:` shows a background of its own: the pieces give theirs up.
+void strip_pieces(UIKBInputBackdropView* self) {
+    objc::for_each<NSObject>(self->superview()->subviews(), [self](NSObject* sibling) {
+        if (!sibling->respondsToSelector(objc::selector<"initForUCB:">())) return;
+        if (UIView* piece = self->inputBackdropFullView()) self->removeKBBackdropEffects(piece);
+        if (UIView* piece = self->inputBackdropLeftView()) self->removeKBBackdropEffects(piece);
+        if (UIView* piece = self->inputBackdropRightView()) self->removeKBBackdropEffects(piece);
+    });
+}
+
 void remove_backdrop_effects(UIKBInputBackdropView*, id piece) {
     static Class backdropViewClass = nullptr;
     if (!backdropViewClass) backdropViewClass = objc_getClass("UIKBBackdropView");
     if (!static_cast<NSObject*>(piece)->isKindOfClass(backdropViewClass)) return;
     auto* backdrop = static_cast<UIKBBackdropView*>(piece);
-    if (!backdrop->activeBackgroundView()) return;
-    backdrop->activeBackgroundView()->removeFromSuperview();
-    backdrop->setActiveBackgroundView(nullptr);
+    if (backdrop->activeBackgroundView()) take_out_active_background(backdrop);
 }
 
 }  // namespace hooks

@@ -4,6 +4,7 @@
 #include "hooks/background.h"
 #include "hooks/key_colours.h"
 #include "hooks/keyboard_cache.h"
+#include "hooks/switcher_accessory.h"
 #include "platform/substrate.h"
 
 namespace hooks {
@@ -27,9 +28,9 @@ constexpr TableRow table[] = {
 
     {themed,           hook<"-[UIKBBlurredKeyView initWithFrame:keyplane:key:]",              around<drop_language_indicator>>},
 
-    {themed,           hook<"-[UIInputSwitcherTableView layoutSubviews]",                     passes_through<void()>>},
-    {themed,           hook<"-[UIInputSwitcherTableCell initWithStyle:reuseIdentifier:]",     passes_through<id(NSInteger, id)>>},
-    {themed,           hook<"-[UIInputSwitcherTableCellSegmentView layoutSubviews]",          passes_through<void()>>},
+    {themed,           hook<"-[UIInputSwitcherTableView layoutSubviews]",                     after<tint_switcher>>},
+    {themed,           hook<"-[UIInputSwitcherTableCell initWithStyle:reuseIdentifier:]",     around<filter_switcher_label>>},
+    {themed,           hook<"-[UIInputSwitcherTableCellSegmentView layoutSubviews]",          after<tint_segment_images>>},
 
     {themed,           hook<"-[UIKeyboardEmojiSectionHeader setHeaderTextColor:]",            substitutes<void, pass_text_colour>>},
     {themed,           hook<"-[UIKeyboardEmojiSectionHeader setHeaderOpacity:]",              substitutes<void, pass_opaque>>},
@@ -43,14 +44,14 @@ constexpr TableRow table[] = {
     {themed,           hook<"-[UIKeyboardPredictionCell layoutSubviews]",                     after<highlight_active_cell>>},
     {themed,           hook<"-[UIKeyboardDockItemButton layoutSubviews]",                     after<tint_with_text_colour>>},
 
-    {themed,           hook<"-[UIKBBackdropView initWithFrame:style:]",                       passes_through<id(CGRect, NSInteger)>>},
+    {themed,           hook<"-[UIKBBackdropView initWithFrame:style:]",                       around<install_background>>},
     {themed,           hook<"-[UIKBBackdropView activeBackgroundView]",                       adds<active_background_view>>},
     {themed,           hook<"-[UIKBBackdropView setActiveBackgroundView:]",                   adds<set_active_background_view>>},
-    {themed,           hook<"-[UIKBVisualEffectView initWithFrame:style:]",                   passes_through<id(CGRect, NSInteger)>>},
-    {themed,           hook<"-[UIKBInputBackdropView inputBackdropFullView]",                 passes_through<id()>>},
-    {themed,           hook<"-[UIKBInputBackdropView inputBackdropLeftView]",                 passes_through<id()>>},
-    {themed,           hook<"-[UIKBInputBackdropView inputBackdropRightView]",                passes_through<id()>>},
-    {themed,           hook<"-[UIKBInputBackdropView layoutSubviews]",                        passes_through<void()>>},
+    {themed,           hook<"-[UIKBVisualEffectView initWithFrame:style:]",                   around<approximate_background>>},
+    {themed,           hook<"-[UIKBInputBackdropView inputBackdropFullView]",                 around<put_image_behind>>},
+    {themed,           hook<"-[UIKBInputBackdropView inputBackdropLeftView]",                 around<put_image_behind>>},
+    {themed,           hook<"-[UIKBInputBackdropView inputBackdropRightView]",                around<put_image_behind>>},
+    {themed,           hook<"-[UIKBInputBackdropView layoutSubviews]",                        after<strip_pieces>>},
     {themed,           hook<"-[UIKBInputBackdropView removeKBBackdropEffects:]",              adds<remove_backdrop_effects>>},
 
     {themed,           hook<"-[UIKBTextStyle textColor]",                                     around<text_colour_name_unless_emoji>>},
@@ -61,7 +62,7 @@ constexpr TableRow table[] = {
     {themed,           hook<"-[UIKBGradient initWithFlatColor:]",                             substitutes<id, pass_highlight_for_blue_key>>},
     {themed,           hook<"-[UIKBGradient initWithName:]",                                  substitutes<id, pass_highlight_for_blue_key>>},
 
-    {themed,           hook<"-[UIWebFormAccessory layoutSubviews]",                           passes_through<void()>>},
+    {themed,           hook<"-[UIWebFormAccessory layoutSubviews]",                           after<filter_toolbars>>},
 
     {themed,           hook<"-[UIKBEdgeEffect edges]",                                        answers<NSUInteger{0}>>},
     {themed,           hook<"+[UIKBEdgeEffect effectWithColor:edges:inset:weight:]",          substitutes<id, pass_no_edges_inset>>},

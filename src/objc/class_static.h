@@ -3,6 +3,10 @@
 #pragma once
 #include "objc/definition.h"
 
+// The sections are found by their names; the attribute is long, and stands often.
+#define OBJC_SECTION(name) gnu::section("__DATA," name)
+#define OBJC_CONST [[OBJC_SECTION("__objc_const")]] static constinit inline
+
 namespace objc {
 
 // Internal linkage throughout: nothing of the metadata but the class symbols leaves a unit.
@@ -12,10 +16,11 @@ struct ClassObject {
     const void *isa, *superclass, *cache, *vtable, *read_only;
 };
 struct ClassReadOnly {
-    uint32_t flags, instance_start, instance_size, reserved;
-    const void* strong_layout;
+    uint32_t flags = 0, instance_start, instance_size, reserved = 0;
+    const void* strong_layout = nullptr;
     const char* name;
-    const void *methods, *protocols, *variables, *weak_layout, *properties;
+    const void *methods = nullptr, *protocols = nullptr, *variables = nullptr, *weak_layout = nullptr,
+               *properties = nullptr;
 };
 static_assert(sizeof(ClassObject) == 40 && sizeof(ClassReadOnly) == 72);
 
@@ -43,7 +48,7 @@ using VariableOffset = int;
 /// The slot of one variable's offset, which the runtime rewrites when the superclass has grown.
 template <class Ivars, size_t Place>
 struct VariableSlot {
-    [[gnu::section("__DATA,__objc_ivar")]] static constinit inline VariableOffset offset = Place;
+    [[OBJC_SECTION("__objc_ivar")]] static constinit inline VariableOffset offset = Place;
 };
 
 constexpr size_t first_place = sizeof(void*);  // behind isa; the runtime slides the block past the superclass
@@ -86,7 +91,7 @@ static_assert(sizeof(ProtocolObject) == 96);
 /// A protocol's name alone: where the frameworks have one of that name, the runtime keeps theirs.
 template <Name ProtocolName>
 struct NamedProtocol {
-    [[gnu::section("__DATA,__data")]] static constinit inline ProtocolObject object{
+    [[OBJC_SECTION("__data")]] static constinit inline ProtocolObject object{
         nullptr, MetadataText<ProtocolName>::class_name.text,
         nullptr, nullptr,
         nullptr, nullptr,
@@ -95,9 +100,9 @@ struct NamedProtocol {
         nullptr, nullptr,
         nullptr};
     [[gnu::used,
-      gnu::section(
-          "__DATA,__objc_protolist,coalesced,no_dead_strip")]] static constinit inline ProtocolObject*
-        listed = &object;
+      OBJC_SECTION(
+          "__objc_protolist,coalesced,no_dead_strip")]] static constinit inline ProtocolObject* listed =
+        &object;
     static constexpr const ProtocolObject* get() {
         (void)&listed;
         return &object;
@@ -146,19 +151,11 @@ struct Metadata {
                       (std::is_empty_v<Ivars> ? 0 : sizeof(Ivars)),
                   "a definition lists all of its Ivars, in their order");
 
-    [[gnu::section(
-        "__DATA,__objc_const")]] static constinit inline MethodTable<typename Definition::methods> methods{};
-    [[gnu::section(
-        "__DATA,__objc_const")]] static constinit inline MethodTable<typename Definition::class_methods>
-        class_methods{};
-    [[gnu::section(
-        "__DATA,__objc_const")]] static constinit inline PropertyTable<typename Definition::properties>
-        properties{};
-    [[gnu::section(
-        "__DATA,__objc_const")]] static constinit inline ProtocolTable<typename Definition::protocols>
-        protocols{};
-    [[gnu::section("__DATA,__objc_const")]] static constinit inline VariableTable<
-        Ivars, Variables, std::make_index_sequence<count_of(Variables{})>> variables{};
+    OBJC_CONST MethodTable<typename Definition::methods> methods{};
+    OBJC_CONST MethodTable<typename Definition::class_methods> class_methods{};
+    OBJC_CONST PropertyTable<typename Definition::properties> properties{};
+    OBJC_CONST ProtocolTable<typename Definition::protocols> protocols{};
+    OBJC_CONST VariableTable<Ivars, Variables, std::make_index_sequence<count_of(Variables{})>> variables{};
 
     template <class Items, class Table>
     static constexpr const void* unless_empty(Table& table) {
@@ -166,34 +163,25 @@ struct Metadata {
     }
 
     static constexpr uint32_t metaclass_flag = 1;
-    static constexpr const char* name() {
-        return MetadataText<Self::Implemented::runtime_name>::class_name.text;
-    }
+    static constexpr auto name = Self::Implemented::runtime_name;
 
-    [[gnu::section("__DATA,__objc_const")]] static constinit inline ClassReadOnly of_metaclass{
-        metaclass_flag,
-        sizeof(ClassObject),
-        sizeof(ClassObject),
-        0,
-        nullptr,
-        name(),
-        unless_empty<typename Definition::class_methods>(class_methods),
-        unless_empty<typename Definition::protocols>(protocols),
-        nullptr,
-        nullptr,
-        nullptr};
-    [[gnu::section("__DATA,__objc_const")]] static constinit inline ClassReadOnly of_class{
-        0,
-        first_place,
-        first_place + layout.size,
-        0,
-        nullptr,
-        name(),
-        unless_empty<typename Definition::methods>(methods),
-        unless_empty<typename Definition::protocols>(protocols),
-        unless_empty<Variables>(variables),
-        nullptr,
-        unless_empty<typename Definition::properties>(properties)};
+    OBJC_CONST ClassReadOnly of_metaclass{
+        .flags = metaclass_flag,
+        .instance_start = sizeof(ClassObject),
+        .instance_size = sizeof(ClassObject),
+        .name = MetadataText<name>::class_name.text,
+        .methods = unless_empty<typename Definition::class_methods>(class_methods),
+        .protocols = unless_empty<typename Definition::protocols>(protocols),
+    };
+    OBJC_CONST ClassReadOnly of_class{
+        .instance_start = first_place,
+        .instance_size = first_place + layout.size,
+        .name = MetadataText<name>::class_name.text,
+        .methods = unless_empty<typename Definition::methods>(methods),
+        .protocols = unless_empty<typename Definition::protocols>(protocols),
+        .variables = unless_empty<Variables>(variables),
+        .properties = unless_empty<typename Definition::properties>(properties),
+    };
 };
 
 }  // namespace
@@ -220,16 +208,17 @@ extern objc::ClassObject OBJC_METACLASS_$_NSObject;
     extern "C" {                                                                                             \
     SuperImport extern objc::ClassObject OBJC_CLASS_$_##SuperName, OBJC_METACLASS_$_##SuperName;             \
     [[gnu::visibility("default"),                                                                            \
-      gnu::section("__DATA,__objc_data")]] constinit objc::ClassObject OBJC_METACLASS_$_##ClassName{         \
+      OBJC_SECTION("__objc_data")]] constinit objc::ClassObject OBJC_METACLASS_$_##ClassName{                \
         &OBJC_METACLASS_$_NSObject, &OBJC_METACLASS_$_##SuperName, _objc_empty_cache, nullptr,               \
         &ObjcMetadata::of_metaclass};                                                                        \
     [[gnu::visibility("default"),                                                                            \
-      gnu::section("__DATA,__objc_data")]] constinit objc::ClassObject OBJC_CLASS_$_##ClassName{             \
+      OBJC_SECTION("__objc_data")]] constinit objc::ClassObject OBJC_CLASS_$_##ClassName{                    \
         &OBJC_METACLASS_$_##ClassName, &OBJC_CLASS_$_##SuperName, _objc_empty_cache, nullptr,                \
         &ObjcMetadata::of_class};                                                                            \
     }                                                                                                        \
     namespace {                                                                                              \
     [[gnu::used,                                                                                             \
-      gnu::section("__DATA,__objc_classlist,regular,no_dead_strip")]] constinit objc::ClassObject*           \
-        objc_listed_##ClassName = &OBJC_CLASS_$_##ClassName;                                                 \
+      OBJC_SECTION(                                                                                          \
+          "__objc_classlist,regular,no_dead_strip")]] constinit objc::ClassObject* objc_listed_##ClassName = \
+        &OBJC_CLASS_$_##ClassName;                                                                           \
     }

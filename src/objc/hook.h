@@ -134,17 +134,6 @@ struct Substitutes<Result, Function, void (*)(Arguments&...)> {
     using On = Replacement<Tag, Substitutes, Result, Arguments...>;
 };
 
-template <class Signature>
-struct PassesThrough;
-template <class Result, class... Arguments>
-struct PassesThrough<Result(Arguments...)> {
-    static Result run(Previous<Result(Arguments...)> previous, id, Arguments... arguments) {
-        return previous(arguments...);
-    }
-    template <class Tag>
-    using On = Replacement<Tag, PassesThrough, Result, Arguments...>;
-};
-
 template <auto Function, class Signature = decltype(Function)>
 struct Adds {
     static_assert(sizeof(Signature) == 0, "adds<f> takes R f(Self*, A...)");
@@ -184,10 +173,6 @@ struct around : detail::Around<Function> {};
 /// Calls the previous implementation, then the function: `void f(Self*, A…)`.
 template <auto Function>
 struct after : detail::After<Function> {};
-
-/// Calls the previous implementation and does nothing else: a row whose behaviour is still to be built.
-template <class Signature>
-struct passes_through : detail::PassesThrough<Signature> {};
 
 /// Adds the function as a method that the class does not have: `R f(Self*, A…)`.
 template <auto Function>

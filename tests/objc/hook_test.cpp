@@ -99,11 +99,6 @@ TEST_F(Hooks, EachRowKeepsItsOwnPrevious) {
     EXPECT_EQ((objc::send<"grow:", double>(reinterpret_cast<id>(objc_getClass("HCLane")), 2.0)), 201.0);
 }
 
-TEST_F(Hooks, PassesThroughWhatIsStillToBeBuilt) {
-    install(hook<"-[HCLane grow:]", passes_through<double(double)>>);
-    EXPECT_EQ((objc::send<"grow:", double>(lane, 2.0)), 20.0);
-}
-
 TEST_F(Hooks, AddsAMethodWithItsTypes) {
     constexpr auto row = hook<"-[HCLane triple:]", adds<added>>;
     EXPECT_STREQ(row.added_types, "q@:q");

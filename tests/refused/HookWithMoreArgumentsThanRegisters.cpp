@@ -8,13 +8,11 @@ UIColor* red() { return UIColor::redColor(); }
 void opaque(double& alpha) { alpha = 1.0; }
 void count(UIView*) {}
 
+void six(UIView*, int, int, int, int, int, int) {}
+void nine(UIView*, int, int, int, int, int, int, int, int, int) {}
+
 #ifdef CORRECTED
-using Arguments = void(int, int, int, int, int, int);
+constexpr auto row = objc::hook<"-[UIView a:b:c:d:e:f:]", after<six>>;
 #else
-using Arguments = void(int, int, int, int, int, int, int, int, int);
-#endif
-#ifdef CORRECTED
-constexpr auto row = objc::hook<"-[UIView a:b:c:d:e:f:]", passes_through<Arguments>>;
-#else
-constexpr auto row = objc::hook<"-[UIView a:b:c:d:e:f:g:h:i:]", passes_through<Arguments>>;
+constexpr auto row = objc::hook<"-[UIView a:b:c:d:e:f:g:h:i:]", after<nine>>;
 #endif

@@ -12,7 +12,8 @@ constexpr std::string_view alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmno
 constexpr auto values = [] {
     std::array<int8_t, 256> table;
     table.fill(-1);
-    for (size_t i = 0; i < alphabet.size(); ++i) table[static_cast<unsigned char>(alphabet[i])] = static_cast<int8_t>(i);
+    for (size_t i = 0; i < alphabet.size(); ++i)
+        table[static_cast<unsigned char>(alphabet[i])] = static_cast<int8_t>(i);
     return table;
 }();
 
@@ -37,8 +38,10 @@ std::string base64_of(std::string_view bytes) {
     std::string text;
     for (size_t i = 0; i < bytes.size(); i += 3) {
         uint32_t bits = 0;
-        for (size_t j = 0; j < 3; ++j) bits = bits << 8 | (i + j < bytes.size() ? static_cast<unsigned char>(bytes[i + j]) : 0);
-        for (size_t j = 0; j < 4; ++j) text += i + j > bytes.size() ? '=' : alphabet[bits >> (18 - 6 * j) & 63];
+        for (size_t j = 0; j < 3; ++j)
+            bits = bits << 8 | (i + j < bytes.size() ? static_cast<unsigned char>(bytes[i + j]) : 0);
+        for (size_t j = 0; j < 4; ++j)
+            text += i + j > bytes.size() ? '=' : alphabet[bits >> (18 - 6 * j) & 63];
     }
     return text;
 }

@@ -1,5 +1,5 @@
-// Binary property lists: a table of objects that refer to each other by number. Nothing in the file is trusted:
-// every offset, count and reference is checked, and references in a circle are an error.
+// Binary property lists: a table of objects that refer to each other by number. Nothing in the file is
+// trusted: every offset, count and reference is checked, and references in a circle are an error.
 #include <bit>
 #include <unordered_map>
 
@@ -11,20 +11,36 @@ namespace {
 constexpr size_t trailer_size = 32;
 
 /// The high half of an object's first byte.
-enum class Kind : unsigned { simple, integer, real, date, data, ascii, utf16, uid = 8, array = 10, dictionary = 13 };
+enum class Kind : unsigned {
+    simple,
+    integer,
+    real,
+    date,
+    data,
+    ascii,
+    utf16,
+    uid = 8,
+    array = 10,
+    dictionary = 13
+};
 
 class BinaryReader {
   public:
-    BinaryReader(std::string_view bytes, const ObjectMaker& maker) : bytes_(bytes), maker_(maker) { read_trailer(); }
+    BinaryReader(std::string_view bytes, const ObjectMaker& maker) : bytes_(bytes), maker_(maker) {
+        read_trailer();
+    }
 
     Value root() { return object(top_object_); }
 
   private:
-    [[noreturn]] static void fail(const char* what) { throw ParseError(std::string("binary property list: ") + what); }
+    [[noreturn]] static void fail(const char* what) {
+        throw ParseError(std::string("binary property list: ") + what);
+    }
 
     // A number of 1 to 8 bytes, big-endian.
     uint64_t number(uint64_t at, uint64_t size) const {
-        if (size > 8 || at > bytes_.size() || size > bytes_.size() - at) fail("a number lies outside the file");
+        if (size > 8 || at > bytes_.size() || size > bytes_.size() - at)
+            fail("a number lies outside the file");
         uint64_t value = 0;
         for (uint64_t i = 0; i < size; ++i) value = value << 8 | static_cast<unsigned char>(bytes_[at + i]);
         return value;
@@ -42,7 +58,6 @@ class BinaryReader {
             fail("the trailer gives an impossible size of numbers");
         if (offset_table_ > trailer || object_count_ > (trailer - offset_table_) / offset_size_)
             fail("the table of objects does not fit the file");
-        open_.resize(object_count_);
     }
 
     std::string_view run(uint64_t at, uint64_t count, uint64_t size_of_each) const {
@@ -53,18 +68,15 @@ class BinaryReader {
     Value object(uint64_t index) {
         if (index >= object_count_) fail("a reference names no object");
         if (auto known = known_.find(index); known != known_.end()) return known->second;
-        if (open_[index]) fail("an object contains itself");
         if (depth_ == deepest) fail("it is nested too deeply");
-        // Each reference takes a byte at least, so that more objects than bytes are made only where containers
-        // stand in several places. A small file could unfold for ever in this way.
+        // Each reference takes a byte at least, so that more objects than bytes are made only where
+        // containers stand in several places. A small file could unfold for ever in this way.
         if (++made_ > bytes_.size()) fail("it unfolds to too many objects");
-        open_[index] = true;
         ++depth_;
         const uint64_t at = number(offset_table_ + index * offset_size_, offset_size_);
         if (at >= offset_table_) fail("an object lies outside the file");
         Value value = object_at(at);
         --depth_;
-        open_[index] = false;
         // Immutable objects may stand in several places at once; others would change together.
         if (maker_.mutability() == Mutability::nothing) known_[index] = value;
         return value;
@@ -74,29 +86,30 @@ class BinaryReader {
         const auto marker = static_cast<unsigned char>(bytes_[at]);
         const unsigned low = marker & 0x0f;
         switch (static_cast<Kind>(marker >> 4)) {
-            case Kind::simple:  return simple(low);
+            case Kind::simple: return simple(low);
             case Kind::integer: return integer(at + 1, low);
-            case Kind::real:    return real(at + 1, low);
-            case Kind::date:    return date(at + 1, low);
-            default:            break;
+            case Kind::real: return real(at + 1, low);
+            case Kind::date: return date(at + 1, low);
+            default: break;
         }
         uint64_t count = low;
         uint64_t content = at + 1;
         if (low == 0x0f) count = long_count(content);
         switch (static_cast<Kind>(marker >> 4)) {
-            case Kind::data:       return maker_.data(run(content, count, 1));
-            case Kind::ascii:      return ascii(run(content, count, 1));
-            case Kind::utf16:      return utf16(run(content, count, 2));
-            case Kind::array:      return array(run(content, count, reference_size_), count);
+            case Kind::data: return maker_.data(run(content, count, 1));
+            case Kind::ascii: return ascii(run(content, count, 1));
+            case Kind::utf16: return utf16(run(content, count, 2));
+            case Kind::array: return array(run(content, count, reference_size_), count);
             case Kind::dictionary: return dictionary(run(content, count, 2 * reference_size_), count);
-            default:               fail("an object is of a kind that property lists do not have");
+            default: fail("an object is of a kind that property lists do not have");
         }
     }
 
     /// A count of 15 or more stands behind the marker, as an integer object; steps over it.
     uint64_t long_count(uint64_t& content) const {
         const auto marker = static_cast<unsigned char>(run(content, 1, 1)[0]);
-        if (static_cast<Kind>(marker >> 4) != Kind::integer || (marker & 0x0f) > 3) fail("a count is no number");
+        if (static_cast<Kind>(marker >> 4) != Kind::integer || (marker & 0x0f) > 3)
+            fail("a count is no number");
         const uint64_t size = uint64_t{1} << (marker & 0x0f);
         run(content + 1, size, 1);
         const uint64_t count = number(content + 1, size);
@@ -106,9 +119,9 @@ class BinaryReader {
 
     Value simple(unsigned low) const {
         switch (low) {
-            case 0:  return maker_.null();
-            case 8:  return maker_.boolean(false);
-            case 9:  return maker_.boolean(true);
+            case 0: return maker_.null();
+            case 8: return maker_.boolean(false);
+            case 9: return maker_.boolean(true);
             default: fail("an object is of a kind that property lists do not have");
         }
     }
@@ -117,7 +130,8 @@ class BinaryReader {
         if (log2_size > 4) fail("an integer is too large");
         const uint64_t size = uint64_t{1} << log2_size;
         run(at, size, 1);
-        if (size < 8) return maker_.integer(static_cast<int64_t>(number(at, size)));  // shorter ones have no sign
+        if (size < 8)
+            return maker_.integer(static_cast<int64_t>(number(at, size)));  // shorter ones have no sign
         if (size == 8) return maker_.integer(static_cast<int64_t>(number(at, 8)));
         if (number(at, 8) != 0) fail("an integer is too large");
         return maker_.unsigned_integer(number(at + 8, 8));
@@ -168,7 +182,8 @@ class BinaryReader {
         std::vector<std::pair<Value, Value>> entries;
         for (uint64_t i = 0; i < count; ++i) {
             Value key = object(reference(references, i));
-            if (!key->isKindOfClass(NSString::class_object())) fail("a dictionary has a key that is no string");
+            if (!key->isKindOfClass(NSString::class_object()))
+                fail("a dictionary has a key that is no string");
             Value value = object(reference(references, count + i));
             entries.emplace_back(std::move(key), std::move(value));
         }
@@ -179,13 +194,14 @@ class BinaryReader {
     const ObjectMaker& maker_;
     uint64_t offset_size_ = 0, reference_size_ = 0, object_count_ = 0, top_object_ = 0, offset_table_ = 0;
     std::unordered_map<uint64_t, Value> known_;
-    std::vector<bool> open_;  ///< being read, further up
     uint64_t made_ = 0;
     int depth_ = 0;
 };
 
 }  // namespace
 
-Value read_binary(std::string_view bytes, const ObjectMaker& maker) { return BinaryReader(bytes, maker).root(); }
+Value read_binary(std::string_view bytes, const ObjectMaker& maker) {
+    return BinaryReader(bytes, maker).root();
+}
 
 }  // namespace sim::plist

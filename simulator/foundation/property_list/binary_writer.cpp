@@ -1,4 +1,5 @@
-// The binary form of property lists: a table of objects that refer to each other by number, equal leaves written once.
+// The binary form of property lists: a table of objects that refer to each other by number, equal leaves
+// written once.
 #include <algorithm>
 #include <bit>
 #include <unordered_map>
@@ -53,7 +54,9 @@ std::string negative_integer(long long value) {
     return byte(marker_integer | 3) + big_endian(static_cast<uint64_t>(value), 8);
 }
 
-std::string real(unsigned marker, double value) { return byte(marker) + big_endian(std::bit_cast<uint64_t>(value), 8); }
+std::string real(unsigned marker, double value) {
+    return byte(marker) + big_endian(std::bit_cast<uint64_t>(value), 8);
+}
 
 /// The marker with a count in its low half, or behind it as an integer.
 std::string counted(unsigned marker, uint64_t count) {
@@ -62,7 +65,8 @@ std::string counted(unsigned marker, uint64_t count) {
 
 std::string number(id object) {
     switch (number_kind(object)) {
-        case NumberKind::boolean: return byte(objc::send<"boolValue", bool>(object) ? marker_true : marker_false);
+        case NumberKind::boolean:
+            return byte(objc::send<"boolValue", bool>(object) ? marker_true : marker_false);
         case NumberKind::single_real:
             return byte(marker_single_real) +
                    big_endian(std::bit_cast<uint32_t>(objc::send<"floatValue", float>(object)), 4);
@@ -89,7 +93,8 @@ std::string leaf(id object) {
     if (is_kind(object, "NSDate"))
         return real(marker_date, objc::send<"timeIntervalSinceReferenceDate", double>(object));
     auto* data = static_cast<NSData*>(object);
-    return counted(marker_data, data->length()) + std::string(static_cast<const char*>(data->bytes()), data->length());
+    return counted(marker_data, data->length()) +
+           std::string(static_cast<const char*>(data->bytes()), data->length());
 }
 
 class BinaryWriter {
@@ -108,7 +113,8 @@ class BinaryWriter {
         const unsigned offset_size = size_of(table_offset);
         for (uint64_t offset : offsets) bytes += big_endian(offset, offset_size);
         bytes += std::string(6, '\0') + byte(offset_size) + byte(reference_size);
-        for (uint64_t value : {uint64_t{objects_.size()}, uint64_t{0}, table_offset}) bytes += big_endian(value, 8);
+        for (uint64_t value : {uint64_t{objects_.size()}, uint64_t{0}, table_offset})
+            bytes += big_endian(value, 8);
         return bytes;
     }
 
@@ -124,7 +130,8 @@ class BinaryWriter {
             std::vector<id> content = sorted_keys_of(object);
             const size_t count = content.size();
             for (size_t i = 0; i < count; ++i)
-                content.push_back(static_cast<NSDictionary*>(object)->objectForKey(static_cast<NSString*>(content[i])));
+                content.push_back(
+                    static_cast<NSDictionary*>(object)->objectForKey(static_cast<NSString*>(content[i])));
             return add_container(marker_dictionary, content);
         }
         std::string bytes = leaf(object);

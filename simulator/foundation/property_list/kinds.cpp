@@ -14,7 +14,7 @@ NumberKind number_kind(id number) {
         case 'd': return NumberKind::real;
         case 'L':
         case 'Q': return NumberKind::unsigned_integer;
-        default:  return NumberKind::integer;
+        default: return NumberKind::integer;
     }
 }
 

@@ -27,8 +27,8 @@ const char* ObjectMaker::container_class(const char* immutable, const char* chan
 
 Value ObjectMaker::text(std::string_view utf8) const {
     return made<"initWithBytes:length:encoding:">(leaf_class("NSString", "NSMutableString"),
-                                                  static_cast<const void*>(utf8.data()), NSUInteger{utf8.size()},
-                                                  utf8_encoding);
+                                                  static_cast<const void*>(utf8.data()),
+                                                  NSUInteger{utf8.size()}, utf8_encoding);
 }
 
 Value ObjectMaker::text(std::u16string_view units) const {

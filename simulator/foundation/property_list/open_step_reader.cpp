@@ -1,5 +1,5 @@
-// The old, readable form of property lists: (arrays), {dictionaries = of; strings = "quoted or not";}, <0fbd data>,
-// and strings files, which are dictionaries without their braces.
+// The old, readable form of property lists: (arrays), {dictionaries = of; strings = "quoted or not";}, <0fbd
+// data>, and strings files, which are dictionaries without their braces.
 #include "foundation/property_list/reader.h"
 #include "foundation/property_list/text_encoding.h"
 
@@ -88,7 +88,7 @@ class OpenStepReader {
             }
             case '(': return array();
             case '<': return data();
-            default:  return string();
+            default: return string();
         }
     }
 
@@ -221,6 +221,8 @@ class OpenStepReader {
 
 }  // namespace
 
-Value read_open_step(std::string_view text, const ObjectMaker& maker) { return OpenStepReader(text, maker).document(); }
+Value read_open_step(std::string_view text, const ObjectMaker& maker) {
+    return OpenStepReader(text, maker).document();
+}
 
 }  // namespace sim::plist

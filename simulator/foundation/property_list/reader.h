@@ -1,5 +1,6 @@
-// Reading property lists of all three formats. Foundation on Linux takes much for good that the device refuses, drops
-// CDATA sections and runs out of stack on nested lists, so this is done here as the device does it.
+// Reading property lists of all three formats. Foundation on Linux takes much for good that the device
+// refuses, drops CDATA sections and runs out of stack on nested lists, so this is done here as the device
+// does it.
 #pragma once
 #include <stdexcept>
 #include <string>

@@ -11,7 +11,8 @@ constexpr bool is_surrogate(char32_t unit) { return unit >= 0xd800 && unit < 0xe
 std::optional<std::string> utf8_of_utf16(std::string_view bytes, bool big_endian) {
     if (bytes.size() % 2) return std::nullopt;
     auto unit = [&](size_t at) -> char32_t {
-        const auto first = static_cast<unsigned char>(bytes[at]), second = static_cast<unsigned char>(bytes[at + 1]);
+        const auto first = static_cast<unsigned char>(bytes[at]),
+                   second = static_cast<unsigned char>(bytes[at + 1]);
         return big_endian ? first << 8 | second : second << 8 | first;
     };
     std::string text;
@@ -104,7 +105,8 @@ std::optional<std::string_view> decode(std::string_view bytes, std::string& stor
     if (bytes.starts_with("\xef\xbb\xbf")) bytes.remove_prefix(3);
     const std::string declared = declared_encoding(bytes);
     if (declared == "iso-8859-1") return stored(utf8_of_latin1(bytes));
-    if (!declared.empty() && declared != "utf-8" && declared != "utf8" && declared != "us-ascii") return std::nullopt;
+    if (!declared.empty() && declared != "utf-8" && declared != "utf8" && declared != "us-ascii")
+        return std::nullopt;
     if (!is_utf8(bytes)) return std::nullopt;
     return bytes;
 }

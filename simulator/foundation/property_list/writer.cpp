@@ -1,5 +1,5 @@
-// Writing property lists as the device does: XML in its order, its precision and its line breaks. Foundation on Linux
-// writes other escapes than it reads.
+// Writing property lists as the device does: XML in its order, its precision and its line breaks. Foundation
+// on Linux writes other escapes than it reads.
 #include "foundation/property_list/writer.h"
 
 #include <algorithm>
@@ -33,8 +33,8 @@ std::optional<std::string> fault_at(id object, int depth) {
         for (id key : elements_of(objc::send<"allKeys", id>(object))) {
             if (!is_kind(key, "NSString")) return std::string("a key of type ") + object_getClassName(key);
             if (auto fault = fault_at(key, depth + 1)) return fault;
-            if (auto fault = fault_at(static_cast<NSDictionary*>(object)->objectForKey(static_cast<NSString*>(key)),
-                                      depth + 1))
+            if (auto fault = fault_at(
+                    static_cast<NSDictionary*>(object)->objectForKey(static_cast<NSString*>(key)), depth + 1))
                 return fault;
         }
         return std::nullopt;
@@ -68,16 +68,21 @@ class XmlWriter {
     static std::string escaped(const std::string& text) {
         std::string result;
         for (char c : text) {
-            if (c == '<')      result += "&lt;";
-            else if (c == '>') result += "&gt;";
-            else if (c == '&') result += "&amp;";
-            else               result += c;
+            if (c == '<')
+                result += "&lt;";
+            else if (c == '>')
+                result += "&gt;";
+            else if (c == '&')
+                result += "&amp;";
+            else
+                result += c;
         }
         return result;
     }
 
     void value(id object) {
-        if (is_kind(object, "NSString")) return element("string", escaped(*utf8_of(static_cast<NSString*>(object))));
+        if (is_kind(object, "NSString"))
+            return element("string", escaped(*utf8_of(static_cast<NSString*>(object))));
         if (is_kind(object, "NSNumber")) return number(object);
         if (is_kind(object, "NSDate")) return date(object);
         if (is_kind(object, "NSData")) return data(static_cast<NSData*>(object));
@@ -110,12 +115,15 @@ class XmlWriter {
 
     void number(id object) {
         switch (number_kind(object)) {
-            case NumberKind::boolean: return line(objc::send<"boolValue", bool>(object) ? "<true/>" : "<false/>");
+            case NumberKind::boolean:
+                return line(objc::send<"boolValue", bool>(object) ? "<true/>" : "<false/>");
             case NumberKind::real:
-            case NumberKind::single_real: return element("real", real(objc::send<"doubleValue", double>(object)));
+            case NumberKind::single_real:
+                return element("real", real(objc::send<"doubleValue", double>(object)));
             case NumberKind::unsigned_integer:
-                return element("integer",
-                               std::to_string(objc::send<"unsignedLongLongValue", unsigned long long>(object)));
+                return element(
+                    "integer",
+                    std::to_string(objc::send<"unsignedLongLongValue", unsigned long long>(object)));
             case NumberKind::integer:
                 return element("integer", std::to_string(objc::send<"longLongValue", long long>(object)));
         }

@@ -7,9 +7,9 @@
 
 namespace sim::plist {
 
-/// What keeps an object from being written as a property list: the kind of thing found in it, for an error. Nothing
-/// when it can be. Dictionaries have strings for keys; what stands in them is strings, numbers, data, dates, arrays
-/// and dictionaries.
+/// What keeps an object from being written as a property list: the kind of thing found in it, for an error.
+/// Nothing when it can be. Dictionaries have strings for keys; what stands in them is strings, numbers, data,
+/// dates, arrays and dictionaries.
 std::optional<std::string> fault_of(id object);
 
 /// The XML form, with sorted keys. The object has no fault.

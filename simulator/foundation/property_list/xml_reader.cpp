@@ -1,5 +1,5 @@
-// XML property lists. The device's reader is no full XML parser, and neither is this: it steps over declarations and
-// comments, ignores attributes, and looks no further than the end of the outermost element.
+// XML property lists. The device's reader is no full XML parser, and neither is this: it steps over
+// declarations and comments, ignores attributes, and looks no further than the end of the outermost element.
 #include <charconv>
 #include <chrono>
 #include <cmath>
@@ -133,12 +133,14 @@ class XmlReader {
         if (tag.name == "plist") return plist(tag);
         if (tag.name == "array") return array(tag);
         if (tag.name == "dict") return dictionary(tag);
-        if (tag.name == "string" || tag.name == "key") return maker_.text(tag.empty ? "" : characters(tag.name));
+        if (tag.name == "string" || tag.name == "key")
+            return maker_.text(tag.empty ? "" : characters(tag.name));
         if (tag.name == "true" || tag.name == "false") {
             if (!tag.empty) end_tag(tag.name);
             return maker_.boolean(tag.name == "true");
         }
-        const bool known = tag.name == "integer" || tag.name == "real" || tag.name == "date" || tag.name == "data";
+        const bool known =
+            tag.name == "integer" || tag.name == "real" || tag.name == "date" || tag.name == "data";
         if (!known) fail("unknown tag <" + std::string(tag.name.substr(0, 40)) + ">");
         if (tag.empty) fail("empty <" + std::string(tag.name) + ">");
         const std::string content = characters(tag.name);
@@ -212,12 +214,18 @@ class XmlReader {
         const size_t end = text_.find(';', at_);
         if (end == text_.npos || end - at_ > 12) fail("unknown entity");
         const std::string_view name = text_.substr(at_ + 1, end - at_ - 1);
-        if (name == "lt")        content += '<';
-        else if (name == "gt")   content += '>';
-        else if (name == "amp")  content += '&';
-        else if (name == "apos") content += '\'';
-        else if (name == "quot") content += '"';
-        else if (!name.starts_with('#') || !append_numbered(content, name.substr(1))) fail("unknown entity");
+        if (name == "lt")
+            content += '<';
+        else if (name == "gt")
+            content += '>';
+        else if (name == "amp")
+            content += '&';
+        else if (name == "apos")
+            content += '\'';
+        else if (name == "quot")
+            content += '"';
+        else if (!name.starts_with('#') || !append_numbered(content, name.substr(1)))
+            fail("unknown entity");
         at_ = end + 1;
     }
 
@@ -227,7 +235,8 @@ class XmlReader {
         uint32_t character = 0;
         const auto [end, error] =
             std::from_chars(digits.data(), digits.data() + digits.size(), character, hexadecimal ? 16 : 10);
-        return error == std::errc() && end == digits.data() + digits.size() && append_utf8(content, character);
+        return error == std::errc() && end == digits.data() + digits.size() &&
+               append_utf8(content, character);
     }
 
     Value integer(std::string_view content) const {
@@ -258,7 +267,8 @@ class XmlReader {
             value = NAN;
         } else {
             const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-            const bool a_number = !digits.empty() && (digits[0] == '.' || (digits[0] >= '0' && digits[0] <= '9'));
+            const bool a_number =
+                !digits.empty() && (digits[0] == '.' || (digits[0] >= '0' && digits[0] <= '9'));
             if (error == std::errc::result_out_of_range)
                 value = std::strtod(std::string(digits).c_str(), nullptr);  // infinity, or as good as nothing
             else if (error != std::errc() || end != digits.data() + digits.size() || !a_number)
@@ -277,7 +287,8 @@ class XmlReader {
             const size_t length = left.find(end);
             if (length == left.npos || length == 0 || length > 6) fail("a misformatted <date>");
             const auto [stop, error] = std::from_chars(left.data(), left.data() + length, value);
-            if (error != std::errc() || stop != left.data() + length || value < 0) fail("a misformatted <date>");
+            if (error != std::errc() || stop != left.data() + length || value < 0)
+                fail("a misformatted <date>");
             left.remove_prefix(length + 1);
             return value;
         };
@@ -286,11 +297,12 @@ class XmlReader {
         using namespace std::chrono;
         const year_month_day date(std::chrono::year(before_christ ? -year : year), std::chrono::month(month),
                                   std::chrono::day(day));
-        if (!left.empty() || month > 12 || day > 31 || year > 30000 || !date.ok() || hour > 24 || minute > 60 ||
-            second > 60)
+        if (!left.empty() || month > 12 || day > 31 || year > 30000 || !date.ok() || hour > 24 ||
+            minute > 60 || second > 60)
             fail("a misformatted <date>");
         constexpr sys_days reference{std::chrono::year(2001) / 1 / 1};
-        return maker_.date(86400.0 * (sys_days(date) - reference).count() + 3600.0 * hour + 60.0 * minute + second);
+        return maker_.date(86400.0 * (sys_days(date) - reference).count() + 3600.0 * hour + 60.0 * minute +
+                           second);
     }
 
     /// Counts how deep the reader is.

@@ -33,7 +33,8 @@ int copies = 0, disposals = 0;
 const Descriptor descriptor{0, sizeof(Block),
                             [](void* to, const void* from) {
                                 ++copies;
-                                static_cast<Block*>(to)->object = objc_retain(static_cast<const Block*>(from)->object);
+                                static_cast<Block*>(to)->object =
+                                    objc_retain(static_cast<const Block*>(from)->object);
                             },
                             [](const void* block) {
                                 ++disposals;
@@ -46,8 +47,13 @@ class BlockObject : public testing::Test {
         phone.boot();
         copies = disposals = 0;
         captured = NSObject::class_send<"new", objc::strong<NSObject>>();
-        on_stack = {objc_getClass("__NSStackBlock__"), has_copy_and_dispose, 0,
-                    [](Block* self) { return self->number; }, &descriptor, 42, captured};
+        on_stack = {objc_getClass("__NSStackBlock__"),
+                    has_copy_and_dispose,
+                    0,
+                    [](Block* self) { return self->number; },
+                    &descriptor,
+                    42,
+                    captured};
     }
     NSUInteger references() { return captured->send<"retainCount", NSUInteger>(); }
 
@@ -130,12 +136,15 @@ TEST_F(BlockObject, OfTheDeviceIsCalledByFoundation) {
         std::string seen;
     };
     static const Descriptor plain{0, sizeof(Visitor), nullptr, nullptr};
-    Visitor visitor{objc_getClass("__NSStackBlock__"), 0, 0,
+    Visitor visitor{objc_getClass("__NSStackBlock__"),
+                    0,
+                    0,
                     [](Visitor* self, id object, NSUInteger index, bool* stop) {
                         self->seen += utf8(object) + std::to_string(index);
                         *stop = index == 1;
                     },
-                    &plain, ""};
+                    &plain,
+                    ""};
     array({text("a"), text("b"), text("c")})
         ->send<"enumerateObjectsUsingBlock:">(reinterpret_cast<id>(&visitor));
     EXPECT_EQ(visitor.seen, "a0b1");

@@ -7,7 +7,6 @@
 #include "platform/uikit.h"
 #include "support/phone.h"
 
-
 namespace test {
 namespace {
 
@@ -242,7 +241,8 @@ TEST_F(Boot, WrongArgumentsAreNamed) {
     EXPECT_EQ(sim_installing_call_at(0, &call), SIM_NOT_FOUND);
     sim_colour colour;
     EXPECT_EQ(sim_named_colour("\xff", &colour), SIM_MISUSE);
-    for (double scale : {-1.0, 11.0, double{NAN}}) EXPECT_EQ(sim_take_picture("picture.png", scale), SIM_MISUSE);
+    for (double scale : {-1.0, 11.0, double{NAN}})
+        EXPECT_EQ(sim_take_picture("picture.png", scale), SIM_MISUSE);
     sim_keyboard keyboard{};
     keyboard.size = sizeof keyboard;
     keyboard.plane = "runes";
@@ -276,7 +276,8 @@ TEST_F(Boot, RaisedExceptionsAreNamed) {
     __objc_update_dispatch_table_for_class(objc_getClass("UIColor"));
     sim_colour colour;
     EXPECT_EQ(sim_named_colour("UIKBColorBlack", &colour), SIM_RAISED);
-    EXPECT_NE(std::string(sim_last_error()).find("NSInvalidArgumentException"), std::string::npos) << sim_last_error();
+    EXPECT_NE(std::string(sim_last_error()).find("NSInvalidArgumentException"), std::string::npos)
+        << sim_last_error();
 }
 
 }  // namespace

@@ -36,7 +36,8 @@ TEST_F(DylibString, HasItsCharacters) {
 }
 
 TEST_F(DylibString, EqualsAndHashesLikeAnyOther) {
-    for (auto [literal, characters] : {std::pair(&ascii, "UIKBColorClear"), {&wide, "caf\u00e9 \U0001f600"}, {&empty, ""}}) {
+    for (auto [literal, characters] :
+         {std::pair(&ascii, "UIKBColorClear"), {&wide, "caf\u00e9 \U0001f600"}, {&empty, ""}}) {
         NSString *constant = literal->string(), *made = text(characters);
         EXPECT_TRUE(constant->isEqualToString(made)) << characters;
         EXPECT_TRUE(made->isEqualToString(constant)) << characters;
@@ -72,7 +73,8 @@ TEST_F(DylibString, RaisesBeyondItsEnd) {
     char16_t units[4];
     EXPECT_EQ(raised_by([&] { ascii.string()->getCharacters(units, {12, 3}); }), "NSRangeException");
     EXPECT_EQ(raised_by([&] { ascii.string()->getCharacters(units, {15, 0}); }), "NSRangeException");
-    EXPECT_EQ(raised_by([&] { ascii.string()->getCharacters(units, {1, ~NSUInteger{0}}); }), "NSRangeException");
+    EXPECT_EQ(raised_by([&] { ascii.string()->getCharacters(units, {1, ~NSUInteger{0}}); }),
+              "NSRangeException");
 }
 
 TEST_F(DylibString, JoinsSplitsAndCompares) {
@@ -88,8 +90,9 @@ TEST_F(DylibString, CanBeWrittenToBothFormsOfPropertyLists) {
     auto* dictionary = NSMutableDictionary::alloc()->initWithCapacity(1).autoreleased();
     dictionary->setObject(wide.string(), ascii.string());
     for (NSUInteger format : {100, 200}) {
-        auto* written = NSPropertyListSerialization::class_send<"dataWithPropertyList:format:options:error:", NSData*>(
-            static_cast<id>(dictionary), format, NSUInteger{0}, static_cast<NSError**>(nullptr));
+        auto* written =
+            NSPropertyListSerialization::class_send<"dataWithPropertyList:format:options:error:", NSData*>(
+                static_cast<id>(dictionary), format, NSUInteger{0}, static_cast<NSError**>(nullptr));
         ASSERT_NE(written, nullptr) << format;
         id read = NSPropertyListSerialization::propertyListWithData(written, 0, nullptr, nullptr);
         EXPECT_TRUE(dictionary->isEqual(read)) << format;

@@ -28,7 +28,8 @@ class DataFiles : public testing::Test {
 TEST_F(DataFiles, AreReadWhole) {
     NSData* contents = NSData::dataWithContentsOfFile(text("/folder/file.txt"));
     ASSERT_NE(contents, nullptr);
-    EXPECT_EQ(std::string(static_cast<const char*>(contents->bytes()), contents->length()), std::string("con\0tents", 9));
+    EXPECT_EQ(std::string(static_cast<const char*>(contents->bytes()), contents->length()),
+              std::string("con\0tents", 9));
 }
 
 TEST_F(DataFiles, EmptyFileIsEmptyData) {
@@ -45,14 +46,15 @@ TEST_F(DataFiles, FoldersPipesAndWhatIsMissingAreNil) {
 }
 
 TEST_F(DataFiles, ReadingWhatIsMissingIsError260) {
-    EXPECT_EQ((NSData::class_send<"dataWithContentsOfFile:options:error:", id>(text("/missing"), NSUInteger{0}, &error)),
+    EXPECT_EQ((NSData::class_send<"dataWithContentsOfFile:options:error:", id>(text("/missing"),
+                                                                               NSUInteger{0}, &error)),
               nullptr);
     EXPECT_EQ(code(), 260);
 }
 
 TEST_F(DataFiles, ChangeableDataReadsToo) {
     auto* changeable = objc::send<"dataWithContentsOfFile:", NSData*>(class_named("NSMutableData"),
-                                                                     text("/folder/file.txt"));
+                                                                      text("/folder/file.txt"));
     ASSERT_NE(changeable, nullptr);
     changeable->send<"setLength:">(NSUInteger{3});
     EXPECT_EQ(changeable->length(), 3u);
@@ -72,8 +74,9 @@ TEST_F(DataFiles, AtomicWritingLeavesNothingElseBehind) {
     size_t count = 0;
     for ([[maybe_unused]] const auto& entry : fs::directory_iterator(phone.host("/folder"))) ++count;
     EXPECT_EQ(count, 2u);
-    EXPECT_EQ(fs::status(phone.host("/folder/new.txt")).permissions() & fs::perms::all,
-              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read | fs::perms::others_read);
+    EXPECT_EQ(
+        fs::status(phone.host("/folder/new.txt")).permissions() & fs::perms::all,
+        fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read | fs::perms::others_read);
 }
 
 TEST_F(DataFiles, WritingWithoutAFolderIsError4) {

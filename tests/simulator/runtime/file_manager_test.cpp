@@ -39,8 +39,8 @@ class FileManager : public testing::Test {
     std::string summary() const {
         if (!error) return "(no error)";
         auto* info = error->send<"userInfo", NSDictionary*>();
-        return utf8(error->send<"domain", id>()) + " " + std::to_string(error->send<"code", NSInteger>()) + " " +
-               utf8(info->objectForKey(text("NSFilePath")));
+        return utf8(error->send<"domain", id>()) + " " + std::to_string(error->send<"code", NSInteger>()) +
+               " " + utf8(info->objectForKey(text("NSFilePath")));
     }
 
     Phone phone;
@@ -159,9 +159,11 @@ TEST_F(FileManager, CreatesFolders) {
 }
 
 TEST_F(FileManager, CreatesFoldersWithPermissions) {
-    const id keys[] = {text("NSFilePosixPermissions")}, values[] = {NSNumber::numberWithUnsignedInteger(0700)};
+    const id keys[] = {text("NSFilePosixPermissions")},
+             values[] = {NSNumber::numberWithUnsignedInteger(0700)};
     EXPECT_TRUE((manager->send<"createDirectoryAtPath:withIntermediateDirectories:attributes:error:", bool>(
-        text("/private"), true, static_cast<id>(NSDictionary::dictionaryWithObjects(values, keys, 1)), &error)));
+        text("/private"), true, static_cast<id>(NSDictionary::dictionaryWithObjects(values, keys, 1)),
+        &error)));
     EXPECT_EQ(fs::status(phone.host("/private")).permissions(), fs::perms::owner_all);
 }
 
@@ -211,10 +213,11 @@ TEST_F(FileManager, CreatesAndReadsFiles) {
 }
 
 TEST_F(FileManager, KnowsLinks) {
-    EXPECT_TRUE((manager->send<"createSymbolicLinkAtPath:withDestinationPath:error:", bool>(text("/link"),
-                                                                                            text("/folder"), &error)));
+    EXPECT_TRUE((manager->send<"createSymbolicLinkAtPath:withDestinationPath:error:", bool>(
+        text("/link"), text("/folder"), &error)));
     EXPECT_EQ(fs::read_symlink(phone.host("/link")), "/folder");
-    EXPECT_EQ(utf8(manager->send<"destinationOfSymbolicLinkAtPath:error:", id>(text("/link"), &error)), "/folder");
+    EXPECT_EQ(utf8(manager->send<"destinationOfSymbolicLinkAtPath:error:", id>(text("/link"), &error)),
+              "/folder");
     auto* attributes = manager->send<"attributesOfItemAtPath:error:", NSDictionary*>(text("/link"), &error);
     EXPECT_EQ(utf8(attributes->objectForKey(text("NSFileType"))), "NSFileTypeSymbolicLink");
 }

@@ -27,10 +27,13 @@ class FileSystem : public testing::Test {
     void link(const char* device_path, const std::string& target) const {
         fs::create_symlink(target, phone.host(device_path));
     }
-    static bool exists(const char* path) { return NSFileManager::defaultManager()->fileExistsAtPath(text(path)); }
+    static bool exists(const char* path) {
+        return NSFileManager::defaultManager()->fileExistsAtPath(text(path));
+    }
     static std::string read(const char* path) {
         NSData* contents = NSData::dataWithContentsOfFile(text(path));
-        return contents ? std::string(static_cast<const char*>(contents->bytes()), contents->length()) : "(nil)";
+        return contents ? std::string(static_cast<const char*>(contents->bytes()), contents->length())
+                        : "(nil)";
     }
 
     Phone phone;
@@ -48,7 +51,9 @@ TEST_F(FileSystem, AbsolutePathsBeginAtTheRootFolder) {
 
 TEST_F(FileSystem, RelativePathsBeginThereToo) {
     EXPECT_EQ(read("var/mobile/inside.txt"), "inside");
-    EXPECT_EQ(utf8(NSFileManager::class_send<"defaultManager", NSObject*>()->send<"currentDirectoryPath", id>()), "/");
+    EXPECT_EQ(
+        utf8(NSFileManager::class_send<"defaultManager", NSObject*>()->send<"currentDirectoryPath", id>()),
+        "/");
 }
 
 TEST_F(FileSystem, GoingUpEndsAtTheRoot) {
@@ -135,12 +140,19 @@ TEST_F(FileSystem, EveryWayOfReadingStaysInside) {
         NSString* name = text(path);
         id url = NSURL::fileURLWithPath(name);
         auto made = [](const char* class_name, auto send) { return send(class_named(class_name)); };
-        EXPECT_EQ(made("NSString", [&](id c) { return objc::send<"stringWithContentsOfFile:", id>(c, name); }), nullptr);
-        EXPECT_EQ(made("NSDictionary", [&](id c) { return objc::send<"dictionaryWithContentsOfFile:", id>(c, name); }),
+        EXPECT_EQ(
+            made("NSString", [&](id c) { return objc::send<"stringWithContentsOfFile:", id>(c, name); }),
+            nullptr);
+        EXPECT_EQ(made("NSDictionary",
+                       [&](id c) { return objc::send<"dictionaryWithContentsOfFile:", id>(c, name); }),
                   nullptr);
-        EXPECT_EQ(made("NSData", [&](id c) { return objc::send<"dataWithContentsOfURL:", id>(c, url); }), nullptr);
-        EXPECT_EQ(made("NSData", [&](id c) { return objc::send<"dataWithContentsOfMappedFile:", id>(c, name); }), nullptr);
-        EXPECT_EQ(made("NSFileHandle", [&](id c) { return objc::send<"fileHandleForReadingAtPath:", id>(c, name); }),
+        EXPECT_EQ(made("NSData", [&](id c) { return objc::send<"dataWithContentsOfURL:", id>(c, url); }),
+                  nullptr);
+        EXPECT_EQ(
+            made("NSData", [&](id c) { return objc::send<"dataWithContentsOfMappedFile:", id>(c, name); }),
+            nullptr);
+        EXPECT_EQ(made("NSFileHandle",
+                       [&](id c) { return objc::send<"fileHandleForReadingAtPath:", id>(c, name); }),
                   nullptr);
         id stream = objc::send<"inputStreamWithFileAtPath:", id>(class_named("NSInputStream"), name);
         objc::send<"open">(stream);
@@ -165,7 +177,8 @@ TEST_F(FileSystem, PathsOfTheHostNeverShow) {
     while (id name = enumerator->send<"nextObject", id>()) names += utf8(name) + " ";
     EXPECT_EQ(names.find(phone.host("/").string()), std::string::npos) << names;
     EXPECT_NE(names.find("mobile/inside.txt"), std::string::npos) << names;
-    EXPECT_EQ(names.find("link/inside.txt"), std::string::npos) << "an enumerator does not descend into links";
+    EXPECT_EQ(names.find("link/inside.txt"), std::string::npos)
+        << "an enumerator does not descend into links";
 }
 
 /// The function that the rest of the simulator finds files with, in this program's own copy.

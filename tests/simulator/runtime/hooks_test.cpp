@@ -1,8 +1,7 @@
 // What the injection framework promises, and the record of what was installed.
-#include "platform/substrate.h"
-
 #include "objc/class.h"
 #include "platform/keyboard.h"
+#include "platform/substrate.h"
 #include "support/phone.h"
 
 struct TSTAnimal : objc::Interface<TSTAnimal, "TSTAnimal", NSObject> {
@@ -60,7 +59,8 @@ class Hooks : public testing::Test {
         penguin = TSTPenguin::class_send<"new", objc::strong<TSTAnimal>>();
     }
     static void hook(Class owner, const char* selector) {
-        MSHookMessageEx(owner, sel_registerName(selector), as_method(one_more), reinterpret_cast<IMP*>(&previous));
+        MSHookMessageEx(owner, sel_registerName(selector), as_method(one_more),
+                        reinterpret_cast<IMP*>(&previous));
     }
     /// Uses every method once, so that the runtime's tables are warm.
     void use() {
@@ -130,7 +130,8 @@ TEST_F(Hooks, NilClassDoesNothing) {
 }
 
 TEST_F(Hooks, ThePreviousSlotMayBeLeftOut) {
-    MSHookMessageEx(TSTBird::class_object(), sel_registerName("legs"), as_method([](id, SEL) { return 7; }), nullptr);
+    MSHookMessageEx(TSTBird::class_object(), sel_registerName("legs"), as_method([](id, SEL) { return 7; }),
+                    nullptr);
     EXPECT_EQ(bird->legs(), 7);
 }
 
@@ -208,13 +209,14 @@ TEST_F(Hooks, MethodAddedToAnExistingClassIsRecorded) {
     auto seven = as_method([](id, SEL) { return 7; });
     EXPECT_TRUE(class_addMethod(bird_class, sel_registerName("songs"), seven, "i@:"));
     EXPECT_FALSE(class_addMethod(bird_class, sel_registerName("legs"), seven, "i@:"));
-    EXPECT_TRUE(class_addMethod(object_getClass(reinterpret_cast<id>(bird_class)), sel_registerName("songs"), seven, "i@:"));
+    EXPECT_TRUE(class_addMethod(object_getClass(reinterpret_cast<id>(bird_class)), sel_registerName("songs"),
+                                seven, "i@:"));
     EXPECT_FALSE(class_addMethod(nullptr, sel_registerName("songs"), seven, "i@:"));
     EXPECT_EQ((bird->send<"songs", int>()), 7);
     EXPECT_EQ(bird->legs(), 2) << "a method that is there stays";
-    EXPECT_EQ(installed_rows(), (std::vector<std::string>{
-                                    "-[TSTBird songs] added as i@:", "-[TSTBird legs] added as i@:",
-                                    "+[TSTBird songs] added as i@:", "-[nil songs] added as i@:"}));
+    EXPECT_EQ(installed_rows(),
+              (std::vector<std::string>{"-[TSTBird songs] added as i@:", "-[TSTBird legs] added as i@:",
+                                        "+[TSTBird songs] added as i@:", "-[nil songs] added as i@:"}));
     const bool took_effect[] = {true, false, true, false};
     for (size_t i = 0; i < 4; ++i) {
         sim_installing_call call;
@@ -234,7 +236,8 @@ TEST_F(Hooks, WhatFoundationAddsToItsOwnClassesIsNotRecorded) {
     // First uses of clusters, which Foundation puts together at that moment.
     objc::AutoreleasePool pool;
     NSMutableArray::arrayWithCapacity(1)->addObject(animal);
-    for (const char* name : {"NSMutableSet", "NSCountedSet", "NSMutableAttributedString", "NSMutableData", "NSOrderedSet"})
+    for (const char* name :
+         {"NSMutableSet", "NSCountedSet", "NSMutableAttributedString", "NSMutableData", "NSOrderedSet"})
         objc_release(objc::send<"new", id>(class_named(name)));
     EXPECT_EQ(installed_rows(), std::vector<std::string>{});
 }

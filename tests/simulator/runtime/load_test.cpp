@@ -52,9 +52,9 @@ TEST_F(Load, RegistersItsClasses) {
 TEST_F(Load, RunsItsInitializersInOrder) {
     phone.load();
     EXPECT_EQ((screen()->send<"countInitializers", long>()), 2);
-    EXPECT_EQ(installed_rows(),
-              (std::vector<std::string>{"-[UIScreen bounds]", "-[nil bounds]",
-                                        "-[UIScreen countInitializers] added as q@:", "function UIKBGetNamedColor"}));
+    EXPECT_EQ(installed_rows(), (std::vector<std::string>{"-[UIScreen bounds]", "-[nil bounds]",
+                                                          "-[UIScreen countInitializers] added as q@:",
+                                                          "function UIKBGetNamedColor"}));
 }
 
 TEST_F(Load, ItsHooksAreHeard) {
@@ -73,13 +73,15 @@ TEST_F(Load, ExportsAreFoundByName) {
     EXPECT_EQ(*static_cast<const CGPoint*>(address), (CGPoint{0.25, 0.75}));
     ASSERT_EQ(sim_symbol(phone.library(), "OBJC_CLASS_$_SampleThing", &address), SIM_OK) << sim_last_error();
     EXPECT_EQ(address, objc_getClass("SampleThing"));
-    ASSERT_EQ(sim_symbol(phone.library(), "OBJC_METACLASS_$_SampleThing", &address), SIM_OK) << sim_last_error();
+    ASSERT_EQ(sim_symbol(phone.library(), "OBJC_METACLASS_$_SampleThing", &address), SIM_OK)
+        << sim_last_error();
     EXPECT_EQ(address, object_getClass(reinterpret_cast<id>(objc_getClass("SampleThing"))));
 }
 
 TEST_F(Load, OnlyItsOwnExportsAreFound) {
     phone.load();
-    for (const char* name : {"malloc", "OBJC_CLASS_$_NSObject", "OBJC_CLASS_$_UIView", "kMissing", "", "install"}) {
+    for (const char* name :
+         {"malloc", "OBJC_CLASS_$_NSObject", "OBJC_CLASS_$_UIView", "kMissing", "", "install"}) {
         void* address = this;
         EXPECT_EQ(sim_symbol(phone.library(), name, &address), SIM_NOT_FOUND) << name;
         EXPECT_EQ(address, nullptr) << name;
@@ -103,13 +105,17 @@ TEST_F(Load, WhatIsMissingIsNotFound) {
 }
 
 TEST_F(Load, WhatIsNoLibraryIsRefused) {
-    for (std::string_view bytes : {"", "x", "#!/bin/sh\n", "\x7f", "\x7f" "EL", "\xcf\xfa\xed"})
+    for (std::string_view bytes : {"", "x", "#!/bin/sh\n", "\x7f",
+                                   "\x7f"
+                                   "EL",
+                                   "\xcf\xfa\xed"})
         expect_refused(SIM_BAD_FILE, changed(bytes), "neither an ELF nor a Mach-O library");
 }
 
 TEST_F(Load, AnythingCutShortIsRefused) {
     const std::string whole = contents();
-    for (size_t size : {size_t{4}, size_t{20}, size_t{63}, size_t{64}, size_t{200}, whole.size() / 4, whole.size() / 2})
+    for (size_t size :
+         {size_t{4}, size_t{20}, size_t{63}, size_t{64}, size_t{200}, whole.size() / 4, whole.size() / 2})
         expect_refused(SIM_BAD_FILE, changed(std::string_view(whole).substr(0, size)), "cannot load");
     EXPECT_EQ(sim_installing_call_count(), 0u);
 }
@@ -120,13 +126,13 @@ TEST_F(Load, RefusesALibraryThatNeedsWhatNobodyHas) {
 
 TEST_F(Load, RefusesAnotherProcessor) {
     std::string bytes = contents();
-    if (bytes.starts_with("\x7f" "ELF"))
+    if (bytes.starts_with("\x7f"
+                          "ELF"))
         bytes[18] = 8;  // the machine
     else
         bytes[4] = 0x12;  // the processor
     expect_refused(SIM_BAD_FILE, changed(bytes), "cannot load");
 }
-
 
 }  // namespace
 }  // namespace test

@@ -18,8 +18,8 @@ struct TSTLate : objc::Interface<TSTLate, "TSTLate", NSObject> {};
 
 namespace {
 
-using All = double (*)(id, SEL, long, long, long, long, long, long, double, double, double, double, double, double,
-                       double, double);
+using All = double (*)(id, SEL, long, long, long, long, long, long, double, double, double, double, double,
+                       double, double, double);
 
 struct Base : objc::Implements<Base, TSTBase> {
     using Ivars = objc::NoIvars;
@@ -47,9 +47,10 @@ struct Late : objc::Implements<Late, TSTLate> {
     }
 };
 
-// Six numbers and eight real ones: more than the processors have registers for, so that some lie on the stack.
-double weigh(id, SEL, long a, long b, long c, long d, long e, long f, double r, double s, double t, double u, double v,
-             double w, double x, double y) {
+// Six numbers and eight real ones: more than the processors have registers for, so that some lie on the
+// stack.
+double weigh(id, SEL, long a, long b, long c, long d, long e, long f, double r, double s, double t, double u,
+             double v, double w, double x, double y) {
     return 1. * a + 10. * b + 100. * c + 1e3 * d + 1e4 * e + 1e5 * f + 1e6 * r + 1e7 * s + 1e8 * t + 1e9 * u +
            1e10 * v + 1e11 * w + 1e12 * x + 1e13 * y;
 }
@@ -94,7 +95,8 @@ TEST_F(MessageSend, ReachesTheReceiversOwnMethod) {
 TEST_F(MessageSend, CarriesEveryArgument) {
     SEL selector = sel_registerName("weigh");
     class_addMethod(TSTBase::class_object(), selector, reinterpret_cast<IMP>(&weigh), "d@:");
-    EXPECT_EQ(as<All>(objc_msgSend)(base, selector, 1, 2, 3, 4, 5, 6, 7, 8, 9, 1, 2, 3, 4, 5), 54321987654321.0);
+    EXPECT_EQ(as<All>(objc_msgSend)(base, selector, 1, 2, 3, 4, 5, 6, 7, 8, 9, 1, 2, 3, 4, 5),
+              54321987654321.0);
 }
 
 TEST_F(MessageSend, CarriesEveryArgumentPastTheFirstUseOfAClass) {
@@ -102,7 +104,8 @@ TEST_F(MessageSend, CarriesEveryArgumentPastTheFirstUseOfAClass) {
     class_addMethod(object_getClass(reinterpret_cast<id>(objc_lookUpClass("TSTLate"))), selector,
                     reinterpret_cast<IMP>(&weigh), "d@:");
     auto receiver = reinterpret_cast<id>(objc_lookUpClass("TSTLate"));
-    EXPECT_EQ(as<All>(objc_msgSend)(receiver, selector, 1, 2, 3, 4, 5, 6, 7, 8, 9, 1, 2, 3, 4, 5), 54321987654321.0);
+    EXPECT_EQ(as<All>(objc_msgSend)(receiver, selector, 1, 2, 3, 4, 5, 6, 7, 8, 9, 1, 2, 3, 4, 5),
+              54321987654321.0);
 }
 
 TEST_F(MessageSend, AnswersSmallStructuresInRegisters) {
@@ -126,7 +129,8 @@ TEST_F(MessageSend, NilAnswersZeroOfEveryKind) {
 }
 
 TEST_F(MessageSend, LetsExceptionsThrough) {
-    id raised = objc::caught([&] { as<void (*)(id, SEL)>(objc_msgSend)(base, sel_registerName("noSuchMethod")); });
+    id raised =
+        objc::caught([&] { as<void (*)(id, SEL)>(objc_msgSend)(base, sel_registerName("noSuchMethod")); });
     ASSERT_NE(raised, nullptr);
     EXPECT_EQ(utf8(objc::send<"name", id>(raised)), "NSInvalidArgumentException");
 }
@@ -161,7 +165,8 @@ TEST_F(MessageSend, LeavesTheMemoryOfAStructureAloneForNil) {
 TEST_F(MessageSend, ToSuperAnswersLargeStructuresInMemory) {
     CGRect frame{};
     objc_super super{derived, TSTDerived::class_object()};
-    as<void (*)(CGRect*, objc_super*, SEL)>(objc_msgSendSuper2_stret)(&frame, &super, sel_registerName("frame"));
+    as<void (*)(CGRect*, objc_super*, SEL)>(objc_msgSendSuper2_stret)(&frame, &super,
+                                                                      sel_registerName("frame"));
     EXPECT_EQ(frame, (CGRect{{1, 2}, {3, 4}}));
 }
 #else

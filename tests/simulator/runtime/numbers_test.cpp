@@ -9,7 +9,9 @@ namespace {
 class Numbers : public testing::Test {
   protected:
     void SetUp() override { phone.boot(); }
-    static NSObject* number(double value) { return NSNumber::class_send<"numberWithDouble:", NSObject*>(value); }
+    static NSObject* number(double value) {
+        return NSNumber::class_send<"numberWithDouble:", NSObject*>(value);
+    }
     Phone phone;
 };
 
@@ -30,7 +32,8 @@ TEST_F(Numbers, EveryKindOfStringClamps) {
     using namespace objc::literals;
     strings.push_back("99999999999"_ns);
     strings.push_back(text("x99999999999")->send<"substringFromIndex:", NSString*>(NSUInteger{1}));
-    for (NSString* string : strings) EXPECT_EQ((string->send<"intValue", int>()), INT_MAX) << object_getClassName(string);
+    for (NSString* string : strings)
+        EXPECT_EQ((string->send<"intValue", int>()), INT_MAX) << object_getClassName(string);
 }
 
 TEST_F(Numbers, TextIsReadFromItsFront) {
@@ -57,7 +60,8 @@ TEST_F(Numbers, TextIsReadAsARealNumber) {
     EXPECT_EQ(value("1e999"), INFINITY);
     EXPECT_EQ(value("-1e999"), -INFINITY);
     EXPECT_EQ(value("1e-999"), 0);
-    for (const char* none : {"", ".", "-", "e5", "inf", "nan", "infinity", "0x10", "x1"}) EXPECT_EQ(value(none), 0) << none;
+    for (const char* none : {"", ".", "-", "e5", "inf", "nan", "infinity", "0x10", "x1"})
+        EXPECT_EQ(value(none), 0) << none;
     EXPECT_EQ((text("0.1")->send<"floatValue", float>()), 0.1f);
     EXPECT_EQ((text("1e999")->send<"floatValue", float>()), HUGE_VALF);
 }

@@ -63,7 +63,8 @@ TEST_F(PropertyListFiles, WritingWithoutAFolderIsError4) {
     EXPECT_FALSE(dictionary->writeToFile(text("/missing/list.plist"), true));
     EXPECT_FALSE(dictionary->writeToURL(NSURL::fileURLWithPath(text("/missing/list.plist")), &error));
     EXPECT_EQ(code(), 4);
-    EXPECT_EQ(utf8(error->send<"userInfo", NSDictionary*>()->objectForKey(text("NSFilePath"))), "/missing/list.plist");
+    EXPECT_EQ(utf8(error->send<"userInfo", NSDictionary*>()->objectForKey(text("NSFilePath"))),
+              "/missing/list.plist");
     EXPECT_FALSE(dictionary->writeToURL(NSURL::fileURLWithPath(text("/missing/list.plist")), nullptr));
 }
 

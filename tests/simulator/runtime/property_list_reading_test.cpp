@@ -8,7 +8,8 @@ constexpr NSUInteger open_step = 1, xml = 100, binary = 200;
 
 const std::string head =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-    "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+    "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+    "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
     "<plist version=\"1.0\">\n";
 
 std::string plist(const std::string& content) { return head + content + "\n</plist>\n"; }
@@ -83,8 +84,9 @@ TEST_F(PropertyListReading, TellsTheFormat) {
     EXPECT_EQ(format, xml);
     ASSERT_NE(read("(a)"), nullptr);
     EXPECT_EQ(format, open_step);
-    auto* written = NSPropertyListSerialization::class_send<"dataWithPropertyList:format:options:error:", NSData*>(
-        static_cast<id>(text("a")), binary, NSUInteger{0}, &error);
+    auto* written =
+        NSPropertyListSerialization::class_send<"dataWithPropertyList:format:options:error:", NSData*>(
+            static_cast<id>(text("a")), binary, NSUInteger{0}, &error);
     ASSERT_NE(NSPropertyListSerialization::propertyListWithData(written, 0, &format, &error), nullptr);
     EXPECT_EQ(format, binary);
 }
@@ -94,8 +96,8 @@ TEST_F(PropertyListReading, ContainersAreImmutableUnlessAskedFor) {
     auto change = [](id array) {
         return raised_by([&] {
             static_cast<NSArray*>(array)->objectAtIndex(0);
-            objc::send<"setObject:forKey:">(static_cast<NSArray*>(array)->objectAtIndex(0), static_cast<id>(text("c")),
-                                            static_cast<id>(text("a")));
+            objc::send<"setObject:forKey:">(static_cast<NSArray*>(array)->objectAtIndex(0),
+                                            static_cast<id>(text("c")), static_cast<id>(text("a")));
             objc::send<"addObject:">(array, static_cast<id>(text("d")));
         });
     };
@@ -103,7 +105,9 @@ TEST_F(PropertyListReading, ContainersAreImmutableUnlessAskedFor) {
     EXPECT_EQ(change(read(list, 1)), "");
     auto leaf = [](id array) {
         auto* dictionary = static_cast<NSDictionary*>(static_cast<NSArray*>(array)->objectAtIndex(0));
-        return raised_by([&] { objc::send<"appendString:">(dictionary->objectForKey(text("a")), static_cast<id>(text("x"))); });
+        return raised_by([&] {
+            objc::send<"appendString:">(dictionary->objectForKey(text("a")), static_cast<id>(text("x")));
+        });
     };
     EXPECT_EQ(leaf(read(list, 1)), "NSInvalidArgumentException");
     EXPECT_EQ(leaf(read(list, 2)), "");
@@ -115,11 +119,13 @@ TEST_F(PropertyListReading, NoTruncationCrashes) {
                                NSNumber::numberWithFloat(0.5f)}),
                         text("key"));
     contents->setObject(text(repeated("long ", 20)), text("another"));
-    std::vector<std::string> lists{plist("<dict><key>a&amp;</key><array><data>AQID</data><!-- c --><date>2019-01-02T03:04:05Z"
-                                         "</date><![CDATA[x]]></array><integer>-0x1f</integer></dict>"),
-                                   "{ a = (b, \"c\\U00e9\", <0102>); /* d */ 'e' = f; // g\n }"};
-    auto* written = NSPropertyListSerialization::class_send<"dataWithPropertyList:format:options:error:", NSData*>(
-        static_cast<id>(contents), binary, NSUInteger{0}, &error);
+    std::vector<std::string> lists{
+        plist("<dict><key>a&amp;</key><array><data>AQID</data><!-- c --><date>2019-01-02T03:04:05Z"
+              "</date><![CDATA[x]]></array><integer>-0x1f</integer></dict>"),
+        "{ a = (b, \"c\\U00e9\", <0102>); /* d */ 'e' = f; // g\n }"};
+    auto* written =
+        NSPropertyListSerialization::class_send<"dataWithPropertyList:format:options:error:", NSData*>(
+            static_cast<id>(contents), binary, NSUInteger{0}, &error);
     lists.emplace_back(static_cast<const char*>(written->bytes()), written->length());
     size_t refused = 0;
     for (const std::string& list : lists)
@@ -132,10 +138,12 @@ TEST_F(PropertyListReading, NoTruncationCrashes) {
 
 TEST_F(PropertyListReading, NoChangedByteCrashes) {
     auto* contents = NSMutableDictionary::alloc()->initWithCapacity(1).autoreleased();
-    contents->setObject(array({text("one"), text("tw\u00f6"), NSNumber::numberWithBool(true), data("bytes")}), text("key"));
+    contents->setObject(array({text("one"), text("tw\u00f6"), NSNumber::numberWithBool(true), data("bytes")}),
+                        text("key"));
     for (NSUInteger wanted : {xml, binary}) {
-        auto* written = NSPropertyListSerialization::class_send<"dataWithPropertyList:format:options:error:", NSData*>(
-            static_cast<id>(contents), wanted, NSUInteger{0}, &error);
+        auto* written =
+            NSPropertyListSerialization::class_send<"dataWithPropertyList:format:options:error:", NSData*>(
+                static_cast<id>(contents), wanted, NSUInteger{0}, &error);
         const std::string list(static_cast<const char*>(written->bytes()), written->length());
         for (size_t at = 0; at < list.size(); ++at)
             for (unsigned char value : {0x00, 0x01, 0x0f, 0x1f, 0x3c, 0x7f, 0x80, 0xa1, 0xd1, 0xff}) {
@@ -149,7 +157,9 @@ TEST_F(PropertyListReading, NoChangedByteCrashes) {
 
 TEST_F(PropertyListReading, NestingHasAnEnd) {
     for (size_t depth : {511, 512}) {
-        EXPECT_EQ(read(plist(repeated("<array>", depth) + repeated("</array>", depth))) != nullptr, depth < 512) << depth;
+        EXPECT_EQ(read(plist(repeated("<array>", depth) + repeated("</array>", depth))) != nullptr,
+                  depth < 512)
+            << depth;
         EXPECT_NE(read(repeated("(", depth) + repeated(")", depth)), nullptr) << depth;
     }
     expect_refused(plist(repeated("<array>", 1'000'000) + repeated("</array>", 1'000'000)));
@@ -195,18 +205,21 @@ TEST_F(PropertyListReading, XmlEmptyElements) {
     EXPECT_EQ(string(plist("<string/>")), "");
     EXPECT_EQ(string(plist("<string></string>")), "");
     EXPECT_EQ(described(plist("<data></data>")), "<>");
-    for (const char* name : {"integer", "real", "date", "data", "plist"}) expect_refused(plist("<" + std::string(name) + "/>"));
+    for (const char* name : {"integer", "real", "date", "data", "plist"})
+        expect_refused(plist("<" + std::string(name) + "/>"));
 }
 
 TEST_F(PropertyListReading, XmlCharactersBeyondTheFirstPlane) {
     EXPECT_EQ(string(plist("<string>a\U0001f600z</string>")), "a\U0001f600z");
     EXPECT_EQ(string(plist("<string>a&#x1F600;&#128512;z</string>")), "a\U0001f600\U0001f600z");
-    EXPECT_EQ(described(plist("<dict><key>\U0001f600</key><string>b</string></dict>")), "{\"\\UD83D\\UDE00\" = b; }");
+    EXPECT_EQ(described(plist("<dict><key>\U0001f600</key><string>b</string></dict>")),
+              "{\"\\UD83D\\UDE00\" = b; }");
 }
 
 TEST_F(PropertyListReading, XmlEntities) {
     EXPECT_EQ(string(plist("<string>&lt;&amp;&gt;&quot;&apos;&#65;&#x42;</string>")), "<&>\"'AB");
-    for (const char* wrong : {"&nbsp;", "&", "&;", "&#;", "&#x;", "&#xD800;", "&#x110000;", "&#99999999999;", "&#-1;", "& amp;"})
+    for (const char* wrong :
+         {"&nbsp;", "&", "&;", "&#;", "&#x;", "&#xD800;", "&#x110000;", "&#99999999999;", "&#-1;", "& amp;"})
         expect_refused(plist("<string>" + std::string(wrong) + "</string>"));
 }
 
@@ -216,9 +229,10 @@ TEST_F(PropertyListReading, XmlSectionsOfCharacterData) {
 }
 
 TEST_F(PropertyListReading, XmlCommentsDeclarationsAndAttributes) {
-    EXPECT_EQ(described("<!-- a --><?b c?><plist><!-- < --><dict><!-- d --><key>k</key><!-- e --><string>v</string>"
-                        "</dict><!-- f --></plist>"),
-              "{k = v; }");
+    EXPECT_EQ(
+        described("<!-- a --><?b c?><plist><!-- < --><dict><!-- d --><key>k</key><!-- e --><string>v</string>"
+                  "</dict><!-- f --></plist>"),
+        "{k = v; }");
     EXPECT_EQ(string("<!DOCTYPE plist [ <!ENTITY x \"]>\"> ]><plist><string>a</string></plist>"), "a");
     EXPECT_EQ(string(plist("<string lang='>' x=\"y\" >a</string >")), "a");
     expect_refused(plist("<string>a<!-- b -->c</string>"));
@@ -227,7 +241,8 @@ TEST_F(PropertyListReading, XmlCommentsDeclarationsAndAttributes) {
 TEST_F(PropertyListReading, XmlEntitiesOfItsOwnAreNotUnfolded) {
     std::string bomb = "<!DOCTYPE plist [<!ENTITY a \"aaaaaaaaaa\">";
     for (char c = 'b'; c <= 'z'; ++c)
-        bomb += std::string("<!ENTITY ") + c + " \"" + repeated(std::string("&") + char(c - 1) + ";", 10) + "\">";
+        bomb +=
+            std::string("<!ENTITY ") + c + " \"" + repeated(std::string("&") + char(c - 1) + ";", 10) + "\">";
     expect_refused(bomb + "]><plist><string>&z;</string></plist>");
 }
 
@@ -243,7 +258,8 @@ TEST_F(PropertyListReading, XmlOfTwoRootsIsRefused) {
 }
 
 TEST_F(PropertyListReading, XmlDictionariesAreKeysAndValues) {
-    EXPECT_EQ(described(plist("<dict><key>a</key><string>1</string><key>a</key><string>2</string></dict>")), "{a = 2; }");
+    EXPECT_EQ(described(plist("<dict><key>a</key><string>1</string><key>a</key><string>2</string></dict>")),
+              "{a = 2; }");
     expect_refused(plist("<dict><key>a</key></dict>"));
     expect_refused(plist("<dict><string>a</string></dict>"));
     expect_refused(plist("<dict><key>a</key><key>b</key><string>c</string></dict>"));
@@ -267,10 +283,14 @@ TEST_F(PropertyListReading, XmlErrorsNameTheLine) {
 TEST_F(PropertyListReading, XmlIntegers) {
     EXPECT_EQ(number(plist("<integer>0x1F</integer>")), 31);
     EXPECT_EQ(number(plist("<integer> +7 </integer>")), 7);
-    EXPECT_EQ((objc::send<"longLongValue", long long>(read(plist("<integer>-9223372036854775808</integer>")))), INT64_MIN);
-    EXPECT_EQ((objc::send<"unsignedLongLongValue", unsigned long long>(read(plist("<integer>18446744073709551615</integer>")))),
+    EXPECT_EQ(
+        (objc::send<"longLongValue", long long>(read(plist("<integer>-9223372036854775808</integer>")))),
+        INT64_MIN);
+    EXPECT_EQ((objc::send<"unsignedLongLongValue", unsigned long long>(
+                  read(plist("<integer>18446744073709551615</integer>")))),
               UINT64_MAX);
-    for (const char* wrong : {"", "12x", "x", "-", "0x", "1.5", "18446744073709551616", "-9223372036854775809", "--1"})
+    for (const char* wrong :
+         {"", "12x", "x", "-", "0x", "1.5", "18446744073709551616", "-9223372036854775809", "--1"})
         expect_refused(plist("<integer>" + std::string(wrong) + "</integer>"));
 }
 
@@ -291,8 +311,9 @@ TEST_F(PropertyListReading, XmlDates) {
     };
     EXPECT_EQ(seconds("2000-12-31T23:59:59Z"), -1);
     EXPECT_EQ(seconds("2020-02-29T00:00:00Z") - seconds("2020-02-28T00:00:00Z"), 86400);
-    for (const char* wrong : {"", "2019", "2019-01-02", "2019-01-02T03:04:05", "2019-13-02T03:04:05Z", "2019-02-30T03:04:05Z",
-                              "2019-01-02T03:04:05Zx", "a-01-02T03:04:05Z", "2019-01-02T25:04:05Z", "99999999-01-02T03:04:05Z"})
+    for (const char* wrong :
+         {"", "2019", "2019-01-02", "2019-01-02T03:04:05", "2019-13-02T03:04:05Z", "2019-02-30T03:04:05Z",
+          "2019-01-02T03:04:05Zx", "a-01-02T03:04:05Z", "2019-01-02T25:04:05Z", "99999999-01-02T03:04:05Z"})
         expect_refused(plist("<date>" + std::string(wrong) + "</date>"));
 }
 
@@ -302,7 +323,8 @@ TEST_F(PropertyListReading, XmlControlCharactersAreKept) {
 
 TEST_F(PropertyListReading, XmlInOtherEncodings) {
     EXPECT_EQ(string("\xef\xbb\xbf" + plist("<string>\u00e9</string>")), "\u00e9");
-    EXPECT_EQ(string("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><plist><string>\xe9</string></plist>"), "\u00e9");
+    EXPECT_EQ(string("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><plist><string>\xe9</string></plist>"),
+              "\u00e9");
     auto in_utf16 = [](std::u16string_view units, bool big_endian) {
         std::string bytes = big_endian ? "\xfe\xff" : "\xff\xfe";
         for (char16_t unit : units) {
@@ -313,7 +335,8 @@ TEST_F(PropertyListReading, XmlInOtherEncodings) {
         return bytes;
     };
     for (bool big_endian : {false, true}) {
-        EXPECT_EQ(string(in_utf16(u"<plist><string>\u00e9\U0001f600</string></plist>", big_endian)), "\u00e9\U0001f600");
+        EXPECT_EQ(string(in_utf16(u"<plist><string>\u00e9\U0001f600</string></plist>", big_endian)),
+                  "\u00e9\U0001f600");
         expect_refused(in_utf16(std::u16string{u'<', 0xd800, u'>'}, big_endian));
         expect_refused(in_utf16(u"<plist>", big_endian) + "x");
     }
@@ -323,7 +346,8 @@ TEST_F(PropertyListReading, XmlInOtherEncodings) {
 // ---- The old form
 
 TEST_F(PropertyListReading, OldFormHasEveryKind) {
-    EXPECT_EQ(described("{ a = b; \"c d\" = (1, 'two', <0102 03>); }"), "{a = b; \"c d\" = (1, two, <010203>); }");
+    EXPECT_EQ(described("{ a = b; \"c d\" = (1, 'two', <0102 03>); }"),
+              "{a = b; \"c d\" = (1, two, <010203>); }");
     EXPECT_EQ(string("hello"), "hello");
     EXPECT_EQ(string("  /bin:x.y-z_$1 "), "/bin:x.y-z_$1");
     EXPECT_EQ(described("()"), "()");
@@ -353,9 +377,10 @@ TEST_F(PropertyListReading, OldFormEscapes) {
 }
 
 TEST_F(PropertyListReading, OldFormMistakesAreRefused) {
-    for (const char* wrong : {"hello world", "{a=b}", "{a=b;", "{a=;}", "{=b;}", "{a b;}", "(a", "(a b)", "(,)", ")", "}", "\"abc",
-                              "'abc", "<012>", "<01", "<0g>", "(a) x", "a = b", "a; =", "{a=b;} x", "\"\\", "[a]", "a = (b;",
-                              "@a", "<*I5>", "<*BY>"})
+    for (const char* wrong :
+         {"hello world", "{a=b}",    "{a=b;", "{a=;}", "{=b;}",   "{a b;}", "(a",    "(a b)", "(,)",
+          ")",           "}",        "\"abc", "'abc",  "<012>",   "<01",    "<0g>",  "(a) x", "a = b",
+          "a; =",        "{a=b;} x", "\"\\",  "[a]",   "a = (b;", "@a",     "<*I5>", "<*BY>"})
         expect_refused(wrong);
 }
 
@@ -375,12 +400,14 @@ std::string binary_list(const std::vector<std::string>& objects, int reference_s
         for (int shift = 56; shift >= 0; shift -= 8) text += static_cast<char>(value >> shift);
         return text;
     };
-    return bytes + table + std::string(6, '\0') + '\2' + static_cast<char>(reference_size) + eight(objects.size()) + eight(0) +
-           eight(table_at);
+    return bytes + table + std::string(6, '\0') + '\2' + static_cast<char>(reference_size) +
+           eight(objects.size()) + eight(0) + eight(table_at);
 }
 
 TEST_F(PropertyListReading, BinaryHasEveryKind) {
-    EXPECT_EQ(string(binary_list({"\x51" "a"})), "a");
+    EXPECT_EQ(string(binary_list({"\x51"
+                                  "a"})),
+              "a");
     EXPECT_EQ(string(binary_list({std::string("\x62\0\xe9\x4e\0", 5)})), "\u00e9\u4e00");
     EXPECT_EQ(number(binary_list({"\x10\xff"})), 255);
     EXPECT_EQ(number(binary_list({"\x13\xff\xff\xff\xff\xff\xff\xff\xff"})), -1);
@@ -391,8 +418,16 @@ TEST_F(PropertyListReading, BinaryHasEveryKind) {
     EXPECT_EQ(number(binary_list({std::string("\x23\x3f\xe0\0\0\0\0\0\0", 9)})), 0.5);
     EXPECT_EQ(read(binary_list({"\x09"})), NSNumber::numberWithBool(true));
     EXPECT_EQ(described(binary_list({"\x42\x01\x02"})), "<0102>");
-    EXPECT_EQ(described(binary_list({"\xa2\x01\x01", "\x51" "a"})), "(a, a)");
-    EXPECT_EQ(described(binary_list({"\xd1\x01\x02", "\x51" "k", "\x51" "v"})), "{k = v; }");
+    EXPECT_EQ(described(binary_list({"\xa2\x01\x01",
+                                     "\x51"
+                                     "a"})),
+              "(a, a)");
+    EXPECT_EQ(described(binary_list({"\xd1\x01\x02",
+                                     "\x51"
+                                     "k",
+                                     "\x51"
+                                     "v"})),
+              "{k = v; }");
     id date = read(binary_list({std::string("\x33\x3f\xe0\0\0\0\0\0\0", 9)}));
     EXPECT_EQ((objc::send<"timeIntervalSinceReferenceDate", double>(date)), 0.5);
     EXPECT_EQ(string(binary_list({"\x5f\x10\x14" + std::string(20, 'x')})), std::string(20, 'x'));
@@ -401,25 +436,37 @@ TEST_F(PropertyListReading, BinaryHasEveryKind) {
 TEST_F(PropertyListReading, BinaryObjectThatContainsItselfIsRefused) {
     expect_refused(binary_list({std::string("\xa1\0", 2)}));
     expect_refused(binary_list({"\xa1\x01", std::string("\xa1\0", 2)}));
-    expect_refused(binary_list({std::string("\xd1\x01\0", 3), "\x51" "k"}));
+    expect_refused(binary_list({std::string("\xd1\x01\0", 3),
+                                "\x51"
+                                "k"}));
 }
 
 TEST_F(PropertyListReading, BinaryObjectsMayStandInManyPlaces) {
     // Sixty arrays, each of which holds the next one twice: unfolded, more objects than there is memory.
     std::vector<std::string> objects;
-    for (int i = 0; i < 60; ++i) objects.push_back({'\xa2', static_cast<char>(i + 1), static_cast<char>(i + 1)});
-    objects.push_back("\x51" "a");
+    for (int i = 0; i < 60; ++i)
+        objects.push_back({'\xa2', static_cast<char>(i + 1), static_cast<char>(i + 1)});
+    objects.push_back(
+        "\x51"
+        "a");
     EXPECT_NE(read(binary_list(objects)), nullptr);
     // Where they can be changed each is an object of its own, and that has an end.
     EXPECT_EQ(read(binary_list(objects), 1), nullptr);
-    EXPECT_NE(read(binary_list({"\xa2\x01\x01", "\xa1\x02", "\x51" "a"}), 1), nullptr);
+    EXPECT_NE(read(binary_list({"\xa2\x01\x01", "\xa1\x02",
+                                "\x51"
+                                "a"}),
+                   1),
+              nullptr);
 }
 
 TEST_F(PropertyListReading, BinaryNestingHasAnEnd) {
     for (int depth : {255, 600}) {
         std::vector<std::string> objects;
-        for (int i = 1; i <= depth; ++i) objects.push_back({'\xa1', static_cast<char>(i >> 8), static_cast<char>(i)});
-        objects.push_back("\x51" "a");
+        for (int i = 1; i <= depth; ++i)
+            objects.push_back({'\xa1', static_cast<char>(i >> 8), static_cast<char>(i)});
+        objects.push_back(
+            "\x51"
+            "a");
         EXPECT_EQ(read(binary_list(objects, 2)) != nullptr, depth < 512) << depth;
     }
 }
@@ -428,23 +475,30 @@ TEST_F(PropertyListReading, BinaryMistakesAreRefused) {
     expect_refused("bplist00");
     expect_refused("bplist01" + std::string(32, '\0'));
     expect_refused(binary_list({}));
-    expect_refused(binary_list({"\xa1\x05"}));                              // no such object
+    expect_refused(binary_list({"\xa1\x05"}));                                  // no such object
     expect_refused(binary_list({"\xaf\x13\x7f\xff\xff\xff\xff\xff\xff\xff"}));  // a length beyond the file
-    expect_refused(binary_list({"\x5f\x51"}));                              // a length that is no number
-    expect_refused(binary_list({"\x61"}));                                  // cut short
-    expect_refused(binary_list({"\x51\x80"}));                              // ASCII that is none
-    expect_refused(binary_list({"\xd1\x01\x01", "\x09"}));                  // a key that is no string
-    expect_refused(binary_list({"\x80\x01"}));                              // an archiver's reference
+    expect_refused(binary_list({"\x5f\x51"}));                                  // a length that is no number
+    expect_refused(binary_list({"\x61"}));                                      // cut short
+    expect_refused(binary_list({"\x51\x80"}));                                  // ASCII that is none
+    expect_refused(binary_list({"\xd1\x01\x01", "\x09"}));                      // a key that is no string
+    expect_refused(binary_list({"\x80\x01"}));                                  // an archiver's reference
     expect_refused(binary_list({"\x70"}));
     expect_refused(binary_list({"\x20\x01"}));
     expect_refused(binary_list({"\x15" + std::string(32, '\1')}));
-    std::string huge_count = binary_list({"\x51" "a"});
+    std::string huge_count =
+        binary_list({"\x51"
+                     "a"});
     huge_count.replace(huge_count.size() - 24, 8, 8, '\xff');
     expect_refused(huge_count);
-    std::string far_table = binary_list({"\x51" "a"});
+    std::string far_table =
+        binary_list({"\x51"
+                     "a"});
     far_table.replace(far_table.size() - 8, 8, 8, '\xff');
     expect_refused(far_table);
-    for (int size : {0, 9, 255}) expect_refused(binary_list({"\x51" "a"}, size));
+    for (int size : {0, 9, 255})
+        expect_refused(binary_list({"\x51"
+                                    "a"},
+                                   size));
 }
 
 }  // namespace

@@ -6,7 +6,8 @@ namespace {
 
 const std::string head =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-    "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+    "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+    "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
     "<plist version=\"1.0\">\n";
 
 class PropertyListWriting : public testing::Test {
@@ -15,8 +16,9 @@ class PropertyListWriting : public testing::Test {
 
     std::string written(id list, NSUInteger format = 100) {
         error = nullptr;
-        auto* bytes = NSPropertyListSerialization::class_send<"dataWithPropertyList:format:options:error:", NSData*>(
-            list, format, NSUInteger{0}, &error);
+        auto* bytes =
+            NSPropertyListSerialization::class_send<"dataWithPropertyList:format:options:error:", NSData*>(
+                list, format, NSUInteger{0}, &error);
         return bytes ? std::string(static_cast<const char*>(bytes->bytes()), bytes->length()) : "(nil)";
     }
     std::string xml(const std::string& content) { return head + content + "</plist>\n"; }
@@ -104,16 +106,19 @@ TEST_F(PropertyListWriting, XmlDatesAreWholeSecondsOfGreenwich) {
 }
 
 TEST_F(PropertyListWriting, WhatIsWrittenIsReadAgain) {
-    id list = dictionary({{text("\u00e9\U0001f600&<>"), array({number(0.1), number(-1e-300), text("\x01 \t\r\n]]>"), test::data(""),
-                                                               test::data(std::string(1000, '\xfe')), array({}), dictionary({})})},
-                          {text(""), NSNumber::numberWithBool(true)},
-                          {text("n"), NSNumber::class_send<"numberWithLongLong:", id>(static_cast<long long>(INT64_MIN))}});
+    id list = dictionary(
+        {{text("\u00e9\U0001f600&<>"),
+          array({number(0.1), number(-1e-300), text("\x01 \t\r\n]]>"), test::data(""),
+                 test::data(std::string(1000, '\xfe')), array({}), dictionary({})})},
+         {text(""), NSNumber::numberWithBool(true)},
+         {text("n"), NSNumber::class_send<"numberWithLongLong:", id>(static_cast<long long>(INT64_MIN))}});
     for (NSUInteger format : {100, 200}) {
         const std::string bytes = written(list, format);
         id read = NSPropertyListSerialization::propertyListWithData(test::data(bytes), 0, nullptr, &error);
         ASSERT_NE(read, nullptr) << format;
         EXPECT_TRUE(static_cast<NSObject*>(list)->isEqual(read)) << format;
-        EXPECT_EQ(static_cast<NSDictionary*>(read)->objectForKey(text("")), NSNumber::numberWithBool(true)) << format;
+        EXPECT_EQ(static_cast<NSDictionary*>(read)->objectForKey(text("")), NSNumber::numberWithBool(true))
+            << format;
     }
 }
 
@@ -124,9 +129,11 @@ std::string bytes_of(std::initializer_list<int> values) {
 }
 
 TEST_F(PropertyListWriting, BinaryIsAsTheFormatSays) {
-    EXPECT_EQ(written(text("a"), 200), "bplist00\x51" "a\x08" + bytes_of({0, 0, 0, 0, 0, 0, 1, 1}) +
-                                           bytes_of({0, 0, 0, 0, 0, 0, 0, 1}) + std::string(8, '\0') +
-                                           bytes_of({0, 0, 0, 0, 0, 0, 0, 10}));
+    EXPECT_EQ(written(text("a"), 200),
+              "bplist00\x51"
+              "a\x08" +
+                  bytes_of({0, 0, 0, 0, 0, 0, 1, 1}) + bytes_of({0, 0, 0, 0, 0, 0, 0, 1}) +
+                  std::string(8, '\0') + bytes_of({0, 0, 0, 0, 0, 0, 0, 10}));
 }
 
 TEST_F(PropertyListWriting, BinaryNumbersKeepTheirKindAndTakeTheLeastRoom) {
@@ -142,7 +149,8 @@ TEST_F(PropertyListWriting, BinaryNumbersKeepTheirKindAndTakeTheLeastRoom) {
         {integer(65536), bytes_of({0x12, 0, 1, 0, 0})},
         {integer(1LL << 32), bytes_of({0x13, 0, 0, 0, 1, 0, 0, 0, 0})},
         {integer(-1), "\x13\xff\xff\xff\xff\xff\xff\xff\xff"},
-        {NSNumber::numberWithUnsignedInteger(~NSUInteger{0}), "\x14" + std::string(8, '\0') + std::string(8, '\xff')},
+        {NSNumber::numberWithUnsignedInteger(~NSUInteger{0}),
+         "\x14" + std::string(8, '\0') + std::string(8, '\xff')},
         {test::data(std::string(15, 'x')), "\x4f\x10\x0f" + std::string(15, 'x')},
         {text("\u00e9"), bytes_of({0x61, 0, 0xe9})}};
     for (const auto& [value, object] : cases) {
@@ -195,7 +203,8 @@ TEST_F(PropertyListWriting, OldFormCannotBeWritten) {
 
 TEST_F(PropertyListWriting, ValidityCanBeAskedFor) {
     auto valid = [](id list) {
-        return NSPropertyListSerialization::class_send<"propertyList:isValidForFormat:", bool>(list, NSUInteger{100});
+        return NSPropertyListSerialization::class_send<"propertyList:isValidForFormat:", bool>(
+            list, NSUInteger{100});
     };
     EXPECT_TRUE(valid(text("a")));
     EXPECT_FALSE(valid(NSNull::null()));

@@ -57,8 +57,9 @@ TEST(RunOnce, LaterThreadsWaitForTheFirst) {
 
 TEST(RunOnce, FromItsOwnFunctionStopsTheProcess) {
     static long once = 0;
-    EXPECT_DEATH(dispatch_once_f(&once, nullptr, [](void*) { dispatch_once_f(&once, nullptr, [](void*) {}); }),
-                 "not modelled: dispatch_once_f");
+    EXPECT_DEATH(
+        dispatch_once_f(&once, nullptr, [](void*) { dispatch_once_f(&once, nullptr, [](void*) {}); }),
+        "not modelled: dispatch_once_f");
 }
 
 }  // namespace

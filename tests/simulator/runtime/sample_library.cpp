@@ -40,8 +40,8 @@ void install() {
     ++initializers_run;
     MSHookMessageEx(objc_getClass("UIScreen"), objc::selector<"bounds">(), reinterpret_cast<IMP>(&bounds),
                     reinterpret_cast<IMP*>(&previous_bounds));
-    MSHookMessageEx(objc_getClass("SampleMissing"), objc::selector<"bounds">(), reinterpret_cast<IMP>(&bounds),
-                    reinterpret_cast<IMP*>(&previous_bounds));
+    MSHookMessageEx(objc_getClass("SampleMissing"), objc::selector<"bounds">(),
+                    reinterpret_cast<IMP>(&bounds), reinterpret_cast<IMP*>(&previous_bounds));
     class_addMethod(objc_getClass("UIScreen"), objc::selector<"countInitializers">(),
                     reinterpret_cast<IMP>(&count_initializers), "q@:");
 }

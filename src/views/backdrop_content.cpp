@@ -1,0 +1,38 @@
+// What the content views of the three backdrops have in common.
+#include "views/backdrop_content.h"
+
+using namespace objc::literals;
+
+void set_up_content_view(UIView* content) {
+    content->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+    content->layer()->setShouldRasterize(true);
+    content->layer()->setRasterizationScale(UIScreen::mainScreen()->scale());
+    content->setOpaque(true);
+}
+
+void put_in_front(UIView* backdrop, UIView* content) {
+    backdrop->addSubview(content);
+    switch_off_animations(content->layer());
+}
+
+void switch_off_animations(CALayer* layer) {
+    const id keys[] = {"onOrderIn"_ns, "onOrderOut"_ns, "sublayers"_ns, "contents"_ns,
+                       "bounds"_ns,    "onLayout"_ns,   "position"_ns};
+    id nothing[7];
+    for (id& action : nothing) action = NSNull::null();
+    layer->setActions(NSDictionary::dictionaryWithObjects(nothing, keys, 7));
+}
+
+UIImage* image_with_alpha(UIImage* image, CGFloat alpha) {
+    const CGSize size = image->size();
+    UIGraphicsBeginImageContextWithOptions(size, false, 0.0);
+    CGContextRef context = UIGraphicsGetCurrentContext();
+    CGContextScaleCTM(context, 1.0, -1.0);
+    CGContextTranslateCTM(context, 0, -size.height);
+    CGContextSetBlendMode(context, kCGBlendModeMultiply);
+    CGContextSetAlpha(context, alpha);
+    CGContextDrawImage(context, {{0, 0}, size}, image->CGImage());
+    UIImage* result = UIGraphicsGetImageFromCurrentImageContext();
+    UIGraphicsEndImageContext();
+    return result;
+}
