@@ -64,8 +64,9 @@ namespace sim {
 std::optional<RGBA> rgba_of(CGColorRef color) {
     const CGFloat* components = CGColorGetComponents(color);
     switch (CGColorSpaceGetModel(CGColorGetColorSpace(color))) {
-        case kCGColorSpaceModelMonochrome: return RGBA{components[0], components[0], components[0], components[1]};
-        case kCGColorSpaceModelRGB:        return RGBA{components[0], components[1], components[2], components[3]};
+        case kCGColorSpaceModelMonochrome:
+            return RGBA{components[0], components[0], components[0], components[1]};
+        case kCGColorSpaceModelRGB: return RGBA{components[0], components[1], components[2], components[3]};
     }
     return std::nullopt;
 }
@@ -105,7 +106,9 @@ SIM_EXPORTED CGColorSpaceRef CGColorGetColorSpace(CGColorRef color) {
     return color ? body(color)->ivars().space.get() : nullptr;
 }
 
-SIM_EXPORTED size_t CGColorGetNumberOfComponents(CGColorRef color) { return color ? body(color)->count() : 0; }
+SIM_EXPORTED size_t CGColorGetNumberOfComponents(CGColorRef color) {
+    return color ? body(color)->count() : 0;
+}
 
 SIM_EXPORTED const CGFloat* CGColorGetComponents(CGColorRef color) {
     return color ? body(color)->ivars().components.data() : nullptr;
@@ -118,7 +121,8 @@ SIM_EXPORTED bool CGColorEqualToColor(CGColorRef a, CGColorRef b) {
     if (!a || !b || body(a)->ivars().space != body(b)->ivars().space ||
         body(a)->ivars().pattern != body(b)->ivars().pattern)
         return false;
-    return std::equal(CGColorGetComponents(a), CGColorGetComponents(a) + body(a)->count(), CGColorGetComponents(b));
+    return std::equal(CGColorGetComponents(a), CGColorGetComponents(a) + body(a)->count(),
+                      CGColorGetComponents(b));
 }
 
 SIM_EXPORTED CGColorRef CGColorRetain(CGColorRef color) {

@@ -34,8 +34,8 @@ CGColorSpaceRef color_space_of(CGColorSpaceModel model) {
     static const CGColorSpaceRef pattern = made(kCGColorSpaceModelPattern);
     switch (model) {
         case kCGColorSpaceModelMonochrome: return grey;
-        case kCGColorSpaceModelRGB:        return rgb;
-        case kCGColorSpaceModelPattern:    return pattern;
+        case kCGColorSpaceModelRGB: return rgb;
+        case kCGColorSpaceModelPattern: return pattern;
     }
     return nullptr;
 }
@@ -57,7 +57,7 @@ SIM_EXPORTED CGColorSpaceModel CGColorSpaceGetModel(CGColorSpaceRef space) {
 SIM_EXPORTED size_t CGColorSpaceGetNumberOfComponents(CGColorSpaceRef space) {
     switch (CGColorSpaceGetModel(space)) {
         case kCGColorSpaceModelMonochrome: return 1;
-        case kCGColorSpaceModelRGB:        return 3;
+        case kCGColorSpaceModelRGB: return 3;
     }
     return 0;
 }

@@ -36,7 +36,8 @@ void add(CGContextRef context, const PathElements& elements) {
 // A grey image without alpha is itself the mask: white shows. Every other image masks by its alpha.
 sim::Surface mask_shape(CGImageRef mask) {
     sim::Surface surface = sim::surface_of(mask);
-    if (sim::has_alpha(mask) || CGColorSpaceGetModel(CGImageGetColorSpace(mask)) != kCGColorSpaceModelMonochrome)
+    if (sim::has_alpha(mask) ||
+        CGColorSpaceGetModel(CGImageGetColorSpace(mask)) != kCGColorSpaceModelMonochrome)
         return surface;
     const sim::Pixels grey(surface);
     sim::Surface shape(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(grey.width()),
@@ -65,8 +66,8 @@ strong<CGContext> context_over(Bitmap bitmap) {
 
 strong<CGContext> image_context(CGSize size, bool opaque, CGFloat scale) {
     const CGFloat width = std::ceil(size.width * scale), height = std::ceil(size.height * scale);
-    const bool drawable = size.width > 0 && size.height > 0 && width >= 1 && width <= longest_side && height >= 1 &&
-                          height <= longest_side;
+    const bool drawable = size.width > 0 && size.height > 0 && width >= 1 && width <= longest_side &&
+                          height >= 1 && height <= longest_side;
     if (!drawable) return nullptr;
     auto bitmap = Bitmap::of_size(static_cast<size_t>(width), static_cast<size_t>(height), opaque);
     if (!bitmap) return nullptr;
@@ -84,10 +85,11 @@ strong<CGImage> image_of(const Canvas& canvas) {
 
 }  // namespace sim
 
-// ---- Bitmaps --------------------------------------------------------------------------------------------------
+// ---- Bitmaps ------------------------------------------------------------------------------------
 
-SIM_EXPORTED CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height, size_t bits_per_component,
-                                                size_t bytes_per_row, CGColorSpaceRef space, CGBitmapInfo info) {
+SIM_EXPORTED CGContextRef CGBitmapContextCreate(void* data, size_t width, size_t height,
+                                                size_t bits_per_component, size_t bytes_per_row,
+                                                CGColorSpaceRef space, CGBitmapInfo info) {
     if (bits_per_component == 8 && CGColorSpaceGetModel(space) != kCGColorSpaceModelRGB &&
         (space || (info & kCGBitmapAlphaInfoMask) == kCGImageAlphaOnly))
         sim::not_modelled("CGBitmapContextCreate", "a context that is grey or alpha alone");
@@ -102,11 +104,13 @@ SIM_EXPORTED void* CGBitmapContextGetData(CGContextRef context) {
 }
 
 SIM_EXPORTED size_t CGBitmapContextGetWidth(CGContextRef context) {
-    return context ? static_cast<size_t>(cairo_image_surface_get_width(canvas(context)->bitmap().surface())) : 0;
+    return context ? static_cast<size_t>(cairo_image_surface_get_width(canvas(context)->bitmap().surface()))
+                   : 0;
 }
 
 SIM_EXPORTED size_t CGBitmapContextGetHeight(CGContextRef context) {
-    return context ? static_cast<size_t>(cairo_image_surface_get_height(canvas(context)->bitmap().surface())) : 0;
+    return context ? static_cast<size_t>(cairo_image_surface_get_height(canvas(context)->bitmap().surface()))
+                   : 0;
 }
 
 SIM_EXPORTED size_t CGBitmapContextGetBytesPerRow(CGContextRef context) {
@@ -128,7 +132,7 @@ SIM_EXPORTED CGContextRef CGContextRetain(CGContextRef context) {
 
 SIM_EXPORTED void CGContextRelease(CGContextRef context) { objc_release(context); }
 
-// ---- State ----------------------------------------------------------------------------------------------------
+// ---- State --------------------------------------------------------------------------------------
 
 SIM_EXPORTED void CGContextSaveGState(CGContextRef context) {
     if (context) canvas(context)->save();
@@ -200,7 +204,7 @@ SIM_EXPORTED CGInterpolationQuality CGContextGetInterpolationQuality(CGContextRe
     return context ? canvas(context)->state().quality : kCGInterpolationDefault;
 }
 
-// ---- Paths ----------------------------------------------------------------------------------------------------
+// ---- Paths --------------------------------------------------------------------------------------
 
 SIM_EXPORTED void CGContextBeginPath(CGContextRef context) {
     if (context) canvas(context)->path().clear();
@@ -214,8 +218,8 @@ SIM_EXPORTED void CGContextAddLineToPoint(CGContextRef context, CGFloat x, CGFlo
     add(context, {{PathElement::line, {{x, y}}}});
 }
 
-SIM_EXPORTED void CGContextAddCurveToPoint(CGContextRef context, CGFloat x1, CGFloat y1, CGFloat x2, CGFloat y2,
-                                           CGFloat x, CGFloat y) {
+SIM_EXPORTED void CGContextAddCurveToPoint(CGContextRef context, CGFloat x1, CGFloat y1, CGFloat x2,
+                                           CGFloat y2, CGFloat x, CGFloat y) {
     add(context, {{PathElement::curve, {{x1, y1}, {x2, y2}, {x, y}}}});
 }
 
@@ -238,7 +242,9 @@ SIM_EXPORTED void CGContextAddEllipseInRect(CGContextRef context, CGRect rect) {
     CGContextAddPath(context, objc::adopt(const_cast<CGPath*>(CGPathCreateWithEllipseInRect(rect, nullptr))));
 }
 
-SIM_EXPORTED void CGContextAddPath(CGContextRef context, CGPathRef path) { add(context, sim::elements_of(path)); }
+SIM_EXPORTED void CGContextAddPath(CGContextRef context, CGPathRef path) {
+    add(context, sim::elements_of(path));
+}
 
 SIM_EXPORTED void CGContextClosePath(CGContextRef context) { add(context, {{PathElement::close, {}}}); }
 
@@ -274,7 +280,7 @@ SIM_EXPORTED CGRect CGContextGetClipBoundingBox(CGContextRef context) {
     return context ? canvas(context)->clip_box() : CGRect{};
 }
 
-// ---- Drawing --------------------------------------------------------------------------------------------------
+// ---- Drawing ------------------------------------------------------------------------------------
 
 SIM_EXPORTED void CGContextFillRect(CGContextRef context, CGRect rect) {
     if (context) canvas(context)->fill(rect);

@@ -10,9 +10,9 @@ namespace sim {
 /// A context that draws into the bitmap, y up.
 objc::strong<CGContext> context_over(Bitmap);
 
-/// A context of `size` points with `scale` pixels to a point, its user space with y down from the upper left corner:
-/// what UIKit draws images in. The size is rounded up to whole pixels. Null for sizes and scales that are not positive,
-/// not finite or beyond the limits.
+/// A context of `size` points with `scale` pixels to a point, its user space with y down from the upper left
+/// corner: what UIKit draws images in. The size is rounded up to whole pixels. Null for sizes and scales that
+/// are not positive, not finite or beyond the limits.
 objc::strong<CGContext> image_context(CGSize size, bool opaque, CGFloat scale);
 
 /// The canvas of a context that is not NULL.

@@ -22,7 +22,9 @@ struct Path : objc::Implements<Path, CGPath> {
     };
 };
 
-PathElements& elements(CGPathRef path) { return static_cast<Path*>(const_cast<CGPath*>(path))->ivars().elements; }
+PathElements& elements(CGPathRef path) {
+    return static_cast<Path*>(const_cast<CGPath*>(path))->ivars().elements;
+}
 
 void append(CGPathRef path, const CGAffineTransform* transform, PathElements added) {
     if (!path) return;
@@ -60,8 +62,8 @@ void trace(cairo_t* cairo, const PathElements& path) {
     for (const PathElement& element : path) {
         const auto& [p1, p2, p3] = element.points;
         switch (element.kind) {
-            case PathElement::move:  cairo_move_to(cairo, p1.x, p1.y); break;
-            case PathElement::line:  cairo_line_to(cairo, p1.x, p1.y); break;
+            case PathElement::move: cairo_move_to(cairo, p1.x, p1.y); break;
+            case PathElement::line: cairo_line_to(cairo, p1.x, p1.y); break;
             case PathElement::curve: cairo_curve_to(cairo, p1.x, p1.y, p2.x, p2.y, p3.x, p3.y); break;
             case PathElement::close: cairo_close_path(cairo); break;
         }
@@ -145,7 +147,8 @@ SIM_EXPORTED CGPathRef CGPathCreateWithEllipseInRect(CGRect rect, const CGAffine
     return path_with(content, transform);
 }
 
-SIM_EXPORTED void CGPathMoveToPoint(CGMutablePathRef path, const CGAffineTransform* transform, CGFloat x, CGFloat y) {
+SIM_EXPORTED void CGPathMoveToPoint(CGMutablePathRef path, const CGAffineTransform* transform, CGFloat x,
+                                    CGFloat y) {
     append(path, transform, {{PathElement::move, {{x, y}}}});
 }
 
@@ -169,12 +172,16 @@ SIM_EXPORTED void CGPathAddPath(CGMutablePathRef path, const CGAffineTransform* 
     append(path, transform, sim::elements_of(other));
 }
 
-SIM_EXPORTED void CGPathCloseSubpath(CGMutablePathRef path) { append(path, nullptr, {{PathElement::close, {}}}); }
+SIM_EXPORTED void CGPathCloseSubpath(CGMutablePathRef path) {
+    append(path, nullptr, {{PathElement::close, {}}});
+}
 
 SIM_EXPORTED CGRect CGPathGetBoundingBox(CGPathRef path) {
     CGPoint low = sim::null_rect.origin, high{-low.x, -low.y};
     for (const PathElement& element : sim::elements_of(path)) {
-        const int points = element.kind == PathElement::curve ? 3 : element.kind == PathElement::close ? 0 : 1;
+        const int points = element.kind == PathElement::curve   ? 3
+                           : element.kind == PathElement::close ? 0
+                                                                : 1;
         for (int i = 0; i < points; ++i) {
             const CGPoint point = element.points[i];
             low = {std::min(low.x, point.x), std::min(low.y, point.y)};

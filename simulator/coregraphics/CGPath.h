@@ -26,8 +26,8 @@ void trace(cairo_t*, const PathElements&);
 /// The elements of standard shapes, appended.
 void append_rect(PathElements&, CGRect);
 void append_rounded_rect(PathElements&, CGRect, CGSize radii);
-/// An arc of a circle as curves, from the angle `start` by `sweep`, in radians; joined by a line to what precedes it.
-/// Angles that are not finite append nothing.
+/// An arc of a circle as curves, from the angle `start` by `sweep`, in radians; joined by a line to what
+/// precedes it. Angles that are not finite append nothing.
 void append_arc(PathElements&, CGPoint centre, CGFloat radius, CGFloat start, CGFloat sweep);
 /// How far to go from one angle to the other, in the direction given; at most once around.
 CGFloat sweep_between(CGFloat start, CGFloat end, bool clockwise);

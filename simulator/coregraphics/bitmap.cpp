@@ -11,7 +11,8 @@ std::optional<PixelLayout> PixelLayout::of(CGBitmapInfo info) {
     if (info & kCGBitmapFloatComponents) return std::nullopt;
     const CGBitmapInfo order = info & kCGBitmapByteOrderMask;
     const bool little = order == kCGBitmapByteOrder32Little;
-    if (!little && order != kCGBitmapByteOrder32Big && order != kCGBitmapByteOrderDefault) return std::nullopt;
+    if (!little && order != kCGBitmapByteOrder32Big && order != kCGBitmapByteOrderDefault)
+        return std::nullopt;
     switch (info & kCGBitmapAlphaInfoMask) {
         case kCGImageAlphaPremultipliedLast:
         case kCGImageAlphaNoneSkipLast: {
@@ -28,14 +29,26 @@ std::optional<PixelLayout> PixelLayout::of(CGBitmapInfo info) {
 }
 
 std::optional<Bitmap> Bitmap::of_size(size_t width, size_t height, bool opaque) {
-    return over(nullptr, width, height, width * Pixels::bytes,
-                kCGBitmapByteOrder32Little |
-                    (opaque ? kCGImageAlphaNoneSkipFirst : kCGImageAlphaPremultipliedFirst));
+    if (!fits_limits(width, height)) return std::nullopt;
+    Bitmap bitmap;
+    bitmap.info_ =
+        kCGBitmapByteOrder32Little | (opaque ? kCGImageAlphaNoneSkipFirst : kCGImageAlphaPremultipliedFirst);
+    bitmap.layout_ = *PixelLayout::of(bitmap.info_);
+    bitmap.surface_ = Surface(cairo_image_surface_create(opaque ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32,
+                                                         static_cast<int>(width), static_cast<int>(height)));
+    if (cairo_surface_status(bitmap.surface_)) return std::nullopt;
+    bitmap.data_ = cairo_image_surface_get_data(bitmap.surface_);
+    bitmap.row_bytes_ = static_cast<size_t>(cairo_image_surface_get_stride(bitmap.surface_));
+    return bitmap;
 }
 
-std::optional<Bitmap> Bitmap::over(void* data, size_t width, size_t height, size_t row_bytes, CGBitmapInfo info) {
+std::optional<Bitmap> Bitmap::over(void* data, size_t width, size_t height, size_t row_bytes,
+                                   CGBitmapInfo info) {
     const std::optional<PixelLayout> layout = PixelLayout::of(info);
-    if (!layout || !fits_limits(width, height) || row_bytes < width * Pixels::bytes) return std::nullopt;
+    constexpr size_t longest_row = size_t{1} << 30;
+    if (!layout || !fits_limits(width, height) || row_bytes < width * Pixels::bytes ||
+        row_bytes > longest_row)
+        return std::nullopt;
     Bitmap bitmap;
     bitmap.info_ = info;
     bitmap.layout_ = *layout;
@@ -48,7 +61,7 @@ std::optional<Bitmap> Bitmap::over(void* data, size_t width, size_t height, size
     const cairo_format_t format = layout->alpha_skipped ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
     const int columns = static_cast<int>(width), rows = static_cast<int>(height);
     const bool aligned = row_bytes % 4 == 0 && reinterpret_cast<uintptr_t>(data) % 4 == 0;
-    bitmap.surface_ = Surface(layout->is_cairos() && aligned && row_bytes < (size_t{1} << 31)
+    bitmap.surface_ = Surface(layout->is_cairos() && aligned
                                   ? cairo_image_surface_create_for_data(bitmap.data_, format, columns, rows,
                                                                         static_cast<int>(row_bytes))
                                   : cairo_image_surface_create(format, columns, rows));
@@ -91,7 +104,8 @@ void Bitmap::store() const {
 Surface snapshot(cairo_surface_t* surface) {
     const Pixels source(surface);
     Surface copy(cairo_image_surface_create(cairo_image_surface_get_format(surface),
-                                            static_cast<int>(source.width()), static_cast<int>(source.height())));
+                                            static_cast<int>(source.width()),
+                                            static_cast<int>(source.height())));
     if (cairo_surface_status(copy)) return Surface();
     const Pixels target(copy);
     for (size_t y = 0; y < source.height(); ++y)

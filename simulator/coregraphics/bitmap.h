@@ -22,16 +22,17 @@ struct PixelLayout {
     bool is_cairos() const { return blue == 0 && green == 1 && red == 2 && alpha == 3; }
 };
 
-/// Cairo draws in one order of bytes only. Memory in that order is drawn into directly; other memory has a surface
-/// beside it, and `load` and `store` carry the pixels over, so that each may change the picture in turn.
+/// Cairo draws in one order of bytes only. Memory in that order is drawn into directly; other memory has a
+/// surface beside it, and `load` and `store` carry the pixels over: each may change the picture in turn.
 class Bitmap {
   public:
-    /// Memory of its own, in the format of UIKit's image contexts. Null sizes and sizes beyond the limits answer
-    /// nothing.
+    /// Transparent or black memory in the format of UIKit's image contexts; the surface owns it. Nothing for
+    /// sizes of zero and beyond the limits.
     static std::optional<Bitmap> of_size(size_t width, size_t height, bool opaque);
-    /// Over `data`, which outlives it, or over zeroed memory of its own where that is null. `row_bytes` is at least
-    /// four for each pixel.
-    static std::optional<Bitmap> over(void* data, size_t width, size_t height, size_t row_bytes, CGBitmapInfo);
+    /// Over `data`, which outlives it, or over zeroed memory of its own where that is null. `row_bytes` is at
+    /// least four for each pixel.
+    static std::optional<Bitmap> over(void* data, size_t width, size_t height, size_t row_bytes,
+                                      CGBitmapInfo);
 
     cairo_surface_t* surface() const { return surface_; }
     void* data() const { return data_; }

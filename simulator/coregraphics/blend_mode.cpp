@@ -12,40 +12,40 @@ namespace sim {
 
 cairo_operator_t operator_of(CGBlendMode mode) {
     switch (mode) {
-        case kCGBlendModeNormal:          return CAIRO_OPERATOR_OVER;
-        case kCGBlendModeMultiply:        return CAIRO_OPERATOR_MULTIPLY;
-        case kCGBlendModeScreen:          return CAIRO_OPERATOR_SCREEN;
-        case kCGBlendModeOverlay:         return CAIRO_OPERATOR_OVERLAY;
-        case kCGBlendModeDarken:          return CAIRO_OPERATOR_DARKEN;
-        case kCGBlendModeLighten:         return CAIRO_OPERATOR_LIGHTEN;
-        case kCGBlendModeColorDodge:      return CAIRO_OPERATOR_COLOR_DODGE;
-        case kCGBlendModeColorBurn:       return CAIRO_OPERATOR_COLOR_BURN;
-        case kCGBlendModeSoftLight:       return CAIRO_OPERATOR_SOFT_LIGHT;
-        case kCGBlendModeHardLight:       return CAIRO_OPERATOR_HARD_LIGHT;
-        case kCGBlendModeDifference:      return CAIRO_OPERATOR_DIFFERENCE;
-        case kCGBlendModeExclusion:       return CAIRO_OPERATOR_EXCLUSION;
-        case kCGBlendModeHue:             return CAIRO_OPERATOR_HSL_HUE;
-        case kCGBlendModeSaturation:      return CAIRO_OPERATOR_HSL_SATURATION;
-        case kCGBlendModeColor:           return CAIRO_OPERATOR_HSL_COLOR;
-        case kCGBlendModeLuminosity:      return CAIRO_OPERATOR_HSL_LUMINOSITY;
-        case kCGBlendModeClear:           return CAIRO_OPERATOR_CLEAR;
-        case kCGBlendModeCopy:            return CAIRO_OPERATOR_SOURCE;
-        case kCGBlendModeSourceIn:        return CAIRO_OPERATOR_IN;
-        case kCGBlendModeSourceOut:       return CAIRO_OPERATOR_OUT;
-        case kCGBlendModeSourceAtop:      return CAIRO_OPERATOR_ATOP;
+        case kCGBlendModeNormal: return CAIRO_OPERATOR_OVER;
+        case kCGBlendModeMultiply: return CAIRO_OPERATOR_MULTIPLY;
+        case kCGBlendModeScreen: return CAIRO_OPERATOR_SCREEN;
+        case kCGBlendModeOverlay: return CAIRO_OPERATOR_OVERLAY;
+        case kCGBlendModeDarken: return CAIRO_OPERATOR_DARKEN;
+        case kCGBlendModeLighten: return CAIRO_OPERATOR_LIGHTEN;
+        case kCGBlendModeColorDodge: return CAIRO_OPERATOR_COLOR_DODGE;
+        case kCGBlendModeColorBurn: return CAIRO_OPERATOR_COLOR_BURN;
+        case kCGBlendModeSoftLight: return CAIRO_OPERATOR_SOFT_LIGHT;
+        case kCGBlendModeHardLight: return CAIRO_OPERATOR_HARD_LIGHT;
+        case kCGBlendModeDifference: return CAIRO_OPERATOR_DIFFERENCE;
+        case kCGBlendModeExclusion: return CAIRO_OPERATOR_EXCLUSION;
+        case kCGBlendModeHue: return CAIRO_OPERATOR_HSL_HUE;
+        case kCGBlendModeSaturation: return CAIRO_OPERATOR_HSL_SATURATION;
+        case kCGBlendModeColor: return CAIRO_OPERATOR_HSL_COLOR;
+        case kCGBlendModeLuminosity: return CAIRO_OPERATOR_HSL_LUMINOSITY;
+        case kCGBlendModeClear: return CAIRO_OPERATOR_CLEAR;
+        case kCGBlendModeCopy: return CAIRO_OPERATOR_SOURCE;
+        case kCGBlendModeSourceIn: return CAIRO_OPERATOR_IN;
+        case kCGBlendModeSourceOut: return CAIRO_OPERATOR_OUT;
+        case kCGBlendModeSourceAtop: return CAIRO_OPERATOR_ATOP;
         case kCGBlendModeDestinationOver: return CAIRO_OPERATOR_DEST_OVER;
-        case kCGBlendModeDestinationIn:   return CAIRO_OPERATOR_DEST_IN;
-        case kCGBlendModeDestinationOut:  return CAIRO_OPERATOR_DEST_OUT;
+        case kCGBlendModeDestinationIn: return CAIRO_OPERATOR_DEST_IN;
+        case kCGBlendModeDestinationOut: return CAIRO_OPERATOR_DEST_OUT;
         case kCGBlendModeDestinationAtop: return CAIRO_OPERATOR_DEST_ATOP;
-        case kCGBlendModeXOR:             return CAIRO_OPERATOR_XOR;
-        case kCGBlendModePlusLighter:     return CAIRO_OPERATOR_ADD;
+        case kCGBlendModeXOR: return CAIRO_OPERATOR_XOR;
+        case kCGBlendModePlusLighter: return CAIRO_OPERATOR_ADD;
     }
     not_modelled("CGContextSetBlendMode", "blend mode " + std::to_string(mode));
 }
 
 bool is_bounded(CGBlendMode mode) {
-    return mode != kCGBlendModeSourceIn && mode != kCGBlendModeSourceOut && mode != kCGBlendModeDestinationIn &&
-           mode != kCGBlendModeDestinationAtop;
+    return mode != kCGBlendModeSourceIn && mode != kCGBlendModeSourceOut &&
+           mode != kCGBlendModeDestinationIn && mode != kCGBlendModeDestinationAtop;
 }
 
 void blend_plus_darker(cairo_surface_t* target, cairo_surface_t* source) {
@@ -66,7 +66,8 @@ void blend_plus_darker(cairo_surface_t* target, cairo_surface_t* source) {
             const int old_alpha = opaque ? 255 : to[Pixels::alpha], new_alpha = from[Pixels::alpha];
             const int alpha = std::min(old_alpha + new_alpha, 255);
             for (size_t i : {Pixels::blue, Pixels::green, Pixels::red})
-                to[i] = static_cast<uint8_t>(std::max(alpha - (old_alpha - to[i]) - (new_alpha - from[i]), 0));
+                to[i] =
+                    static_cast<uint8_t>(std::max(alpha - (old_alpha - to[i]) - (new_alpha - from[i]), 0));
             to[Pixels::alpha] = static_cast<uint8_t>(alpha);
         }
     }

@@ -1,12 +1,13 @@
-// Drawing by the rules of CoreGraphics. Cairo's own transformation stays the identity between operations: points are
-// transformed here, so that no transformation a caller makes can break cairo's context for good.
+// Drawing by the rules of CoreGraphics. Cairo's own transformation stays the identity between operations:
+// points are transformed here, so that no transformation a caller makes can break cairo's context for good.
 #include "coregraphics/canvas.h"
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
-#include "coregraphics/blend_mode.h"
 #include "coregraphics/CGColorSpace.h"
+#include "coregraphics/blend_mode.h"
 #include "coregraphics/image_placement.h"
 #include "coregraphics/pixels.h"
 #include "coregraphics/transform.h"
@@ -15,7 +16,8 @@
 namespace sim {
 namespace {
 
-// Leaves out elements that are not finite, and keeps within the 24 bits that cairo's coordinates have before the point.
+// Leaves out elements that are not finite, and keeps within the 24 bits that cairo's coordinates have before
+// the point.
 PathElements transformed(const PathElements& elements, const CGAffineTransform& transform) {
     constexpr CGFloat limit = 1 << 22;
     PathElements result;
@@ -48,7 +50,7 @@ Canvas::Canvas(Bitmap bitmap)
     state_.stroke = state_.fill;
 }
 
-// ---- State ----------------------------------------------------------------------------------------------------
+// ---- State --------------------------------------------------------------------------------------
 
 void Canvas::save() {
     frames_.push_back({Opened::state, state_});
@@ -71,10 +73,11 @@ CGAffineTransform Canvas::to_pixels(const CGAffineTransform& user) const {
     return sim::concat(sim::concat(user, state_.ctm), {1, 0, 0, -1, 0, height_});
 }
 
-// ---- Paths ----------------------------------------------------------------------------------------------------
+// ---- Paths --------------------------------------------------------------------------------------
 
 void Canvas::add(const PathElements& elements) {
-    for (const PathElement& element : transformed(elements, to_pixels(identity_transform))) path_.push_back(element);
+    for (const PathElement& element : transformed(elements, to_pixels(identity_transform)))
+        path_.push_back(element);
 }
 
 void Canvas::trace(CGRect rect) const {
@@ -92,7 +95,8 @@ void Canvas::stroke_path() {
     sim::trace(cairo_, std::exchange(path_, {}));
     const CGAffineTransform transform = to_pixels(identity_transform);
     if (!inverted(transform) || !(state_.line_width > 0)) return;
-    if (!is_bounded(state_.blend)) not_modelled("CGContextStrokePath", "a blend mode that reaches beyond the stroke");
+    if (!is_bounded(state_.blend))
+        not_modelled("CGContextStrokePath", "a blend mode that reaches beyond the stroke");
     const Pattern source = source_of(state_.stroke, state_.alpha);
     composite([&](cairo_t* cairo) {
         const cairo_matrix_t pen = matrix(transform);
@@ -109,7 +113,7 @@ void Canvas::clip_to_path(FillRule rule) {
     cairo_clip(cairo_);
 }
 
-// ---- Painting -------------------------------------------------------------------------------------------------
+// ---- Painting -----------------------------------------------------------------------------------
 
 template <class Draw>
 void Canvas::composite(Draw draw) {
@@ -128,7 +132,8 @@ void Canvas::composite(Draw draw) {
     if (!layers_) bitmap_.store();
 }
 
-// Drawn on a copy of what is there; the mask then says how much of the copy counts. That holds for every blend mode.
+// Drawn on a copy of what is there; the mask then says how much of the copy counts. That holds for every
+// blend mode.
 template <class Draw>
 void Canvas::composite_masked(Draw draw) {
     cairo_surface_t* below = cairo_get_group_target(cairo_);
@@ -247,13 +252,78 @@ void Canvas::clip_to_mask(CGRect rect, cairo_surface_t* picture) {
     state_.mask = mask;
 }
 
-void Canvas::paint(cairo_pattern_t* source) {
-    const CGAffineTransform transform = to_pixels(identity_transform);
-    if (!inverted(transform)) return;
+void Canvas::paint(const LinearGradient& gradient) {
+    const CGAffineTransform to_device = to_pixels(identity_transform);
+    if (!GradientFill(gradient, to_device).is_visible()) return;
     composite([&](cairo_t* cairo) {
-        const cairo_matrix_t user = matrix(transform);
-        cairo_set_matrix(cairo, &user);
-        cairo_set_source(cairo, source);
+        if (paint_directly(cairo, gradient)) return;
+        double left, top, right, bottom;
+        cairo_clip_extents(cairo, &left, &top, &right, &bottom);
+        const cairo_rectangle_int_t area{0, 0, static_cast<int>(right - left),
+                                         static_cast<int>(bottom - top)};
+        if (area.width <= 0 || area.height <= 0) return;
+        const Surface picture(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, area.width, area.height));
+        const GradientFill fill(gradient, sim::concat(to_device, translation(-left, -top)));
+        if (fill.is_visible()) fill.draw(picture, area);
+        cairo_surface_mark_dirty(picture);
+        cairo_set_source_surface(cairo, picture, left, top);
+        cairo_paint_with_alpha(cairo, state_.alpha);
+    });
+}
+
+// The clip's rectangles of whole pixels, where nothing but the gradient decides what becomes of them.
+bool Canvas::paint_directly(cairo_t* cairo, const LinearGradient& gradient) const {
+    if (state_.alpha < 1 || state_.blend != kCGBlendModeNormal) return false;
+    const std::unique_ptr<cairo_rectangle_list_t, decltype(&cairo_rectangle_list_destroy)> clip(
+        cairo_copy_clip_rectangle_list(cairo), &cairo_rectangle_list_destroy);
+    if (clip->status) return false;
+    cairo_surface_t* target = cairo_get_group_target(cairo);
+    double x, y;
+    cairo_surface_get_device_offset(target, &x, &y);
+    const GradientFill fill(gradient, sim::concat(to_pixels(identity_transform), translation(x, y)));
+    for (int i = 0; i < clip->num_rectangles && fill.is_visible(); ++i) {
+        const cairo_rectangle_t& rect = clip->rectangles[i];
+        fill.draw(target, {static_cast<int>(rect.x + x), static_cast<int>(rect.y + y),
+                           static_cast<int>(rect.width), static_cast<int>(rect.height)});
+    }
+    cairo_surface_mark_dirty(target);
+    return true;
+}
+
+Excerpt Canvas::excerpt(CGRect rect) const {
+    const CGRect box = bounding_box(to_pixels(identity_transform), rect);
+    if (!sim::is_finite(box)) return {};
+    if (!layers_) bitmap_.load();
+    cairo_surface_t* target = cairo_get_group_target(cairo_);
+    double x, y;  // a layer is as large as its clip, and lies where that does
+    cairo_surface_get_device_offset(target, &x, &y);
+    constexpr CGFloat whole = 1e-6;
+    const CGFloat left = std::max(std::floor(box.origin.x + whole), -x);
+    const CGFloat top = std::max(std::floor(box.origin.y + whole), -y);
+    const CGFloat right =
+        std::min(std::ceil(box.origin.x + box.size.width - whole), cairo_image_surface_get_width(target) - x);
+    const CGFloat bottom = std::min(std::ceil(box.origin.y + box.size.height - whole),
+                                    cairo_image_surface_get_height(target) - y);
+    if (!(left < right && top < bottom)) return {};
+    const Excerpt result{
+        Surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(right - left),
+                                           static_cast<int>(bottom - top))),
+        static_cast<int>(left), static_cast<int>(top)};
+    const Cairo copying(cairo_create(result.pixels));
+    cairo_set_operator(copying, CAIRO_OPERATOR_SOURCE);
+    cairo_set_source_surface(copying, target, -left, -top);
+    cairo_paint(copying);
+    return result;
+}
+
+void Canvas::put_back(const Excerpt& excerpt) {
+    if (!excerpt.pixels) return;
+    composite([&](cairo_t* cairo) {
+        cairo_rectangle(cairo, excerpt.left, excerpt.top, cairo_image_surface_get_width(excerpt.pixels),
+                        cairo_image_surface_get_height(excerpt.pixels));
+        cairo_clip(cairo);
+        cairo_set_operator(cairo, CAIRO_OPERATOR_SOURCE);
+        cairo_set_source_surface(cairo, excerpt.pixels, excerpt.left, excerpt.top);
         cairo_paint_with_alpha(cairo, state_.alpha);
     });
 }
@@ -268,7 +338,7 @@ void Canvas::with_cairo(const std::function<void(cairo_t*)>& draw) {
     });
 }
 
-// ---- Layers ---------------------------------------------------------------------------------------------------
+// ---- Layers -------------------------------------------------------------------------------------
 
 void Canvas::begin_layer() {
     frames_.push_back({Opened::layer, state_});

@@ -3,9 +3,10 @@
 #include <functional>
 #include <vector>
 
-#include "coregraphics/bitmap.h"
 #include "coregraphics/CGColor.h"
 #include "coregraphics/CGPath.h"
+#include "coregraphics/bitmap.h"
+#include "coregraphics/gradient_fill.h"
 #include "platform/coregraphics.h"
 
 namespace sim {
@@ -24,8 +25,16 @@ struct CanvasState {
 
 enum class FillRule { winding, even_odd };
 
-/// Coordinates are in user space. What is not finite, or lies on a line because the transformation is flat, draws
-/// nothing.
+/// Pixels copied from a canvas.
+struct Excerpt {
+    /// ARGB32; null where the canvas has no pixels.
+    Surface pixels;
+    /// Where its upper left corner was, in pixels from the canvas's own.
+    int left = 0, top = 0;
+};
+
+/// Coordinates are in user space. What is not finite, or lies on a line because the transformation is flat,
+/// draws nothing.
 class Canvas {
   public:
     explicit Canvas(Bitmap bitmap);
@@ -55,16 +64,23 @@ class Canvas {
     CGRect clip_box() const;
     /// The picture's top edge comes to where y is greatest.
     void draw_image(CGRect, cairo_surface_t* picture);
-    /// Everything within the clip; `source` is laid out in user space.
-    void paint(cairo_pattern_t* source);
+    /// Everything within the clip.
+    void paint(const LinearGradient&);
+
+    /// What has been drawn so far, into the innermost layer, in the box of whole pixels around the rectangle.
+    Excerpt excerpt(CGRect) const;
+    /// Puts the pixels, from where they were taken, in place of what is there now. Outside the clip nothing
+    /// changes.
+    void put_back(const Excerpt&);
 
     /// Until the end, drawing goes to a transparent layer, with alpha 1 and normal blending.
     void begin_layer();
-    /// Composites the layer as the state of the beginning says, after `adjust` had its pixels, where there are any.
+    /// Composites the layer as the state of the beginning says, after `adjust` had its pixels, where there
+    /// are any.
     void end_layer(const std::function<void(cairo_surface_t*)>& adjust = {});
 
-    /// Runs `draw` with a cairo context that has the state's transformation, y up, its clip and its blend mode.
-    /// It multiplies its source with the state's alpha itself.
+    /// Runs `draw` with a cairo context that has the state's transformation, y up, its clip and its blend
+    /// mode. It multiplies its source with the state's alpha itself.
     void with_cairo(const std::function<void(cairo_t*)>& draw);
 
   private:
@@ -76,6 +92,7 @@ class Canvas {
 
     CGAffineTransform to_pixels(const CGAffineTransform& user) const;
     void trace(CGRect) const;
+    bool paint_directly(cairo_t*, const LinearGradient&) const;
     void close_frame();
     /// `draw` with the blend mode set, and mixed in as the mask says.
     template <class Draw>

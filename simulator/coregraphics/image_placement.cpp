@@ -33,12 +33,12 @@ cairo_filter_t filter_for(CGInterpolationQuality quality, const CGAffineTransfor
 
 CGAffineTransform from_picture(cairo_surface_t* picture, CGRect rect) {
     const auto [origin, size] = standardized(rect);
-    return {size.width / cairo_image_surface_get_width(picture),    0, 0,
-            -size.height / cairo_image_surface_get_height(picture), origin.x,
-            origin.y + size.height};
+    return {size.width / cairo_image_surface_get_width(picture),    0,        0,
+            -size.height / cairo_image_surface_get_height(picture), origin.x, origin.y + size.height};
 }
 
-ImagePlacement::ImagePlacement(cairo_surface_t* picture, CGAffineTransform to_pixels, CGInterpolationQuality quality) {
+ImagePlacement::ImagePlacement(cairo_surface_t* picture, CGAffineTransform to_pixels,
+                               CGInterpolationQuality quality) {
     if (!inverted(to_pixels)) return;
     const auto width = static_cast<size_t>(cairo_image_surface_get_width(picture));
     const auto height = static_cast<size_t>(cairo_image_surface_get_height(picture));

@@ -8,8 +8,8 @@ namespace sim {
 /// From a picture's pixels, y down, into the rectangle, where its top edge comes to where y is greatest.
 CGAffineTransform from_picture(cairo_surface_t* picture, CGRect rect);
 
-/// A picture, scaled down by averaging where the interpolation asks for that, with its filter and its place. Its
-/// edges repeat outside it: who paints it clips to where it belongs.
+/// A picture, scaled down by averaging where the interpolation asks for that, with its filter and its place.
+/// Its edges repeat outside it: who paints it clips to where it belongs.
 class ImagePlacement {
   public:
     /// `to_pixels`: from the picture's pixels to the device's, both y down.

@@ -16,7 +16,8 @@ namespace {
 class Tiff {
   public:
     explicit Tiff(std::span<const uint8_t> block)
-        : block_(block), little_(block.size() > 1 && block[0] == 'I' && block[1] == 'I') {}
+        : block_(block),
+          little_(block.size() > 1 && block[0] == 'I' && block[1] == 'I') {}
 
     unsigned number(size_t at, size_t bytes) const {
         unsigned value = 0;
@@ -68,7 +69,8 @@ bool is_jpeg(std::span<const uint8_t> data) { return data.size() > 3 && data[0] 
 std::optional<DecodedPicture> decode_jpeg(std::span<const uint8_t> data) {
     const std::unique_ptr<void, int (*)(tjhandle)> jpeg(tjInitDecompress(), &tjDestroy);
     int width = 0, height = 0, sampling = 0, color_space = 0;
-    if (!jpeg || tjDecompressHeader3(jpeg.get(), data.data(), data.size(), &width, &height, &sampling, &color_space))
+    if (!jpeg ||
+        tjDecompressHeader3(jpeg.get(), data.data(), data.size(), &width, &height, &sampling, &color_space))
         return std::nullopt;
     // Inks of printing cannot be shown without a profile.
     if (color_space == TJCS_CMYK || color_space == TJCS_YCCK) return std::nullopt;
@@ -82,7 +84,8 @@ std::optional<DecodedPicture> decode_jpeg(std::span<const uint8_t> data) {
     const Pixels pixels(picture.surface);
     // A file that ends early would be completed in grey: it counts as damaged.
     if (tjDecompress2(jpeg.get(), data.data(), data.size(), pixels.row(0).data(), width,
-                      cairo_image_surface_get_stride(picture.surface), height, TJPF_BGRX, TJFLAG_STOPONWARNING))
+                      cairo_image_surface_get_stride(picture.surface), height, TJPF_BGRX,
+                      TJFLAG_STOPONWARNING))
         return std::nullopt;
     pixels.changed();
     return picture;

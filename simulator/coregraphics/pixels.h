@@ -14,7 +14,8 @@ constexpr size_t largest_area = size_t{128} << 20;
 constexpr size_t longest_side = 32767;
 
 constexpr bool fits_limits(size_t width, size_t height) {
-    return width && height && width <= longest_side && height <= longest_side && width * height <= largest_area;
+    return width && height && width <= longest_side && height <= longest_side &&
+           width * height <= largest_area;
 }
 
 /// A view of a surface's pixels. What was drawn so far is in them; drawing after a change needs `changed()`.

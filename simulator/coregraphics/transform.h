@@ -72,7 +72,7 @@ constexpr CGRect inset(CGRect r, CGFloat by) {
 }
 
 /// What CGPathGetBoundingBox answers for nothing.
-constexpr CGRect null_rect{{std::numeric_limits<CGFloat>::infinity(), std::numeric_limits<CGFloat>::infinity()},
-                           {0, 0}};
+constexpr CGRect null_rect{
+    {std::numeric_limits<CGFloat>::infinity(), std::numeric_limits<CGFloat>::infinity()}, {0, 0}};
 
 }  // namespace sim

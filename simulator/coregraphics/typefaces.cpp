@@ -39,7 +39,8 @@ constexpr Typeface display_faces[] = {
     {".SFUIDisplay-Heavy", 0.56, "InterDisplay-ExtraBold.otf", "Inter Display", PANGO_WEIGHT_ULTRABOLD},
     {".SFUIDisplay-Black", 0.62, "InterDisplay-Black.otf", "Inter Display", PANGO_WEIGHT_HEAVY},
 };
-constexpr Typeface emoji_face{"AppleColorEmoji", 0, "NotoColorEmoji.ttf", "Noto Color Emoji", PANGO_WEIGHT_NORMAL};
+constexpr Typeface emoji_face{"AppleColorEmoji", 0, "NotoColorEmoji.ttf", "Noto Color Emoji",
+                              PANGO_WEIGHT_NORMAL};
 
 /// The emoji are bitmaps of one size: without this rule they would be drawn in that.
 constexpr const char* scaled_bitmaps = R"(<fontconfig><match target="font">

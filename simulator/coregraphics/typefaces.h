@@ -25,8 +25,9 @@ const Typeface& system_typeface(double weight, double size);
 /// Null for a name that no font has.
 const Typeface* typeface_named(std::string_view font_name);
 
-/// Lays text out with one typeface and, for characters that it lacks, one fallback; nothing else on the machine is
-/// looked at. Made when first asked for, and kept. Stops the process when the font's package is not installed.
+/// Lays text out with one typeface and, for characters that it lacks, one fallback; nothing else on the
+/// machine is looked at. Made when first asked for, and kept. Stops the process when the font's package is
+/// not installed.
 PangoContext* context_of(const Typeface&);
 
 }  // namespace sim

@@ -204,8 +204,8 @@ sim_status sim_installing_call_at(size_t index, sim_installing_call* call) {
             throw Refusal(SIM_NOT_FOUND, "sim_installing_call_at: there is no call " + std::to_string(index) +
                                              " of " + std::to_string(sim_installing_call_count()));
         const auto& found = sim::installing_calls()[index];
-        *call = {kind_of(found), found.class_name, found.on_class,
-                 found.name,     found.types,      found.took_effect};
+        *call = {kind_of(found), found.class_name(), found.on_class(),
+                 found.name(),   found.types,        found.took_effect};
     });
 }
 
@@ -230,6 +230,10 @@ sim_status sim_show_keyboard(const sim_keyboard* keyboard) {
             if (wanted.pressed_key) request.pressed_key = wanted.pressed_key;
             request.landscape = wanted.landscape;
             if (wanted.return_key) request.return_key = wanted.return_key;
+            request.split = wanted.split;
+            request.switcher = wanted.switcher;
+            request.form_accessory = wanted.form_accessory;
+            if (wanted.background) request.background = wanted.background;
         }
         std::string error;
         if (!sim::show_keyboard(request, error)) throw Refusal(SIM_NOT_FOUND, "sim_show_keyboard: " + error);

@@ -72,7 +72,7 @@ std::unique_ptr<Library> load_elf(const std::string& host_path, std::string_view
     const auto before = class_names();
     void* handle = nullptr;
     const double seconds =
-        processor_seconds([&] { handle = dlopen(host_path.c_str(), RTLD_NOW | RTLD_LOCAL); });
+        processor_seconds_of([&] { handle = dlopen(host_path.c_str(), RTLD_NOW | RTLD_LOCAL); });
     if (!handle) throw Refusal(SIM_BAD_FILE, std::string("cannot load ") + dlerror());
     const auto after = class_names();
     std::vector<std::string> made;

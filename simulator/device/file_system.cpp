@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstring>
 #include <vector>
 
 namespace sim {
@@ -32,34 +33,6 @@ Found look(const std::string& host_path) {
     if (lstat(host_path.c_str(), &status) != 0) return Found::nothing;
     if (S_ISLNK(status.st_mode)) return Found::link;
     return S_ISDIR(status.st_mode) ? Found::folder : Found::other;
-}
-
-/// Whether the path has components only, and neither ".", ".." nor an empty one.
-bool is_plain(std::string_view path) {
-    for (size_t start = 0; start <= path.size();) {
-        const size_t end = std::min(path.find('/', start), path.size());
-        const std::string_view component = path.substr(start, end - start);
-        if (component.empty() || component == "." || component == "..") return false;
-        start = end + 1;
-    }
-    return true;
-}
-
-/// Whether the path is the way to where it leads: no component that exists is a link. The host's kernel tells in one
-/// step; where it cannot, the answer is no.
-bool leads_straight(std::string_view path) {
-    if (!is_plain(path)) return false;
-    const size_t slash = path.rfind('/');
-    if (slash != path.npos) {
-        const std::string folders(path.substr(0, slash));
-        open_how how{};
-        how.flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
-        how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
-        const long opened = syscall(SYS_openat2, root_descriptor, folders.c_str(), &how, sizeof how);
-        if (opened < 0) return errno == ENOENT || errno == ENOTDIR;  // before any link
-        close(static_cast<int>(opened));
-    }
-    return look(root() + "/" + std::string(path)) != Found::link;
 }
 
 /// Components still to be walked, the next one last.
@@ -94,7 +67,6 @@ void mount_root(const std::string& host_folder) {
 std::optional<std::string> resolved_device_path(std::string_view device_path, LastLink last) {
     if (root().empty() || device_path.empty() || device_path.find('\0') != device_path.npos)
         return std::nullopt;
-    if (device_path.starts_with('/') && leads_straight(device_path.substr(1))) return std::string(device_path);
     const bool names_a_folder = device_path.ends_with('/');  // and then a link at the end is on the way to it
     Pending pending;
     push_components(pending, device_path);
@@ -132,6 +104,26 @@ std::optional<std::string> host_path(std::string_view device_path, LastLink last
     auto resolved = resolved_device_path(device_path, last);
     if (!resolved) return std::nullopt;
     return root() + *resolved;
+}
+
+int open_file(std::string_view device_path, int flags) {
+    // Without links, "." and ".." in it, a path is the same on the device and below the root folder. Whether
+    // links are in it the host's kernel tells while it opens the file.
+    const std::string below_root(
+        device_path.substr(std::min(device_path.find_first_not_of('/'), device_path.size())));
+    const bool is_plain = !below_root.empty() && below_root.size() == std::strlen(below_root.c_str()) &&
+                          !below_root.starts_with('.') && below_root.find("/.") == below_root.npos;
+    if (is_plain) {
+        open_how how{};
+        how.flags = static_cast<uint64_t>(flags);
+        how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
+        const long opened = syscall(SYS_openat2, root_descriptor, below_root.c_str(), &how, sizeof how);
+        if (opened >= 0 || errno == ENOENT || errno == ENOTDIR) return static_cast<int>(opened);
+    }
+    const auto host = host_path(device_path);
+    if (host) return open(host->c_str(), flags);
+    errno = ENOENT;
+    return -1;
 }
 
 }  // namespace sim

@@ -18,11 +18,14 @@ enum class LastLink { follow, keep };
 /// with a zero byte, one whose links never end, or one that goes back ("..") from where nothing is. Before
 /// boot every path is nothing.
 ///
-/// Read and write files of the device through this function only.
+/// Files of the device are reached through this function and open_file only.
 std::optional<std::string> host_path(std::string_view device_path, LastLink last = LastLink::follow);
 
 /// The same place as a path of the device, without links and "..".
 std::optional<std::string> resolved_device_path(std::string_view device_path,
                                                 LastLink last = LastLink::follow);
+
+/// Opens what lies at the path, links followed, without making it: a descriptor of the host, or -1 and errno.
+int open_file(std::string_view device_path, int flags);
 
 }  // namespace sim

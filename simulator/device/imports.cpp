@@ -34,6 +34,14 @@ SineAndCosine sine_and_cosine(double angle) { return {std::sin(angle), std::cos(
 
 Class class_of(id object) { return object_getClass(object); }
 
+/// The class of a library's constant strings, which on the device is in use long before a library is loaded.
+/// libobjc gets a class ready when it is first used, which takes some time.
+Class constant_string_class() {
+    Class found = objc_getClass("__NSCFConstantString");
+    class_getMethodImplementation(found, sel_registerName("length"));
+    return found;
+}
+
 // Every class of the dylib refers to it; the runtime here looks at no cache of the device's kind.
 alignas(16) char empty_cache[16];
 
@@ -67,7 +75,7 @@ void* resolve_import(const std::string& symbol) {
     if (Class found = class_after("OBJC_METACLASS_$_")) return object_getClass(reinterpret_cast<id>(found));
 
     static const Import imports[] = {
-        {"__CFConstantStringClassReference", objc_getClass("__NSCFConstantString")},
+        {"__CFConstantStringClassReference", constant_string_class()},
         {"_NSConcreteStackBlock", objc_getClass("__NSStackBlock__")},
         {"_NSConcreteGlobalBlock", objc_getClass("__NSGlobalBlock__")},
         {"_objc_empty_cache", empty_cache},

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <ctime>
 #include <fstream>
 #include <iterator>
 #include <set>
@@ -53,6 +54,12 @@ Class class_behind(std::string_view symbol, std::string_view prefix, const std::
 }
 
 }  // namespace
+
+double processor_seconds() {
+    timespec now;
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
 
 std::vector<std::string> class_names() {
     std::vector<Class> classes(static_cast<size_t>(objc_getClassList(nullptr, 0)));

@@ -1,6 +1,5 @@
 // A library that was injected into the simulated process.
 #pragma once
-#include <ctime>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -44,12 +43,16 @@ std::unique_ptr<Library> load_library(const std::string& host_path);
 std::unique_ptr<Library> load_elf(const std::string& host_path, std::string_view contents);
 std::unique_ptr<Library> load_macho(const std::string& host_path, std::string_view contents);
 
+/// The processor time that the process has taken so far, in seconds.
+double processor_seconds();
+
 /// The processor time that the work takes, in seconds.
 template <class Work>
-double processor_seconds(Work work) {
-    const std::clock_t before = std::clock();
+double processor_seconds_of(Work work) {
+    processor_seconds();  // the first time that it is asked, the clock itself takes microseconds
+    const double before = processor_seconds();
     work();
-    return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+    return processor_seconds() - before;
 }
 
 /// The names of all classes that the runtime knows, sorted.

@@ -1,5 +1,7 @@
 // A library built for the device: our own loader maps it and makes its classes classes of the runtime.
 #include <algorithm>
+#include <climits>
+#include <new>
 #include <span>
 
 #include "device/imports.h"
@@ -7,6 +9,7 @@
 #include "device/refusal.h"
 #include "loader/image.h"
 #include "loader/objc_import.h"
+#include "objc/runtime.h"
 
 namespace sim {
 namespace {
@@ -23,15 +26,53 @@ class MachoLibrary final : public Library {
     macho::Image image_;
 };
 
+/// A constant string as the device's compiler lays it out, and as Foundation's own does.
+struct DeviceString {
+    Class isa;
+    int flags;
+    const char* characters;
+    long length;
+
+    static constexpr int ascii_flags = 0x7c8;
+};
+struct FoundationString {
+    Class isa;
+    const char* characters;
+    unsigned length;
+};
+static_assert(sizeof(DeviceString) == 32 && sizeof(FoundationString) <= sizeof(DeviceString));
+
+/// Makes the image's strings of ASCII constant strings of Foundation itself, where they are. Foundation
+/// compares strings of other classes unit by unit, by message; on the device no string is compared faster
+/// than these.
+void adopt_strings(const macho::Image& image) {
+    const auto& layout = image.layout();
+    const macho::Section* section = layout.section("__cfstring");
+    const bool writable =
+        section && std::ranges::any_of(layout.segments, [section](const macho::Segment& segment) {
+            return segment.name == section->segment && segment.writable;
+        });
+    if (!writable) return;
+    const std::span strings(reinterpret_cast<DeviceString*>(image.mapping().address_of(section->address)),
+                            section->size / sizeof(DeviceString));
+    Class own = objc_getClass("NSConstantString");
+    for (DeviceString& string : strings) {
+        const DeviceString found = string;
+        if (found.flags != DeviceString::ascii_flags || found.length < 0 || found.length > INT_MAX) continue;
+        new (&string) FoundationString{own, found.characters, static_cast<unsigned>(found.length)};
+    }
+}
+
 }  // namespace
 
 std::unique_ptr<Library> load_macho(const std::string& host_path, std::string_view contents) try {
     const std::span file(reinterpret_cast<const uint8_t*>(contents.data()), contents.size());
     auto image = macho::Image::load_bytes(
         file, host_path, [](const macho::Import& import) { return resolve_import(import.symbol); });
+    adopt_strings(image);
     auto classes = macho::import_classes(image).registered;
     std::sort(classes.begin(), classes.end());
-    const double seconds = processor_seconds([&] { image.run_initialisers(); });
+    const double seconds = processor_seconds_of([&] { image.run_initialisers(); });
     return std::make_unique<MachoLibrary>(std::move(image), std::move(classes), seconds);
 } catch (const macho::Error& error) {
     throw Refusal(SIM_BAD_FILE, std::string("cannot load ") + error.what());

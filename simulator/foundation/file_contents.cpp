@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
 #include <cstdio>
 #include <cstdlib>
 
@@ -65,12 +64,7 @@ int write_to(const std::string& path, std::string_view contents, int flags) {
 }
 
 int write_atomically(const std::string& path, std::string_view contents) {
-    struct stat status;
-    if (stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) return EISDIR;
-    const size_t name = path.rfind('/') + 1;
-    if (name == path.size()) return EISDIR;
-    if (path.size() - name > NAME_MAX) return ENAMETOOLONG;
-    std::string temporary = path.substr(0, name) + ".dat.nosync.XXXXXX";
+    std::string temporary = path.substr(0, path.rfind('/') + 1) + ".dat.nosync.XXXXXX";
     File file(mkostemp(temporary.data(), O_CLOEXEC));
     if (!file.is_open()) return errno;
     int error = file.write_all(contents);
@@ -93,9 +87,9 @@ std::optional<std::string> host_path_of(NSString* device_path, LastLink last) {
 }
 
 int read_file(NSString* device_path, std::string& contents) {
-    const auto path = host_path_of(device_path);
+    const auto path = utf8_of(device_path);
     if (!path) return ENOENT;
-    File file(open(path->c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));  // a pipe must not make the phone wait
+    File file(open_file(*path, O_RDONLY | O_CLOEXEC | O_NONBLOCK));  // a pipe must not make the phone wait
     return file.is_open() ? file.read_all(contents) : errno;
 }
 

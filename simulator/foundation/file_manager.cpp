@@ -1,4 +1,5 @@
 // NSFileManager: the operations that are in use, on files inside the root folder, with the device's errors.
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -68,9 +69,12 @@ struct Manager : NSFileManager {
     bool fileExists(NSString* path) { return fileExistsIsDirectory(path, nullptr); }
 
     bool fileExistsIsDirectory(NSString* path, bool* is_directory) {
-        const auto host = host_path_of(path);
+        const auto device_path = utf8_of(path);
+        const int found = device_path ? open_file(*device_path, O_PATH | O_CLOEXEC) : -1;
+        if (found < 0) return false;
         struct stat status;
-        if (!host || stat(host->c_str(), &status) != 0) return false;
+        fstat(found, &status);
+        close(found);
         if (is_directory) *is_directory = S_ISDIR(status.st_mode);
         return true;
     }

@@ -15,6 +15,7 @@ std::optional<std::string> utf8_of(NSString* string) {
     if (!string) return std::nullopt;
     const std::u16string units = units_of(string);
     std::string text;
+    text.reserve(units.size());
     for (size_t i = 0; i < units.size(); ++i) {
         char32_t character = units[i];
         if (character >= 0xd800 && character < 0xdc00 && i + 1 < units.size() && units[i + 1] >= 0xdc00 &&

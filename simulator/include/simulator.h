@@ -4,14 +4,14 @@
  *     sim_library* library;
  *     if (sim_boot(&options) || sim_load("HuecraftiOS12.so", &library)) puts(sim_last_error());
  *
- * - Every function that can fail answers a sim_status and leaves one line in sim_last_error(). None of them
+ * Every function that can fail answers a sim_status and leaves one line in sim_last_error(). None of them
  * ends the process for a caller's mistake, and no exception leaves them; an Objective-C exception inside
  * becomes SIM_RAISED, with its name and reason in the line. What the model of the system does not do is
  * another matter: that stops the process loudly.
- * - Texts are UTF-8 and zero-terminated. Texts and arrays given are copied; texts answered stay valid as long
- * as what they belong to.
- * - "Host" paths are this machine's, "device" paths begin at the root folder given at boot.
- * - Everything is called on the thread that booted: it is the phone's main thread. */
+ *
+ * Texts are UTF-8 and zero-terminated. Texts and arrays given are copied; texts answered stay valid as long
+ * as what they belong to. "Host" paths are this machine's, "device" paths begin at the root folder given at
+ * boot. Everything is called on the thread that booted: it is the phone's main thread. */
 #ifndef HUECRAFT_SIMULATOR_H
 #define HUECRAFT_SIMULATOR_H
 
@@ -40,11 +40,10 @@ typedef enum sim_status {
     SIM_FAILED = 5
 } sim_status;
 
-/* What the last call that failed says, in one line; "" when none has. Valid until the next call. */
+/* What was wrong with the last call, in one line; "" when nothing was. Valid until the next call. */
 SIM_API const char* sim_last_error(void);
 
-/* ---- Boot
- * ---------------------------------------------------------------------------------------------------- */
+/* ---- Boot -------------------------------------------------------------------------------------------- */
 
 /* The argument vector that the process claims to have. */
 typedef enum sim_arguments {
@@ -77,8 +76,7 @@ typedef struct sim_options {
 /* Switches the phone on: once per process. */
 SIM_API sim_status sim_boot(const sim_options* options);
 
-/* ---- The library
- * --------------------------------------------------------------------------------------------- */
+/* ---- The library ------------------------------------------------------------------------------------- */
 
 typedef struct sim_library sim_library;
 
@@ -100,8 +98,7 @@ SIM_API const char* sim_class_name(const sim_library* library, size_t index);
  * the time of loading as a whole, which the dynamic linker does not divide. */
 SIM_API sim_status sim_initialiser_time(const sim_library* library, double* seconds);
 
-/* ---- What the library installed
- * ------------------------------------------------------------------------------- */
+/* ---- What the library installed ---------------------------------------------------------------------- */
 
 typedef enum sim_call_kind {
     SIM_HOOK_MESSAGE = 0,  /* MSHookMessageEx */
@@ -126,8 +123,7 @@ typedef struct sim_installing_call {
 SIM_API size_t sim_installing_call_count(void);
 SIM_API sim_status sim_installing_call_at(size_t index, sim_installing_call* call);
 
-/* ---- The keyboard
- * ---------------------------------------------------------------------------------------------- */
+/* ---- The keyboard ------------------------------------------------------------------------------------ */
 
 typedef enum sim_colour_model {
     SIM_COLOUR_NONE = 0, /* the system answers no colour */
@@ -141,7 +137,8 @@ typedef struct sim_colour {
     double components[4];
 } sim_colour;
 
-/* Asks UIKBGetNamedColor, as the keyboard does; a hook of the library is heard. */
+/* Asks UIKBGetNamedColor, as the keyboard does; a hook of the library is heard. A name that the model does
+ * not know, and no hook answers, is not modelled. */
 SIM_API sim_status sim_named_colour(const char* name, sim_colour* colour);
 
 /* Which keyboard to show. Every member but `size` may be left zero. */
@@ -154,6 +151,15 @@ typedef struct sim_keyboard {
     bool landscape;
     /* What the return key does: "return", or "go", for which the system draws it blue: "return". */
     const char* return_key;
+    /* Split in a left and a right half, with the page between them. The emoji plane never is. */
+    bool split;
+    /* The input switcher is open over the globe key. */
+    bool switcher;
+    /* The bar of a web form is above the keyboard. */
+    bool form_accessory;
+    /* The application's page, above and behind the keyboard: "notes", "light" (plain) or "busy" (strong
+       colours with sharp edges): "notes". */
+    const char* background;
 } sim_keyboard;
 
 /* Puts the keyboard on the screen, in place of what was there. NULL shows the defaults. */

@@ -19,7 +19,7 @@ struct BackdropView : objc::Implements<BackdropView, UIKBBackdropView> {
         auto self = initialised_by_super<"initWithFrame:">(frame);
         if (!self) return nullptr;
         self->ivars().style = style;
-        self->ivars().materialView = self->add_filling_view(sim::backdrop_material(style));
+        self->ivars().materialView = self->add_filling_view(sim::backdrop_material(style).color);
         self->ivars().contentView = self->add_filling_view(nullptr);
         return self;
     }

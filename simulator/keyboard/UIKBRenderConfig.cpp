@@ -22,12 +22,9 @@ struct RenderConfig : objc::Implements<RenderConfig, UIKBRenderConfig> {
     // The quality, which lowers the blur on slow devices, changes nothing: the model's materials do not blur.
     static NSInteger backdropStyle(Class, NSInteger style, NSInteger) {
         switch (style) {
-            case sim::keyboard_style_light:
-                return sim::backdrop_style_light_keyboard;
-            case sim::keyboard_style_dark:
-                return sim::backdrop_style_dark_keyboard;
-            case sim::backdrop_style_none:
-                return sim::backdrop_style_none;
+            case sim::keyboard_style_light: return sim::backdrop_style_light_keyboard;
+            case sim::keyboard_style_dark: return sim::backdrop_style_dark_keyboard;
+            case sim::backdrop_style_none: return sim::backdrop_style_none;
         }
         sim::not_modelled("UIKBRenderConfig",
                           "backdropStyleForStyle:quality:", "the style " + std::to_string(style));

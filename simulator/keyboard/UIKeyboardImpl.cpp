@@ -15,11 +15,9 @@ struct KeyboardImpl : objc::Implements<KeyboardImpl, UIKeyboardImpl> {
     static CGSize keyboardSize(Class, NSInteger orientation) {
         switch (orientation) {
             case 1:
-            case 2:
-                return sim::keyboard_metrics(false).size;
+            case 2: return sim::keyboard_metrics(false).size;
             case 3:
-            case 4:
-                return sim::keyboard_metrics(true).size;
+            case 4: return sim::keyboard_metrics(true).size;
         }
         sim::not_modelled("UIKeyboardImpl", "keyboardSizeForInterfaceOrientation:",
                           "the orientation " + std::to_string(orientation));

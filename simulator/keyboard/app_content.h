@@ -1,10 +1,19 @@
-// What an application shows above its keyboard.
+// What an application shows above its keyboard, and behind it.
 #pragma once
 #include "platform/uikit.h"
 
 namespace sim {
 
-/// A page of notes, the size of the screen, with the cursor in its last line.
-objc::strong<UIView> make_app_content(CGSize screen);
+enum class AppContent {
+    /// A page of notes with the cursor in its last line.
+    notes,
+    /// Nearly white, and nothing on it.
+    light,
+    /// Strong colours with sharp edges all over: what shows through a keyboard can be told.
+    busy,
+};
+
+/// A page the size of the screen.
+objc::strong<UIView> make_app_content(AppContent content, CGSize screen);
 
 }  // namespace sim

@@ -1,11 +1,12 @@
 // The codes of the backdrops that keyboards are put on. The system's meaning of most codes is not known: the
-// model has the two materials it needs, and reads -2 as no material at all.
+// model has the materials it needs, and reads -2 as no material at all.
 #pragma once
 #include "objc/runtime.h"
 
 namespace sim {
 
 constexpr NSInteger backdrop_style_none = -2;
+constexpr NSInteger backdrop_style_light = 2;
 constexpr NSInteger backdrop_style_light_keyboard = 3901;
 constexpr NSInteger backdrop_style_dark_keyboard = 3902;
 

@@ -5,7 +5,7 @@
 
 namespace sim {
 
-/// A view of the keys' size. `keyplane` is the plane's tree.
+/// A view of the keys' size. `keyplane_view` draws the plane's two keys, and goes in front.
 objc::strong<UIView> make_emoji_plane(UIView* keyplane_view, const KeyboardMetrics& metrics);
 
 }  // namespace sim

@@ -142,40 +142,23 @@ void draw_flags(Pen& pen) {
 
 void draw_on_field(Pen& pen, Glyph glyph) {
     switch (glyph) {
-        case Glyph::shift:
-            return shift_arrow(pen).stroke();
-        case Glyph::shift_engaged:
-            return shift_arrow(pen).fill_and_stroke();
-        case Glyph::backspace:
-            return draw_backspace(pen);
-        case Glyph::globe:
-            return draw_globe(pen);
-        case Glyph::microphone:
-            return draw_microphone(pen);
-        case Glyph::check:
-            return pen.lines({{4, 12.5}, {9.5, 18}, {20, 6.5}}).stroke();
-        case Glyph::previous:
-            return pen.lines({{5, 15}, {12, 8}, {19, 15}}).stroke();
-        case Glyph::next:
-            return pen.lines({{5, 9}, {12, 16}, {19, 9}}).stroke();
-        case Glyph::recent:
-            return draw_recent(pen);
-        case Glyph::smileys:
-            return draw_smileys(pen);
-        case Glyph::animals:
-            return draw_animals(pen);
-        case Glyph::food:
-            return draw_food(pen);
-        case Glyph::activities:
-            return draw_activities(pen);
-        case Glyph::travel:
-            return draw_travel(pen);
-        case Glyph::objects:
-            return draw_objects(pen);
-        case Glyph::symbols:
-            return draw_symbols(pen);
-        case Glyph::flags:
-            return draw_flags(pen);
+        case Glyph::shift: return shift_arrow(pen).stroke();
+        case Glyph::shift_engaged: return shift_arrow(pen).fill_and_stroke();
+        case Glyph::backspace: return draw_backspace(pen);
+        case Glyph::globe: return draw_globe(pen);
+        case Glyph::microphone: return draw_microphone(pen);
+        case Glyph::check: return pen.lines({{4, 12.5}, {9.5, 18}, {20, 6.5}}).stroke();
+        case Glyph::previous: return pen.lines({{5, 15}, {12, 8}, {19, 15}}).stroke();
+        case Glyph::next: return pen.lines({{5, 9}, {12, 16}, {19, 9}}).stroke();
+        case Glyph::recent: return draw_recent(pen);
+        case Glyph::smileys: return draw_smileys(pen);
+        case Glyph::animals: return draw_animals(pen);
+        case Glyph::food: return draw_food(pen);
+        case Glyph::activities: return draw_activities(pen);
+        case Glyph::travel: return draw_travel(pen);
+        case Glyph::objects: return draw_objects(pen);
+        case Glyph::symbols: return draw_symbols(pen);
+        case Glyph::flags: return draw_flags(pen);
     }
 }
 

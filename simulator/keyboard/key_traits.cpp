@@ -83,18 +83,14 @@ KeyTraits key_traits(UIKBRenderFactory* factory, UIKBTree* key, KeyState state) 
         case KeyKind::character:
             return plain_traits(factory, is_lower_case(key->displayString()) ? lower_text : upper_text);
         case KeyKind::space:
-        case KeyKind::engaged_control:
-            return pressable(plain_traits(factory, control_text));
-        case KeyKind::control:
-            return pressable(control_traits(factory, control_text));
+        case KeyKind::engaged_control: return pressable(plain_traits(factory, control_text));
+        case KeyKind::control: return pressable(control_traits(factory, control_text));
         case KeyKind::confirming:
             // Already highlighted: held down, it loses that.
             return pressed ? plain_traits(factory, control_text)
                            : highlighted(control_traits(factory, control_text));
-        case KeyKind::bare:
-            return bare_traits(factory, control_text);
-        case KeyKind::indicator:
-            return indicator_traits(factory);
+        case KeyKind::bare: return bare_traits(factory, control_text);
+        case KeyKind::indicator: return indicator_traits(factory);
     }
     return plain_traits(factory, control_text);
 }

@@ -12,8 +12,6 @@ struct KeyboardMetrics {
     CGFloat row_pitch;
     /// The bars above and below the keys.
     CGFloat prediction_height, dock_height;
-
-    CGRect whole() const { return {{0, 0}, {size.width, prediction_height + size.height + dock_height}}; }
 };
 
 /// The bar along the bottom of the emoji plane, and the keys at its ends.

@@ -2,10 +2,9 @@
 #include "keyboard/show.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <iterator>
-#include <memory>
 #include <optional>
+#include <utility>
 
 #include "device/device.h"
 #include "keyboard/UIKBKeyplaneView.h"
@@ -18,6 +17,9 @@
 #include "keyboard/keyplanes.h"
 #include "keyboard/make.h"
 #include "keyboard/pop_up.h"
+#include "keyboard/split.h"
+#include "keyboard/switcher.h"
+#include "uikit/picture.h"
 
 namespace sim {
 namespace {
@@ -42,6 +44,8 @@ constexpr Choice<KeyboardPlane> planes[] = {{"letters", KeyboardPlane::letters},
                                             {"symbols", KeyboardPlane::symbols},
                                             {"emoji", KeyboardPlane::emoji}};
 constexpr Choice<ReturnKey> return_keys[] = {{"return", ReturnKey::plain}, {"go", ReturnKey::go}};
+constexpr Choice<AppContent> backgrounds[] = {
+    {"notes", AppContent::notes}, {"light", AppContent::light}, {"busy", AppContent::busy}};
 
 /// The choice of that name, the first for an empty one; nothing, and what there is in `error`, for any other.
 template <class Value, size_t Count>
@@ -59,30 +63,44 @@ std::optional<Value> choose(const Choice<Value> (&choices)[Count], const char* w
 
 bool is_character(UIKBTree* key) { return static_cast<KeyKind>(key->displayType()) == KeyKind::character; }
 
-/// The keyboard with its bars, in a view of its own size.
-strong<UIView> make_keyboard(KeyboardPlane plane, UIKBTree* keyplane, UIKBTree* pressed,
-                             const KeyboardMetrics& metrics) {
-    const CGRect whole = metrics.whole();
-    const CGRect keys{{0, metrics.prediction_height}, metrics.size};
-    auto keyboard = make_view<UIView>(whole);
-    keyboard->addSubview(make_view<UIKBInputBackdropView>(whole));
-    keyboard->addSubview(make_prediction_bar({{0, 0}, {whole.size.width, metrics.prediction_height}}));
-
-    auto factory = make<UIKBRenderFactory>();
+strong<UIView> make_key_area(KeyboardPlane plane, UIKBTree* keyplane, UIKBTree* pressed,
+                             UIKBRenderFactory* factory, const KeyboardMetrics& metrics) {
     auto keyplane_view = UIKBKeyplaneView::alloc()->initWithFrame({{0, 0}, metrics.size}, keyplane, factory);
     keyplane_view->setPressedKey(pressed);
-    strong<UIView> key_area = keyplane_view.get();
-    if (plane == KeyboardPlane::emoji) key_area = make_emoji_plane(keyplane_view, metrics);
-    key_area->setFrame(keys);
-    keyboard->addSubview(key_area);
+    if (plane == KeyboardPlane::emoji) return make_emoji_plane(keyplane_view, metrics);
+    return strong<UIView>(keyplane_view.get());
+}
 
-    const CGFloat dock_top = keys.origin.y + keys.size.height;
-    keyboard->addSubview(make_dock({{0, dock_top}, {whole.size.width, metrics.dock_height}}));
+/// The keyboard with its bars, in a view of its own size.
+strong<UIView> make_keyboard(const KeyboardRequest& request, KeyboardPlane plane, UIKBTree* keyplane,
+                             UIKBTree* pressed, const KeyboardMetrics& metrics) {
+    constexpr CGFloat accessory_height = 44, switcher_margin = 6;
+    const CGFloat width = metrics.size.width;
+    const CGFloat prediction_top = request.form_accessory ? accessory_height : 0;
+    const CGFloat key_top = prediction_top + (request.split ? 0 : metrics.prediction_height);
+    const CGFloat dock_top = key_top + metrics.size.height;
+    const CGRect whole{{0, 0}, {width, dock_top + metrics.dock_height}};
+
+    auto keyboard = make_view<UIView>(whole);
+    auto backdrop = make_view<UIKBInputBackdropView>(whole);
+    backdrop->setSplit(request.split);
+    keyboard->addSubview(backdrop);
+    if (request.form_accessory)
+        keyboard->addSubview(make_view<UIWebFormAccessory>({{0, 0}, {width, accessory_height}}));
+    if (!request.split)
+        keyboard->addSubview(make_prediction_bar({{0, prediction_top}, {width, metrics.prediction_height}}));
+
+    auto factory = make<UIKBRenderFactory>();
+    strong<UIView> key_area = make_key_area(plane, keyplane, pressed, factory, metrics);
+    key_area->setFrame({{0, key_top}, metrics.size});
+    keyboard->addSubview(key_area);
+    keyboard->addSubview(make_dock({{0, dock_top}, {width, metrics.dock_height}}));
     if (pressed && is_character(pressed)) {
         CGRect frame = pressed->frame();
-        frame.origin.y += keys.origin.y;
-        keyboard->addSubview(make_pop_up(pressed, frame, whole.size.width, factory));
+        frame.origin.y += key_top;
+        keyboard->addSubview(make_pop_up(pressed, frame, width, factory));
     }
+    if (request.switcher) keyboard->addSubview(make_switcher({switcher_margin, dock_top}));
     return keyboard;
 }
 
@@ -90,12 +108,20 @@ strong<UIView> make_keyboard(KeyboardPlane plane, UIKBTree* keyplane, UIKBTree* 
 
 bool show_keyboard(const KeyboardRequest& request, std::string& error) {
     const auto plane = choose(planes, "key plane", request.plane, error);
-    const auto return_key =
-        plane ? choose(return_keys, "return key", request.return_key, error) : std::nullopt;
+    if (!plane) return false;
+    const auto return_key = choose(return_keys, "return key", request.return_key, error);
     if (!return_key) return false;
+    const auto background = choose(backgrounds, "background", request.background, error);
+    if (!background) return false;
+    if (request.split && *plane == KeyboardPlane::emoji) {
+        error =
+            "the emoji plane is never split; the planes that can be are letters, shifted, numbers, symbols";
+        return false;
+    }
 
     const KeyboardMetrics metrics = keyboard_metrics(request.landscape);
     strong<UIKBTree> keyplane = make_keyplane(*plane, *return_key, metrics);
+    if (request.split) split_keyplane(keyplane, metrics);
     UIKBTree* pressed = request.pressed_key.empty() ? nullptr : find_key(keyplane, request.pressed_key);
     if (!pressed && !request.pressed_key.empty()) {
         error = "no key of this plane is called \"" + request.pressed_key +
@@ -106,8 +132,8 @@ bool show_keyboard(const KeyboardRequest& request, std::string& error) {
     const Device& screen = device();
     CGSize size{screen.screen_width, screen.screen_height};
     if (request.landscape != (size.width > size.height)) std::swap(size.width, size.height);
-    strong<UIView> page = make_app_content(size);
-    strong<UIView> keyboard = make_keyboard(*plane, keyplane, pressed, metrics);
+    strong<UIView> page = make_app_content(*background, size);
+    strong<UIView> keyboard = make_keyboard(request, *plane, keyplane, pressed, metrics);
     CGRect frame = keyboard->frame();
     frame.origin.y = size.height - frame.size.height;
     keyboard->setFrame(frame);
@@ -123,18 +149,7 @@ bool take_picture(const std::string& path, double scale, std::string& error) {
         error = "nothing is on the screen";
         return false;
     }
-    view->layoutIfNeeded();
-    UIGraphicsBeginImageContextWithOptions(view->bounds().size, true, scale);
-    view->drawViewHierarchyInRect(view->bounds(), true);
-    NSData* png = UIImagePNGRepresentation(UIGraphicsGetImageFromCurrentImageContext());
-    UIGraphicsEndImageContext();
-    std::unique_ptr<std::FILE, decltype(&std::fclose)> file(std::fopen(path.c_str(), "wb"), &std::fclose);
-    if (!file || std::fwrite(png->bytes(), 1, png->length(), file.get()) != png->length() ||
-        std::fflush(file.get()) != 0) {
-        error = "cannot write the picture " + path;
-        return false;
-    }
-    return true;
+    return write_picture(view, scale, path, error);
 }
 
 }  // namespace sim

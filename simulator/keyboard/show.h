@@ -13,10 +13,20 @@ struct KeyboardRequest {
     /// What the return key does: "return" (default), or "go", for which the system draws it blue.
     std::string return_key;
     bool landscape = false;
+    /// In a left and a right half, with the page between them and no prediction bar. The emoji plane never
+    /// is.
+    bool split = false;
+    /// With the input switcher open over the globe key.
+    bool switcher = false;
+    /// With the bar of a web form on top.
+    bool form_accessory = false;
+    /// The application's page: "notes" (default), "light" or "busy".
+    std::string background;
 };
 
-/// Puts the keyboard on the screen, in place of what was there. False for a plane or a key that does not
-/// exist; `error` then says in one line what was found and what there is, and the screen stays as it was.
+/// Puts the keyboard on the screen, in place of what was there. False for a plane, a key or a page that
+/// does not exist; `error` then says in one line what was found and what there is, and the screen stays as it
+/// was.
 bool show_keyboard(const KeyboardRequest&, std::string& error);
 
 /// Lays out, draws the screen's contents and writes them to `path`, a path of the host, as PNG. `scale` is in

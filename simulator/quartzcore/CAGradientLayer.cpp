@@ -1,6 +1,8 @@
-// Layers that show a gradient.
+// Layers that show a gradient. Colours are mixed multiplied by their alpha: towards a clear one the other
+// only fades.
 #include <vector>
 
+#include "coregraphics/CGContext.h"
 #include "coregraphics/CGGradient.h"
 #include "objc/class.h"
 #include "platform/quartzcore.h"
@@ -18,7 +20,9 @@ struct GradientLayer : objc::Implements<GradientLayer, CAGradientLayer> {
     };
 
     NSArray* colors() { return ivars().colors; }
-    void setColors(NSArray* colors) { ivars().colors = strong<NSArray>::adopt(colors->send<"copy", NSArray*>()); }
+    void setColors(NSArray* colors) {
+        ivars().colors = strong<NSArray>::adopt(colors->send<"copy", NSArray*>());
+    }
     NSArray* locations() { return ivars().locations; }
     void setLocations(NSArray* locations) {
         ivars().locations = strong<NSArray>::adopt(locations->send<"copy", NSArray*>());
@@ -37,17 +41,25 @@ struct GradientLayer : objc::Implements<GradientLayer, CAGradientLayer> {
         if (colors->count() == 0) return;
         const CGRect bounds = self->bounds();
         auto in_bounds = [&](CGPoint unit) {
-            return CGPoint{bounds.origin.x + unit.x * bounds.size.width, bounds.origin.y + unit.y * bounds.size.height};
+            return CGPoint{bounds.origin.x + unit.x * bounds.size.width,
+                           bounds.origin.y + unit.y * bounds.size.height};
         };
-        const std::vector<CGFloat> stops = stop_locations(self->locations(), colors->count());
-        const auto gradient =
-            objc::adopt(CGGradientCreateWithColors(nullptr, colors, stops.empty() ? nullptr : stops.data()));
+        const std::vector<CGFloat> locations = stop_locations(self->locations(), colors->count());
+        sim::LinearGradient gradient{
+            .stops = sim::gradient_stops(colors, locations.empty() ? nullptr : locations.data()),
+            .start = in_bounds(self->startPoint()),
+            .end = in_bounds(self->endPoint()),
+            .mixing = sim::ColorMixing::premultiplied};
+        if (gradient.start == gradient.end) {
+            // All of the layer lies beyond the end.
+            gradient.stops = {{0, gradient.stops.back().color}};
+            gradient.end.x += 1;
+        }
         CGContextSaveGState(context);
         CGContextBeginPath(context);
         CGContextAddPath(context, sim::outline_of(this));
         CGContextClip(context);
-        CGContextDrawLinearGradient(context, gradient, in_bounds(self->startPoint()), in_bounds(self->endPoint()),
-                                    kCGGradientDrawsBeforeStartLocation | kCGGradientDrawsAfterEndLocation);
+        sim::canvas_of(context).paint(gradient);
         CGContextRestoreGState(context);
     }
 
@@ -55,7 +67,8 @@ struct GradientLayer : objc::Implements<GradientLayer, CAGradientLayer> {
         std::vector<CGFloat> stops;
         if (!locations) return stops;
         if (locations->count() != colors)
-            sim::not_modelled("CAGradientLayer", "locations", "another number of them than there are colours");
+            sim::not_modelled("CAGradientLayer", "locations",
+                              "another number of them than there are colours");
         for (NSUInteger i = 0; i < colors; ++i)
             stops.push_back(as<NSNumber>(locations->objectAtIndex(i))->send<"doubleValue", double>());
         return stops;

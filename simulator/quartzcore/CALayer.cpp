@@ -34,7 +34,7 @@ void Layer::dealloc() {
     for (CALayer* sublayer : ivars().sublayers) static_cast<Layer*>(sublayer)->ivars().superlayer = nullptr;
 }
 
-// ---- Geometry -------------------------------------------------------------------------------------------------
+// ---- Geometry -----------------------------------------------------------------------------------
 
 CGRect Layer::frame() { return bounding_box(to_superlayer(this), static_cast<CALayer*>(this)->bounds()); }
 
@@ -46,7 +46,8 @@ void Layer::setFrame(CGRect frame) {
     bounds.size = back ? bounding_box(*back, {{0, 0}, frame.size}).size : frame.size;
     const CGPoint anchor = self->anchorPoint();
     self->setBounds(bounds);
-    self->setPosition({frame.origin.x + anchor.x * frame.size.width, frame.origin.y + anchor.y * frame.size.height});
+    self->setPosition(
+        {frame.origin.x + anchor.x * frame.size.width, frame.origin.y + anchor.y * frame.size.height});
 }
 
 void Layer::setBounds(CGRect bounds) {
@@ -61,7 +62,7 @@ void Layer::setAffineTransform(CGAffineTransform transform) {
     static_cast<CALayer*>(this)->setTransform(to_3d(transform));
 }
 
-// ---- The tree -------------------------------------------------------------------------------------------------
+// ---- The tree -----------------------------------------------------------------------------------
 
 NSArray* Layer::sublayers() {
     const auto& layers = ivars().sublayers;

@@ -4,8 +4,8 @@
 
 namespace sim {
 
-/// The blend mode of a layer's compositing filter, a name or a CAFilter of that name; normal for nil. Stops the
-/// process for one that the model does not draw.
+/// The blend mode of a layer's compositing filter, a name or a CAFilter of that name; normal for nil. Stops
+/// the process for one that the model does not draw.
 CGBlendMode blend_mode_of(id compositing_filter);
 
 }  // namespace sim

@@ -12,6 +12,9 @@ namespace {
 
 using namespace objc::literals;
 
+/// From 0 to 1; NaN is 0.
+double limited(double value) { return value > 0 ? std::min(value, 1.0) : 0; }
+
 /// A color in components from 0 to 1, not multiplied by alpha.
 struct Light {
     double blue, green, red;
@@ -26,10 +29,10 @@ void for_each_color(cairo_surface_t* surface, Change change) {
         for (size_t x = 0; x < pixels.width(); ++x, pixel += Pixels::bytes) {
             const double alpha = pixel[Pixels::alpha];
             if (alpha == 0) continue;
-            const Light light =
-                change({pixel[Pixels::blue] / alpha, pixel[Pixels::green] / alpha, pixel[Pixels::red] / alpha});
+            const Light light = change(
+                {pixel[Pixels::blue] / alpha, pixel[Pixels::green] / alpha, pixel[Pixels::red] / alpha});
             auto stored = [alpha](double value) {
-                return static_cast<uint8_t>(std::clamp(value, 0.0, 1.0) * alpha + 0.5);
+                return static_cast<uint8_t>(limited(value) * alpha + 0.5);
             };
             pixel[Pixels::blue] = stored(light.blue);
             pixel[Pixels::green] = stored(light.green);
@@ -44,18 +47,19 @@ double number(CAFilter* filter, NSString* key, double fallback) {
     return value ? value->send<"doubleValue", double>() : fallback;
 }
 
-/// The luminance with the bias added gives the brightness of the one colour; the amount mixes the result with what
-/// was there. The platform does not say how it computes this: the formula is the model's own.
+/// The luminance with the bias added gives the brightness of the one colour; the amount mixes the result with
+/// what was there. The platform does not say how it computes this: the formula is the model's own.
 void make_monochrome(CAFilter* filter, cairo_surface_t* surface) {
     const RGBA color = rgba_of(as<CGColor>(filter->valueForKey("inputColor"_ns))).value_or(RGBA{1, 1, 1, 1});
     const double bias = number(filter, "inputBias"_ns, 0);
-    const double amount = std::clamp(number(filter, "inputAmount"_ns, 1), 0.0, 1.0);
+    const double amount = limited(number(filter, "inputAmount"_ns, 1));
     for_each_color(surface, [&](const Light& light) {
         const double brightness = 0.2126 * light.red + 0.7152 * light.green + 0.0722 * light.blue + bias;
         auto mixed = [&](double old, double component) {
-            return old + amount * (std::clamp(brightness * component, 0.0, 1.0) - old);
+            return old + amount * (limited(brightness * component) - old);
         };
-        return Light{mixed(light.blue, color.blue), mixed(light.green, color.green), mixed(light.red, color.red)};
+        return Light{mixed(light.blue, color.blue), mixed(light.green, color.green),
+                     mixed(light.red, color.red)};
     });
 }
 
@@ -74,7 +78,6 @@ void apply(NSArray* filters, cairo_surface_t* surface) {
 
 void multiply(cairo_surface_t* surface, CGColorRef color) {
     const RGBA factor = rgba_of(color).value_or(RGBA{1, 1, 1, 1});
-    auto limited = [](double value) { return std::clamp(value, 0.0, 1.0); };
     const double alpha = limited(factor.alpha);
     const double factors[] = {limited(factor.blue) * alpha, limited(factor.green) * alpha,
                               limited(factor.red) * alpha, alpha};

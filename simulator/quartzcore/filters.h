@@ -6,8 +6,8 @@
 
 namespace sim {
 
-/// Applies the CAFilters in their order to an ARGB32 surface. Stops the process for a kind that the model does not
-/// draw.
+/// Applies the CAFilters in their order to an ARGB32 surface. Stops the process for a kind that the model
+/// does not draw.
 void apply(NSArray* filters, cairo_surface_t*);
 
 /// Multiplies each pixel by the colour, alpha included.

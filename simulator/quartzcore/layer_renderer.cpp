@@ -2,11 +2,14 @@
 #include "quartzcore/layer_renderer.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "coregraphics/CGContext.h"
 #include "coregraphics/CGImage.h"
 #include "coregraphics/CGPath.h"
+#include "coregraphics/box_blur.h"
 #include "coregraphics/transform.h"
+#include "quartzcore/CABackdropLayer.h"
 #include "quartzcore/CALayer.h"
 #include "quartzcore/compositing.h"
 #include "quartzcore/filters.h"
@@ -59,7 +62,8 @@ CGRect extent(CALayer* layer) {
     if (auto* image = as<CGImage>(layer->contents())) box = united(box, contents_rect(layer, image));
     if (!layer->masksToBounds()) {
         for (CALayer* sublayer : static_cast<Layer*>(layer)->ivars().sublayers)
-            if (!sublayer->isHidden()) box = united(box, bounding_box(to_superlayer(sublayer), extent(sublayer)));
+            if (!sublayer->isHidden())
+                box = united(box, bounding_box(to_superlayer(sublayer), extent(sublayer)));
         if (has_shadow(layer)) box = united(box, shadow_extent(layer));
     }
     return box;
@@ -85,8 +89,30 @@ void draw_border(CALayer* layer, CGContextRef context) {
     CGContextEOFillPath(context);
 }
 
-void draw_inside(CALayer* layer, CGContextRef context) {
+/// What the layer shows of what lies behind it; nothing for a layer that is no backdrop.
+Excerpt blurred_behind(CALayer* layer, Canvas& canvas) {
+    auto* backdrop = as<CABackdropLayer>(layer);
+    const CGFloat radius = backdrop ? backdrop->blurRadius() : 0;
+    if (!(radius > 0)) return {};
+    const Excerpt behind = canvas.excerpt(layer->bounds());
+    const CGAffineTransform& ctm = canvas.state().ctm;
+    if (behind.pixels) box_blur(behind.pixels, radius * std::sqrt(std::abs(ctm.a * ctm.d - ctm.b * ctm.c)));
+    return behind;
+}
+
+void draw_behind(CALayer* layer, CGContextRef context, const Excerpt& behind) {
+    if (!behind.pixels) return;
+    CGContextSaveGState(context);
+    CGContextBeginPath(context);
+    CGContextAddPath(context, outline_of(layer));
+    CGContextClip(context);
+    canvas_of(context).put_back(behind);
+    CGContextRestoreGState(context);
+}
+
+void draw_inside(CALayer* layer, CGContextRef context, const Excerpt& behind) {
     draw_shadow(layer, context);
+    draw_behind(layer, context, behind);
     if (CGColorRef color = layer->backgroundColor()) fill(context, outline_of(layer), color);
     CGContextSaveGState(context);
     if (layer->masksToBounds()) {
@@ -148,18 +174,21 @@ void render_in_own_space(CALayer* layer, CGContextRef context) {
     if (layer->isHidden() || !(opacity > 0)) return;
     layer->displayIfNeeded();
 
+    Canvas& canvas = canvas_of(context);
+    const Excerpt behind = blurred_behind(layer, canvas);  // which a group of its own would not see
     NSArray* filters = layer->filters();
     id compositing = layer->compositingFilter();
     CALayer* mask = layer->mask();
-    if (opacity >= 1 && !filters->count() && !compositing && !mask) return draw_inside(layer, context);
+    if (opacity >= 1 && !filters->count() && !compositing && !mask)
+        return draw_inside(layer, context, behind);
 
-    Canvas& canvas = canvas_of(context);
     canvas.save();
-    canvas.clip(inset(extent(layer), -1));  // the group is as large as the clip, its edge clear of what is drawn
+    // The group is as large as the clip, whose soft edge is to be clear of what is drawn.
+    canvas.clip(inset(extent(layer), -1));
     canvas.state().alpha = std::min(opacity, 1.0f);
     canvas.state().blend = blend_mode_of(compositing);
     canvas.begin_layer();
-    draw_inside(layer, context);
+    draw_inside(layer, context, behind);
     if (mask) keep_what_mask_shows(mask, context);
     canvas.end_layer([&](cairo_surface_t* surface) { apply(filters, surface); });
     canvas.restore();

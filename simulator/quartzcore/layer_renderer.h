@@ -4,8 +4,8 @@
 
 namespace sim {
 
-/// Draws the layer and its sublayers into a context whose user space is the superlayer's, y down. Layers that need
-/// display are displayed on the way; layout is the caller's.
+/// Draws the layer and its sublayers into a context whose user space is the superlayer's, y down. Layers that
+/// need display are displayed on the way; layout is the caller's.
 void render(CALayer*, CGContextRef);
 
 /// The same where the context's user space is the layer's own: its position and transformation do not count.

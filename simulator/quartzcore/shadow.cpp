@@ -7,6 +7,7 @@
 
 #include "coregraphics/CGContext.h"
 #include "coregraphics/CGPath.h"
+#include "coregraphics/box_blur.h"
 #include "coregraphics/transform.h"
 #include "quartzcore/layer_renderer.h"
 #include "runtime/not_modelled.h"
@@ -16,11 +17,13 @@ namespace {
 
 objc::strong<CGPath> shape_of(CALayer* layer) {
     if (CGPathRef path = layer->shadowPath()) return const_cast<CGPath*>(path);
-    if (!layer->backgroundColor()) not_modelled("CALayer", "shadowPath", "a shadow of contents and sublayers");
+    if (!layer->backgroundColor())
+        not_modelled("CALayer", "shadowPath", "a shadow of contents and sublayers");
     return outline_of(layer);
 }
 
-/// Means of `2 * reach + 1` values along a line of `count` values that lie `step` apart; zeros lie beyond its ends.
+/// Means of `2 * reach + 1` values along a line of `count` values that lie `step` apart; zeros lie beyond its
+/// ends.
 void average_along(uint8_t* line, size_t count, size_t step, size_t reach, std::vector<uint8_t>& copy) {
     copy.resize(count);
     for (size_t i = 0; i < count; ++i) copy[i] = line[i * step];
@@ -36,7 +39,7 @@ void average_along(uint8_t* line, size_t count, size_t step, size_t reach, std::
 
 /// Three averages in a row come close to a bell curve with the deviation, in pixels.
 void blur(cairo_surface_t* mask, double deviation) {
-    const auto reach = static_cast<size_t>(std::lround((std::sqrt(4 * deviation * deviation + 1) - 1) / 2));
+    const size_t reach = box_reach(deviation);
     if (!reach) return;
     cairo_surface_flush(mask);
     uint8_t* data = cairo_image_surface_get_data(mask);
@@ -51,8 +54,10 @@ void blur(cairo_surface_t* mask, double deviation) {
     cairo_surface_mark_dirty(mask);
 }
 
+CGFloat radius_of(CALayer* layer) { return layer->shadowRadius() > 0 ? layer->shadowRadius() : 0; }
+
 /// How far a shadow reaches beyond its shape.
-CGFloat reach_of(CALayer* layer) { return 3 * std::max(layer->shadowRadius(), 0.0) + 1; }
+CGFloat reach_of(CALayer* layer) { return 3 * radius_of(layer) + 1; }
 
 }  // namespace
 
@@ -85,7 +90,8 @@ void draw_shadow(CALayer* layer, CGContextRef context) {
         const auto& bitmap = canvas.bitmap();
         const bool sensible = width <= 2.0 * cairo_image_surface_get_width(bitmap.surface()) + 1000 &&
                               height <= 2.0 * cairo_image_surface_get_height(bitmap.surface()) + 1000;
-        if (!sensible) not_modelled("CALayer", "shadowRadius", "a shadow much larger than what is drawn into");
+        if (!sensible)
+            not_modelled("CALayer", "shadowRadius", "a shadow much larger than what is drawn into");
 
         const Surface mask(
             cairo_image_surface_create(CAIRO_FORMAT_A8, static_cast<int>(width), static_cast<int>(height)));
@@ -94,10 +100,11 @@ void draw_shadow(CALayer* layer, CGContextRef context) {
         cairo_transform(drawing, &m);
         trace(drawing, elements_of(shape));
         cairo_fill(drawing);
-        blur(mask, std::max(layer->shadowRadius(), 0.0) * pixels_per_point);
+        blur(mask, radius_of(layer) * pixels_per_point);
 
         cairo_identity_matrix(cairo);
-        cairo_set_source(cairo, source_of(layer->shadowColor(), canvas.state().alpha * layer->shadowOpacity()));
+        cairo_set_source(cairo,
+                         source_of(layer->shadowColor(), canvas.state().alpha * layer->shadowOpacity()));
         cairo_mask_surface(cairo, mask, left, top);
     });
     CGContextRestoreGState(context);

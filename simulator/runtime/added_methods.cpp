@@ -36,7 +36,10 @@ bool is_registered(Class owner) {
 SIM_EXPORTED BOOL class_addMethod(Class owner, SEL selector, IMP implementation, const char* types) {
     const bool added = owner && sim::add_method(owner, selector, implementation, types);
     if ((!owner || sim::is_registered(owner)) && !sim::is_in_foundation(__builtin_return_address(0)))
-        record(method_call(sim::InstallingCall::Kind::add_method, owner, selector,
-                           types ? strdup(types) : nullptr, added));
+        sim::record({.kind = sim::InstallingCall::Kind::add_method,
+                     .owner = owner,
+                     .selector = selector,
+                     .types = types ? strdup(types) : nullptr,
+                     .took_effect = added});
     return added;
 }

@@ -38,6 +38,16 @@ struct ConstantString : objc::Implements<ConstantString, __NSCFConstantString> {
         return static_cast<const char*>(ivars().characters);  // ASCII, and the compiler ends it with a zero
     }
 
+    /// What Foundation itself asks for, to look names up in the runtime.
+    bool getCString(char* bytes, NSUInteger capacity, NSUInteger encoding) {
+        constexpr NSUInteger ascii = 1, utf8 = 4;
+        if (ivars().flags & sixteen_bits || (encoding != ascii && encoding != utf8))
+            return super<"getCString:maxLength:encoding:", bool>(bytes, capacity, encoding);
+        if (length() >= capacity) return false;
+        __builtin_memcpy(bytes, ivars().characters, length() + 1);
+        return true;
+    }
+
     Class classForCoder() { return NSString::class_object(); }
 
     // The objects lie in the dylib and not in Foundation's heap, where the count stands before the object.
@@ -75,6 +85,7 @@ OBJC_CLASS(__NSCFConstantString, NSString, ConstantString,
            method<"characterAtIndex:", &Text::characterAtIndex>,
            method<"getCharacters:range:", &Text::getCharacters>,
            method<"UTF8String", &Text::UTF8String>,
+           method<"getCString:maxLength:encoding:", &Text::getCString>,
            method<"classForCoder", &Text::classForCoder>,
            method<"retain", &Text::itself>,
            method<"autorelease", &Text::itself>,

@@ -32,12 +32,17 @@ SIM_EXPORTED void MSHookMessageEx(Class owner, SEL selector, IMP replacement, IM
     // The slot is filled before the replacement can run.
     if (method && previous) *previous = method_getImplementation(method);
     if (method) sim::replace_method(owner, method, replacement);
-    record(method_call(InstallingCall::Kind::hook_message, owner, selector, types, method != nullptr));
+    sim::record({.kind = InstallingCall::Kind::hook_message,
+                 .owner = owner,
+                 .selector = selector,
+                 .types = types,
+                 .took_effect = method != nullptr});
 }
 
 SIM_EXPORTED void MSHookFunction(void* symbol, void* replacement, void** previous) {
     sim::Hookable& function = sim::hookable_at(symbol);
     if (previous) *previous = function.current();
     function.replace(replacement);
-    sim::record({.kind = InstallingCall::Kind::hook_function, .name = function.name(), .took_effect = true});
+    sim::record(
+        {.kind = InstallingCall::Kind::hook_function, .function = function.name(), .took_effect = true});
 }

@@ -12,15 +12,9 @@ std::deque<InstallingCall>& calls() {
 
 }  // namespace
 
-InstallingCall method_call(InstallingCall::Kind kind, Class owner, SEL selector, const char* types,
-                           bool took_effect) {
-    return {.kind = kind,
-            .class_name = owner ? class_getName(owner) : nullptr,
-            .on_class = owner && class_isMetaClass(owner),
-            .name = sel_getName(selector),
-            .types = types,
-            .took_effect = took_effect};
-}
+const char* InstallingCall::class_name() const { return owner ? class_getName(owner) : nullptr; }
+bool InstallingCall::on_class() const { return owner && class_isMetaClass(owner); }
+const char* InstallingCall::name() const { return function ? function : sel_getName(selector); }
 
 void record(const InstallingCall& call) { calls().push_back(call); }
 

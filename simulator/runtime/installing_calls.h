@@ -6,23 +6,27 @@
 
 namespace sim {
 
-/// Its texts last as long as the process.
+/// A call as it was made. It is recorded while a process starts, so nothing is looked up yet.
 struct InstallingCall {
     enum class Kind { hook_message, hook_function, add_method };
 
     Kind kind;
-    /// Null for a nil class, and for functions.
-    const char* class_name = nullptr;
-    bool on_class = false;
-    /// The selector or the function.
-    const char* name;
-    /// The method's type encoding, as given or as found; null when there is none.
+    /// The class or metaclass, which may be nil; nil for functions.
+    Class owner = nullptr;
+    /// Null for functions.
+    SEL selector = nullptr;
+    /// The function's name; null for methods.
+    const char* function = nullptr;
+    /// The method's type encoding, as given or as found; null when there is none. It lasts as long as the
+    /// process.
     const char* types = nullptr;
     bool took_effect = false;
-};
 
-/// A call that concerns the method of that class, which may be nil. `types` may be null, and is kept.
-InstallingCall method_call(InstallingCall::Kind, Class, SEL, const char* types, bool took_effect);
+    const char* class_name() const;
+    bool on_class() const;
+    /// The selector's name or the function's.
+    const char* name() const;
+};
 
 void record(const InstallingCall&);
 

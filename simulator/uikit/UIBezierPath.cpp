@@ -29,7 +29,9 @@ struct BezierPath : objc::Implements<BezierPath, UIBezierPath> {
     static UIBezierPath* bezierPathWithOvalInRect(Class self, CGRect rect) {
         return with(self, CGPathCreateWithEllipseInRect(rect, nullptr));
     }
-    static UIBezierPath* bezierPathWithCGPath(Class self, CGPathRef path) { return with(self, CGPathRetain(path)); }
+    static UIBezierPath* bezierPathWithCGPath(Class self, CGPathRef path) {
+        return with(self, CGPathRetain(path));
+    }
 
     CGPathRef CGPath() { return ivars().path; }
 

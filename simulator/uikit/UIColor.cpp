@@ -14,7 +14,7 @@ struct Color : objc::Implements<Color, UIColor> {
         strong<::CGColor> color;
     };
 
-    // ---- Making --------------------------------------------------------------------------------------------
+    // ---- Making ---------------------------------------------------------------------------------
 
     template <class... Components>
     strong<UIColor> initWithComponents(CGColorSpaceModel model, Components... components) {
@@ -69,7 +69,7 @@ struct Color : objc::Implements<Color, UIColor> {
         return color;
     }
 
-    // ---- Asking --------------------------------------------------------------------------------------------
+    // ---- Asking ---------------------------------------------------------------------------------
 
     CGColorRef CGColor() { return ivars().color; }
 
@@ -104,7 +104,7 @@ struct Color : objc::Implements<Color, UIColor> {
     NSUInteger hash() { return ivars().color->send<"hash", NSUInteger>(); }
     strong<UIColor> copyWithZone(void*) { return this; }  // a colour never changes
 
-    // ---- Using ---------------------------------------------------------------------------------------------
+    // ---- Using ----------------------------------------------------------------------------------
 
     void setFill() { CGContextSetFillColorWithColor(UIGraphicsGetCurrentContext(), ivars().color); }
     void setStroke() { CGContextSetStrokeColorWithColor(UIGraphicsGetCurrentContext(), ivars().color); }

@@ -24,10 +24,12 @@ struct Font : objc::Implements<Font, UIFont> {
     }
 
     static UIFont* systemFontOfSize(Class self, CGFloat size) {
-        return objc::send<"systemFontOfSize:weight:", UIFont*>(reinterpret_cast<id>(self), size, UIFontWeightRegular);
+        return objc::send<"systemFontOfSize:weight:", UIFont*>(reinterpret_cast<id>(self), size,
+                                                               UIFontWeightRegular);
     }
     static UIFont* boldSystemFontOfSize(Class self, CGFloat size) {
-        return objc::send<"systemFontOfSize:weight:", UIFont*>(reinterpret_cast<id>(self), size, UIFontWeightSemibold);
+        return objc::send<"systemFontOfSize:weight:", UIFont*>(reinterpret_cast<id>(self), size,
+                                                               UIFontWeightSemibold);
     }
     static UIFont* systemFontOfSizeAndWeight(Class, CGFloat size, UIFontWeight weight) {
         return with(&sim::system_typeface(weight, size), size);
@@ -50,7 +52,8 @@ struct Font : objc::Implements<Font, UIFont> {
         return font && font->ivars().design == ivars().design;
     }
     NSUInteger hash() {
-        return reinterpret_cast<NSUInteger>(ivars().design.typeface) ^ static_cast<NSUInteger>(ivars().design.size);
+        return reinterpret_cast<NSUInteger>(ivars().design.typeface) ^
+               static_cast<NSUInteger>(ivars().design.size);
     }
     strong<UIFont> copyWithZone(void*) { return this; }  // a font never changes
 

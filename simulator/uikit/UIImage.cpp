@@ -20,7 +20,7 @@ struct Image : objc::Implements<Image, UIImage> {
         UIImageRenderingMode renderingMode;
     };
 
-    // ---- Making --------------------------------------------------------------------------------------------
+    // ---- Making ---------------------------------------------------------------------------------
 
     strong<UIImage> initWithCGImage(CGImageRef image, CGFloat scale, UIImageOrientation orientation) {
         auto self = initialised_by_super<"init">();
@@ -34,7 +34,9 @@ struct Image : objc::Implements<Image, UIImage> {
     strong<UIImage> initWithData(NSData* data, CGFloat scale) {
         return initWithBytes({static_cast<const uint8_t*>(data->bytes()), data->length()}, scale);
     }
-    strong<UIImage> initWithDataAlone(NSData* data) { return send<"initWithData:scale:", strong<UIImage>>(data, 1.0); }
+    strong<UIImage> initWithDataAlone(NSData* data) {
+        return send<"initWithData:scale:", strong<UIImage>>(data, 1.0);
+    }
 
     strong<UIImage> initWithContentsOfFile(NSString* path) {
         const auto file =
@@ -43,7 +45,8 @@ struct Image : objc::Implements<Image, UIImage> {
     }
 
     static Image* alloc_of(Class self) { return objc::send<"alloc", Image*>(reinterpret_cast<id>(self)); }
-    static UIImage* imageWithCGImage(Class self, CGImageRef image, CGFloat scale, UIImageOrientation orientation) {
+    static UIImage* imageWithCGImage(Class self, CGImageRef image, CGFloat scale,
+                                     UIImageOrientation orientation) {
         return alloc_of(self)
             ->send<"initWithCGImage:scale:orientation:", strong<UIImage>>(image, scale, orientation)
             .autoreleased();
@@ -62,13 +65,13 @@ struct Image : objc::Implements<Image, UIImage> {
     }
 
     UIImage* imageWithRenderingMode(UIImageRenderingMode mode) {
-        auto* copy = static_cast<Image*>(
-            UIImage::imageWithCGImage(ivars().image, ivars().scale, ivars().orientation));
+        auto* copy =
+            static_cast<Image*>(UIImage::imageWithCGImage(ivars().image, ivars().scale, ivars().orientation));
         if (copy) copy->ivars().renderingMode = mode;
         return copy;
     }
 
-    // ---- Asking --------------------------------------------------------------------------------------------
+    // ---- Asking ---------------------------------------------------------------------------------
 
     CGImageRef CGImage() { return ivars().image; }
     CGFloat scale() { return ivars().scale; }
@@ -86,16 +89,15 @@ struct Image : objc::Implements<Image, UIImage> {
     bool isEqual(id other) {
         auto* image = as<UIImage>(other);
         return image && image->CGImage() == ivars().image && image->scale() == ivars().scale &&
-               image->imageOrientation() == ivars().orientation && image->renderingMode() == ivars().renderingMode;
+               image->imageOrientation() == ivars().orientation &&
+               image->renderingMode() == ivars().renderingMode;
     }
     NSUInteger hash() { return reinterpret_cast<NSUInteger>(ivars().image.get()) >> 4; }
     strong<UIImage> copyWithZone(void*) { return this; }  // an image never changes
 
-    // ---- Drawing -------------------------------------------------------------------------------------------
+    // ---- Drawing --------------------------------------------------------------------------------
 
-    void drawInRect(CGRect rect) {
-        static_cast<UIImage*>(this)->drawInRect(rect, kCGBlendModeNormal, 1);
-    }
+    void drawInRect(CGRect rect) { static_cast<UIImage*>(this)->drawInRect(rect, kCGBlendModeNormal, 1); }
 
     void drawInRectBlended(CGRect rect, CGBlendMode mode, CGFloat alpha) {
         CGContextRef context = UIGraphicsGetCurrentContext();
@@ -165,5 +167,5 @@ SIM_EXPORTED NSData* UIImagePNGRepresentation(UIImage* image) {
     const auto file = surface ? sim::encode_png(surface) : std::nullopt;
     if (!file) return nullptr;
     return NSData::class_send<"dataWithBytes:length:", NSData*>(static_cast<const void*>(file->data()),
-                                                               static_cast<NSUInteger>(file->size()));
+                                                                static_cast<NSUInteger>(file->size()));
 }

@@ -1,8 +1,8 @@
 // Text in a view.
+#include <cmath>
+
 #include "objc/class.h"
 #include "uikit/text_layout.h"
-
-#include <cmath>
 
 namespace {
 

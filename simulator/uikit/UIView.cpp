@@ -38,7 +38,7 @@ void View::dealloc() {
     }
 }
 
-// ---- Geometry -------------------------------------------------------------------------------------------------
+// ---- Geometry -----------------------------------------------------------------------------------
 
 void View::setFrame(CGRect frame) {
     const CGSize old = bounds().size;
@@ -69,9 +69,15 @@ void View::resized_from(CGSize old) {
 static CGAffineTransform conversion(UIView* from, UIView* to) { return between(from->layer(), to->layer()); }
 
 CGPoint View::convertPointToView(CGPoint point, UIView* view) { return apply(conversion(this, view), point); }
-CGPoint View::convertPointFromView(CGPoint point, UIView* view) { return apply(conversion(view, this), point); }
-CGRect View::convertRectToView(CGRect rect, UIView* view) { return bounding_box(conversion(this, view), rect); }
-CGRect View::convertRectFromView(CGRect rect, UIView* view) { return bounding_box(conversion(view, this), rect); }
+CGPoint View::convertPointFromView(CGPoint point, UIView* view) {
+    return apply(conversion(view, this), point);
+}
+CGRect View::convertRectToView(CGRect rect, UIView* view) {
+    return bounding_box(conversion(this, view), rect);
+}
+CGRect View::convertRectFromView(CGRect rect, UIView* view) {
+    return bounding_box(conversion(view, this), rect);
+}
 
 bool View::pointInside(CGPoint point, id) {
     const auto [origin, size] = static_cast<UIView*>(this)->bounds();
@@ -99,7 +105,7 @@ void View::sizeToFit() {
     self->setFrame({frame.origin, self->sizeThatFits(self->bounds().size)});
 }
 
-// ---- Appearance -----------------------------------------------------------------------------------------------
+// ---- Appearance ---------------------------------------------------------------------------------
 
 UIColor* View::backgroundColor() {
     CGColorRef color = ivars().layer->backgroundColor();
@@ -110,11 +116,11 @@ void View::setContentMode(UIViewContentMode mode) {
     NSString* gravity = nullptr;
     switch (mode) {
         case UIViewContentModeScaleToFill:
-        case UIViewContentModeRedraw:          gravity = "resize"_ns; break;
-        case UIViewContentModeScaleAspectFit:  gravity = "resizeAspect"_ns; break;
+        case UIViewContentModeRedraw: gravity = "resize"_ns; break;
+        case UIViewContentModeScaleAspectFit: gravity = "resizeAspect"_ns; break;
         case UIViewContentModeScaleAspectFill: gravity = "resizeAspectFill"_ns; break;
-        case UIViewContentModeCenter:          gravity = "center"_ns; break;
-        default:                               not_modelled("UIView", "setContentMode:", "a mode above center");
+        case UIViewContentModeCenter: gravity = "center"_ns; break;
+        default: not_modelled("UIView", "setContentMode:", "a mode above center");
     }
     ivars().contentMode = mode;
     ivars().layer->setContentsGravity(gravity);
@@ -139,7 +145,7 @@ void View::setTintColor(UIColor* color) {
     tell_of_tint(this);
 }
 
-// ---- Layout and display ---------------------------------------------------------------------------------------
+// ---- Layout and display -------------------------------------------------------------------------
 
 void View::layoutSublayersOfLayer(CALayer* layer) {
     if (layer == ivars().layer) static_cast<UIView*>(this)->layoutSubviews();

@@ -26,12 +26,13 @@ Axis resized(Axis axis, CGFloat from, CGFloat to, bool before_grows, bool length
 }  // namespace
 
 CGRect autoresized(CGRect frame, UIViewAutoresizing mask, CGSize from, CGSize to) {
-    const Axis x = resized({frame.origin.x, frame.size.width}, from.width, to.width,
-                           mask & UIViewAutoresizingFlexibleLeftMargin, mask & UIViewAutoresizingFlexibleWidth,
-                           mask & UIViewAutoresizingFlexibleRightMargin);
-    const Axis y = resized({frame.origin.y, frame.size.height}, from.height, to.height,
-                           mask & UIViewAutoresizingFlexibleTopMargin, mask & UIViewAutoresizingFlexibleHeight,
-                           mask & UIViewAutoresizingFlexibleBottomMargin);
+    const Axis x = resized(
+        {frame.origin.x, frame.size.width}, from.width, to.width, mask & UIViewAutoresizingFlexibleLeftMargin,
+        mask & UIViewAutoresizingFlexibleWidth, mask & UIViewAutoresizingFlexibleRightMargin);
+    const Axis y =
+        resized({frame.origin.y, frame.size.height}, from.height, to.height,
+                mask & UIViewAutoresizingFlexibleTopMargin, mask & UIViewAutoresizingFlexibleHeight,
+                mask & UIViewAutoresizingFlexibleBottomMargin);
     return {{x.before, y.before}, {x.length, y.length}};
 }
 

@@ -27,7 +27,9 @@ SIM_EXPORTED void UIGraphicsBeginImageContextWithOptions(CGSize size, bool opaqu
     stack().push_back({sim::image_context(size, opaque, scale), scale});
 }
 
-SIM_EXPORTED void UIGraphicsBeginImageContext(CGSize size) { UIGraphicsBeginImageContextWithOptions(size, false, 1); }
+SIM_EXPORTED void UIGraphicsBeginImageContext(CGSize size) {
+    UIGraphicsBeginImageContextWithOptions(size, false, 1);
+}
 
 SIM_EXPORTED CGContextRef UIGraphicsGetCurrentContext() {
     return stack().empty() ? nullptr : stack().back().context.get();

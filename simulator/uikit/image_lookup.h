@@ -13,8 +13,8 @@ struct PictureFile {
     double scale;
 };
 
-/// Reads the file at a path of the device or, for a path that names no density itself, the variant beside it that
-/// suits the screen: its own density, then lower ones, then the plain file. Nothing where none can be read.
+/// Reads the file at a path of the device or, for a path that names no density itself, the variant beside it
+/// that suits the screen: its own density, then lower ones, then the plain file. Nothing where there is none.
 std::optional<PictureFile> find_picture(const std::string& device_path, double screen_scale);
 
 }  // namespace sim

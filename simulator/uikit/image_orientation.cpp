@@ -15,13 +15,14 @@ struct Row {
 
 // By UIKit's numbers: up, down, left, right, and the same mirrored.
 constexpr Row rows[] = {
-    {1, {1, 0, 0, 1, 0, 0}},   {3, {-1, 0, 0, -1, 1, 1}}, {8, {0, -1, 1, 0, 0, 1}}, {6, {0, 1, -1, 0, 1, 0}},
-    {2, {-1, 0, 0, 1, 1, 0}},  {4, {1, 0, 0, -1, 0, 1}},  {5, {0, 1, 1, 0, 0, 0}},  {7, {0, -1, -1, 0, 1, 1}},
+    {1, {1, 0, 0, 1, 0, 0}},  {3, {-1, 0, 0, -1, 1, 1}}, {8, {0, -1, 1, 0, 0, 1}}, {6, {0, 1, -1, 0, 1, 0}},
+    {2, {-1, 0, 0, 1, 1, 0}}, {4, {1, 0, 0, -1, 0, 1}},  {5, {0, 1, 1, 0, 0, 0}},  {7, {0, -1, -1, 0, 1, 1}},
 };
 constexpr UIImageOrientation count = std::size(rows);
 
 const Row& row_of(UIImageOrientation orientation) {
-    if (orientation < 0 || orientation >= count) not_modelled("UIImage", "imageOrientation", "a number above 7");
+    if (orientation < 0 || orientation >= count)
+        not_modelled("UIImage", "imageOrientation", "a number above 7");
     return rows[orientation];
 }
 

@@ -1,4 +1,4 @@
-// Pictures of views: see the header.
+// Pictures of the screen: see the header.
 #include "uikit/picture.h"
 
 #include <cerrno>
@@ -10,33 +10,28 @@
 
 namespace sim {
 
-Surface picture_of(UIView* view, CGFloat scale) {
+bool write_picture(UIView* view, CGFloat scale, const std::string& path, std::string& error) {
     const CGRect bounds = view->bounds();
-    const auto context = image_context(bounds.size, false, scale);
-    if (!context) return {};
+    const auto context =
+        image_context(bounds.size, true, scale == 0 ? UIScreen::mainScreen()->scale() : scale);
+    if (!context) {
+        error = "there is nothing to draw into: the view or the scale has no size, or they are too large";
+        return false;
+    }
     view->layoutIfNeeded();
     CGContextTranslateCTM(context, -bounds.origin.x, -bounds.origin.y);
     view->layer()->renderInContext(context);
-    return snapshot(canvas_of(context).bitmap().surface());
-}
 
-bool write_picture(UIView* view, CGFloat scale, const std::string& path, std::string& error) {
-    const Surface picture = picture_of(view, scale);
-    if (!picture) {
-        error = "there is nothing to draw: the view or the scale has no size";
-        return false;
-    }
-    const auto bytes = encode_png(picture);
-    if (!bytes) {
-        error = "the picture cannot be encoded as PNG";
+    const auto png = encode_png(canvas_of(context).bitmap().surface());
+    if (!png) {
+        error = "the picture cannot be encoded";
         return false;
     }
     std::ofstream file(path, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(bytes->data()), static_cast<std::streamsize>(bytes->size()));
+    file.write(reinterpret_cast<const char*>(png->data()), static_cast<std::streamsize>(png->size()));
     file.close();
-    if (file) return true;
-    error = path + " cannot be written: " + std::strerror(errno);
-    return false;
+    if (!file) error = "cannot write the picture " + path + ": " + std::strerror(errno);
+    return static_cast<bool>(file);
 }
 
 }  // namespace sim

@@ -85,7 +85,8 @@ void View::insert(UIView* view, size_t index) {
     }
     static_cast<View*>(view)->ivars().superview = self;
     place_layer(view, index);
-    if (!static_cast<View*>(view)->ivars().tintColor && !old_tint->isEqual(view->tintColor())) tell_of_tint(view);
+    if (!static_cast<View*>(view)->ivars().tintColor && !old_tint->isEqual(view->tintColor()))
+        tell_of_tint(view);
     view->didMoveToSuperview();
     self->didAddSubview(view);
 }

@@ -73,22 +73,23 @@ constexpr TableRow table[] = {
 };
 // clang-format on
 
-Class target_class(const objc::HookRow& row) {
-    Class named = objc_getClass(row.class_name);
-    return row.side == objc::Side::instance ? named : object_getClass(reinterpret_cast<id>(named));
-}
-
 }  // namespace
 
 std::span<const TableRow> hook_table() { return table; }
 
 void install(Condition condition) {
+    const char* class_name = nullptr;
+    Class named = nullptr;
     for (const auto& [row_condition, row] : table) {
         if (row_condition != condition) continue;
+        // The rows of a class stand together: one look-up serves them all.
+        if (row.class_name != class_name) named = objc_getClass(class_name = row.class_name);
+        Class target =
+            row.side == objc::Side::instance ? named : object_getClass(reinterpret_cast<id>(named));
         if (row.added_types)
-            class_addMethod(target_class(row), row.selector(), row.replacement(), row.added_types);
+            class_addMethod(target, row.selector(), row.replacement(), row.added_types);
         else
-            MSHookMessageEx(target_class(row), row.selector(), row.replacement(), row.previous);
+            MSHookMessageEx(target, row.selector(), row.replacement(), row.previous);
     }
 }
 

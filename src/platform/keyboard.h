@@ -218,6 +218,9 @@ struct UIKBInputBackdropView : objc::Interface<UIKBInputBackdropView, "UIKBInput
     UIKBBackdropView* inputBackdropFullView() { return send<"inputBackdropFullView", UIKBBackdropView*>(); }
     UIKBBackdropView* inputBackdropLeftView() { return send<"inputBackdropLeftView", UIKBBackdropView*>(); }
     UIKBBackdropView* inputBackdropRightView() { return send<"inputBackdropRightView", UIKBBackdropView*>(); }
+    /// While split, the full piece is hidden, and the left and the right one are shown.
+    bool isSplit() { return send<"isSplit", bool>(); }
+    void setSplit(bool split) { send<"setSplit:">(split); }
     /// Added by the library: takes the themed view out of the piece.
     void removeKBBackdropEffects(UIView* piece) { send<"removeKBBackdropEffects:">(piece); }
 };

@@ -15,15 +15,16 @@ void* __libc_malloc(size_t);
 void* __libc_calloc(size_t, size_t);
 void* __libc_realloc(void*, size_t);
 
-void* malloc(size_t size) {
+// Visible, so that the libraries' calls come here as well.
+[[gnu::visibility("default")]] void* malloc(size_t size) {
     ++count;
     return __libc_malloc(size);
 }
-void* calloc(size_t items, size_t size) {
+[[gnu::visibility("default")]] void* calloc(size_t items, size_t size) {
     ++count;
     return __libc_calloc(items, size);
 }
-void* realloc(void* memory, size_t size) {
+[[gnu::visibility("default")]] void* realloc(void* memory, size_t size) {
     ++count;
     return __libc_realloc(memory, size);
 }

@@ -1,19 +1,32 @@
 // One measurement: what is measured, what it is measured against, and how much more it may cost.
 #pragma once
+#include <limits>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace bench {
 
+/// What one call allocates, and how much of it is allowed.
+struct Allocations {
+    size_t counted, allowed;
+};
+
 struct Ratio {
     std::string what;
     std::string against;
-    /// What `what` may cost, in costs of `against`.
-    double limit;
+    /// What `what` may cost, in costs of `against`; nothing for a figure that is only told.
+    std::optional<double> limit = {};
     /// Seconds.
     double cost = 0, cost_against = 0;
-    /// Allocations of one call, and how many are allowed; not counted when negative.
-    long allocations = -1, allowed_allocations = -1;
+    /// Where they are counted.
+    std::optional<Allocations> allocations = {};
+
+    double value() const { return cost / cost_against; }
+    bool is_kept() const {
+        return (!limit || value() <= *limit) &&
+               (!allocations || allocations->counted <= allocations->allowed);
+    }
 };
 
 /// Adds the measured ratios of the colour tools, the hooks and the start.
@@ -21,7 +34,9 @@ void measure_colours(std::vector<Ratio>&);
 void measure_hooks(std::vector<Ratio>&);
 void measure_startup(std::vector<Ratio>&);
 
-/// The seconds that one call of `work` takes, and of `other`: medians of interleaved runs.
+/// Fills in the seconds that one call of `work` takes, and of `other`: medians of interleaved runs.
 void compare(Ratio& ratio, void (*work)(), void (*other)());
+
+double median(std::vector<double> values);
 
 }  // namespace bench

@@ -12,12 +12,9 @@ namespace {
 
 const char* what(const sim_installing_call& call) {
     switch (call.kind) {
-        case SIM_HOOK_MESSAGE:
-            return call.on_class ? "class method" : "method";
-        case SIM_HOOK_FUNCTION:
-            return "function";
-        case SIM_ADD_METHOD:
-            return "added method";
+        case SIM_HOOK_MESSAGE: return call.on_class ? "class method" : "method";
+        case SIM_HOOK_FUNCTION: return "function";
+        case SIM_ADD_METHOD: return "added method";
     }
     return "?";
 }

@@ -1,11 +1,11 @@
-// The demo: makes three themes on a simulated phone, and shows an application's keyboard without and with
-// each.
+// The demo: makes themes on a simulated phone, and shows an application's keyboard without and with each.
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "contact_sheet.h"
 #include "hook_table.h"
 #include "objc/strong.h"
 #include "overview.h"
@@ -61,11 +61,6 @@ void Demo::arrange() const {
     fs::create_directories(device() / "var/mobile/Library/Preferences/HuecraftConfiguration");
 }
 
-void load(const fs::path& library) {
-    sim_library* loaded = nullptr;
-    require(sim_load(library.c_str(), &loaded), "loading " + library.string());
-}
-
 void Demo::make_themes() const {
     in_child_process("making the themes", [this] {
         boot(device(), settings);
@@ -79,7 +74,7 @@ void Demo::choose(const Theme& theme) const {
     in_child_process(std::string("choosing the theme ") + theme.name, [&] {
         boot(device(), settings);
         objc::AutoreleasePool pool;
-        demo::choose(theme);
+        demo::choose(theme.name);
     });
 }
 
@@ -131,6 +126,9 @@ void run(const Demo& demo) {
         first = false;
     }
     demo.draw_overview();
+    write_contact_sheet(demo.folder, demo.device(), demo.library);
+    std::printf("%s shows every surface, %s the same in a browser.\n",
+                (demo.folder / "contact-sheet.png").c_str(), (demo.folder / "index.html").c_str());
 }
 
 }  // namespace

@@ -2,36 +2,19 @@
 #include "overview.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
-#include <string>
 
-#include "phone.h"
-#include "platform/uikit.h"
+#include "pictures.h"
 
 namespace demo {
-namespace {
 
 namespace fs = std::filesystem;
-
-UIImage* read(const fs::path& picture) {
-    std::ifstream file(picture, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    NSData* data = NSData::class_send<"dataWithBytes:length:", NSData*>(
-        static_cast<const void*>(bytes.data()), NSUInteger{bytes.size()});
-    UIImage* image = UIImage::imageWithData(data);
-    if (!image) throw Failure("cannot read the picture " + picture.string());
-    return image;
-}
-
-}  // namespace
 
 void write_overview(const std::vector<fs::path>& pictures, const fs::path& overview) {
     constexpr CGFloat space = 40;
     CGSize total{space, 0};
     std::vector<UIImage*> images;
     for (const fs::path& picture : pictures) {
-        images.push_back(read(picture));
+        images.push_back(read_picture(picture));
         const CGSize size = images.back()->size();
         total = {total.width + size.width + space, std::max(total.height, size.height + 2 * space)};
     }
@@ -43,12 +26,9 @@ void write_overview(const std::vector<fs::path>& pictures, const fs::path& overv
         image->drawInRect({{left, space}, image->size()});
         left += image->size().width + space;
     }
-    NSData* png = UIImagePNGRepresentation(UIGraphicsGetImageFromCurrentImageContext());
+    UIImage* picture = UIGraphicsGetImageFromCurrentImageContext();
     UIGraphicsEndImageContext();
-    std::ofstream file(overview, std::ios::binary);
-    if (!file.write(static_cast<const char*>(png->bytes()), static_cast<std::streamsize>(png->length()))
-             .flush())
-        throw Failure("cannot write the picture " + overview.string());
+    write_picture(picture, overview);
 }
 
 }  // namespace demo

@@ -47,4 +47,9 @@ void boot(const std::filesystem::path& device, const char* executable) {
     require(sim_boot(&options), "switching the phone on");
 }
 
+void load(const std::filesystem::path& library) {
+    sim_library* loaded = nullptr;
+    require(sim_load(library.c_str(), &loaded), "loading " + library.string());
+}
+
 }  // namespace demo

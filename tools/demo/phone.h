@@ -24,6 +24,9 @@ void in_child_process(const std::string& doing, const std::function<void()>& bod
 /// Switches this process's phone on over the folder that plays its file system.
 void boot(const std::filesystem::path& device, const char* executable);
 
+/// Loads a build of the library.
+void load(const std::filesystem::path& library);
+
 inline constexpr const char* notes = "/Applications/MobileNotes.app/MobileNotes";
 inline constexpr const char* settings = "/Applications/Preferences.app/Preferences";
 

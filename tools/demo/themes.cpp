@@ -15,9 +15,9 @@ using objc::strong;
 
 NSString* text(const std::string& utf8) { return NSString::stringWithUTF8String(utf8.c_str()); }
 
-UIColor* color(uint32_t rgb) {
+UIColor* color(uint32_t rgb, double alpha = 1) {
     auto component = [rgb](int shift) { return (rgb >> shift & 255) / 255.0; };
-    return UIColor::colorWithRGB(component(16), component(8), component(0), 1);
+    return UIColor::colorWithRGB(component(16), component(8), component(0), alpha);
 }
 
 NSArray* colors(std::initializer_list<uint32_t> values) {
@@ -26,7 +26,6 @@ NSArray* colors(std::initializer_list<uint32_t> values) {
     return list;
 }
 
-enum Background : NSUInteger { flat = 1, gradient = 2, image = 3 };
 constexpr NSUInteger top_to_bottom = 2, top_left_to_bottom_right = 8;
 
 std::string reason_of(NSError* error) {
@@ -34,12 +33,12 @@ std::string reason_of(NSError* error) {
     return description ? description->UTF8String() : "no reason is given";
 }
 
-void save(HuecraftConfig* config, const Theme& theme) {
+void save(HuecraftConfig* config, const std::string& name) {
     if (!config) throw Failure("the library has no class HuecraftConfig to make a theme with");
-    config->setConfigName(text(theme.name));
+    config->setConfigName(text(name));
     NSError* error = nullptr;
     if (!config->saveConfiguration(&error))
-        throw Failure(std::string("saving the theme ") + theme.name + ": " + reason_of(error));
+        throw Failure("saving the theme " + name + ": " + reason_of(error));
 }
 
 }  // namespace
@@ -49,21 +48,48 @@ void make_themes() {
 
     save(HuecraftConfig::configWith(color(0x4a1d3f), gradient, colors({0xffe29a, 0xff9a8b, 0xff6a88}),
                                     top_left_to_bottom_right, nullptr, color(0xd9a5f5)),
-         peach);
+         peach.name);
 
     HuecraftConfig* config = HuecraftConfig::configWith(
         color(0x14342b), image, colors({0xffffff}), top_to_bottom, draw_hills({375, 302}), color(0xe8743b));
     config->setImageAlpha(0.95);
-    save(config, hills);
+    save(config, hills.name);
 
     config = HuecraftConfig::configWith(color(0xffb84d), flat, colors({0x1b2440}), top_to_bottom, nullptr,
                                         color(0x35539b));
     config->setVisibleKeycaps(true);
-    save(config, midnight);
+    save(config, midnight.name);
 }
 
-void choose(const Theme& theme) {
-    id values[] = {NSNumber::numberWithBool(true), text(std::string(theme.name) + ".plist")};
+void make_theme(const Look& look) {
+    HuecraftConfig* config = nullptr;
+    switch (look.background) {
+        case none:
+            config = HuecraftConfig::configWith(color(0x4a1d3f), none, colors({}), look.direction, nullptr,
+                                                color(0xd9a5f5));
+            break;
+        case flat:
+            config = HuecraftConfig::configWith(color(0xffb84d), flat,
+                                                NSArray::arrayWithObject(color(0x1b2440, look.alpha)),
+                                                look.direction, nullptr, color(0x35539b));
+            break;
+        case gradient:
+            config =
+                HuecraftConfig::configWith(color(0x4a1d3f), gradient, colors({0xffe29a, 0xff9a8b, 0xff6a88}),
+                                           look.direction, nullptr, color(0xd9a5f5));
+            break;
+        case image:
+            config = HuecraftConfig::configWith(color(0x14342b), image, colors({0xffffff}), look.direction,
+                                                draw_hills({375, 302}), color(0xe8743b));
+            config->setImageAlpha(look.alpha);
+            break;
+    }
+    config->setVisibleKeycaps(look.caps);
+    save(config, look.name);
+}
+
+void choose(const std::string& theme) {
+    id values[] = {NSNumber::numberWithBool(!theme.empty()), text(theme + ".plist")};
     id keys[] = {text("_Enabled"), text("_Config")};
     NSDictionary* preferences = NSDictionary::dictionaryWithObjects(values, keys, 2);
     const char* path = "/var/mobile/Library/Preferences/com.quillmoth.huecraftios12.plist";

@@ -18,7 +18,24 @@ inline constexpr Theme themes[] = {
 /// Makes and saves every theme's file, through the library's own class.
 void make_themes();
 
-/// Writes the preference file that switches the library on with that theme.
-void choose(const Theme& theme);
+/// What a theme file says of the background.
+enum Background : unsigned { none = 0, flat = 1, gradient = 2, image = 3 };
+
+/// A theme of the contact sheet. Its other colours are those of Peach, Midnight and Hills; of Peach where
+/// there is no background.
+struct Look {
+    std::string name, description;
+    Background background = none;
+    unsigned direction = 2;
+    /// Of the image or of the flat colour.
+    double alpha = 1;
+    bool caps = false;
+};
+
+/// Makes and saves its theme file.
+void make_theme(const Look& look);
+
+/// Writes the preference file that switches the library on with the theme of that name; with none, off.
+void choose(const std::string& theme);
 
 }  // namespace demo

@@ -1,5 +1,5 @@
 // Binary property lists: a table of objects that refer to each other by number. Nothing in the file is
-// trusted: every offset, count and reference is checked, and references in a circle are an error.
+// trusted: every offset, count and reference is checked. References in a circle are endless nesting.
 #include <bit>
 #include <unordered_map>
 

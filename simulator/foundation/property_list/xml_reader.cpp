@@ -1,31 +1,16 @@
 // XML property lists. The device's reader is no full XML parser, and neither is this: it steps over
 // declarations and comments, ignores attributes, and looks no further than the end of the outermost element.
 #include <charconv>
-#include <chrono>
-#include <cmath>
-#include <cstdlib>
 
 #include "foundation/property_list/base64.h"
 #include "foundation/property_list/reader.h"
 #include "foundation/property_list/text_encoding.h"
+#include "foundation/property_list/xml_values.h"
 
 namespace sim::plist {
 namespace {
 
 bool is_space(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-
-std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && is_space(text.front())) text.remove_prefix(1);
-    while (!text.empty() && is_space(text.back())) text.remove_suffix(1);
-    return text;
-}
-
-bool equal_ignoring_case(std::string_view a, std::string_view lower) {
-    if (a.size() != lower.size()) return false;
-    for (size_t i = 0; i < a.size(); ++i)
-        if ((a[i] | 0x20) != lower[i] && a[i] != lower[i]) return false;
-    return true;
-}
 
 /// A start tag.
 struct Tag {
@@ -144,10 +129,19 @@ class XmlReader {
         if (!known) fail("unknown tag <" + std::string(tag.name.substr(0, 40)) + ">");
         if (tag.empty) fail("empty <" + std::string(tag.name) + ">");
         const std::string content = characters(tag.name);
-        if (tag.name == "integer") return integer(content);
-        if (tag.name == "real") return real(content);
-        if (tag.name == "date") return date(content);
-        return maker_.data(decoded_base64(content));
+        if (tag.name == "data") return maker_.data(decoded_base64(content));
+        if (tag.name == "integer") {
+            if (auto value = parse_integer(content)) return integer(*value);
+        } else if (auto value = tag.name == "real" ? parse_real(content) : parse_date(content)) {
+            return tag.name == "real" ? maker_.real(*value) : maker_.date(*value);
+        }
+        fail("misformatted <" + std::string(tag.name) + ">");
+    }
+
+    Value integer(XmlInteger value) const {
+        if (value.negative) return maker_.integer(static_cast<int64_t>(~value.magnitude + 1));
+        if (value.magnitude > INT64_MAX) return maker_.unsigned_integer(value.magnitude);
+        return maker_.integer(static_cast<int64_t>(value.magnitude));
     }
 
     Value plist(const Tag& tag) {
@@ -237,72 +231,6 @@ class XmlReader {
             std::from_chars(digits.data(), digits.data() + digits.size(), character, hexadecimal ? 16 : 10);
         return error == std::errc() && end == digits.data() + digits.size() &&
                append_utf8(content, character);
-    }
-
-    Value integer(std::string_view content) const {
-        std::string_view digits = trimmed(content);
-        const bool negative = digits.starts_with('-');
-        if (negative || digits.starts_with('+')) digits = trimmed(digits.substr(1));
-        const bool hexadecimal = digits.starts_with("0x") || digits.starts_with("0X");
-        if (hexadecimal) digits.remove_prefix(2);
-        uint64_t magnitude = 0;
-        const auto [end, error] =
-            std::from_chars(digits.data(), digits.data() + digits.size(), magnitude, hexadecimal ? 16 : 10);
-        if (error == std::errc::result_out_of_range || (negative && magnitude > uint64_t{1} << 63))
-            fail("an <integer> is too large");
-        if (error != std::errc() || end != digits.data() + digits.size()) fail("a misformatted <integer>");
-        if (negative) return maker_.integer(static_cast<int64_t>(~magnitude + 1));
-        if (magnitude > INT64_MAX) return maker_.unsigned_integer(magnitude);
-        return maker_.integer(static_cast<int64_t>(magnitude));
-    }
-
-    Value real(std::string_view content) const {
-        std::string_view digits = trimmed(content);
-        const bool negative = digits.starts_with('-');
-        if (negative || digits.starts_with('+')) digits.remove_prefix(1);
-        double value = 0;
-        if (equal_ignoring_case(digits, "inf") || equal_ignoring_case(digits, "infinity")) {
-            value = INFINITY;
-        } else if (equal_ignoring_case(digits, "nan")) {
-            value = NAN;
-        } else {
-            const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-            const bool a_number =
-                !digits.empty() && (digits[0] == '.' || (digits[0] >= '0' && digits[0] <= '9'));
-            if (error == std::errc::result_out_of_range)
-                value = std::strtod(std::string(digits).c_str(), nullptr);  // infinity, or as good as nothing
-            else if (error != std::errc() || end != digits.data() + digits.size() || !a_number)
-                fail("a misformatted <real>");
-        }
-        return maker_.real(negative ? -value : value);
-    }
-
-    /// "2019-01-02T03:04:05Z", always in Greenwich's time.
-    Value date(std::string_view content) const {
-        std::string_view left = trimmed(content);
-        const bool before_christ = left.starts_with('-');
-        if (before_christ) left.remove_prefix(1);
-        auto field = [&](char end) {
-            int value = 0;
-            const size_t length = left.find(end);
-            if (length == left.npos || length == 0 || length > 6) fail("a misformatted <date>");
-            const auto [stop, error] = std::from_chars(left.data(), left.data() + length, value);
-            if (error != std::errc() || stop != left.data() + length || value < 0)
-                fail("a misformatted <date>");
-            left.remove_prefix(length + 1);
-            return value;
-        };
-        const int year = field('-'), month = field('-'), day = field('T');
-        const int hour = field(':'), minute = field(':'), second = field('Z');
-        using namespace std::chrono;
-        const year_month_day date(std::chrono::year(before_christ ? -year : year), std::chrono::month(month),
-                                  std::chrono::day(day));
-        if (!left.empty() || month > 12 || day > 31 || year > 30000 || !date.ok() || hour > 24 ||
-            minute > 60 || second > 60)
-            fail("a misformatted <date>");
-        constexpr sys_days reference{std::chrono::year(2001) / 1 / 1};
-        return maker_.date(86400.0 * (sys_days(date) - reference).count() + 3600.0 * hour + 60.0 * minute +
-                           second);
     }
 
     /// Counts how deep the reader is.

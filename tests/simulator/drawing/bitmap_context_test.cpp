@@ -1,7 +1,7 @@
 // Bitmap contexts: memory formats, transformations, state.
-#include "drawing_test.h"
-
 #include <cmath>
+
+#include "drawing_test.h"
 
 namespace test {
 namespace {
@@ -201,6 +201,15 @@ TEST_F(BitmapContext, EndlessRectanglesFillEverything) {
     context_over(3, 3, rgba);
     fill(UIColor::redColor(), {{-1e12, -1e12}, {2e12, 2e12}});
     for (size_t i : {0, 1, 2}) EXPECT_EQ(bytes_at(i, i), (Bytes{255, 0, 0, 255}));
+}
+
+TEST_F(BitmapContext, WhatLiesFarAwayIsNotSeen) {
+    context_over(3, 3, rgba);
+    for (CGFloat distance : {0x1p23, 0x1p24, 0x1p25, 0x1p31, 0x1p32}) {
+        fill(UIColor::redColor(), {{distance, 0}, {3, 3}});
+        fill(UIColor::redColor(), {{0, -distance}, {3, 3}});
+    }
+    for (size_t i : {0, 1, 2}) EXPECT_EQ(bytes_at(i, i), (Bytes{0, 0, 0, 0}));
 }
 
 TEST_F(BitmapContext, ANegativeSizeReachesTheOtherWay) {

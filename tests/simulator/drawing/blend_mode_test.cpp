@@ -8,15 +8,17 @@ using BlendMode = Drawing;
 
 /// What a fill of `above` onto `below` leaves.
 Pixel blended(UIColor* below, UIColor* above, CGBlendMode mode) {
-    return Picture(drawn({1, 1}, 1, [&](CGContextRef context) {
-               if (below) {
-                   below->setFill();
-                   CGContextFillRect(context, {{0, 0}, {1, 1}});
-               }
-               CGContextSetBlendMode(context, mode);
-               above->setFill();
-               CGContextFillRect(context, {{0, 0}, {1, 1}});
-           })).at(0, 0);
+    return Picture(drawn({1, 1}, 1,
+                         [&](CGContextRef context) {
+                             if (below) {
+                                 below->setFill();
+                                 CGContextFillRect(context, {{0, 0}, {1, 1}});
+                             }
+                             CGContextSetBlendMode(context, mode);
+                             above->setFill();
+                             CGContextFillRect(context, {{0, 0}, {1, 1}});
+                         }))
+        .at(0, 0);
 }
 
 TEST_F(BlendMode, NormalLaysOneOverTheOther) {
@@ -24,20 +26,24 @@ TEST_F(BlendMode, NormalLaysOneOverTheOther) {
 }
 
 TEST_F(BlendMode, MultiplyDarkens) {
-    EXPECT_TRUE(near(blended(color(1, 0.5, 0.2), color(0.5, 0.5, 1), kCGBlendModeMultiply), {128, 64, 51, 255}));
+    EXPECT_TRUE(
+        near(blended(color(1, 0.5, 0.2), color(0.5, 0.5, 1), kCGBlendModeMultiply), {128, 64, 51, 255}));
 }
 
 TEST_F(BlendMode, ScreenLightens) {
-    EXPECT_TRUE(near(blended(color(0.5, 0, 0.2), color(0.5, 0.4, 0), kCGBlendModeScreen), {191, 102, 51, 255}));
+    EXPECT_TRUE(
+        near(blended(color(0.5, 0, 0.2), color(0.5, 0.4, 0), kCGBlendModeScreen), {191, 102, 51, 255}));
 }
 
 TEST_F(BlendMode, DarkenAndLightenChoose) {
     EXPECT_TRUE(near(blended(color(1, 0.2, 0.4), color(0.6, 0.8, 0), kCGBlendModeDarken), {153, 51, 0, 255}));
-    EXPECT_TRUE(near(blended(color(1, 0.2, 0.4), color(0.6, 0.8, 0), kCGBlendModeLighten), {255, 204, 102, 255}));
+    EXPECT_TRUE(
+        near(blended(color(1, 0.2, 0.4), color(0.6, 0.8, 0), kCGBlendModeLighten), {255, 204, 102, 255}));
 }
 
 TEST_F(BlendMode, DifferenceSubtracts) {
-    EXPECT_TRUE(near(blended(color(1, 0.2, 0.4), color(0.6, 0.8, 0.4), kCGBlendModeDifference), {102, 153, 0, 255}));
+    EXPECT_TRUE(
+        near(blended(color(1, 0.2, 0.4), color(0.6, 0.8, 0.4), kCGBlendModeDifference), {102, 153, 0, 255}));
 }
 
 TEST_F(BlendMode, CopyReplaces) {
@@ -61,12 +67,15 @@ TEST_F(BlendMode, CompositingModesWeighByTheOthersAlpha) {
 }
 
 TEST_F(BlendMode, PlusLighterAdds) {
-    EXPECT_EQ(blended(color(0.6, 0.2, 0), color(0.6, 0.2, 0.2), kCGBlendModePlusLighter), (Pixel{255, 102, 51, 255}));
+    EXPECT_EQ(blended(color(0.6, 0.2, 0), color(0.6, 0.2, 0.2), kCGBlendModePlusLighter),
+              (Pixel{255, 102, 51, 255}));
 }
 
 TEST_F(BlendMode, PlusDarkerAddsWhatIsTakenFromWhite) {
-    EXPECT_EQ(blended(color(0.6, 1, 0.2), color(0.6, 0.8, 0.4), kCGBlendModePlusDarker), (Pixel{51, 204, 0, 255}));
-    EXPECT_TRUE(near(blended(color(0.8, 0.8, 0.8), color(0, 0, 0, 0.2), kCGBlendModePlusDarker), {153, 153, 153, 255}));
+    EXPECT_EQ(blended(color(0.6, 1, 0.2), color(0.6, 0.8, 0.4), kCGBlendModePlusDarker),
+              (Pixel{51, 204, 0, 255}));
+    EXPECT_TRUE(near(blended(color(0.8, 0.8, 0.8), color(0, 0, 0, 0.2), kCGBlendModePlusDarker),
+                     {153, 153, 153, 255}));
     EXPECT_TRUE(near(blended(nullptr, color(0, 0, 0, 0.2), kCGBlendModePlusDarker), {0, 0, 0, 51}));
 }
 
@@ -75,9 +84,8 @@ TEST_F(BlendMode, PlusDarkerKeepsToClipMaskAndLayer) {
         UIColor::whiteColor()->setFill();
         CGContextFillRect(context, {{0, 0}, {3, 1}});
         CGContextClipToRect(context, {{1, 0}, {2, 1}});
-        UIImage* left = drawn({3, 1}, 1, [](CGContextRef inner) {
-            CGContextFillRect(inner, {{0, 0}, {2, 1}});
-        });
+        UIImage* left =
+            drawn({3, 1}, 1, [](CGContextRef inner) { CGContextFillRect(inner, {{0, 0}, {2, 1}}); });
         CGContextClipToMask(context, {{0, 0}, {3, 1}}, left->CGImage());
         CGContextSetBlendMode(context, kCGBlendModePlusDarker);
         CGContextBeginTransparencyLayer(context, nullptr);
@@ -105,7 +113,8 @@ TEST_F(BlendMode, NoModeReachesBeyondTheShape) {
 }
 
 TEST_F(BlendMode, ANumberThatIsNoModeStops) {
-    EXPECT_DEATH(blended(color(1, 0, 0), color(0, 1, 0), 99), "not modelled: CGContextSetBlendMode: blend mode 99");
+    EXPECT_DEATH(blended(color(1, 0, 0), color(0, 1, 0), 99),
+                 "not modelled: CGContextSetBlendMode: blend mode 99");
 }
 
 }  // namespace

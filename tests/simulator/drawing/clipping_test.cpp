@@ -122,7 +122,8 @@ TEST_F(Clipping, AMaskHoldsForEveryBlendMode) {
 }
 
 TEST_F(Clipping, AnOpaqueColouredImageMasksNothing) {
-    UIImage* opaque = drawn({2, 1}, 1, [](CGContextRef) { fill(UIColor::blackColor(), {{0, 0}, {1, 1}}); }, true);
+    UIImage* opaque =
+        drawn({2, 1}, 1, [](CGContextRef) { fill(UIColor::blackColor(), {{0, 0}, {1, 1}}); }, true);
     const Picture picture(drawn({2, 1}, 1, [&](CGContextRef context) {
         CGContextClipToMask(context, {{0, 0}, {2, 1}}, opaque->CGImage());
         fill(color(1, 0, 0), {{0, 0}, {2, 1}});

@@ -1,4 +1,6 @@
 // Colours: their spaces, their components, and what they are equal to.
+#include <cmath>
+
 #include "drawing_test.h"
 
 namespace test {
@@ -13,13 +15,14 @@ CGColorRef created(CGColorSpaceRef space, std::vector<CGFloat> components) {
 }
 
 TEST_F(Color, GreysAreGreyAndTheOthersRgb) {
-    for (const char* name : {"blackColor", "darkGrayColor", "grayColor", "lightGrayColor", "whiteColor", "clearColor"})
+    for (const char* name :
+         {"blackColor", "darkGrayColor", "grayColor", "lightGrayColor", "whiteColor", "clearColor"})
         EXPECT_EQ(model_of(static_cast<UIColor*>(
                       objc::send<"performSelector:", id>(class_named("UIColor"), sel_registerName(name)))),
                   kCGColorSpaceModelMonochrome)
             << name;
-    for (const char* name : {"redColor", "greenColor", "blueColor", "cyanColor", "yellowColor", "magentaColor",
-                             "orangeColor", "purpleColor", "brownColor"})
+    for (const char* name : {"redColor", "greenColor", "blueColor", "cyanColor", "yellowColor",
+                             "magentaColor", "orangeColor", "purpleColor", "brownColor"})
         EXPECT_EQ(model_of(static_cast<UIColor*>(
                       objc::send<"performSelector:", id>(class_named("UIColor"), sel_registerName(name)))),
                   kCGColorSpaceModelRGB)
@@ -37,7 +40,8 @@ TEST_F(Color, NamedColoursHaveTheirComponents) {
 TEST_F(Color, ANilSpaceHasNoModel) { EXPECT_EQ(CGColorSpaceGetModel(nullptr), -1); }
 
 TEST_F(Color, ComponentsStayAsTheyWereGiven) {
-    EXPECT_EQ(rgba(color(1.5, -0.25, 1 / 3.0, 0.4000000059604645)), (Rgba{1.5, -0.25, 1 / 3.0, 0.4000000059604645}));
+    EXPECT_EQ(rgba(color(1.5, -0.25, 1 / 3.0, 0.4000000059604645)),
+              (Rgba{1.5, -0.25, 1 / 3.0, 0.4000000059604645}));
 }
 
 TEST_F(Color, EqualityIsExact) {
@@ -52,7 +56,8 @@ TEST_F(Color, EqualityKeepsSpacesApart) {
 }
 
 TEST_F(Color, EqualColoursHaveEqualHashes) {
-    EXPECT_EQ((color(0.1, 0.2, 0.3)->send<"hash", NSUInteger>()), (color(0.1, 0.2, 0.3)->send<"hash", NSUInteger>()));
+    EXPECT_EQ((color(0.1, 0.2, 0.3)->send<"hash", NSUInteger>()),
+              (color(0.1, 0.2, 0.3)->send<"hash", NSUInteger>()));
 }
 
 TEST_F(Color, AColourIsNeitherNilNorAString) {
@@ -65,6 +70,33 @@ TEST_F(Color, AnotherAlphaKeepsTheSpace) {
     EXPECT_EQ(model_of(grey), kCGColorSpaceModelMonochrome);
     EXPECT_EQ(rgba(grey), (Rgba{1, 1, 1, 0.25}));
     EXPECT_EQ(rgba(color(1, 0.5, 0, 0.8)->colorWithAlphaComponent(0.3)), (Rgba{1, 0.5, 0, 0.3}));
+}
+
+/// What filling with the colour leaves, at that alpha of the context.
+Pixel filled(UIColor* color, CGFloat alpha = 1) {
+    return Picture(drawn({1, 1}, 1,
+                         [&](CGContextRef context) {
+                             color->setFill();
+                             CGContextSetAlpha(context, alpha);
+                             CGContextFillRect(context, {{0, 0}, {1, 1}});
+                         }))
+        .at(0, 0);
+}
+
+TEST_F(Color, AlphasBeyondTheRangePaintAsItsNearestEndAndNanAsNothing) {
+    struct Row {
+        double alpha;
+        Pixel painted;
+    };
+    for (const auto& [alpha, painted] :
+         {Row{2, red}, Row{INFINITY, red}, Row{1e300, red}, Row{-1, transparent}, Row{-INFINITY, transparent},
+          Row{std::nan(""), transparent}}) {
+        EXPECT_EQ(filled(UIColor::redColor()->colorWithAlphaComponent(alpha)), painted) << alpha;
+        EXPECT_EQ(filled(UIColor::redColor(), alpha), painted) << alpha;
+        CGColorRef copy = CGColorCreateCopyWithAlpha(UIColor::redColor()->CGColor(), alpha);
+        EXPECT_EQ(filled(UIColor::colorWithCGColor(copy)), painted) << alpha;
+        CGColorRelease(copy);
+    }
 }
 
 TEST_F(Color, ComponentsMayBeAskedForOneByOne) {

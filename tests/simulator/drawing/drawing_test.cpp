@@ -6,20 +6,24 @@
 namespace test {
 
 testing::AssertionResult near(const Pixel& actual, const Pixel& expected, int tolerance) {
-    const int distance = std::max({std::abs(actual.red - expected.red), std::abs(actual.green - expected.green),
-                                   std::abs(actual.blue - expected.blue), std::abs(actual.alpha - expected.alpha)});
+    const int distance =
+        std::max({std::abs(actual.red - expected.red), std::abs(actual.green - expected.green),
+                  std::abs(actual.blue - expected.blue), std::abs(actual.alpha - expected.alpha)});
     if (distance <= tolerance) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << testing::PrintToString(actual) << " is not within " << tolerance << " of "
-                                       << testing::PrintToString(expected);
+    return testing::AssertionFailure() << testing::PrintToString(actual) << " is not within " << tolerance
+                                       << " of " << testing::PrintToString(expected);
 }
 
 Picture::Picture(CGImageRef image)
-    : width_(CGImageGetWidth(image)), height_(CGImageGetHeight(image)), bytes_(width_ * height_ * 4) {
+    : width_(CGImageGetWidth(image)),
+      height_(CGImageGetHeight(image)),
+      bytes_(width_ * height_ * 4) {
     if (bytes_.empty()) return;
     CGColorSpaceRef rgb = CGColorSpaceCreateDeviceRGB();
     CGContextRef context = CGBitmapContextCreate(bytes_.data(), width_, height_, 8, width_ * 4, rgb,
                                                  kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big);
-    CGContextDrawImage(context, {{0, 0}, {static_cast<CGFloat>(width_), static_cast<CGFloat>(height_)}}, image);
+    CGContextDrawImage(context, {{0, 0}, {static_cast<CGFloat>(width_), static_cast<CGFloat>(height_)}},
+                       image);
     CGContextRelease(context);
     CGColorSpaceRelease(rgb);
 }
@@ -43,7 +47,8 @@ UIImage* drawn(CGSize size, CGFloat scale, const std::function<void(CGContextRef
 
 Picture photographed(UIView* view, CGFloat scale) {
     const CGSize size = view->bounds().size;
-    return Picture(drawn(size, scale, [&](CGContextRef) { view->drawViewHierarchyInRect({{0, 0}, size}, true); }));
+    return Picture(
+        drawn(size, scale, [&](CGContextRef) { view->drawViewHierarchyInRect({{0, 0}, size}, true); }));
 }
 
 objc::strong<UIView> view_with(CGRect frame, UIColor* background) {
@@ -52,6 +57,8 @@ objc::strong<UIView> view_with(CGRect frame, UIColor* background) {
     return view;
 }
 
-CGColorSpaceModel model_of(UIColor* color) { return CGColorSpaceGetModel(CGColorGetColorSpace(color->CGColor())); }
+CGColorSpaceModel model_of(UIColor* color) {
+    return CGColorSpaceGetModel(CGColorGetColorSpace(color->CGColor()));
+}
 
 }  // namespace test

@@ -20,8 +20,8 @@ struct Pixel {
     }
 };
 
-inline constexpr Pixel transparent{0, 0, 0, 0}, black{0, 0, 0, 255}, white{255, 255, 255, 255}, red{255, 0, 0, 255},
-    green{0, 255, 0, 255}, blue{0, 0, 255, 255};
+inline constexpr Pixel transparent{0, 0, 0, 0}, black{0, 0, 0, 255}, white{255, 255, 255, 255},
+    red{255, 0, 0, 255}, green{0, 255, 0, 255}, blue{0, 0, 255, 255};
 
 /// Whether no component differs by more than `tolerance`.
 testing::AssertionResult near(const Pixel& actual, const Pixel& expected, int tolerance = 1);
@@ -42,7 +42,8 @@ class Picture {
 };
 
 /// What `draw` draws into an image context of that many points.
-UIImage* drawn(CGSize size, CGFloat scale, const std::function<void(CGContextRef)>& draw, bool opaque = false);
+UIImage* drawn(CGSize size, CGFloat scale, const std::function<void(CGContextRef)>& draw,
+               bool opaque = false);
 
 /// The view's tree as a picture.
 Picture photographed(UIView* view, CGFloat scale = 1);

@@ -1,4 +1,6 @@
 // Filters: their values, and what the monochrome one does to a layer.
+#include <cmath>
+
 #include "drawing_test.h"
 
 namespace test {
@@ -51,7 +53,8 @@ TEST_F(Filter, TheAmountMixesWithWhatWasThere) {
 }
 
 TEST_F(Filter, AlphaIsKept) {
-    EXPECT_TRUE(near(filtered(UIColor::colorWithWhite(0, 0.4), monochrome(color(1, 0, 0), 1, 1)), {102, 0, 0, 102}));
+    EXPECT_TRUE(
+        near(filtered(UIColor::colorWithWhite(0, 0.4), monochrome(color(1, 0, 0), 1, 1)), {102, 0, 0, 102}));
     EXPECT_EQ(filtered(UIColor::clearColor(), monochrome(color(1, 0, 0), 1, 1)), transparent);
 }
 
@@ -61,7 +64,8 @@ TEST_F(Filter, GreyInputColoursCountAsRgb) {
 }
 
 TEST_F(Filter, WithoutValuesItMakesGrey) {
-    EXPECT_TRUE(near(filtered(color(1, 0, 0), CAFilter::filterWithName("colorMonochrome"_ns)), {54, 54, 54, 255}));
+    EXPECT_TRUE(
+        near(filtered(color(1, 0, 0), CAFilter::filterWithName("colorMonochrome"_ns)), {54, 54, 54, 255}));
     EXPECT_TRUE(near(filtered(UIColor::blackColor(), monochrome(nullptr, 1, 1)), white));
 }
 
@@ -71,6 +75,40 @@ TEST_F(Filter, AppliesToSublayersToo) {
     root->layer()->setFilters(array({monochrome(color(1, 0, 0), 1, 1)}));
     EXPECT_EQ(photographed(root).at(0, 0), transparent);
     EXPECT_EQ(photographed(root).at(1, 0), red);
+}
+
+TEST_F(Filter, TextAndImagesBelowItTakeTheColour) {
+    auto root = view_with({{0, 0}, {60, 20}});
+    auto label =
+        objc::adopt(static_cast<UILabel*>(UILabel::alloc()->initWithFrame({{0, 0}, {40, 20}}).leak()));
+    label->setText(text("MMM"));
+    root->addSubview(label);
+    auto image = UIImageView::alloc()->initWithImage(drawn({20, 20}, 1, [](CGContextRef context) {
+        CGContextSetRGBFillColor(context, 0, 0, 0, 1);
+        CGContextFillRect(context, {{0, 0}, {20, 20}});
+    }));
+    image->setFrame({{40, 0}, {20, 20}});
+    root->addSubview(image);
+    root->layer()->setFilters(array({monochrome(UIColor::greenColor(), 1, 1)}));
+    const Picture picture = photographed(root);
+    EXPECT_EQ(picture.at(50, 10), green);
+    int of_text = 0;
+    for (size_t y = 0; y < 20; ++y) {
+        for (size_t x = 0; x < 40; ++x) {
+            const Pixel pixel = picture.at(x, y);
+            of_text += pixel.alpha > 200;
+            EXPECT_EQ(pixel, (Pixel{0, pixel.alpha, 0, pixel.alpha}));
+        }
+    }
+    EXPECT_GT(of_text, 20);
+}
+
+TEST_F(Filter, ValuesThatAreNoNumbersCountAsNothing) {
+    const float nan = std::nanf("");
+    EXPECT_EQ(filtered(UIColor::blackColor(), monochrome(color(1, 0, 0), nan, 1)), black);
+    EXPECT_EQ(filtered(UIColor::blueColor(), monochrome(color(1, 0, 0), 1, nan)), blue);
+    EXPECT_EQ(filtered(UIColor::blackColor(), monochrome(color(std::nan(""), 1, -5), 1, 1)), green);
+    EXPECT_EQ(filtered(UIColor::blueColor(), monochrome(color(1, 0, 0), -INFINITY, INFINITY)), black);
 }
 
 TEST_F(Filter, FiltersFollowEachOther) {

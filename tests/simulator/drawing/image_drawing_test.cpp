@@ -1,7 +1,7 @@
 // Images drawn into contexts: which way up, how they are scaled, what they are mixed with.
-#include "drawing_test.h"
-
 #include <cstring>
+
+#include "drawing_test.h"
 
 namespace test {
 namespace {
@@ -29,7 +29,8 @@ UIImage* noise(size_t width, size_t height, bool with_alpha) {
     for (size_t i = 0; i < bytes.size(); i += 4) {
         state = state * 1664525 + 1013904223;
         const unsigned alpha = with_alpha ? state >> 24 : 255;
-        for (size_t c = 0; c < 3; ++c) bytes[i + c] = static_cast<uint8_t>((state >> (8 * c) & 255) * alpha / 255);
+        for (size_t c = 0; c < 3; ++c)
+            bytes[i + c] = static_cast<uint8_t>((state >> (8 * c) & 255) * alpha / 255);
         bytes[i + 3] = static_cast<uint8_t>(alpha);
     }
     CGColorSpaceRef rgb = CGColorSpaceCreateDeviceRGB();
@@ -52,7 +53,8 @@ Mean mean_of(UIImage* image, size_t x, size_t y, size_t width, size_t height) {
     for (size_t row = y; row < y + height; ++row)
         for (size_t column = x; column < x + width; ++column) {
             const Pixel pixel = picture.at(column, row);
-            mean.red += pixel.red, mean.green += pixel.green, mean.blue += pixel.blue, mean.alpha += pixel.alpha;
+            mean.red += pixel.red, mean.green += pixel.green, mean.blue += pixel.blue,
+                mean.alpha += pixel.alpha;
         }
     const double count = static_cast<double>(width * height);
     return {mean.red / count, mean.green / count, mean.blue / count, mean.alpha / count};
@@ -73,7 +75,8 @@ Picture shrunk(UIImage* image, CGSize size, CGInterpolationQuality quality = kCG
 }
 
 TEST_F(ImageDrawing, AnImageIsUprightInAnImageContext) {
-    const Picture picture(drawn({2, 2}, 1, [](CGContextRef) { four_colors()->drawInRect({{0, 0}, {2, 2}}); }));
+    const Picture picture(
+        drawn({2, 2}, 1, [](CGContextRef) { four_colors()->drawInRect({{0, 0}, {2, 2}}); }));
     EXPECT_EQ(picture.at(0, 0), red);
     EXPECT_EQ(picture.at(1, 0), green);
     EXPECT_EQ(picture.at(0, 1), blue);
@@ -115,7 +118,8 @@ TEST_F(ImageDrawing, OnePixelOfAPhotographIsItsMean) {
 TEST_F(ImageDrawing, OnePixelIsTheMeanWhateverTheQualityThatAverages) {
     UIImage* image = noise(301, 97, true);
     const Mean mean = mean_of(image, 0, 0, 301, 97);
-    for (CGInterpolationQuality quality : {kCGInterpolationDefault, kCGInterpolationMedium, kCGInterpolationHigh})
+    for (CGInterpolationQuality quality :
+         {kCGInterpolationDefault, kCGInterpolationMedium, kCGInterpolationHigh})
         expect_near(shrunk(image, {1, 1}, quality).at(0, 0), mean);
 }
 
@@ -153,8 +157,8 @@ TEST_F(ImageDrawing, ASmallerFlippedPictureIsAveragedToo) {
     UIImage* image = noise(200, 200, false);
     uint8_t pixel[4] = {};
     CGColorSpaceRef rgb = CGColorSpaceCreateDeviceRGB();
-    CGContextRef context =
-        CGBitmapContextCreate(pixel, 1, 1, 8, 4, rgb, kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big);
+    CGContextRef context = CGBitmapContextCreate(pixel, 1, 1, 8, 4, rgb,
+                                                 kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big);
     CGContextDrawImage(context, {{0, 0}, {1, 1}}, image->CGImage());
     expect_near({pixel[0], pixel[1], pixel[2], pixel[3]}, mean_of(image, 0, 0, 200, 200));
     CGContextRelease(context);
@@ -183,7 +187,8 @@ TEST_F(ImageDrawing, WithoutInterpolationAGrownPictureHasHardEdges) {
 }
 
 TEST_F(ImageDrawing, AGrownPictureIsBlendedInsideAndFullAtItsEdges) {
-    const Picture picture(drawn({8, 8}, 1, [](CGContextRef) { four_colors()->drawInRect({{0, 0}, {8, 8}}); }));
+    const Picture picture(
+        drawn({8, 8}, 1, [](CGContextRef) { four_colors()->drawInRect({{0, 0}, {8, 8}}); }));
     EXPECT_EQ(picture.at(0, 0), red);
     EXPECT_EQ(picture.at(7, 0), green);
     const Pixel middle = picture.at(4, 0);
@@ -193,7 +198,8 @@ TEST_F(ImageDrawing, AGrownPictureIsBlendedInsideAndFullAtItsEdges) {
 
 TEST_F(ImageDrawing, TheSameSizeIsDrawnPixelForPixel) {
     UIImage* image = noise(37, 21, true);
-    const Picture original(image), copy(drawn({37, 21}, 1, [&](CGContextRef) { image->drawAtPoint({0, 0}); }));
+    const Picture original(image),
+        copy(drawn({37, 21}, 1, [&](CGContextRef) { image->drawAtPoint({0, 0}); }));
     for (size_t y = 0; y < 21; ++y)
         for (size_t x = 0; x < 37; ++x) ASSERT_EQ(copy.at(x, y), original.at(x, y));
 }

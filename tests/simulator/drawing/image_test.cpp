@@ -1,7 +1,7 @@
 // UIKit's images and the contexts they are made in.
-#include "drawing_test.h"
-
 #include <cmath>
+
+#include "drawing_test.h"
 
 namespace test {
 namespace {
@@ -59,7 +59,8 @@ TEST_F(ImageContext, ItsBytesAreBlueGreenRedAlpha) {
         color(1, 0.6, 0.2, 0.4)->setFill();
         CGContextFillRect(context, {{0, 0}, {1, 1}});
         auto* bytes = static_cast<uint8_t*>(CGBitmapContextGetData(context));
-        EXPECT_EQ((std::vector<int>{bytes[0], bytes[1], bytes[2], bytes[3]}), (std::vector<int>{20, 61, 102, 102}));
+        EXPECT_EQ((std::vector<int>{bytes[0], bytes[1], bytes[2], bytes[3]}),
+                  (std::vector<int>{20, 61, 102, 102}));
         EXPECT_EQ(CGBitmapContextGetBitmapInfo(context), 0x2002u);
     });
 }
@@ -83,7 +84,8 @@ TEST_F(ImageContext, NestedContextsComeBackInTurn) {
 }
 
 TEST_F(ImageContext, WhatHasNoSizeHasNoContextAndNoImage) {
-    const CGSize sizes[] = {{0, 0}, {0, 5}, {-3, 5}, {NAN, 5}, {5, INFINITY}, {1e9, 1e9}, {40000, 1}, {20000, 20000}};
+    const CGSize sizes[] = {{0, 0},        {0, 5},     {-3, 5},    {NAN, 5},
+                            {5, INFINITY}, {1e9, 1e9}, {40000, 1}, {20000, 20000}};
     UIGraphicsBeginImageContext({2, 2});
     CGContextRef outer = UIGraphicsGetCurrentContext();
     for (CGSize size : sizes) {
@@ -113,20 +115,26 @@ TEST_F(ImageContext, EndingTooOftenIsHarmless) {
 }
 
 TEST_F(ImageContext, APushedContextIsNoImageContext) {
+    CGColorSpaceRef rgb = CGColorSpaceCreateDeviceRGB();
+    CGContextRef pushed = CGBitmapContextCreate(nullptr, 1, 1, 8, 0, rgb, kCGImageAlphaPremultipliedLast);
+    CGColorSpaceRelease(rgb);
     UIGraphicsBeginImageContext({2, 2});
-    CGContextRef context = UIGraphicsGetCurrentContext();
-    UIGraphicsPushContext(context);
-    EXPECT_EQ(UIGraphicsGetCurrentContext(), context);
+    UIGraphicsPushContext(pushed);
+    EXPECT_EQ(UIGraphicsGetCurrentContext(), pushed);
     EXPECT_EQ(UIGraphicsGetImageFromCurrentImageContext(), nullptr);
     UIGraphicsEndImageContext();
-    EXPECT_EQ(UIGraphicsGetCurrentContext(), context) << "only popping ends a pushed context";
+    EXPECT_EQ(UIGraphicsGetCurrentContext(), pushed) << "only popping ends a pushed context";
     UIGraphicsPopContext();
-    EXPECT_NE(UIGraphicsGetImageFromCurrentImageContext(), nullptr);
+    UIGraphicsPopContext();
+    EXPECT_NE(UIGraphicsGetImageFromCurrentImageContext(), nullptr)
+        << "popping does not end an image context";
     UIGraphicsEndImageContext();
+    CGContextRelease(pushed);
 }
 
 TEST_F(Image, IsInPoints) {
-    UIImage* image = UIImage::imageWithCGImage(filled_image(color(1, 0, 0), 6, 9)->CGImage(), 3, UIImageOrientationUp);
+    UIImage* image =
+        UIImage::imageWithCGImage(filled_image(color(1, 0, 0), 6, 9)->CGImage(), 3, UIImageOrientationUp);
     EXPECT_EQ(image->size(), (CGSize{2, 3}));
     EXPECT_EQ(image->scale(), 3);
 }

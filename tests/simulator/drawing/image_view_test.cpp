@@ -21,7 +21,9 @@ UIImage* shape() {
     });
 }
 
-UIImage* as_template(UIImage* image) { return image->imageWithRenderingMode(UIImageRenderingModeAlwaysTemplate); }
+UIImage* as_template(UIImage* image) {
+    return image->imageWithRenderingMode(UIImageRenderingModeAlwaysTemplate);
+}
 
 TEST_F(ImageView, IsAsLargeAsItsImage) {
     EXPECT_EQ(view_of(filled_image(color(1, 0, 0), 6, 4))->bounds().size, (CGSize{6, 4}));
@@ -67,7 +69,8 @@ TEST_F(ImageView, OtherImagesKeepTheirColours) {
     auto view = view_of(filled_image(color(0, 0, 1), 1, 1));
     view->setTintColor(UIColor::redColor());
     EXPECT_EQ(photographed(view).at(0, 0), blue);
-    view->setImage(filled_image(color(0, 0, 1), 1, 1)->imageWithRenderingMode(UIImageRenderingModeAlwaysOriginal));
+    view->setImage(
+        filled_image(color(0, 0, 1), 1, 1)->imageWithRenderingMode(UIImageRenderingModeAlwaysOriginal));
     EXPECT_EQ(photographed(view).at(0, 0), blue);
 }
 
@@ -84,7 +87,8 @@ TEST_F(ImageView, StretchesFitsOrCentres) {
 }
 
 TEST_F(ImageView, TheImagesScaleCountsInTheCentre) {
-    auto view = view_of(drawn({2, 2}, 2, [](CGContextRef context) { CGContextFillRect(context, {{0, 0}, {2, 2}}); }));
+    auto view =
+        view_of(drawn({2, 2}, 2, [](CGContextRef context) { CGContextFillRect(context, {{0, 0}, {2, 2}}); }));
     EXPECT_EQ(view->bounds().size, (CGSize{2, 2}));
     view->setFrame({{0, 0}, {4, 4}});
     view->setContentMode(UIViewContentModeCenter);
@@ -93,7 +97,8 @@ TEST_F(ImageView, TheImagesScaleCountsInTheCentre) {
 }
 
 TEST_F(ImageView, ATurnedImageIsShownUpright) {
-    UIImage* marked = drawn({2, 1}, 1, [](CGContextRef context) { CGContextFillRect(context, {{0, 0}, {1, 1}}); });
+    UIImage* marked =
+        drawn({2, 1}, 1, [](CGContextRef context) { CGContextFillRect(context, {{0, 0}, {1, 1}}); });
     constexpr UIImageOrientation right = 3;
     auto view = view_of(UIImage::imageWithCGImage(marked->CGImage(), 1, right));
     EXPECT_EQ(view->bounds().size, (CGSize{1, 2}));

@@ -1,7 +1,7 @@
 // Layers: the tree, what they show, and how they are displayed.
-#include "drawing_test.h"
-
 #include <cmath>
+
+#include "drawing_test.h"
 
 namespace test {
 namespace {
@@ -155,15 +155,15 @@ TEST_F(LayerDrawing, HiddenAndTransparentLayersShowNothing) {
 }
 
 TEST_F(LayerDrawing, OpacityFadesALayerAndItsSublayersAsOne) {
-    CALayer* root = layer_with({{0, 0}, {3, 1}});
+    CALayer* root = layer_with({{0, 0}, {6, 1}});
     CALayer* faded = layer_with({{0, 0}, {2, 1}}, UIColor::blueColor());
-    faded->addSublayer(layer_with({{1, 0}, {2, 1}}, UIColor::redColor()));
+    faded->addSublayer(layer_with({{1, 0}, {5, 1}}, UIColor::redColor()));
     faded->setOpacity(0.5);
     root->addSublayer(faded);
     const Picture picture = pictured(root);
     EXPECT_TRUE(near(picture.at(0, 0), {0, 0, 128, 128}));
     EXPECT_TRUE(near(picture.at(1, 0), {128, 0, 0, 128}));
-    EXPECT_TRUE(near(picture.at(2, 0), {128, 0, 0, 128})) << "what reaches out of the layer, too";
+    EXPECT_TRUE(near(picture.at(5, 0), {128, 0, 0, 128})) << "what reaches out of the layer, too";
 }
 
 TEST_F(LayerDrawing, MaskingToBoundsCutsSublayersAndContents) {
@@ -240,7 +240,8 @@ TEST_F(LayerDrawing, GravitySaysWhereContentsLie) {
         layer->setContentsGravity(row.gravity);
         const Picture picture = pictured(layer);
         EXPECT_EQ(picture.at(static_cast<size_t>(row.inside.x), static_cast<size_t>(row.inside.y)), red);
-        EXPECT_EQ(picture.at(static_cast<size_t>(row.outside.x), static_cast<size_t>(row.outside.y)), transparent);
+        EXPECT_EQ(picture.at(static_cast<size_t>(row.outside.x), static_cast<size_t>(row.outside.y)),
+                  transparent);
     }
 }
 
@@ -278,6 +279,57 @@ TEST_F(LayerDrawing, AMultiplyColourTintsTheContents) {
     EXPECT_EQ(pictured(layer).at(0, 0), transparent);
     layer->setContentsMultiplyColor(nullptr);
     EXPECT_EQ(pictured(layer).at(0, 0), red);
+}
+
+TEST_F(LayerDrawing, AMultiplyColourBeyondTheRangeCountsAsItsNearestEnd) {
+    CALayer* layer = layer_with({{0, 0}, {4, 2}});
+    layer->setContents(contents_of(red_and_blue()));
+    layer->setContentsMultiplyColor(color(7, 1, 1, INFINITY)->CGColor());
+    EXPECT_EQ(pictured(layer).at(0, 0), red);
+    layer->setContentsMultiplyColor(color(std::nan(""), 1, 1)->CGColor());
+    EXPECT_EQ(pictured(layer).at(0, 0), black);
+    layer->setContentsMultiplyColor(color(1, 1, 1, -1)->CGColor());
+    EXPECT_EQ(pictured(layer).at(0, 0), transparent);
+}
+
+TEST_F(LayerDrawing, AMultiplyColourLeavesSublayersAlone) {
+    CALayer* layer = layer_with({{0, 0}, {4, 2}});
+    layer->setContents(contents_of(red_and_blue()));
+    layer->addSublayer(layer_with({{0, 0}, {1, 1}}, UIColor::whiteColor()));
+    layer->setContentsMultiplyColor(UIColor::blackColor()->CGColor());
+    EXPECT_EQ(pictured(layer).at(0, 0), white);
+    EXPECT_EQ(pictured(layer).at(1, 0), black);
+}
+
+TEST_F(LayerDrawing, ABlendedLayerIsBlendedTogetherWithItsSublayers) {
+    CALayer* root = layer_with({{0, 0}, {2, 1}}, color(1, 1, 0));
+    CALayer* above = layer_with({{0, 0}, {2, 1}}, color(0, 1, 0));
+    above->addSublayer(layer_with({{1, 0}, {1, 1}}, color(1, 0, 1)));
+    above->setCompositingFilter("multiplyBlendMode"_ns);
+    root->addSublayer(above);
+    EXPECT_EQ(pictured(root).at(0, 0), green);
+    EXPECT_EQ(pictured(root).at(1, 0), red) << "magenta, not what magenta makes of green, with yellow";
+}
+
+TEST_F(LayerDrawing, ARasterizedLayerLooksTheSame) {
+    CALayer* root = layer_with({{0, 0}, {4, 4}}, color(0.8, 0.8, 0.8));
+    CALayer* layer = layer_with({{1, 1}, {2, 2}}, UIColor::colorWithRGB(1, 0, 0, 0.5));
+    root->addSublayer(layer);
+    const Pixel before = pictured(root).at(1, 1);
+    layer->setShouldRasterize(true);
+    layer->setRasterizationScale(2);
+    EXPECT_EQ(pictured(root).at(1, 1), before);
+    EXPECT_TRUE(layer->shouldRasterize());
+    EXPECT_EQ(layer->rasterizationScale(), 2);
+}
+
+TEST_F(LayerDrawing, StrangeShadowsAreHarmless) {
+    CALayer* layer = layer_with({{0, 0}, {4, 4}}, UIColor::redColor());
+    layer->setShadowOpacity(1);
+    for (double radius : {std::nan(""), -5.0, -1.0 * INFINITY}) {
+        layer->setShadowRadius(radius);
+        EXPECT_EQ(pictured(layer).at(1, 1), red);
+    }
 }
 
 TEST_F(LayerDrawing, AMaskShowsTheLayerWhereItIsOpaque) {
@@ -432,14 +484,16 @@ TEST_F(Display, AViewDrawsItselfOnceIntoItsContents) {
     EXPECT_EQ(picture.at(4, 0), transparent);
     photographed(view, 2);
     EXPECT_EQ(times_drawn, 1);
-    EXPECT_EQ(CGImageGetWidth(reinterpret_cast<CGImageRef>(view->layer()->contents())), 8u) << "the screen's scale";
+    EXPECT_EQ(CGImageGetWidth(reinterpret_cast<CGImageRef>(view->layer()->contents())), 8u)
+        << "the screen's scale";
     view->setNeedsDisplay();
     photographed(view);
     EXPECT_EQ(times_drawn, 2);
 }
 
 TEST_F(Display, DrawingIsStretchedUntilItIsDoneAgain) {
-    Class drawing = view_class("StretchedView", "drawRect:", draw_half, "v@:{CGRect={CGPoint=dd}{CGSize=dd}}");
+    Class drawing =
+        view_class("StretchedView", "drawRect:", draw_half, "v@:{CGRect={CGPoint=dd}{CGSize=dd}}");
     auto view = view_of(drawing, {{0, 0}, {4, 2}});
     photographed(view);
     const int before = times_drawn;

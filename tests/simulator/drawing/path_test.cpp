@@ -1,7 +1,7 @@
 // Paths and gradients.
-#include "drawing_test.h"
-
 #include <cmath>
+
+#include "drawing_test.h"
 
 namespace test {
 namespace {
@@ -44,8 +44,8 @@ TEST_F(Path, NoRadiusIsARectangle) {
 }
 
 TEST_F(Path, AnEllipseFillsItsRectangle) {
-    const Picture picture(
-        drawn({40, 20}, 1, [](CGContextRef context) { CGContextFillEllipseInRect(context, {{0, 0}, {40, 20}}); }));
+    const Picture picture(drawn(
+        {40, 20}, 1, [](CGContextRef context) { CGContextFillEllipseInRect(context, {{0, 0}, {40, 20}}); }));
     EXPECT_NEAR(area(picture), M_PI * 20 * 10, 4);
 }
 
@@ -131,6 +131,19 @@ TEST_F(Path, APathIsTransformedWhenItIsAdded) {
     CGPathRelease(path);
 }
 
+TEST_F(Path, APointThatIsNoNumberIsLeftOut) {
+    const Picture picture(drawn({10, 10}, 1, [](CGContextRef context) {
+        CGContextMoveToPoint(context, 0, 0);
+        CGContextAddLineToPoint(context, 10, 0);
+        CGContextAddLineToPoint(context, NAN, 5);
+        CGContextAddLineToPoint(context, 10, 10);
+        CGContextAddCurveToPoint(context, 5, INFINITY, 5, 5, 5, 5);
+        CGContextAddLineToPoint(context, 0, 10);
+        CGContextFillPath(context);
+    }));
+    EXPECT_EQ(area(picture), 100);
+}
+
 TEST_F(Path, NothingIsNoPath) {
     EXPECT_TRUE(CGPathIsEmpty(nullptr));
     EXPECT_TRUE(std::isinf(CGPathGetBoundingBox(nullptr).origin.y));
@@ -190,7 +203,8 @@ TEST_F(Gradient, TakesComponentsAndLocations) {
 
 TEST_F(Gradient, OneColourFillsEvenly) {
     id only = reinterpret_cast<id>(UIColor::redColor()->CGColor());
-    const Picture picture = gradient({0, 0}, {100, 0}, 3, CGGradientCreateWithColors(nullptr, array({only}), nullptr));
+    const Picture picture =
+        gradient({0, 0}, {100, 0}, 3, CGGradientCreateWithColors(nullptr, array({only}), nullptr));
     EXPECT_EQ(picture.at(0, 0), red);
     EXPECT_EQ(picture.at(99, 0), red);
 }

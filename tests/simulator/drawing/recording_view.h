@@ -7,7 +7,8 @@
 
 namespace test {
 
-/// What the recording views were told, in order: "didMoveToSuperview", "layoutSubviews 3" with the view's tag.
+/// What the recording views were told, in order: "didMoveToSuperview", "layoutSubviews 3" with the view's
+/// tag.
 std::vector<std::string>& told();
 
 /// A new view of a class that records; the class is made when first asked for.

@@ -1,7 +1,7 @@
 // Views: geometry, the tree, tint colours, layout.
-#include "recording_view.h"
-
 #include <cmath>
+
+#include "recording_view.h"
 
 namespace test {
 namespace {
@@ -47,9 +47,7 @@ TEST_F(ViewGeometry, AFrameIsBoundsAtAPlace) {
     EXPECT_EQ(view->layer()->frame(), view->frame());
 }
 
-TEST_F(ViewGeometry, InitIsInitWithAnEmptyFrame) {
-    EXPECT_EQ(UIView::alloc()->init()->frame(), (CGRect{}));
-}
+TEST_F(ViewGeometry, InitIsInitWithAnEmptyFrame) { EXPECT_EQ(UIView::alloc()->init()->frame(), (CGRect{})); }
 
 TEST_F(ViewGeometry, ChangingTheBoundsKeepsTheCentre) {
     auto view = view_with({{10, 20}, {30, 40}});
@@ -105,7 +103,8 @@ TEST_F(ViewGeometry, SubviewsFollowTheirSuperviewsSize) {
         {0, {{10, 20}, {30, 40}}},
         {18, {{10, 20}, {80, 140}}},
         {UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleTopMargin, {{60, 120}, {30, 40}}},
-        {UIViewAutoresizingFlexibleRightMargin | UIViewAutoresizingFlexibleBottomMargin, {{10, 20}, {30, 40}}},
+        {UIViewAutoresizingFlexibleRightMargin | UIViewAutoresizingFlexibleBottomMargin,
+         {{10, 20}, {30, 40}}},
         // The margins were 10 and 60: they share the 50 points as 1 to 6.
         {UIViewAutoresizingFlexibleLeftMargin | UIViewAutoresizingFlexibleRightMargin,
          {{10 + 50 / 7.0, 20}, {30, 40}}},
@@ -130,6 +129,16 @@ TEST_F(ViewGeometry, AnEmptySubviewGrowsFromNothing) {
     EXPECT_EQ(child->frame(), (CGRect{{0, 0}, {215, 40}}));
 }
 
+TEST_F(ViewGeometry, AnEmptyViewThatFillsAnEmptyOneFollowsItFromThenOn) {
+    auto outer = view_with({}), inner = view_with({});
+    inner->setAutoresizingMask(18);
+    outer->addSubview(inner);
+    for (CGSize size : {CGSize{375, 260}, CGSize{667, 208}, CGSize{0, 0}, CGSize{320, 253}}) {
+        outer->setFrame({{0, 0}, size});
+        EXPECT_EQ(inner->frame(), (CGRect{{0, 0}, size}));
+    }
+}
+
 TEST_F(ViewGeometry, SubviewsStayWhenTheirSuperviewDoesNotResizeThem) {
     auto root = view_with({{0, 0}, {10, 10}}), child = view_with({{0, 0}, {10, 10}});
     child->setAutoresizingMask(18);
@@ -141,7 +150,8 @@ TEST_F(ViewGeometry, SubviewsStayWhenTheirSuperviewDoesNotResizeThem) {
 
 TEST_F(ViewGeometry, StrangeFramesAreHarmless) {
     auto root = view_with({{0, 0}, {10, 10}});
-    for (CGRect frame : {CGRect{{NAN, 0}, {NAN, 5}}, CGRect{{0, 0}, {-5, -5}}, CGRect{{1e300, 0}, {1e300, 1e300}}}) {
+    for (CGRect frame :
+         {CGRect{{NAN, 0}, {NAN, 5}}, CGRect{{0, 0}, {-5, -5}}, CGRect{{1e300, 0}, {1e300, 1e300}}}) {
         auto child = view_with(frame, UIColor::redColor());
         child->setAutoresizingMask(63);
         root->addSubview(child);
@@ -392,7 +402,8 @@ TEST_F(Layout, GoesFromTheTopDown) {
     grandchild->setNeedsLayout();
     child->setNeedsLayout();
     grandchild->layoutIfNeeded();
-    EXPECT_EQ(told(), (Told{"layoutSubviews 2", "layoutSubviews 3"})) << "the parents that need it come first";
+    EXPECT_EQ(told(), (Told{"layoutSubviews 2", "layoutSubviews 3"}))
+        << "the parents that need it come first";
 }
 
 TEST_F(Layout, IsNeededAfterAChangeOfSizeOrSubviews) {

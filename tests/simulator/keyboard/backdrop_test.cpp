@@ -75,6 +75,32 @@ TEST_F(Backdrop, TheInputBackdropsPiecesFollowItsSize) {
     EXPECT_EQ(input->inputBackdropRightView()->frame(), (CGRect{{50, 0}, {50, 50}}));
 }
 
+TEST_F(Backdrop, ASplitInputBackdropShowsItsLeftAndRightPiecesApart) {
+    auto* input = static_cast<UIKBInputBackdropView*>(
+        UIKBInputBackdropView::alloc()->initWithFrame({{0, 0}, {100, 50}}).autoreleased());
+    input->setSplit(true);
+    input->layoutIfNeeded();
+    EXPECT_TRUE(input->isSplit());
+    EXPECT_TRUE(input->inputBackdropFullView()->isHidden());
+    EXPECT_FALSE(input->inputBackdropLeftView()->isHidden());
+    EXPECT_FALSE(input->inputBackdropRightView()->isHidden());
+    EXPECT_EQ(input->inputBackdropLeftView()->frame(), (CGRect{{0, 0}, {40, 50}}));
+    EXPECT_EQ(input->inputBackdropRightView()->frame(), (CGRect{{60, 0}, {40, 50}}));
+    EXPECT_EQ(shown(input), nothing) << "between the pieces";
+}
+
+TEST_F(Backdrop, AnInputBackdropThatIsNoLongerSplitIsWholeAgain) {
+    auto* input = static_cast<UIKBInputBackdropView*>(
+        UIKBInputBackdropView::alloc()->initWithFrame({{0, 0}, {100, 50}}).autoreleased());
+    input->setSplit(true);
+    input->layoutIfNeeded();
+    input->setSplit(false);
+    input->layoutIfNeeded();
+    EXPECT_FALSE(input->inputBackdropFullView()->isHidden());
+    EXPECT_TRUE(input->inputBackdropLeftView()->isHidden());
+    EXPECT_EQ(shown(input), material);
+}
+
 TEST_F(Backdrop, ASystemBackdropFillsTheViewThatItIsPutInto) {
     auto backdrop = _UIBackdropView::alloc()->initWithStyle(2);
     auto host = UIView::alloc()->initWithFrame({{0, 0}, {40, 20}});
@@ -84,11 +110,13 @@ TEST_F(Backdrop, ASystemBackdropFillsTheViewThatItIsPutInto) {
     EXPECT_EQ(backdrop->frame(), (CGRect{{0, 0}, {100, 50}}));
 }
 
-TEST_F(Backdrop, ASystemBackdropOfStyleTwoDrawsNothingByItself) {
-    auto backdrop = _UIBackdropView::alloc()->initWithStyle(2);
+TEST_F(Backdrop, ASystemBackdropDrawsTheMaterialOfItsStyle) {
     auto host = UIView::alloc()->initWithFrame({{0, 0}, {40, 20}});
-    host->addSubview(backdrop);
+    host->addSubview(_UIBackdropView::alloc()->initWithStyle(-2));
     EXPECT_EQ(shown(host), nothing);
+    host->addSubview(_UIBackdropView::alloc()->initWithStyle(2));
+    EXPECT_NE(shown(host), nothing);
+    EXPECT_LT(shown(host).alpha, 0.5) << "what it blurs is seen through it";
 }
 
 }  // namespace

@@ -12,7 +12,8 @@ struct Shown {
     const char* plane = nullptr;
     const char* pressed = nullptr;
     const char* return_key = nullptr;
-    bool landscape = false;
+    bool landscape = false, split = false, switcher = false, form_accessory = false;
+    const char* page = nullptr;
     double screen_width = 375, screen_height = 667;
     int screen_scale = 2;
 
@@ -33,6 +34,10 @@ TEST_P(Keyboard, LooksAsExpected) {
     keyboard.pressed_key = shown.pressed;
     keyboard.return_key = shown.return_key;
     keyboard.landscape = shown.landscape;
+    keyboard.split = shown.split;
+    keyboard.switcher = shown.switcher;
+    keyboard.form_accessory = shown.form_accessory;
+    keyboard.background = shown.page;
     ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
     const auto picture = phone.host("/picture.png");
     ASSERT_EQ(sim_take_picture(picture.c_str(), 0), SIM_OK) << sim_last_error();
@@ -49,6 +54,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Shown{.name = "numbers", .plane = "numbers"},
                     Shown{.name = "symbols", .plane = "symbols"}, Shown{.name = "emoji", .plane = "emoji"},
                     Shown{.name = "landscape", .pressed = "g", .landscape = true},
+                    Shown{.name = "switcher", .switcher = true, .page = "busy"},
+                    Shown{.name = "form", .form_accessory = true, .page = "light"},
+                    Shown{.name = "split", .split = true, .page = "busy"},
                     Shown{.name = "small-phone", .screen_width = 320, .screen_height = 568},
                     Shown{
                         .name = "large-phone", .screen_width = 414, .screen_height = 736, .screen_scale = 3}),

@@ -69,11 +69,12 @@ TEST_F(DataFiles, AreWrittenBothWays) {
 }
 
 TEST_F(DataFiles, AtomicWritingLeavesNothingElseBehind) {
+    phone.make_folder("/folder/deeper");
     EXPECT_TRUE(write("/folder/new.txt", 1));
-    EXPECT_FALSE(write("/folder", 1));
+    EXPECT_FALSE(write("/folder/deeper", 1));
     size_t count = 0;
     for ([[maybe_unused]] const auto& entry : fs::directory_iterator(phone.host("/folder"))) ++count;
-    EXPECT_EQ(count, 2u);
+    EXPECT_EQ(count, 3u);
     EXPECT_EQ(
         fs::status(phone.host("/folder/new.txt")).permissions() & fs::perms::all,
         fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read | fs::perms::others_read);

@@ -159,6 +159,19 @@ TEST_F(Hooks, FunctionIsReplacedAndCallsThePreviousOne) {
     EXPECT_EQ(UIKBGetNamedColor(text("UIKBColorWhite")), white);
 }
 
+TEST_F(Hooks, WhatAFunctionLeavesBehindGoesWithTheCall) {
+    static id left_behind = nullptr;
+    CGColorRef (*replacement)(NSString*) = [](NSString*) -> CGColorRef {
+        objc_initWeak(&left_behind, TSTAnimal::class_send<"new", objc::strong<TSTAnimal>>().autoreleased());
+        return nullptr;
+    };
+    MSHookFunction(reinterpret_cast<void*>(&UIKBGetNamedColor), reinterpret_cast<void*>(replacement),
+                   nullptr);
+    sim_colour colour;
+    ASSERT_EQ(sim_named_colour("UIKBColorBlack", &colour), SIM_OK) << sim_last_error();
+    EXPECT_EQ(left_behind, nullptr);
+}
+
 TEST_F(Hooks, AnyOtherFunctionStopsTheProcess) {
     EXPECT_DEATH(MSHookFunction(reinterpret_cast<void*>(&CGColorRelease), nullptr, nullptr),
                  "not modelled: MSHookFunction");

@@ -66,6 +66,21 @@ TEST_F(Load, ItsHooksAreHeard) {
     EXPECT_EQ(colour.components[0], 1);
 }
 
+TEST(LoadOfABrokenLibrary, NamesTheExceptionThatAnInitializerRaised) {
+    Phone phone;
+    Phone::Options options;
+    options.executable = "/Applications/Raises";
+    phone.boot(options);
+    sim_library* library = nullptr;
+    EXPECT_EQ(sim_load(std::getenv("HUECRAFT_LIBRARY"), &library), SIM_RAISED);
+    EXPECT_EQ(library, nullptr);
+    EXPECT_NE(std::string(sim_last_error()).find("NSInvalidArgumentException"), std::string::npos)
+        << sim_last_error();
+    EXPECT_EQ(sim_installing_call_count(), 0u) << "nothing after the exception has run";
+    objc::AutoreleasePool pool;
+    EXPECT_EQ(utf8(UIDevice::currentDevice()->systemVersion()), "12.4") << "the phone goes on";
+}
+
 TEST_F(Load, ExportsAreFoundByName) {
     phone.load();
     void* address = nullptr;

@@ -50,6 +50,7 @@ TEST_F(Numbers, TextIsReadAsARealNumber) {
     auto value = [](const char* characters) { return text(characters)->send<"doubleValue", double>(); };
     EXPECT_EQ(value("0.1"), 0.1);
     EXPECT_EQ(value(" 2.5x"), 2.5);
+    EXPECT_EQ(value("\u00a0\t7"), 7);
     EXPECT_EQ(value("-.5e-1"), -0.05);
     EXPECT_EQ(value("1e3"), 1000);
     EXPECT_EQ(value("1e"), 1);

@@ -36,8 +36,16 @@ CGColorRef color(NSString* name) {
 
 long count_initializers(id, SEL) { return initializers_run; }
 
+/// In a process of this name the library is a broken one.
+bool shall_raise() {
+    auto* executable =
+        static_cast<NSString*>(NSProcessInfo::processInfo()->arguments()->objectAtIndexedSubscript(0));
+    return executable->isEqualToString("/Applications/Raises"_ns);
+}
+
 void install() {
     ++initializers_run;
+    if (shall_raise()) objc::send<"noSuchMethod">("a string"_ns);
     MSHookMessageEx(objc_getClass("UIScreen"), objc::selector<"bounds">(), reinterpret_cast<IMP>(&bounds),
                     reinterpret_cast<IMP*>(&previous_bounds));
     MSHookMessageEx(objc_getClass("SampleMissing"), objc::selector<"bounds">(),

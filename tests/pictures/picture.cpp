@@ -9,6 +9,8 @@
 #include <string_view>
 #include <utility>
 
+#include "failed_pictures.h"
+
 namespace test {
 namespace {
 
@@ -71,10 +73,11 @@ bool is_rebaselining() {
 
 }  // namespace
 
-testing::AssertionResult looks_as_expected(const fs::path& png, const std::string& name) {
+testing::AssertionResult looks_as_expected(const fs::path& png, const std::string& name,
+                                           const std::string& variant) {
     const fs::path wanted = fs::path(EXPECTED_PICTURES) / (name + ".png");
-    const fs::path failed = fs::path(FAILED_PICTURES) / (name + ".png");
-    const fs::path differences = fs::path(FAILED_PICTURES) / (name + "-difference.png");
+    const FailedPicture failed(FAILED_PICTURES, variant + name);
+    failed.remove();
     if (is_rebaselining()) {
         fs::create_directories(wanted.parent_path());
         fs::copy_file(png, wanted, fs::copy_options::overwrite_existing);
@@ -84,25 +87,26 @@ testing::AssertionResult looks_as_expected(const fs::path& png, const std::strin
     std::string problem;
     const Surface actual = read(png, problem);
     if (!actual) return testing::AssertionFailure() << "no picture was made: " << problem;
-    fs::create_directories(failed.parent_path());
-    fs::remove(failed);
-    fs::remove(differences);
-    auto failure = [&] {
-        fs::copy_file(png, failed);
-        return testing::AssertionFailure() << "the picture is " << failed.string() << "; ";
+    auto failure = [&](const Surface* differences) {
+        fs::copy_file(png, failed.actual(), fs::copy_options::overwrite_existing);
+        if (fs::exists(wanted))
+            fs::copy_file(wanted, failed.expected(), fs::copy_options::overwrite_existing);
+        if (differences) cairo_surface_write_to_png(differences->get(), failed.differences().c_str());
+        failed.write_page();
+        return testing::AssertionFailure() << "see " << failed.page().string() << "; ";
     };
 
     const Surface expected = read(wanted, problem);
-    if (!expected) return failure() << "what is expected cannot be read: " << problem;
+    if (!expected) return failure(nullptr) << "what is expected cannot be read: " << problem;
     if (width(expected) != width(actual) || height(expected) != height(actual))
-        return failure() << "it has " << width(actual) << " x " << height(actual) << " pixels, expected are "
-                         << width(expected) << " x " << height(expected) << " (" << wanted.string() << ")";
+        return failure(nullptr) << failed.actual().string() << " has " << width(actual) << " x "
+                                << height(actual) << " pixels, expected are " << width(expected) << " x "
+                                << height(expected) << " (" << wanted.string() << ")";
     const auto [marked, count] = differences_of(expected, actual);
     const size_t allowed = static_cast<size_t>(width(expected)) * height(expected) / pixels_per_stray;
     if (count <= allowed) return testing::AssertionSuccess();
-    cairo_surface_write_to_png(marked.get(), differences.c_str());
-    return failure() << count << " pixels differ from " << wanted.string() << " by more than " << tolerance
-                     << "; they are red in " << differences.string();
+    return failure(&marked) << count << " pixels of " << failed.actual().string() << " differ from "
+                            << wanted.string() << " by more than " << tolerance;
 }
 
 }  // namespace test

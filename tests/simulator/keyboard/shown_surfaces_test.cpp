@@ -1,0 +1,239 @@
+// The parts of a shown keyboard that are asked for one by one: its halves, the switcher, the form's bar, the
+// page.
+#include <cstddef>
+#include <map>
+#include <vector>
+
+#include "platform/keyboard.h"
+#include "platform/substrate.h"
+#include "support/phone.h"
+
+namespace test {
+namespace {
+
+/// What happened while a keyboard was shown, as replaced methods heard it.
+std::map<std::string, int> heard;
+std::vector<CGRect> key_frames, accessory_frames;
+std::vector<std::string> key_texts;
+
+class ShownSurfaces : public testing::Test {
+  protected:
+    void SetUp() override { phone.boot(); }
+
+    static sim_keyboard request() {
+        sim_keyboard keyboard{};
+        keyboard.size = sizeof keyboard;
+        return keyboard;
+    }
+    static void show(const sim_keyboard& keyboard) {
+        ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
+    }
+    std::string picture_of(const sim_keyboard& keyboard) {
+        show(keyboard);
+        EXPECT_EQ(sim_take_picture(phone.host("/picture.png").c_str(), 1), SIM_OK) << sim_last_error();
+        return phone.read("/picture.png");
+    }
+
+    template <class Function>
+    static void replace(const char* class_name, const char* selector, Function function, IMP* previous) {
+        MSHookMessageEx(objc_getClass(class_name), sel_registerName(selector),
+                        reinterpret_cast<IMP>(+function), previous);
+        ASSERT_NE(*previous, nullptr) << class_name << " " << selector;
+    }
+
+    /// From now on the frames and texts of the keys that are made are noted.
+    static void hear_keys() {
+        static IMP previous = nullptr;
+        replace(
+            "UIKBKeyView", "initWithKey:factory:",
+            [](id self, SEL selector, id key, id factory) {
+                auto* tree = static_cast<UIKBTree*>(key);
+                key_frames.push_back(tree->frame());
+                key_texts.push_back(utf8(tree->displayString()));
+                return reinterpret_cast<id (*)(id, SEL, id, id)>(previous)(self, selector, key, factory);
+            },
+            &previous);
+    }
+
+    Phone phone;
+};
+
+// ---- Halves ----
+
+TEST_F(ShownSurfaces, TheKeysOfASplitKeyboardLieWithinItsHalves) {
+    hear_keys();
+    auto keyboard = request();
+    keyboard.split = true;
+    for (const char* plane : {"letters", "shifted", "numbers", "symbols"}) {
+        key_frames.clear();
+        keyboard.plane = plane;
+        show(keyboard);
+        ASSERT_GT(key_frames.size(), 20u);
+        for (const CGRect& frame : key_frames) {
+            const CGFloat left = frame.origin.x, right = left + frame.size.width;
+            EXPECT_TRUE((left >= 0 && right <= 150) || (left >= 225 && right <= 375))
+                << left << " to " << right;
+            EXPECT_GT(frame.size.width, 10);
+        }
+    }
+}
+
+TEST_F(ShownSurfaces, EachHalfHasASpaceBar) {
+    hear_keys();
+    key_frames.clear();
+    key_texts.clear();
+    auto keyboard = request();
+    keyboard.split = true;
+    show(keyboard);
+    std::vector<CGFloat> middles;
+    for (size_t i = 0; i < key_texts.size(); ++i)
+        if (key_texts[i] == "space") middles.push_back(key_frames[i].origin.x + key_frames[i].size.width / 2);
+    ASSERT_EQ(middles.size(), 2u);
+    EXPECT_LT(middles[0], 150);
+    EXPECT_GT(middles[1], 225);
+}
+
+TEST_F(ShownSurfaces, ThePageShowsBetweenTheHalves) {
+    auto notes = request(), busy = request();
+    notes.split = busy.split = true;
+    busy.background = "busy";
+    EXPECT_NE(picture_of(notes), picture_of(busy));
+}
+
+TEST_F(ShownSurfaces, ThePiecesOfTheBackdropAreFetchedByTheirGetters) {
+    static IMP full, left, right;
+    heard.clear();
+    auto hear = [] < IMP & previous > (const char* name) {
+        replace(
+            "UIKBInputBackdropView", name,
+            [](id self, SEL selector) {
+                ++heard[sel_getName(selector)];
+                return reinterpret_cast<id (*)(id, SEL)>(previous)(self, selector);
+            },
+            &previous);
+    };
+    hear.operator()<full>("inputBackdropFullView");
+    hear.operator()<left>("inputBackdropLeftView");
+    hear.operator()<right>("inputBackdropRightView");
+    auto keyboard = request();
+    keyboard.split = true;
+    show(keyboard);
+    EXPECT_GE(heard["inputBackdropFullView"], 1);
+    EXPECT_GE(heard["inputBackdropLeftView"], 1);
+    EXPECT_GE(heard["inputBackdropRightView"], 1);
+}
+
+TEST_F(ShownSurfaces, TheEmojiPlaneIsNeverSplit) {
+    auto keyboard = request();
+    keyboard.plane = "emoji";
+    keyboard.split = true;
+    EXPECT_EQ(sim_show_keyboard(&keyboard), SIM_NOT_FOUND);
+    EXPECT_STREQ(sim_last_error(),
+                 "sim_show_keyboard: the emoji plane is never split; the planes that can be are letters, "
+                 "shifted, numbers, symbols");
+}
+
+// ---- Switcher ----
+
+TEST_F(ShownSurfaces, TheSwitcherHasThreeCellsAndThreeSegments) {
+    static IMP cell, segment;
+    heard.clear();
+    replace(
+        "UIInputSwitcherTableCell", "initWithStyle:reuseIdentifier:",
+        [](id self, SEL selector, NSInteger style, id identifier) {
+            ++heard["cell"];
+            return reinterpret_cast<id (*)(id, SEL, NSInteger, id)>(cell)(self, selector, style, identifier);
+        },
+        &cell);
+    replace(
+        "UIInputSwitcherTableCellSegmentView", "layoutSubviews",
+        [](id self, SEL selector) {
+            reinterpret_cast<void (*)(id, SEL)>(segment)(self, selector);
+            ++heard[static_cast<UIInputSwitcherTableCellSegmentView*>(self)->isSelected() ? "selected"
+                                                                                          : "other"];
+            EXPECT_NE(static_cast<UIInputSwitcherTableCellSegmentView*>(self)->imageView()->image(), nullptr);
+        },
+        &segment);
+    auto keyboard = request();
+    show(keyboard);
+    EXPECT_TRUE(heard.empty()) << "none without being asked for";
+    keyboard.switcher = true;
+    show(keyboard);
+    EXPECT_EQ(heard["cell"], 3);
+    EXPECT_EQ(heard["selected"], 1);
+    EXPECT_EQ(heard["other"], 2);
+}
+
+TEST_F(ShownSurfaces, OneKeyboardOfTheSwitcherIsInUse) {
+    static IMP table;
+    heard.clear();
+    replace(
+        "UIInputSwitcherTableView", "layoutSubviews",
+        [](id self, SEL selector) {
+            reinterpret_cast<void (*)(id, SEL)>(table)(self, selector);
+            NSArray* cells = static_cast<UIView*>(self)->subviews();
+            for (NSUInteger i = 0; i < cells->count(); ++i)
+                heard[static_cast<UIInputSwitcherTableCell*>(cells->objectAtIndex(i))->isChecked()
+                          ? "in use"
+                          : "other"]++;
+        },
+        &table);
+    auto keyboard = request();
+    keyboard.switcher = true;
+    show(keyboard);
+    EXPECT_EQ(heard, (std::map<std::string, int>{{"in use", 1}, {"other", 2}}));
+}
+
+// ---- Form ----
+
+TEST_F(ShownSurfaces, TheFormsBarIsAsWideAsTheKeyboard) {
+    static IMP layout;
+    accessory_frames.clear();
+    replace(
+        "UIWebFormAccessory", "layoutSubviews",
+        [](id self, SEL selector) {
+            reinterpret_cast<void (*)(id, SEL)>(layout)(self, selector);
+            accessory_frames.push_back(static_cast<UIView*>(self)->frame());
+        },
+        &layout);
+    auto keyboard = request();
+    show(keyboard);
+    EXPECT_TRUE(accessory_frames.empty()) << "none without being asked for";
+    keyboard.form_accessory = true;
+    show(keyboard);
+    ASSERT_FALSE(accessory_frames.empty());
+    EXPECT_EQ(accessory_frames[0], (CGRect{{0, 0}, {375, 44}}));
+}
+
+// ---- Page ----
+
+TEST_F(ShownSurfaces, ThePageIsOfNotesUnlessToldOtherwise) {
+    auto keyboard = request();
+    const std::string unsaid = picture_of(keyboard);
+    keyboard.background = "notes";
+    EXPECT_EQ(picture_of(keyboard), unsaid);
+    for (const char* other : {"light", "busy"}) {
+        keyboard.background = other;
+        EXPECT_NE(picture_of(keyboard), unsaid) << other;
+    }
+}
+
+TEST_F(ShownSurfaces, APageThatDoesNotExistIsNamedWithThoseThatDo) {
+    auto keyboard = request();
+    keyboard.background = "dark";
+    EXPECT_EQ(sim_show_keyboard(&keyboard), SIM_NOT_FOUND);
+    EXPECT_STREQ(sim_last_error(),
+                 "sim_show_keyboard: no background is called \"dark\"; there are notes, light, busy");
+}
+
+TEST_F(ShownSurfaces, ACallerThatDoesNotKnowTheseMembersGetsNoneOfThem) {
+    auto keyboard = request();
+    const std::string plain = picture_of(keyboard);
+    keyboard.split = keyboard.switcher = keyboard.form_accessory = true;
+    keyboard.background = "busy";
+    keyboard.size = offsetof(sim_keyboard, split);
+    EXPECT_EQ(picture_of(keyboard), plain);
+}
+
+}  // namespace
+}  // namespace test
