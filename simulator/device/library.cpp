@@ -8,8 +8,8 @@
 #include <cstring>
 #include <ctime>
 #include <fstream>
-#include <iterator>
 #include <set>
+#include <utility>
 
 #include "device/refusal.h"
 #include "objc/runtime.h"
@@ -34,9 +34,8 @@ std::string read_whole(const std::string& path) {
     if (status.st_size > largest_library)
         throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it is larger than any library, " +
                                         std::to_string(status.st_size) + " bytes");
-    std::ifstream file(path, std::ios::binary);
-    std::string contents{std::istreambuf_iterator<char>(file), {}};
-    if (!file.is_open() || file.bad())
+    std::string contents(static_cast<size_t>(status.st_size), '\0');
+    if (!std::ifstream(path, std::ios::binary).read(contents.data(), status.st_size))
         throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it cannot be read");
     return contents;
 }
@@ -78,7 +77,7 @@ void* Library::symbol(std::string_view name) const {
 }
 
 std::unique_ptr<Library> load_library(const std::string& host_path) {
-    const std::string contents = read_whole(host_path);
+    std::string contents = read_whole(host_path);
     auto is = [&](std::string_view magic) { return contents.starts_with(magic); };
     if (!is(elf_magic) && !is(macho_magic) && !is(fat_macho_magic))
         throw Refusal(SIM_BAD_FILE,
@@ -88,7 +87,7 @@ std::unique_ptr<Library> load_library(const std::string& host_path) {
     std::free(real);
     if (loaded_paths().contains(path))
         throw Refusal(SIM_MISUSE, "cannot load " + host_path + ": it is loaded already");
-    auto library = is(elf_magic) ? load_elf(path, contents) : load_macho(path, contents);
+    auto library = is(elf_magic) ? load_elf(path, contents) : load_macho(path, std::move(contents));
     loaded_paths().insert(path);
     return library;
 }

@@ -41,7 +41,7 @@ std::unique_ptr<Library> load_library(const std::string& host_path);
 
 /// The two kinds. `contents` are the file's.
 std::unique_ptr<Library> load_elf(const std::string& host_path, std::string_view contents);
-std::unique_ptr<Library> load_macho(const std::string& host_path, std::string_view contents);
+std::unique_ptr<Library> load_macho(const std::string& host_path, std::string contents);
 
 /// The processor time that the process has taken so far, in seconds.
 double processor_seconds();

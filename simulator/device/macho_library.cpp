@@ -63,12 +63,17 @@ void adopt_strings(const macho::Image& image) {
     }
 }
 
+/// The image, mapped and bound. The file's contents are gone by the time that anything of it runs.
+macho::Image image_of(const std::string& host_path, std::string contents) {
+    const std::span file(reinterpret_cast<const uint8_t*>(contents.data()), contents.size());
+    return macho::Image::load_bytes(
+        file, host_path, [](const macho::Import& import) { return resolve_import(import.symbol); });
+}
+
 }  // namespace
 
-std::unique_ptr<Library> load_macho(const std::string& host_path, std::string_view contents) try {
-    const std::span file(reinterpret_cast<const uint8_t*>(contents.data()), contents.size());
-    auto image = macho::Image::load_bytes(
-        file, host_path, [](const macho::Import& import) { return resolve_import(import.symbol); });
+std::unique_ptr<Library> load_macho(const std::string& host_path, std::string contents) try {
+    auto image = image_of(host_path, std::move(contents));
     adopt_strings(image);
     auto classes = macho::import_classes(image).registered;
     std::sort(classes.begin(), classes.end());

@@ -1,4 +1,7 @@
-// Colours of UIKit: each holds one of CoreGraphics, and is equal to what has the same.
+// Colours of UIKit: each holds one of CoreGraphics, made when it is first asked for, and is equal to what has
+// the same.
+#include <array>
+
 #include "coregraphics/CGColor.h"
 #include "coregraphics/CGColorSpace.h"
 #include "coregraphics/CGImage.h"
@@ -12,16 +15,19 @@ using objc::strong;
 struct Color : objc::Implements<Color, UIColor> {
     struct Ivars {
         strong<::CGColor> color;
+        // What the colour is made of, while there is none yet.
+        std::array<CGFloat, 4> components;
+        CGColorSpaceModel model;
     };
 
     // ---- Making ---------------------------------------------------------------------------------
 
     template <class... Components>
     strong<UIColor> initWithComponents(CGColorSpaceModel model, Components... components) {
-        const CGFloat list[] = {components...};
         auto self = initialised_by_super<"init">();
         if (!self) return nullptr;
-        self->ivars().color = objc::adopt(CGColorCreate(sim::color_space_of(model), list));
+        self->ivars().components = {components...};
+        self->ivars().model = model;
         return self;
     }
 
@@ -71,14 +77,19 @@ struct Color : objc::Implements<Color, UIColor> {
 
     // ---- Asking ---------------------------------------------------------------------------------
 
-    CGColorRef CGColor() { return ivars().color; }
+    CGColorRef core() {
+        auto& [color, components, model] = ivars();
+        if (!color) color = objc::adopt(CGColorCreate(sim::color_space_of(model), components.data()));
+        return color;
+    }
+    CGColorRef CGColor() { return core(); }
 
     UIColor* colorWithAlphaComponent(CGFloat alpha) {
-        return UIColor::colorWithCGColor(objc::adopt(CGColorCreateCopyWithAlpha(ivars().color, alpha)));
+        return UIColor::colorWithCGColor(objc::adopt(CGColorCreateCopyWithAlpha(core(), alpha)));
     }
 
     bool getRGB(CGFloat* red, CGFloat* green, CGFloat* blue, CGFloat* alpha) {
-        const auto rgba = sim::rgba_of(ivars().color);
+        const auto rgba = sim::rgba_of(core());
         if (!rgba) return false;
         if (red) *red = rgba->red;
         if (green) *green = rgba->green;
@@ -89,7 +100,7 @@ struct Color : objc::Implements<Color, UIColor> {
 
     // The grey of an RGB colour is its luma.
     bool getWhite(CGFloat* white, CGFloat* alpha) {
-        const auto rgba = sim::rgba_of(ivars().color);
+        const auto rgba = sim::rgba_of(core());
         if (!rgba) return false;
         const bool grey = rgba->red == rgba->green && rgba->green == rgba->blue;
         if (white) *white = grey ? rgba->red : 0.299 * rgba->red + 0.587 * rgba->green + 0.114 * rgba->blue;
@@ -99,15 +110,15 @@ struct Color : objc::Implements<Color, UIColor> {
 
     bool isEqual(id other) {
         auto* color = as<UIColor>(other);
-        return color && CGColorEqualToColor(ivars().color, color->CGColor());
+        return color && CGColorEqualToColor(core(), color->CGColor());
     }
-    NSUInteger hash() { return ivars().color->send<"hash", NSUInteger>(); }
+    NSUInteger hash() { return core()->send<"hash", NSUInteger>(); }
     strong<UIColor> copyWithZone(void*) { return this; }  // a colour never changes
 
     // ---- Using ----------------------------------------------------------------------------------
 
-    void setFill() { CGContextSetFillColorWithColor(UIGraphicsGetCurrentContext(), ivars().color); }
-    void setStroke() { CGContextSetStrokeColorWithColor(UIGraphicsGetCurrentContext(), ivars().color); }
+    void setFill() { CGContextSetFillColorWithColor(UIGraphicsGetCurrentContext(), core()); }
+    void setStroke() { CGContextSetStrokeColorWithColor(UIGraphicsGetCurrentContext(), core()); }
     void set() {
         auto* self = static_cast<UIColor*>(this);
         self->setFill();
@@ -121,6 +132,8 @@ using namespace objc::definition;
 
 OBJC_CLASS(UIColor, NSObject, Color,
            ivar<"_color", &Color::Ivars::color>,
+           ivar<"_components", &Color::Ivars::components>,
+           ivar<"_model", &Color::Ivars::model>,
            class_method<"blackColor", &Color::grey<0.0, 1.0>>,
            class_method<"darkGrayColor", &Color::grey<1 / 3.0, 1.0>>,
            class_method<"grayColor", &Color::grey<0.5, 1.0>>,

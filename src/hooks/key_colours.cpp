@@ -10,9 +10,6 @@ namespace hooks {
 
 using namespace objc::literals;
 
-/// Every key background, shadow and control-key foreground; the named-colour hook makes it transparent.
-NSString* clear_colour_name() { return "UIKBColorClear"_ns; }
-
 UIColor* text_colour() { return sharedPreferences->getTextColor(); }
 
 /// The language indicator gets no blurred view.

@@ -5,7 +5,12 @@
 
 namespace hooks {
 
-NSString* clear_colour_name();
+/// Every key background, shadow and control-key foreground; the named-colour hook makes it transparent. Here,
+/// so that the replacement consists of it and calls nothing.
+inline NSString* clear_colour_name() {
+    using namespace objc::literals;
+    return "UIKBColorClear"_ns;
+}
 UIColor* text_colour();
 
 objc::strong<UIView> drop_language_indicator(

@@ -20,10 +20,11 @@ constexpr double alpha_when_missing = 1.0;
 /// The scaled background reaches this far beyond the portrait keyboard, in points.
 constexpr CGFloat height_beyond_keyboard = 40.0;
 
-/// The folder of theme files followed by a name. The name is appended as it stands; nil reads "(null)".
+/// The folder of theme files followed by a name. The name is appended as it stands; nil reads "(null)", as
+/// where no theme is named.
 NSString* path_of(NSString* name) {
-    NSString* folder = "/var/mobile/Library/Preferences/HuecraftConfiguration/"_ns;
-    return folder->stringByAppendingString(name ? name : "(null)"_ns);
+    if (!name) return "/var/mobile/Library/Preferences/HuecraftConfiguration/(null)"_ns;
+    return "/var/mobile/Library/Preferences/HuecraftConfiguration/"_ns->stringByAppendingString(name);
 }
 
 /// An immutable array of the colours' hex strings, in order.

@@ -40,16 +40,17 @@ void measure_hooks(std::vector<Ratio>& ratios) {
     check(ask_unhooked()->isEqualToString("UIKBColorWhite"_ns), "the other factory is not");
     check(CGColorEqualToColor(ask_named_colour(), make_the_colour()), "the named colour is the theme's");
 
-    Ratio fixed{.what = "a fixed-answer hook", .against = "such a method unhooked", .limit = 1.1};
-    compare(fixed, [] { ask_hooked(); }, [] { ask_unhooked(); });
+    auto fixed = compared(
+        {.what = "a fixed-answer hook", .against = "such a method unhooked", .limit = 1.1},
+        [] { ask_hooked(); }, [] { ask_unhooked(); });
     fixed.allocations = {.counted = allocations_of(ask_hooked), .allowed = 0};
     ratios.push_back(fixed);
 
-    Ratio named{.what = "the named-colour hook, \"UIKBColorText\"",
-                .against = "making the colour from its components",
-                .limit = 3.0};
-    compare(named, [] { ask_named_colour(); }, [] { make_the_colour(); });
-    ratios.push_back(named);
+    ratios.push_back(compared(
+        {.what = "the named-colour hook, \"UIKBColorText\"",
+         .against = "making the colour from its components",
+         .limit = 3.0},
+        [] { ask_named_colour(); }, [] { make_the_colour(); }));
 }
 
 }  // namespace bench

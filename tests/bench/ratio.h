@@ -34,9 +34,16 @@ void measure_colours(std::vector<Ratio>&);
 void measure_hooks(std::vector<Ratio>&);
 void measure_startup(std::vector<Ratio>&);
 
-/// Fills in the seconds that one call of `work` takes, and of `other`: medians of interleaved runs.
-void compare(Ratio& ratio, void (*work)(), void (*other)());
+using Work = void (*)();
 
-double median(std::vector<double> values);
+/// The seconds that one call of each takes, from interleaved runs.
+std::vector<double> seconds_of(const std::vector<Work>& works);
+
+/// The ratio with its costs measured: one call of `work` against one of `other`.
+Ratio compared(Ratio ratio, Work work, Work other);
+
+/// The cost that a quarter of the runs stay below. What disturbs a run only ever adds to it, so that this
+/// says more on a busy machine than the median does.
+double undisturbed(std::vector<double> costs);
 
 }  // namespace bench
