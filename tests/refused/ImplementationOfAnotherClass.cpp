@@ -1,21 +1,5 @@
 // refused: the implementation is of another class
-#include "objc/class.h"
-#include "platform/foundation.h"
-
-struct HCThing : objc::Interface<HCThing, "HCThing", NSObject> {};
-
-namespace {
-struct Thing : objc::Implements<Thing, HCThing> {
-    struct Ivars {
-        double width;
-        bool visible;
-    };
-    void setWidth(double) {}
-    static HCThing* thing(Class) { return nullptr; }
-};
-}  // namespace
-
-using namespace objc::definition;
+#include "thing.h"
 
 #ifdef CORRECTED
 OBJC_CLASS(HCThing, NSObject, Thing, ivar<"width", &Thing::Ivars::width>,
