@@ -165,8 +165,18 @@ typedef struct sim_keyboard {
 /* Puts the keyboard on the screen, in place of what was there. NULL shows the defaults. */
 SIM_API sim_status sim_show_keyboard(const sim_keyboard* keyboard);
 
+/* ---- The screen --------------------------------------------------------------------------------------- */
+
+/* Puts a view on the screen, at the frame it has, over the page of notes and in place of what was there. `view`
+ * is a UIView; the screen owns it until something else is shown. */
+SIM_API sim_status sim_show_view(void* view);
+
 /* Draws the screen and writes it to a host path as PNG. `scale` is in pixels per point; 0 is the screen's. */
 SIM_API sim_status sim_take_picture(const char* host_path, double scale);
+
+/* The same of a view alone, on the screen or not: laid out, as large as its bounds, transparent where nothing
+ * is drawn. */
+SIM_API sim_status sim_take_picture_of(void* view, const char* host_path, double scale);
 
 #ifdef __cplusplus
 }

@@ -1,6 +1,9 @@
-// What the C interface asks of the keyboard: to be shown in some state, and to be photographed.
+// What the C interface asks of the screen: to show the keyboard in some state, or a view, and to be
+// photographed.
 #pragma once
 #include <string>
+
+#include "platform/uikit.h"
 
 namespace sim {
 
@@ -28,6 +31,9 @@ struct KeyboardRequest {
 /// does not exist; `error` then says in one line what was found and what there is, and the screen stays as it
 /// was.
 bool show_keyboard(const KeyboardRequest&, std::string& error);
+
+/// Puts the view on the screen, at the frame it has, over the page of notes and in place of what was there.
+void show_view(UIView*);
 
 /// Lays out, draws the screen's contents and writes them to `path`, a path of the host, as PNG. `scale` is in
 /// pixels per point; 0 is the screen's. False when nothing is shown or the file cannot be written.
