@@ -180,8 +180,38 @@ typedef struct sim_key {
 SIM_API size_t sim_key_count(void);
 SIM_API sim_status sim_key_at(size_t index, sim_key* key);
 
+/* ---- The screen --------------------------------------------------------------------------------------- */
+
+/* Puts a view on the screen, at the frame it has, over the page of notes and in place of what was there.
+ * `view` is a UIView; the screen owns it until something else is shown. */
+SIM_API sim_status sim_show_view(void* view);
+
 /* Draws the screen and writes it to a host path as PNG. `scale` is in pixels per point; 0 is the screen's. */
 SIM_API sim_status sim_take_picture(const char* host_path, double scale);
+
+/* The same of a view alone, on the screen or not: laid out, as large as its bounds, transparent where nothing
+ * is drawn. */
+SIM_API sim_status sim_take_picture_of(void* view, const char* host_path, double scale);
+
+/* ---- Layout ------------------------------------------------------------------------------------------- */
+
+typedef enum sim_layout_problem {
+    /* Constraints contradict each other: one of them is left out. */
+    SIM_LAYOUT_CONFLICT = 0,
+    /* Constraints say too little of a view: it is as small as they let it be. */
+    SIM_LAYOUT_AMBIGUITY = 1
+} sim_layout_problem;
+
+typedef struct sim_layout_report {
+    sim_layout_problem problem;
+    /* Names the views by their classes and places in the tree. It was written to stderr, too. */
+    const char* line;
+} sim_layout_report;
+
+/* What was wrong with the layouts by constraints so far, in order. Nothing is reported twice while it stays
+ * wrong. The line is valid until the next layout. */
+SIM_API size_t sim_layout_report_count(void);
+SIM_API sim_status sim_layout_report_at(size_t index, sim_layout_report* report);
 
 #ifdef __cplusplus
 }
