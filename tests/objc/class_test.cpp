@@ -39,8 +39,8 @@ struct Meadow : objc::Implements<Meadow, HCMeadow> {
         State state;
     };
     objc::strong<HCMeadow> initWithName(NSString* name) {
-        if (!name) return nullptr;
         auto self = initialised_by_super<"init">();
+        if (!name) return nullptr;
         self->ivars().name = name;
         self->ivars().mown = true;
         return self;
