@@ -240,6 +240,15 @@ TEST_F(ImageAlpha, AStored99IsUntouched) {
 TEST_F(ImageAlpha, AStored98IsBakedInOnce) {
     EXPECT_EQ(alphas_of_piece("<real>0.98</real>"), std::vector<double>{static_cast<double>(0.98f)});
 }
+TEST_F(ImageAlpha, OneThatIsNoNumberLeavesTheImageUntouched) {
+    EXPECT_EQ(alphas_of_piece("<real>nan</real>"), std::vector<double>{});
+}
+TEST_F(ImageAlpha, ANegativeOneIsPassedOnAsItIs) {
+    EXPECT_EQ(alphas_of_piece("<real>-0.5</real>"), std::vector<double>{-0.5});
+}
+TEST_F(ImageAlpha, OneBeyondOneLeavesTheImageUntouched) {
+    EXPECT_EQ(alphas_of_piece("<real>7</real>"), std::vector<double>{});
+}
 
 TEST_F(Background, OtherTypesLeaveThePiecesUntouched) {
     start("2", red_and_blue);

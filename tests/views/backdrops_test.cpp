@@ -264,6 +264,15 @@ TEST_F(GradientBackdrop, AnEmptyListStaysEmpty) {
     EXPECT_EQ(layer(backdrop)->colors()->count(), 0u);
 }
 
+TEST_F(ImageBackdrop, AlphasOutOfRangeAreTakenAsTheNearestThatCounts) {
+    for (const auto& [alpha, seen] : std::vector<std::pair<double, double>>{
+             {-3, 0}, {7, 1}, {INFINITY, 1}, {-INFINITY, 0}, {NAN, 0}}) {
+        id backdrop = showing(red(), 1.0);
+        objc::send<"setImageAlpha:">(backdrop, alpha);
+        EXPECT_EQ(alpha_of(shown(backdrop)), seen) << alpha;
+    }
+}
+
 TEST_F(GradientBackdrop, ItsAlphaIsReplacedNotMultiplied) {
     id backdrop = with_style("_UIBackdropGradientView");
     objc::send<"setColors:">(backdrop, array({color(1, 0, 0, 0.8), color(0, 0, 1)}));
