@@ -240,6 +240,22 @@ sim_status sim_show_keyboard(const sim_keyboard* keyboard) {
     });
 }
 
+size_t sim_key_count() { return sim::shown_keys().size(); }
+
+sim_status sim_key_at(size_t index, sim_key* key) {
+    return answer([&] {
+        require(key, "sim_key_at", "key");
+        if (index >= sim_key_count())
+            throw Refusal(SIM_NOT_FOUND, "sim_key_at: there is no key " + std::to_string(index) + " of " +
+                                             std::to_string(sim_key_count()));
+        const sim::ShownKey& shown = sim::shown_keys()[index];
+        const auto& [origin, size] = shown.frame;
+        *key = {shown.name.c_str(), shown.text.empty() ? nullptr : shown.text.c_str(),
+                origin.x,           origin.y,
+                size.width,         size.height};
+    });
+}
+
 sim_status sim_take_picture(const char* host_path, double scale) {
     return answer([&] {
         require(host_path, "sim_take_picture", "host_path");

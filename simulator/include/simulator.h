@@ -165,6 +165,21 @@ typedef struct sim_keyboard {
 /* Puts the keyboard on the screen, in place of what was there. NULL shows the defaults. */
 SIM_API sim_status sim_show_keyboard(const sim_keyboard* keyboard);
 
+/* A key of the keyboard on the screen: where it takes touches, in points from the screen's upper left corner.
+ */
+typedef struct sim_key {
+    /* "Latin-Small-Letter-G", "Shift-Key" */
+    const char* name;
+    /* What stands on it; NULL for a key with a glyph. */
+    const char* text;
+    double x, y, width, height;
+} sim_key;
+
+/* The keys of the plane on the screen, row by row; none before a keyboard is shown. Marks on other keys are
+ * not among them. Names and texts are valid until another keyboard is shown. */
+SIM_API size_t sim_key_count(void);
+SIM_API sim_status sim_key_at(size_t index, sim_key* key);
+
 /* Draws the screen and writes it to a host path as PNG. `scale` is in pixels per point; 0 is the screen's. */
 SIM_API sim_status sim_take_picture(const char* host_path, double scale);
 

@@ -32,6 +32,11 @@ UIView*& shown_view() {
     return view;
 }
 
+std::vector<ShownKey>& keys_on_screen() {
+    static std::vector<ShownKey> keys;
+    return keys;
+}
+
 template <class Value>
 struct Choice {
     const char* name;
@@ -59,6 +64,22 @@ std::optional<Value> choose(const Choice<Value> (&choices)[Count], const char* w
     }
     error = std::string("no ") + what + " is called \"" + name + "\"; there are " + known;
     return std::nullopt;
+}
+
+std::string utf8(NSString* text) { return text ? text->UTF8String() : ""; }
+
+/// The plane's keys, moved to where the plane stands on the screen.
+std::vector<ShownKey> keys_of(UIKBTree* keyplane, CGFloat top) {
+    std::vector<ShownKey> keys;
+    NSArray* trees = keyplane->subtrees();
+    for (NSUInteger index = 0; index < trees->count(); ++index) {
+        auto* key = static_cast<UIKBTree*>(trees->objectAtIndex(index));
+        if (static_cast<KeyKind>(key->displayType()) == KeyKind::indicator) continue;
+        CGRect frame = key->frame();
+        frame.origin.y += top;
+        keys.push_back({utf8(key->name()), utf8(key->displayString()), frame});
+    }
+    return keys;
 }
 
 bool is_character(UIKBTree* key) { return static_cast<KeyKind>(key->displayType()) == KeyKind::character; }
@@ -140,8 +161,11 @@ bool show_keyboard(const KeyboardRequest& request, std::string& error) {
     page->addSubview(keyboard);
     page->layoutIfNeeded();
     strong<UIView>::adopt(std::exchange(shown_view(), page.leak()));
+    keys_on_screen() = keys_of(keyplane, size.height - metrics.dock_height - metrics.size.height);
     return true;
 }
+
+const std::vector<ShownKey>& shown_keys() { return keys_on_screen(); }
 
 bool take_picture(const std::string& path, double scale, std::string& error) {
     UIView* view = shown_view();

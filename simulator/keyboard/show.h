@@ -1,6 +1,9 @@
 // What the C interface asks of the keyboard: to be shown in some state, and to be photographed.
 #pragma once
 #include <string>
+#include <vector>
+
+#include "platform/coregraphics.h"
 
 namespace sim {
 
@@ -28,6 +31,17 @@ struct KeyboardRequest {
 /// does not exist; `error` then says in one line what was found and what there is, and the screen stays as it
 /// was.
 bool show_keyboard(const KeyboardRequest&, std::string& error);
+
+struct ShownKey {
+    std::string name;
+    /// Empty for a key with a glyph.
+    std::string text;
+    /// On the screen.
+    CGRect frame;
+};
+
+/// The keys of the plane on the screen, without the marks on them; none before a keyboard is shown.
+const std::vector<ShownKey>& shown_keys();
 
 /// Lays out, draws the screen's contents and writes them to `path`, a path of the host, as PNG. `scale` is in
 /// pixels per point; 0 is the screen's. False when nothing is shown or the file cannot be written.
