@@ -15,6 +15,7 @@
 #include "platform/keyboard.h"
 #include "runtime/installing_calls.h"
 #include "simulator.h"
+#include "uikit/picture.h"
 
 struct sim_library {
     std::unique_ptr<sim::Library> library;
@@ -123,6 +124,24 @@ sim::BootOptions boot_options(const sim_options& given) {
     if (options.screen_scale != 0) wanted.device.screen_scale = options.screen_scale;
     for (auto* name = options.left_out_classes; name && *name; ++name) wanted.left_out_classes.insert(*name);
     return wanted;
+}
+
+/// The object as a view. It is asked nothing: an object of any root class may have been given.
+UIView* view_of(void* object, const char* function) {
+    require(object, function, "view");
+    require_boot(function);
+    auto* view = static_cast<id>(object);
+    const Class wanted = UIView::class_object();
+    for (Class above = object_getClass(view); above; above = class_getSuperclass(above))
+        if (above == wanted) return static_cast<UIView*>(view);
+    throw Refusal(SIM_MISUSE, std::string(function) + ": the object is of the class " +
+                                  object_getClassName(view) + ", which is no UIView");
+}
+
+void require_scale(double scale, const char* function) {
+    if (!(scale >= 0 && scale <= 10))
+        throw Refusal(SIM_MISUSE, std::string(function) + ": the scale is " + std::to_string(scale) +
+                                      "; it is from 0 to 10 pixels per point");
 }
 
 sim_call_kind kind_of(const sim::InstallingCall& call) {
@@ -260,11 +279,42 @@ sim_status sim_take_picture(const char* host_path, double scale) {
     return answer([&] {
         require(host_path, "sim_take_picture", "host_path");
         require_boot("sim_take_picture");
-        if (!(scale >= 0 && scale <= 10))
-            throw Refusal(SIM_MISUSE, "sim_take_picture: the scale is " + std::to_string(scale) +
-                                          "; it is from 0 to 10 pixels per point");
+        require_scale(scale, "sim_take_picture");
         std::string error;
         if (!sim::take_picture(host_path, scale, error))
             throw Refusal(SIM_BAD_FILE, "sim_take_picture: " + error);
+    });
+}
+
+sim_status sim_show_view(void* view) {
+    return answer([&] { sim::show_view(view_of(view, "sim_show_view")); });
+}
+
+sim_status sim_view_on_screen(const char* class_name, void** view) {
+    return answer([&] {
+        require(class_name, "sim_view_on_screen", "class_name");
+        require(view, "sim_view_on_screen", "view");
+        require_boot("sim_view_on_screen");
+        Class type = objc_getClass(class_name);
+        *view = type ? sim::view_on_screen(type) : nullptr;
+        if (!*view)
+            throw Refusal(SIM_NOT_FOUND,
+                          std::string("sim_view_on_screen: there is no ") + class_name + " on the screen");
+    });
+}
+
+sim_status sim_take_picture_of(void* view, const char* host_path, double scale) {
+    return answer([&] {
+        UIView* pictured = view_of(view, "sim_take_picture_of");
+        require(host_path, "sim_take_picture_of", "host_path");
+        require_scale(scale, "sim_take_picture_of");
+        const CGSize size = pictured->bounds().size;
+        if (!(size.width > 0 && size.height > 0))
+            throw Refusal(SIM_MISUSE, "sim_take_picture_of: the view's bounds are empty, " +
+                                          std::to_string(size.width) + " x " + std::to_string(size.height) +
+                                          " points");
+        std::string error;
+        if (!sim::write_picture(pictured, sim::PictureGround::transparent, scale, host_path, error))
+            throw Refusal(SIM_BAD_FILE, "sim_take_picture_of: " + error);
     });
 }

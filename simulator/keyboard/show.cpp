@@ -1,4 +1,4 @@
-// Puts a keyboard on the screen, and takes pictures of it.
+// Puts a keyboard or a view on the screen, and takes pictures of it.
 #include "keyboard/show.h"
 
 #include <algorithm>
@@ -26,15 +26,31 @@ namespace {
 
 using objc::strong;
 
-/// What is on the screen: the application's page with the keyboard on it. Kept until the process ends.
-UIView*& shown_view() {
-    static UIView* view = nullptr;
-    return view;
+/// What is on the screen: the application's page with something on it. Kept until the process ends.
+UIView*& shown_page() {
+    static UIView* page = nullptr;
+    return page;
 }
 
 std::vector<ShownKey>& keys_on_screen() {
     static std::vector<ShownKey> keys;
     return keys;
+}
+
+/// The page replaces the one that was shown.
+void show_page(strong<UIView> page, std::vector<ShownKey> keys) {
+    page->layoutIfNeeded();
+    strong<UIView>::adopt(std::exchange(shown_page(), page.leak()));
+    keys_on_screen() = std::move(keys);
+}
+
+UIView* find_view(UIView* tree, Class type) {
+    if (tree->isKindOfClass(type)) return tree;
+    NSArray* subviews = tree->subviews();
+    for (NSUInteger index = 0; index < subviews->count(); ++index)
+        if (UIView* found = find_view(static_cast<UIView*>(subviews->objectAtIndex(index)), type))
+            return found;
+    return nullptr;
 }
 
 template <class Value>
@@ -159,21 +175,28 @@ bool show_keyboard(const KeyboardRequest& request, std::string& error) {
     frame.origin.y = size.height - frame.size.height;
     keyboard->setFrame(frame);
     page->addSubview(keyboard);
-    page->layoutIfNeeded();
-    strong<UIView>::adopt(std::exchange(shown_view(), page.leak()));
-    keys_on_screen() = keys_of(keyplane, size.height - metrics.dock_height - metrics.size.height);
+    show_page(std::move(page), keys_of(keyplane, size.height - metrics.dock_height - metrics.size.height));
     return true;
 }
 
 const std::vector<ShownKey>& shown_keys() { return keys_on_screen(); }
 
+void show_view(UIView* view) {
+    strong<UIView> page =
+        make_app_content(AppContent::notes, {device().screen_width, device().screen_height});
+    page->addSubview(view);
+    show_page(std::move(page), {});
+}
+
+UIView* view_on_screen(Class type) { return shown_page() ? find_view(shown_page(), type) : nullptr; }
+
 bool take_picture(const std::string& path, double scale, std::string& error) {
-    UIView* view = shown_view();
-    if (!view) {
+    UIView* page = shown_page();
+    if (!page) {
         error = "nothing is on the screen";
         return false;
     }
-    return write_picture(view, scale, path, error);
+    return write_picture(page, PictureGround::black, scale, path, error);
 }
 
 }  // namespace sim
