@@ -15,6 +15,7 @@
 #include "platform/keyboard.h"
 #include "runtime/installing_calls.h"
 #include "simulator.h"
+#include "uikit/layout/layout_reports.h"
 #include "uikit/picture.h"
 
 struct sim_library {
@@ -316,5 +317,19 @@ sim_status sim_take_picture_of(void* view, const char* host_path, double scale) 
         std::string error;
         if (!sim::write_picture(pictured, sim::PictureGround::transparent, scale, host_path, error))
             throw Refusal(SIM_BAD_FILE, "sim_take_picture_of: " + error);
+    });
+}
+
+size_t sim_layout_report_count() { return sim::layout_reports().size(); }
+
+sim_status sim_layout_report_at(size_t index, sim_layout_report* report) {
+    return answer([&] {
+        require(report, "sim_layout_report_at", "report");
+        if (index >= sim_layout_report_count())
+            throw Refusal(SIM_NOT_FOUND, "sim_layout_report_at: there is no report " + std::to_string(index) +
+                                             " of " + std::to_string(sim_layout_report_count()));
+        const auto& found = sim::layout_reports()[index];
+        const bool conflict = found.problem == sim::LayoutReport::Problem::conflict;
+        *report = {conflict ? SIM_LAYOUT_CONFLICT : SIM_LAYOUT_AMBIGUITY, found.line.c_str()};
     });
 }

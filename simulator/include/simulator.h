@@ -197,6 +197,26 @@ SIM_API sim_status sim_take_picture(const char* host_path, double scale);
  * is drawn. */
 SIM_API sim_status sim_take_picture_of(void* view, const char* host_path, double scale);
 
+/* ---- Layout ------------------------------------------------------------------------------------------- */
+
+typedef enum sim_layout_problem {
+    /* Constraints contradict each other: one of them is left out. */
+    SIM_LAYOUT_CONFLICT = 0,
+    /* Constraints say too little of a view: it is as small as they let it be. */
+    SIM_LAYOUT_AMBIGUITY = 1
+} sim_layout_problem;
+
+typedef struct sim_layout_report {
+    sim_layout_problem problem;
+    /* Names the views by their classes and places in the tree. It was written to stderr, too. */
+    const char* line;
+} sim_layout_report;
+
+/* What was wrong with the layouts by constraints so far, in order. Nothing is reported twice while it stays
+ * wrong. The line is valid until the next layout. */
+SIM_API size_t sim_layout_report_count(void);
+SIM_API sim_status sim_layout_report_at(size_t index, sim_layout_report* report);
+
 #ifdef __cplusplus
 }
 #endif

@@ -4,6 +4,7 @@
 
 #include "objc/class.h"
 #include "platform/uikit.h"
+#include "uikit/layout/layout_state.h"
 
 namespace sim {
 
@@ -18,6 +19,7 @@ struct View : objc::Implements<View, UIView> {
         UIViewAutoresizing autoresizingMask = 0;
         bool autoresizesSubviews = true, userInteractionEnabled = true;
         NSInteger tag = 0;
+        LayoutState layout;
     };
 
     static Class layerClass(Class self);
@@ -33,7 +35,7 @@ struct View : objc::Implements<View, UIView> {
     CGRect bounds() { return ivars().layer->bounds(); }
     void setBounds(CGRect bounds);
     CGPoint center() { return ivars().layer->position(); }
-    void setCenter(CGPoint center) { ivars().layer->setPosition(center); }
+    void setCenter(CGPoint center);
     CGAffineTransform transform() { return ivars().layer->affineTransform(); }
     void setTransform(CGAffineTransform transform) { ivars().layer->setAffineTransform(transform); }
     CGPoint convertPointToView(CGPoint point, UIView* view);
@@ -44,7 +46,6 @@ struct View : objc::Implements<View, UIView> {
     UIView* hitTest(CGPoint point, id event);
     CGSize sizeThatFits(CGSize) { return static_cast<UIView*>(this)->bounds().size; }
     void sizeToFit();
-    CGSize intrinsicContentSize() { return {no_intrinsic_size, no_intrinsic_size}; }
 
     // Appearance, kept by the layer
     CGFloat alpha() { return ivars().layer->opacity(); }
@@ -83,9 +84,23 @@ struct View : objc::Implements<View, UIView> {
     void willMoveToSuperview(UIView*) {}
     void didMoveToSuperview() {}
 
+    // Layout by constraints
+    template <class Anchor, NSLayoutAttribute Attribute>
+    Anchor* anchor();
+    NSArray* constraints();
+    bool translatesAutoresizingMask() { return ivars().layout.translates_mask; }
+    void setTranslatesAutoresizingMask(bool translates);
+    bool hasAmbiguousLayout();
+    CGSize intrinsicContentSize() { return {UIViewNoIntrinsicMetric, UIViewNoIntrinsicMetric}; }
+    void invalidateIntrinsicContentSize();
+    UILayoutPriority huggingPriority(UILayoutConstraintAxis axis);
+    void setHuggingPriority(UILayoutPriority priority, UILayoutConstraintAxis axis);
+    UILayoutPriority compressionPriority(UILayoutConstraintAxis axis);
+    void setCompressionPriority(UILayoutPriority priority, UILayoutConstraintAxis axis);
+
     // Layout and display
     void setNeedsLayout() { ivars().layer->setNeedsLayout(); }
-    void layoutIfNeeded() { ivars().layer->layoutIfNeeded(); }
+    void layoutIfNeeded();
     void layoutSubviews() {}
     void layoutSublayersOfLayer(CALayer* layer);
     void setNeedsDisplay();
@@ -94,8 +109,6 @@ struct View : objc::Implements<View, UIView> {
     bool drawViewHierarchyInRect(CGRect rect, bool after_updates);
 
   private:
-    static constexpr CGFloat no_intrinsic_size = -1;
-
     void resized_from(CGSize old);
     bool draws_itself();
     bool contains(UIView* view);
