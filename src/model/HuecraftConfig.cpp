@@ -157,7 +157,7 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
         if (ivars().backgroundImageCache) return lasting_here(ivars().backgroundImageCache.get());
         if (auto* data = as<NSData>(value("_Image"_ns))) {
             objc::AutoreleasePool decoded;  // only the scaled image stays
-            CGSize size = keyboard_portrait_size();
+            CGSize size = keyboard_size(portrait_keyboard);
             size.height += height_beyond_keyboard;
             ivars().backgroundImageCache = HCCITool::newScale(size, UIImage::imageWithData(data));
             ivars().configuration->removeObjectForKey("_Image"_ns);

@@ -5,9 +5,8 @@
 
 extern "C" Class NSClassFromString(NSString* name);
 
-CGSize keyboard_portrait_size() {
+CGSize keyboard_size(NSInteger orientation) {
     using namespace objc::literals;
-    constexpr NSInteger portrait = 1;
     auto implementation = reinterpret_cast<id>(NSClassFromString("UIKeyboardImpl"_ns));
-    return objc::send<"keyboardSizeForInterfaceOrientation:", CGSize>(implementation, portrait);
+    return objc::send<"keyboardSizeForInterfaceOrientation:", CGSize>(implementation, orientation);
 }

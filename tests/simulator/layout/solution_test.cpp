@@ -160,6 +160,22 @@ TEST_F(Solution, LimitsOfSeveralViewsWorkTogether) {
     EXPECT_EQ(reports().size(), 0u);
 }
 
+TEST_F(Solution, AWishGoesRoundItsLimitsAsFarAsTheyLeaveRoom) {
+    // Straight on it runs into the first limit, along that into the second, and along that to the third.
+    UIView *a = free_view_in(root), *b = free_view_in(root);
+    for (UIView* each : {a, b}) {
+        fix_height(each);
+        active(each->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
+    }
+    active(b->widthAnchor()->constraintLessThanOrEqualToAnchor(a->widthAnchor(), 0.5, 20));
+    active(b->widthAnchor()->constraintLessThanOrEqualToAnchor(a->widthAnchor(), 0.1, 36));
+    active(a->widthAnchor()->constraintLessThanOrEqualToConstant(100));
+    active(b->widthAnchor()->constraintEqualToConstant(500), 500);
+    EXPECT_EQ(frame_of(b).size.width, 46);
+    EXPECT_EQ(frame_of(a).size.width, 100) << "nothing else is left for it";
+    EXPECT_EQ(reports().size(), 0u);
+}
+
 TEST_F(Solution, AnOptionalLimitGivesWay) {
     UIView* inner = free_view_in(root);
     fix_height(inner);
