@@ -16,6 +16,7 @@ set(HUECRAFT_SOURCES
     views/HCColourView.cpp
     views/HCGradientView.cpp
     views/HCImageView.cpp
+    views/HCPreview.cpp
     views/HCView.cpp
     views/_UIBackdropColouredView.cpp
     views/_UIBackdropGradientView.cpp
