@@ -29,8 +29,8 @@ class Numbers {
 };
 
 void fill_sky(CGContextRef context) {
-    constexpr CGFloat components[] = {0.07, 0.07, 0.20, 1, 0.17, 0.12, 0.33, 1,
-                                      0.33, 0.16, 0.36, 1, 0.45, 0.22, 0.30, 1};
+    constexpr CGFloat components[] = {0.02, 0.02, 0.08, 1, 0.06, 0.05, 0.15, 1,
+                                      0.12, 0.07, 0.18, 1, 0.17, 0.08, 0.16, 1};
     CGColorSpaceRef space = CGColorSpaceCreateDeviceRGB();
     CGGradientRef sky = CGGradientCreateWithColorComponents(space, components, nullptr, 4);
     CGContextDrawLinearGradient(context, sky, {0, 0}, {0, size.height * 0.8},
@@ -44,7 +44,7 @@ void scatter_stars(CGContextRef context) {
     for (int star = 0; star < 70; ++star) {
         const CGFloat x = numbers.next() * size.width, y = std::pow(numbers.next(), 2) * size.height * 0.55;
         const CGFloat diameter = 1 + 1.6 * numbers.next();
-        CGContextSetGrayFillColor(context, 1, 0.15 + 0.35 * numbers.next());
+        CGContextSetGrayFillColor(context, 1, 0.1 + 0.25 * numbers.next());
         CGContextFillEllipseInRect(context, {{x, y}, {diameter, diameter}});
     }
 }
@@ -61,7 +61,7 @@ void fill_ridge(CGContextRef context, CGFloat height, CGFloat roughness, CGFloat
     }
     CGContextAddLineToPoint(context, size.width, size.height);
     CGContextClosePath(context);
-    CGContextSetRGBFillColor(context, 0.24 * shade, 0.15 * shade, 0.30 * shade, 1);
+    CGContextSetRGBFillColor(context, 0.10 * shade, 0.06 * shade, 0.13 * shade, 1);
     CGContextFillPath(context);
 }
 
