@@ -291,6 +291,19 @@ sim_status sim_show_view(void* view) {
     return answer([&] { sim::show_view(view_of(view, "sim_show_view")); });
 }
 
+sim_status sim_view_on_screen(const char* class_name, void** view) {
+    return answer([&] {
+        require(class_name, "sim_view_on_screen", "class_name");
+        require(view, "sim_view_on_screen", "view");
+        require_boot("sim_view_on_screen");
+        Class type = objc_getClass(class_name);
+        *view = type ? sim::view_on_screen(type) : nullptr;
+        if (!*view)
+            throw Refusal(SIM_NOT_FOUND,
+                          std::string("sim_view_on_screen: there is no ") + class_name + " on the screen");
+    });
+}
+
 sim_status sim_take_picture_of(void* view, const char* host_path, double scale) {
     return answer([&] {
         UIView* pictured = view_of(view, "sim_take_picture_of");

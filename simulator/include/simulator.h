@@ -165,8 +165,8 @@ typedef struct sim_keyboard {
 /* Puts the keyboard on the screen, in place of what was there. NULL shows the defaults. */
 SIM_API sim_status sim_show_keyboard(const sim_keyboard* keyboard);
 
-/* A key of the keyboard on the screen: where it takes touches, in points from the screen's upper left corner.
- */
+/* A key of the keyboard on the screen: where it takes touches, in points from the screen's upper left
+ * corner. */
 typedef struct sim_key {
     /* "Latin-Small-Letter-G", "Shift-Key" */
     const char* name;
@@ -182,9 +182,13 @@ SIM_API sim_status sim_key_at(size_t index, sim_key* key);
 
 /* ---- The screen --------------------------------------------------------------------------------------- */
 
-/* Puts a view on the screen, at the frame it has, over the page of notes and in place of what was there.
- * `view` is a UIView; the screen owns it until something else is shown. */
+/* Puts a view on the screen, at the frame it has, over the page of notes and in place of what was there. `view`
+ * is a UIView; the screen owns it until something else is shown. */
 SIM_API sim_status sim_show_view(void* view);
+
+/* The first view of that class on the screen, page and all, parents before their children; subclasses count.
+ * It belongs to the screen. */
+SIM_API sim_status sim_view_on_screen(const char* class_name, void** view);
 
 /* Draws the screen and writes it to a host path as PNG. `scale` is in pixels per point; 0 is the screen's. */
 SIM_API sim_status sim_take_picture(const char* host_path, double scale);

@@ -32,15 +32,25 @@ UIView*& shown_page() {
     return page;
 }
 
-/// The page replaces the one that was shown.
-void show_page(strong<UIView> page) {
-    page->layoutIfNeeded();
-    strong<UIView>::adopt(std::exchange(shown_page(), page.leak()));
-}
-
 std::vector<ShownKey>& keys_on_screen() {
     static std::vector<ShownKey> keys;
     return keys;
+}
+
+/// The page replaces the one that was shown.
+void show_page(strong<UIView> page, std::vector<ShownKey> keys) {
+    page->layoutIfNeeded();
+    strong<UIView>::adopt(std::exchange(shown_page(), page.leak()));
+    keys_on_screen() = std::move(keys);
+}
+
+UIView* find_view(UIView* tree, Class type) {
+    if (tree->isKindOfClass(type)) return tree;
+    NSArray* subviews = tree->subviews();
+    for (NSUInteger index = 0; index < subviews->count(); ++index)
+        if (UIView* found = find_view(static_cast<UIView*>(subviews->objectAtIndex(index)), type))
+            return found;
+    return nullptr;
 }
 
 template <class Value>
@@ -165,8 +175,7 @@ bool show_keyboard(const KeyboardRequest& request, std::string& error) {
     frame.origin.y = size.height - frame.size.height;
     keyboard->setFrame(frame);
     page->addSubview(keyboard);
-    show_page(std::move(page));
-    keys_on_screen() = keys_of(keyplane, size.height - metrics.dock_height - metrics.size.height);
+    show_page(std::move(page), keys_of(keyplane, size.height - metrics.dock_height - metrics.size.height));
     return true;
 }
 
@@ -176,9 +185,10 @@ void show_view(UIView* view) {
     strong<UIView> page =
         make_app_content(AppContent::notes, {device().screen_width, device().screen_height});
     page->addSubview(view);
-    show_page(std::move(page));
-    keys_on_screen().clear();
+    show_page(std::move(page), {});
 }
+
+UIView* view_on_screen(Class type) { return shown_page() ? find_view(shown_page(), type) : nullptr; }
 
 bool take_picture(const std::string& path, double scale, std::string& error) {
     UIView* page = shown_page();

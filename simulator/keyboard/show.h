@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/coregraphics.h"
+
 #include "platform/uikit.h"
 
 namespace sim {
@@ -46,6 +48,10 @@ const std::vector<ShownKey>& shown_keys();
 
 /// Puts the view on the screen, at the frame it has, over the page of notes and in place of what was there.
 void show_view(UIView*);
+
+/// The first view of that class or a subclass on the screen, parents before their children; nil when there is
+/// none.
+UIView* view_on_screen(Class);
 
 /// Lays out, draws the screen's contents and writes them to `path`, a path of the host, as PNG. `scale` is in
 /// pixels per point; 0 is the screen's. False when nothing is shown or the file cannot be written.

@@ -47,16 +47,18 @@ double number(CAFilter* filter, NSString* key, double fallback) {
     return value ? value->send<"doubleValue", double>() : fallback;
 }
 
-/// The luminance with the bias added gives the brightness of the one colour; the amount mixes the result with
-/// what was there. The platform does not say how it computes this: the formula is the model's own.
+/// The luminance with the bias added gives the brightness of the one colour, which is at most the colour
+/// itself: with a bias of 1 only the shape is left. The amount mixes the result with what was there. The
+/// platform does not say how it computes this: the formula is the model's own.
 void make_monochrome(CAFilter* filter, cairo_surface_t* surface) {
     const RGBA color = rgba_of(as<CGColor>(filter->valueForKey("inputColor"_ns))).value_or(RGBA{1, 1, 1, 1});
     const double bias = number(filter, "inputBias"_ns, 0);
     const double amount = limited(number(filter, "inputAmount"_ns, 1));
     for_each_color(surface, [&](const Light& light) {
-        const double brightness = 0.2126 * light.red + 0.7152 * light.green + 0.0722 * light.blue + bias;
+        const double brightness =
+            limited(0.2126 * light.red + 0.7152 * light.green + 0.0722 * light.blue + bias);
         auto mixed = [&](double old, double component) {
-            return old + amount * (limited(brightness * component) - old);
+            return old + amount * (limited(component) * brightness - old);
         };
         return Light{mixed(light.blue, color.blue), mixed(light.green, color.green),
                      mixed(light.red, color.red)};

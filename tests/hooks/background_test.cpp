@@ -27,13 +27,12 @@ class Background : public testing::Test {
     }
     virtual void before_load() {}
 
-    static id made(const char* class_name) {
-        return objc_autorelease(objc::send<"initWithFrame:style:", id>(
-            objc::send<"alloc", id>(class_named(class_name)), CGRect{{0, 0}, {375, 216}}, NSInteger{2}));
+    static id styled(const char* class_name) {
+        return made<"initWithFrame:style:">(class_name, CGRect{{0, 0}, {375, 216}}, NSInteger{2});
     }
-    static UIKBBackdropView* backdrop() { return static_cast<UIKBBackdropView*>(made("UIKBBackdropView")); }
+    static UIKBBackdropView* backdrop() { return static_cast<UIKBBackdropView*>(styled("UIKBBackdropView")); }
     static UIKBVisualEffectView* effect() {
-        return static_cast<UIKBVisualEffectView*>(made("UIKBVisualEffectView"));
+        return static_cast<UIKBVisualEffectView*>(styled("UIKBVisualEffectView"));
     }
     template <class T>
     static T* variable(id object, const char* name) {
@@ -61,8 +60,7 @@ class Background : public testing::Test {
     Phone phone;
 };
 
-// ---- Flat colour
-// ---------------------------------------------------------------------------------------------------
+// ---- Flat colour -----------------------------------------------------------------------------------------
 
 TEST_F(Background, AFlatColourIsShownWithItsOwnAlpha) {
     start("1", half_red);
@@ -91,8 +89,7 @@ TEST_F(Background, AFlatColourWithoutColoursIsClear) {
     EXPECT_EQ(rgba(effect()->backgroundColor()), (Rgba{0, 0, 0, 1})) << "clear with its alpha replaced";
 }
 
-// ---- Gradient
-// -------------------------------------------------------------------------------------------------------
+// ---- Gradient --------------------------------------------------------------------------------------------
 
 TEST_F(Background, AGradientHasTheThemesColoursAndDirection) {
     start("2", red_and_blue);
@@ -131,8 +128,7 @@ TEST_F(Background, TheVisualEffectViewShowsTheGradientsAverage) {
     EXPECT_EQ(view->activeBackgroundView(), nullptr);
 }
 
-// ---- No background
-// ---------------------------------------------------------------------------------------------------
+// ---- No background ---------------------------------------------------------------------------------------
 
 TEST_F(Background, AnyOtherTypeGetsAClearBackdrop) {
     start("0", red_and_blue);
@@ -150,8 +146,7 @@ TEST_F(Background, AnUnknownTypeIsLikeNone) {
     EXPECT_EQ(class_of(backdrop()->activeBackgroundView()), "_UIBackdropColouredView");
 }
 
-// ---- Image
-// -----------------------------------------------------------------------------------------------------------
+// ---- Image -----------------------------------------------------------------------------------------------
 
 class ImageBackground : public Background {
   protected:
@@ -167,10 +162,8 @@ class ImageBackground : public Background {
         ASSERT_NE(image, nullptr);
     }
     UIKBInputBackdropView* input() {
-        auto* view = static_cast<UIKBInputBackdropView*>(objc::send<"initWithFrame:", id>(
-            objc::send<"alloc", id>(class_named("UIKBInputBackdropView")), CGRect{{0, 0}, {375, 216}}));
-        objc_autorelease(view);
-        return view;
+        return static_cast<UIKBInputBackdropView*>(
+            made<"initWithFrame:">("UIKBInputBackdropView", CGRect{{0, 0}, {375, 216}}));
     }
     static UIImage* shown_in(UIKBBackdropView* piece) {
         return variable<UIImageView>(piece->activeBackgroundView(), "imageView")->image();
@@ -247,11 +240,20 @@ TEST_F(ImageAlpha, AStored99IsUntouched) {
 TEST_F(ImageAlpha, AStored98IsBakedInOnce) {
     EXPECT_EQ(alphas_of_piece("<real>0.98</real>"), std::vector<double>{static_cast<double>(0.98f)});
 }
+TEST_F(ImageAlpha, OneThatIsNoNumberLeavesTheImageUntouched) {
+    EXPECT_EQ(alphas_of_piece("<real>nan</real>"), std::vector<double>{});
+}
+TEST_F(ImageAlpha, ANegativeOneIsPassedOnAsItIs) {
+    EXPECT_EQ(alphas_of_piece("<real>-0.5</real>"), std::vector<double>{-0.5});
+}
+TEST_F(ImageAlpha, OneBeyondOneLeavesTheImageUntouched) {
+    EXPECT_EQ(alphas_of_piece("<real>7</real>"), std::vector<double>{});
+}
 
 TEST_F(Background, OtherTypesLeaveThePiecesUntouched) {
     start("2", red_and_blue);
-    auto* view = static_cast<UIKBInputBackdropView*>(objc_autorelease(objc::send<"initWithFrame:", id>(
-        objc::send<"alloc", id>(class_named("UIKBInputBackdropView")), CGRect{{0, 0}, {375, 216}})));
+    auto* view = static_cast<UIKBInputBackdropView*>(
+        made<"initWithFrame:">("UIKBInputBackdropView", CGRect{{0, 0}, {375, 216}}));
     auto* piece = view->inputBackdropFullView();
     ASSERT_NE(piece, nullptr);
     EXPECT_EQ(class_of(piece->activeBackgroundView()), "_UIBackdropGradientView")
@@ -261,15 +263,14 @@ TEST_F(Background, OtherTypesLeaveThePiecesUntouched) {
 TEST_F(Background, AnImageThemeWithoutAnImageShowsNone) {
     start("3", "");
     EXPECT_EQ(rgba(backdrop()->backgroundColor()), (Rgba{0, 0, 0, 1})) << "the average of nothing";
-    auto* view = static_cast<UIKBInputBackdropView*>(objc_autorelease(objc::send<"initWithFrame:", id>(
-        objc::send<"alloc", id>(class_named("UIKBInputBackdropView")), CGRect{{0, 0}, {375, 216}})));
+    auto* view = static_cast<UIKBInputBackdropView*>(
+        made<"initWithFrame:">("UIKBInputBackdropView", CGRect{{0, 0}, {375, 216}}));
     auto* piece = view->inputBackdropFullView();
     EXPECT_EQ(class_of(piece->activeBackgroundView()), "_UIBackdropImageView");
     EXPECT_EQ(variable<UIImageView>(piece->activeBackgroundView(), "imageView")->image(), nullptr);
 }
 
-// ---- Stripping
-// --------------------------------------------------------------------------------------------------------
+// ---- Stripping -------------------------------------------------------------------------------------------
 
 class Stripping : public ImageBackground {
   protected:
@@ -336,8 +337,7 @@ TEST_F(Stripping, ABackdropWithoutAThemedViewIsLeftAlone) {
     EXPECT_EQ(piece->activeBackgroundView(), nullptr);
 }
 
-// ---- What the system answers
-// -------------------------------------------------------------------------------------------
+// ---- What the system answers -----------------------------------------------------------------------------
 
 TEST_F(Background, ABackdropThatCannotBeMadeIsNil) {
     struct Arranged {
@@ -349,8 +349,8 @@ TEST_F(Background, ABackdropThatCannotBeMadeIsNil) {
         MSHookMessageEx(objc_getClass(name), sel_registerName("initWithFrame:style:"),
                         reinterpret_cast<IMP>(&Arranged::none), nullptr);
     phone.load();
-    EXPECT_EQ(made("UIKBBackdropView"), nullptr);
-    EXPECT_EQ(made("UIKBVisualEffectView"), nullptr);
+    EXPECT_EQ(styled("UIKBBackdropView"), nullptr);
+    EXPECT_EQ(styled("UIKBVisualEffectView"), nullptr);
 }
 
 TEST_F(Background, APieceThatTheSystemDoesNotHaveStaysNil) {
@@ -359,7 +359,7 @@ TEST_F(Background, APieceThatTheSystemDoesNotHaveStaysNil) {
     MSHookMessageEx(objc_getClass("UIKBInputBackdropView"), sel_registerName("inputBackdropLeftView"),
                     reinterpret_cast<IMP>(+[](id, SEL) -> id { return nullptr; }), nullptr);
     phone.load();
-    id view = objc::send<"new", id>(class_named("UIKBInputBackdropView"));
+    id view = made("UIKBInputBackdropView");
     EXPECT_EQ((objc::send<"inputBackdropLeftView", id>(view)), nullptr);
 }
 

@@ -25,14 +25,10 @@ class KeyColours : public testing::Test {
         ASSERT_NE(previous, nullptr) << class_name << " has no " << selector;
     }
 
-    static id made(const char* class_name) { return objc::send<"new", id>(class_named(class_name)); }
-    static id allocated(const char* class_name) { return objc::send<"alloc", id>(class_named(class_name)); }
-
     Phone phone;
 };
 
-// ---- Render factory
-// ---------------------------------------------------------------------------------------------
+// ---- Render factory --------------------------------------------------------------------------------------
 
 template <objc::Name Selector>
 std::string colour_name(id receiver) {
@@ -73,8 +69,7 @@ TEST_F(KeyColours, AFixedAnswerIsOneObjectForGood) {
               (objc::send<"controlKeyShadowColorName", id>(factory)));
 }
 
-// ---- Emoji section header
-// -----------------------------------------------------------------------------------------
+// ---- Emoji section header --------------------------------------------------------------------------------
 
 TEST_F(KeyColours, TheEmojiHeaderIsInTheTextColourWhateverWasStored) {
     phone.start();
@@ -118,8 +113,7 @@ TEST_F(KeyColours, TheEmojiHeaderNeverBlendsVibrantly) {
     EXPECT_FALSE((objc::send<"useVibrantBlend", bool>(header)));
 }
 
-// ---- Emoji category bar
-// -------------------------------------------------------------------------------------------
+// ---- Emoji category bar ----------------------------------------------------------------------------------
 
 class CategoryBar : public KeyColours {
   protected:
@@ -183,7 +177,7 @@ TEST_F(CategoryBar, EachLayerAndEachPassHasAFilterOfItsOwn) {
     objc::send<"displayLayer:">(bar, shown);
     id first_pass = filters(other)->objectAtIndex(0);
     EXPECT_NE(first_pass, filters(second)->objectAtIndex(0));
-    objc_retain(first_pass);
+    objc_autorelease(objc_retain(first_pass));
     objc::send<"displayLayer:">(bar, shown);
     EXPECT_NE(filters(other)->objectAtIndex(0), first_pass);
 }
@@ -193,8 +187,7 @@ TEST_F(CategoryBar, ALayerWithoutSublayersIsDisplayedAsItIs) {
     EXPECT_NE(displayed, nullptr);
 }
 
-// ---- Prediction cell
-// ------------------------------------------------------------------------------------------------
+// ---- Prediction cell -------------------------------------------------------------------------------------
 
 TEST_F(KeyColours, APredictionIsWrittenInTheTextColour) {
     phone.start();
@@ -207,7 +200,7 @@ TEST_F(KeyColours, TheActivePredictionShowsTheHighlightColourAndNothingElse) {
     Ivar variable = class_getInstanceVariable(cell->isa, "m_activeView");
     ASSERT_NE(variable, nullptr);
     auto& active = *reinterpret_cast<UIView**>(reinterpret_cast<char*>(cell) + ivar_getOffset(variable));
-    if (!active) active = objc::send<"new", UIView*>(class_named("UIView"));
+    ASSERT_NE(active, nullptr);
     id drawn = made("CALayer");
     objc::send<"addSublayer:">(active->layer(), drawn);
     objc::send<"layoutSubviews">(cell);
@@ -225,8 +218,7 @@ TEST_F(KeyColours, APredictionCellIsLaidOutByTheSystemFirst) {
     EXPECT_EQ(layouts, 1);
 }
 
-// ---- Dock button
-// ------------------------------------------------------------------------------------------------------
+// ---- Dock button -----------------------------------------------------------------------------------------
 
 TEST_F(KeyColours, DockButtonsAreTintedWithTheTextColourAtEveryLayout) {
     phone.start();
@@ -236,8 +228,7 @@ TEST_F(KeyColours, DockButtonsAreTintedWithTheTextColourAtEveryLayout) {
     EXPECT_EQ(rgba(objc::send<"tintColor", id>(button)), theme_text);
 }
 
-// ---- Text style
-// -------------------------------------------------------------------------------------------------------
+// ---- Text style ------------------------------------------------------------------------------------------
 
 class TextStyle : public KeyColours {
   protected:
@@ -267,8 +258,7 @@ TEST_F(TextStyle, AStyleWithoutAFontNameIsInTheTextColour) {
     EXPECT_EQ(colour(), "UIKBColorText");
 }
 
-// ---- Render configuration
-// ------------------------------------------------------------------------------------------------
+// ---- Render configuration --------------------------------------------------------------------------------
 
 TEST_F(KeyColours, EveryBackdropStyleBecomesTheTranslucentOne) {
     static NSInteger seen_style = 0, seen_quality = 0;
@@ -294,8 +284,7 @@ TEST_F(KeyColours, NoKeyboardIsLight) {
     EXPECT_FALSE((objc::send<"lightKeyboard", bool>(made("UIKBRenderConfig"))));
 }
 
-// ---- Gradients
-// ------------------------------------------------------------------------------------------------------------
+// ---- Gradients -------------------------------------------------------------------------------------------
 
 class Gradient : public KeyColours {
   protected:
@@ -321,8 +310,8 @@ class Gradient : public KeyColours {
         };
         note(objc::send<"gradientWithFlatColor:", id>(class_named("UIKBGradient"), name));
         note(objc::send<"gradientWithName:", id>(class_named("UIKBGradient"), name));
-        note(objc::send<"initWithFlatColor:", id>(allocated("UIKBGradient"), name));
-        note(objc::send<"initWithName:", id>(allocated("UIKBGradient"), name));
+        note(made<"initWithFlatColor:">("UIKBGradient", name));
+        note(made<"initWithName:">("UIKBGradient", name));
         return names;
     }
 };
@@ -338,8 +327,7 @@ TEST_F(Gradient, AnyOtherNameIsUnchanged) {
     EXPECT_EQ(passed(nullptr), std::vector<std::string>(4, "(nil)"));
 }
 
-// ---- Effects
-// --------------------------------------------------------------------------------------------------------------
+// ---- Effects ---------------------------------------------------------------------------------------------
 
 struct EdgeArguments {
     std::string colour;
@@ -362,8 +350,8 @@ class Effects : public KeyColours {
 
 TEST_F(Effects, NoEdgeEffectHasEdgesWhateverItWasMadeWith) {
     phone.boot();
-    id effect = objc::send<"initWithColor:edges:insets:weight:", id>(
-        allocated("UIKBEdgeEffect"), text("UIKBColorBlack"), NSUInteger{5}, some_insets, 2.0);
+    id effect = made<"initWithColor:edges:insets:weight:">("UIKBEdgeEffect", text("UIKBColorBlack"),
+                                                           NSUInteger{5}, some_insets, 2.0);
     EXPECT_EQ((objc::send<"edges", NSUInteger>(effect)), 5u);
     phone.load();
     EXPECT_EQ((objc::send<"edges", NSUInteger>(effect)), 0u);
@@ -396,8 +384,8 @@ TEST_F(Effects, EdgeEffectsWithInsetsAreMadeClearAndWithoutEdges) {
         class_named("UIKBEdgeEffect"), text("UIKBColorBlack"), NSUInteger{5}, some_insets, 2.5);
     EXPECT_EQ(seen_edge, clear);
     seen_edge = {};
-    objc::send<"initWithColor:edges:insets:weight:", id>(allocated("UIKBEdgeEffect"), text("UIKBColorBlack"),
-                                                         NSUInteger{5}, some_insets, 2.5);
+    made<"initWithColor:edges:insets:weight:">("UIKBEdgeEffect", text("UIKBColorBlack"), NSUInteger{5},
+                                               some_insets, 2.5);
     EXPECT_EQ(seen_edge, clear);
 }
 
@@ -424,13 +412,12 @@ TEST_F(Effects, ShadowsAreMadeClearAndWithoutSize) {
         class_named("UIKBShadowEffect"), text("UIKBColorBlack"), CGSize{1, 2}, some_insets, 2.5);
     EXPECT_EQ(seen_shadow, nothing);
     seen_shadow = {};
-    objc::send<"initWithColor:offset:insets:weight:", id>(
-        allocated("UIKBShadowEffect"), text("UIKBColorBlack"), CGSize{1, 2}, some_insets, 2.5);
+    made<"initWithColor:offset:insets:weight:">("UIKBShadowEffect", text("UIKBColorBlack"), CGSize{1, 2},
+                                                some_insets, 2.5);
     EXPECT_EQ(seen_shadow, nothing);
 }
 
-// ---- Blurred key view
-// -------------------------------------------------------------------------------------------------
+// ---- Blurred key view ------------------------------------------------------------------------------------
 
 class BlurredKey : public KeyColours {
   protected:
@@ -441,8 +428,7 @@ class BlurredKey : public KeyColours {
         return key;
     }
     id view_for(id key) {
-        return objc::send<"initWithFrame:keyplane:key:", id>(allocated("UIKBBlurredKeyView"),
-                                                             CGRect{{1, 2}, {30, 40}}, id{}, key);
+        return made<"initWithFrame:keyplane:key:">("UIKBBlurredKeyView", CGRect{{1, 2}, {30, 40}}, id{}, key);
     }
 };
 
@@ -492,8 +478,7 @@ TEST_F(BlurredKey, TheSystemMakesTheViewFirst) {
     EXPECT_EQ(frame, (CGRect{{1, 2}, {30, 40}}));
 }
 
-// ---- A theme that lacks colours
-// ------------------------------------------------------------------------------------------
+// ---- A theme that lacks colours --------------------------------------------------------------------------
 
 class ThemeWithoutColours : public KeyColours {
   protected:

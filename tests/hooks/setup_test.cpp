@@ -156,7 +156,7 @@ TEST_F(Setup, AMissingClassMakesItsRowsDoNothing) {
         joined({{springboard_row_without_class}, render_factory_rows, rows_from_8, {named_colour_row}});
     EXPECT_EQ(installed_rows().size(), expected.size()) << "the calls are made all the same";
     EXPECT_EQ(objc_getClass("UIKBGradient"), nullptr);
-    auto factory = objc::send<"new", id>(class_named("UIKBRenderFactory"));
+    auto factory = made("UIKBRenderFactory");
     EXPECT_EQ(utf8(objc::send<"defaultKeyBackgroundColorName", NSString*>(factory)), "UIKBColorClear")
         << "and the other rows are at work";
 }
@@ -194,7 +194,7 @@ TEST_F(Setup, PreferencesChangedLaterInstallNothing) {
     phone.start();
     const size_t before = sim_installing_call_count();
     arrange_theme(phone);
-    auto style = objc::send<"new", id>(class_named("UIKBTextStyle"));
+    auto style = made("UIKBTextStyle");
     objc::send<"textColor", id>(style);
     EXPECT_EQ(sim_installing_call_count(), before);
 }
@@ -202,8 +202,7 @@ TEST_F(Setup, PreferencesChangedLaterInstallNothing) {
 TEST_F(Setup, TheActiveBackgroundViewIsHeldStronglyAndCleared) {
     arrange_theme(phone);
     phone.start();
-    auto backdrop = objc::send<"initWithFrame:style:", id>(
-        objc::send<"alloc", id>(class_named("UIKBBackdropView")), CGRect{{0, 0}, {10, 10}}, NSInteger{2});
+    id backdrop = made<"initWithFrame:style:">("UIKBBackdropView", CGRect{{0, 0}, {10, 10}}, NSInteger{2});
     auto view = objc::strong<UIView>::adopt(objc::send<"new", UIView*>(class_named("UIView")));
     const auto before = view->send<"retainCount", NSUInteger>();
     objc::send<"setActiveBackgroundView:">(backdrop, view.get());
@@ -217,12 +216,11 @@ TEST_F(Setup, AddedMethodsDoNotReplaceExistingOnes) {
     arrange_theme(phone);
     phone.boot();
     static UIView* own = nullptr;
-    own = objc::send<"new", UIView*>(class_named("UIView"));
+    own = static_cast<UIView*>(made("UIView"));
     class_addMethod(objc_getClass("UIKBBackdropView"), sel_registerName("activeBackgroundView"),
                     reinterpret_cast<IMP>(+[](id, SEL) -> id { return own; }), "@@:");
     phone.load();
-    auto backdrop = objc::send<"initWithFrame:style:", id>(
-        objc::send<"alloc", id>(class_named("UIKBBackdropView")), CGRect{{0, 0}, {10, 10}}, NSInteger{2});
+    id backdrop = made<"initWithFrame:style:">("UIKBBackdropView", CGRect{{0, 0}, {10, 10}}, NSInteger{2});
     EXPECT_EQ((objc::send<"activeBackgroundView", UIView*>(backdrop)), own);
 }
 
@@ -230,8 +228,7 @@ class KeyboardCache : public Setup {
   protected:
     void launch_springboard() {
         phone.start({.executable = springboard});
-        auto board = objc::send<"new", id>(class_named("SpringBoard"));
-        objc::send<"applicationDidFinishLaunching:">(board, id{});
+        objc::send<"applicationDidFinishLaunching:">(made("SpringBoard"), id{});
     }
 };
 
@@ -281,8 +278,7 @@ TEST_F(KeyboardCache, TheSystemsOwnLaunchRunsFirstWithTheSameArgument) {
                     nullptr);
     phone.load();
     id application = text("application");
-    objc::send<"applicationDidFinishLaunching:">(objc::send<"new", id>(class_named("SpringBoard")),
-                                                 application);
+    objc::send<"applicationDidFinishLaunching:">(made("SpringBoard"), application);
     EXPECT_EQ(argument, application);
     EXPECT_TRUE(cache_was_there);
     EXPECT_FALSE(phone.exists(cache_folder));

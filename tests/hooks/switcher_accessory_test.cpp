@@ -11,14 +11,9 @@ class Switcher : public testing::Test {
         arrange_theme(phone);
         phone.start();
     }
-    static id made(const char* class_name) {
-        return objc_autorelease(objc::send<"new", id>(class_named(class_name)));
-    }
     static UIInputSwitcherTableCell* cell() {
         return static_cast<UIInputSwitcherTableCell*>(
-            objc_autorelease(objc::send<"initWithStyle:reuseIdentifier:", id>(
-                objc::send<"alloc", id>(class_named("UIInputSwitcherTableCell")), NSInteger{0},
-                text("cell"))));
+            made<"initWithStyle:reuseIdentifier:">("UIInputSwitcherTableCell", NSInteger{0}, text("cell")));
     }
     static id only_filter(CALayer* layer) {
         EXPECT_EQ(layer->filters()->count(), 1u);

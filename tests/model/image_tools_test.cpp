@@ -11,11 +11,11 @@ class ImageTools : public testing::Test {
         tool = class_named("HCCITool");
     }
 
-    UIImage* scaled(CGSize size, UIImage* image) {
-        return objc::send<"newScale:forImage:", objc::strong<UIImage>>(tool, size, image).leak();
+    objc::strong<UIImage> scaled(CGSize size, UIImage* image) {
+        return objc::send<"newScale:forImage:", objc::strong<UIImage>>(tool, size, image);
     }
-    UIImage* tinted(UIColor* color, UIImage* image) {
-        return objc::send<"newColor:forImage:", objc::strong<UIImage>>(tool, color, image).leak();
+    objc::strong<UIImage> tinted(UIColor* color, UIImage* image) {
+        return objc::send<"newColor:forImage:", objc::strong<UIImage>>(tool, color, image);
     }
     Rgba average(UIImage* image) { return rgba(objc::send<"averageColorForImage:", id>(tool, image)); }
     Rgba average_with_alpha(UIImage* image) {
@@ -55,32 +55,32 @@ class ImageTools : public testing::Test {
 };
 
 TEST_F(ImageTools, ScalingTakesTheScreensScale) {
-    UIImage* image = scaled({30, 20}, filled_image(color(1, 0, 0), 6, 4));
+    auto image = scaled({30, 20}, filled_image(color(1, 0, 0), 6, 4));
     EXPECT_EQ(image->size(), (CGSize{30, 20}));
     EXPECT_EQ(image->scale(), 2.0);
     EXPECT_EQ(pixel(image, 59, 39), (Pixel{255, 0, 0, 255}));
 }
 
 TEST_F(ImageTools, ScalingStretchesWithoutRegardForTheAspectRatio) {
-    UIImage* image = scaled({40, 10}, halves(color(1, 0, 0), color(0, 0, 1), 4, 4));
+    auto image = scaled({40, 10}, halves(color(1, 0, 0), color(0, 0, 1), 4, 4));
     EXPECT_EQ(pixel(image, 10, 10), (Pixel{255, 0, 0, 255}));
     EXPECT_EQ(pixel(image, 70, 10), (Pixel{0, 0, 255, 255}));
 }
 
 TEST_F(ImageTools, ScalingNilGivesATransparentImageOfTheSize) {
-    UIImage* image = scaled({3, 2}, nullptr);
+    auto image = scaled({3, 2}, nullptr);
     EXPECT_EQ(image->size(), (CGSize{3, 2}));
     EXPECT_EQ(pixel(image, 1, 1), (Pixel{0, 0, 0, 0}));
 }
 
 TEST_F(ImageTools, ScalingToNothingGivesNoImage) {
-    EXPECT_EQ(scaled({0, 0}, filled_image(color(1, 0, 0), 2, 2)), nullptr);
-    EXPECT_EQ(scaled({-4, 10}, filled_image(color(1, 0, 0), 2, 2)), nullptr);
+    EXPECT_EQ(scaled({0, 0}, filled_image(color(1, 0, 0), 2, 2)).get(), nullptr);
+    EXPECT_EQ(scaled({-4, 10}, filled_image(color(1, 0, 0), 2, 2)).get(), nullptr);
 }
 
 TEST_F(ImageTools, TheCallerOwnsWhatTheNewOperationsMake) {
     UIImage* source = filled_image(color(1, 0, 0), 2, 2);
-    UIImage *scaled_image, *tinted_image;
+    objc::strong<UIImage> scaled_image, tinted_image;
     {
         objc::AutoreleasePool pool;
         scaled_image = scaled({2, 2}, source);
@@ -91,7 +91,7 @@ TEST_F(ImageTools, TheCallerOwnsWhatTheNewOperationsMake) {
 }
 
 TEST_F(ImageTools, TintingKeepsTheShapeAndReplacesTheColour) {
-    UIImage* image = tinted(color(0, 1, 0), halves(color(1, 0, 0), UIColor::clearColor(), 8, 4));
+    auto image = tinted(color(0, 1, 0), halves(color(1, 0, 0), UIColor::clearColor(), 8, 4));
     EXPECT_EQ(pixel(image, 1, 1), (Pixel{0, 255, 0, 255}));
     EXPECT_EQ(pixel(image, 6, 1), (Pixel{0, 0, 0, 0}));
 }
@@ -102,24 +102,24 @@ TEST_F(ImageTools, TintingKeepsTheImageTheRightWayUp) {
     CGContextFillRect(UIGraphicsGetCurrentContext(), {{0, 0}, {2, 1}});  // the top row
     UIImage* top = UIGraphicsGetImageFromCurrentImageContext();
     UIGraphicsEndImageContext();
-    UIImage* image = tinted(color(0, 0, 1), top);
+    auto image = tinted(color(0, 0, 1), top);
     EXPECT_EQ(pixel(image, 0, 0), (Pixel{0, 0, 255, 255}));
     EXPECT_EQ(pixel(image, 0, 3), (Pixel{0, 0, 0, 0}));
 }
 
 TEST_F(ImageTools, TintingKeepsTheImagesOwnScale) {
-    UIImage* source = scaled({5, 5}, filled_image(color(1, 0, 0), 5, 5));
-    UIImage* image = tinted(color(0, 1, 0), source);
+    auto source = scaled({5, 5}, filled_image(color(1, 0, 0), 5, 5));
+    auto image = tinted(color(0, 1, 0), source);
     EXPECT_EQ(image->size(), (CGSize{5, 5}));
     EXPECT_EQ(image->scale(), 2.0);
 }
 
 TEST_F(ImageTools, TintingMultipliesTheColoursAlphaWithTheShapes) {
-    UIImage* image = tinted(color(1, 1, 1, 0.5), filled_image(color(1, 0, 0), 2, 2));
+    auto image = tinted(color(1, 1, 1, 0.5), filled_image(color(1, 0, 0), 2, 2));
     EXPECT_NEAR(pixel(image, 0, 0)[3], 128, 1);
 }
 
-TEST_F(ImageTools, TintingNilGivesNoImage) { EXPECT_EQ(tinted(color(1, 0, 0), nullptr), nullptr); }
+TEST_F(ImageTools, TintingNilGivesNoImage) { EXPECT_EQ(tinted(color(1, 0, 0), nullptr).get(), nullptr); }
 
 TEST_F(ImageTools, AFilledImageHasOnePixelToAPoint) {
     auto* image = objc::send<"imageFromColor:withSize:", UIImage*>(tool, color(1, 0, 0, 0.5), CGSize{7, 3});

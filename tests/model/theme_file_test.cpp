@@ -36,10 +36,8 @@ class ThemeFile : public testing::Test {
     /// Loads the file; the error, which is empty when it loaded.
     ErrorTexts failure_of(std::string_view name) {
         NSError* error = nullptr;
-        id allocated = objc::send<"alloc", id>(class_named("HuecraftConfig"));
-        id loaded = objc::send<"initWithFilename:error:", id>(allocated, text(name), &error);
+        id loaded = made<"initWithFilename:error:">("HuecraftConfig", text(name), &error);
         EXPECT_EQ(loaded == nullptr, error != nullptr);
-        objc_autorelease(loaded);
         return texts_of(error);
     }
     ErrorTexts failure_of_content(std::string_view bytes) {
@@ -100,8 +98,7 @@ TEST_F(ThemeFile, AnEmptyNameMeansTheFolderItself) { EXPECT_EQ(failure_of(""), i
 
 TEST_F(ThemeFile, NilIsNotFound) {
     NSError* error = nullptr;
-    id allocated = objc::send<"alloc", id>(class_named("HuecraftConfig"));
-    EXPECT_EQ((objc::send<"initWithFilename:error:", id>(allocated, id{}, &error)), nullptr);
+    EXPECT_EQ((made<"initWithFilename:error:">("HuecraftConfig", id{}, &error)), nullptr);
     EXPECT_EQ(texts_of(error), not_found);
 }
 

@@ -39,8 +39,8 @@ struct Meadow : objc::Implements<Meadow, HCMeadow> {
         State state;
     };
     objc::strong<HCMeadow> initWithName(NSString* name) {
-        if (!name) return nullptr;
         auto self = initialised_by_super<"init">();
+        if (!name) return nullptr;
         self->ivars().name = name;
         self->ivars().mown = true;
         return self;
@@ -174,7 +174,7 @@ TEST_F(SeamClass, ConformsToItsProtocols) {
 }
 
 TEST_F(SeamClass, NilAnswersZeroOfEveryKind) {
-    HCMeadow* nobody = nullptr;
+    auto nobody = HCMeadow::alloc()->initWithName(nullptr);
     EXPECT_EQ(nobody->name(), nullptr);
     EXPECT_EQ(nobody->area(), (CGRect{}));
     EXPECT_EQ(nobody->mix(true, 1, 1, 1, {}), 0.0);

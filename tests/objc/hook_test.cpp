@@ -43,7 +43,7 @@ class Hooks : public testing::Test {
         objc_registerClassPair(type);
         add(object_getClass(reinterpret_cast<id>(type)),
             "grow:", reinterpret_cast<IMP>(+[](id, SEL, double by) { return by * 100; }), "d24@0:8d16");
-        lane = objc::send<"new", id>(reinterpret_cast<id>(type));
+        lane = made("HCLane");
     }
     static void install(const objc::HookRow& row) {
         Class type = objc_getClass(row.class_name);

@@ -62,6 +62,7 @@ TEST_F(Ownership, ALastingReferenceIsNeverReleased) {
         EXPECT_EQ(count_of(kept), 2u);
     }
     EXPECT_EQ(count_of(kept), 2u);
+    objc::adopt(kept.get());  // the reference that would have lasted
 }
 
 }  // namespace

@@ -20,6 +20,8 @@ id class_named(const char* name) {
     return found;
 }
 
+id made(const char* class_name) { return objc_autorelease(objc::send<"new", id>(class_named(class_name))); }
+
 NSString* text(std::string_view utf8) { return NSString::stringWithUTF8String(std::string(utf8).c_str()); }
 
 std::string utf8(NSString* string) { return string ? string->UTF8String() : "(nil)"; }

@@ -17,6 +17,14 @@ namespace test {
 /// The class of that name; fails the test when there is none.
 id class_named(const char* name);
 
+/// A new object of that class, made by `new` or by the initialiser named; the phone's pool keeps it.
+id made(const char* class_name);
+template <objc::Name Initialiser, class... Arguments>
+id made(const char* class_name, Arguments... arguments) {
+    return objc_autorelease(
+        objc::send<Initialiser, id>(objc::send<"alloc", id>(class_named(class_name)), arguments...));
+}
+
 /// A string object of UTF-8 text.
 NSString* text(std::string_view utf8);
 /// UTF-8 of a string object; "(nil)" for nil.

@@ -13,7 +13,6 @@ class Backdrop : public testing::Test {
     static id with_style(const char* class_name) {
         return objc::send<"backdropWithStyle:", id>(class_named(class_name), NSInteger{2});
     }
-    static id allocated(const char* class_name) { return objc::send<"alloc", id>(class_named(class_name)); }
     template <class T>
     static T* variable(id object, const char* name) {
         Ivar found = class_getInstanceVariable(object_getClass(object), name);
@@ -52,8 +51,7 @@ class Backdrop : public testing::Test {
     Phone phone;
 };
 
-// ---- Colour
-// ------------------------------------------------------------------------------------------------------
+// ---- Colour ----------------------------------------------------------------------------------------------
 
 class ColouredBackdrop : public Backdrop {
   protected:
@@ -75,8 +73,7 @@ TEST_F(ColouredBackdrop, IsASystemBackdropWithOneContentViewInFront) {
 }
 
 TEST_F(ColouredBackdrop, IsMadeWithItsColour) {
-    id backdrop = objc::send<"initWithStyle:color:", id>(allocated("_UIBackdropColouredView"), NSInteger{2},
-                                                         color(0, 1, 0));
+    id backdrop = made<"initWithStyle:color:">("_UIBackdropColouredView", NSInteger{2}, color(0, 1, 0));
     EXPECT_EQ(shown(backdrop), (Rgba{0, 1, 0, 1}));
     EXPECT_EQ(content(backdrop)->frame(), (CGRect{}));
 }
@@ -97,14 +94,12 @@ TEST_F(ColouredBackdrop, NilShowsNoColour) {
     EXPECT_EQ(content(backdrop)->backgroundColor(), nullptr);
 }
 
-// ---- Image
-// -------------------------------------------------------------------------------------------------------
+// ---- Image -----------------------------------------------------------------------------------------------
 
 class ImageBackdrop : public Backdrop {
   protected:
-    static id made(UIImage* image, double alpha) {
-        return objc::send<"initWithStyle:image:alpha:", id>(allocated("_UIBackdropImageView"), NSInteger{2},
-                                                            image, alpha);
+    static id showing(UIImage* image, double alpha) {
+        return made<"initWithStyle:image:alpha:">("_UIBackdropImageView", NSInteger{2}, image, alpha);
     }
     static UIImageView* content(id backdrop) { return variable<UIImageView>(backdrop, "imageView"); }
     static UIImage* shown(id backdrop) { return content(backdrop)->image(); }
@@ -132,38 +127,36 @@ TEST_F(ImageBackdrop, IsASystemBackdropWithOneContentViewInFront) {
 
 TEST_F(ImageBackdrop, FromTheThresholdOnTheImageIsUntouched) {
     UIImage* image = red();
-    EXPECT_EQ(shown(made(image, 1.0)), image);
-    EXPECT_EQ(shown(made(image, static_cast<double>(0.99f))), image);
-    EXPECT_EQ(shown(made(image, NAN)), image);
-    EXPECT_EQ(
-        shown(objc::send<"initWithStyle:image:", id>(allocated("_UIBackdropImageView"), NSInteger{2}, image)),
-        image);
+    EXPECT_EQ(shown(showing(image, 1.0)), image);
+    EXPECT_EQ(shown(showing(image, static_cast<double>(0.99f))), image);
+    EXPECT_EQ(shown(showing(image, NAN)), image);
+    EXPECT_EQ(shown(made<"initWithStyle:image:">("_UIBackdropImageView", NSInteger{2}, image)), image);
 }
 
 TEST_F(ImageBackdrop, BelowTheThresholdTheImageIsRedrawnOnce) {
-    EXPECT_NEAR(alpha_of(shown(made(red(), 0.98))), 0.98, 1 / 255.0);
-    EXPECT_NEAR(alpha_of(shown(made(red(), 0.99))), 0.99, 1 / 255.0)
+    EXPECT_NEAR(alpha_of(shown(showing(red(), 0.98))), 0.98, 1 / 255.0);
+    EXPECT_NEAR(alpha_of(shown(showing(red(), 0.99))), 0.99, 1 / 255.0)
         << "a double 0.99 is below the stored 0.99";
     UIImage* image = red();
-    EXPECT_NE(shown(made(image, 0.99)), image);
+    EXPECT_NE(shown(showing(image, 0.99)), image);
 }
 
 TEST_F(ImageBackdrop, AlphaBakesAgainOnEveryCall) {
-    id backdrop = made(red(), 1.0);
+    id backdrop = showing(red(), 1.0);
     objc::send<"setImageAlpha:">(backdrop, 0.5);
     objc::send<"setImageAlpha:">(backdrop, 0.5);
     EXPECT_NEAR(alpha_of(shown(backdrop)), 0.25, 2 / 255.0);
 }
 
 TEST_F(ImageBackdrop, AFreshImageMakesTheAlphaFresh) {
-    id backdrop = made(red(), 0.5);
+    id backdrop = showing(red(), 0.5);
     objc::send<"setImage:">(backdrop, red());
     objc::send<"setImageAlpha:">(backdrop, 0.5);
     EXPECT_NEAR(alpha_of(shown(backdrop)), 0.5, 1 / 255.0);
 }
 
 TEST_F(ImageBackdrop, BakingKeepsTheImagesSizeAndTakesTheScreensScale) {
-    id backdrop = made(red(), 0.5);
+    id backdrop = showing(red(), 0.5);
     EXPECT_EQ(shown(backdrop)->size(), (CGSize{8, 6}));
     EXPECT_EQ(shown(backdrop)->scale(), 2.0);
 }
@@ -174,7 +167,7 @@ TEST_F(ImageBackdrop, BakingKeepsTheImageTheRightWayUp) {
     CGContextFillRect(UIGraphicsGetCurrentContext(), {{0, 0}, {4, 2}});  // the upper half
     UIImage* upper = UIGraphicsGetImageFromCurrentImageContext();
     UIGraphicsEndImageContext();
-    UIImage* baked = shown(made(upper, 0.5));
+    UIImage* baked = shown(showing(upper, 0.5));
     UIGraphicsBeginImageContextWithOptions({4, 2}, false, 1.0);
     baked->drawInRect({{0, 0}, {4, 4}});  // the upper half alone is inside
     UIImage* top = UIGraphicsGetImageFromCurrentImageContext();
@@ -188,16 +181,15 @@ TEST_F(ImageBackdrop, TheInitialiserSendsItsPublicOperations) {
                     reinterpret_cast<IMP>(+[](id, SEL, id) { ++images; }), nullptr);
     MSHookMessageEx(objc_getClass("_UIBackdropImageView"), sel_registerName("setImageAlpha:"),
                     reinterpret_cast<IMP>(+[](id, SEL, double) { ++alphas; }), nullptr);
-    made(red(), 0.5);
+    showing(red(), 0.5);
     EXPECT_EQ(images, 1);
     EXPECT_EQ(alphas, 1);
-    made(red(), 1.0);
+    showing(red(), 1.0);
     EXPECT_EQ(images, 2);
     EXPECT_EQ(alphas, 1);
 }
 
-// ---- Gradient
-// ----------------------------------------------------------------------------------------------------
+// ---- Gradient --------------------------------------------------------------------------------------------
 
 class GradientBackdrop : public Backdrop {
   protected:
@@ -272,6 +264,15 @@ TEST_F(GradientBackdrop, AnEmptyListStaysEmpty) {
     EXPECT_EQ(layer(backdrop)->colors()->count(), 0u);
 }
 
+TEST_F(ImageBackdrop, AlphasOutOfRangeAreTakenAsTheNearestThatCounts) {
+    for (const auto& [alpha, seen] : std::vector<std::pair<double, double>>{
+             {-3, 0}, {7, 1}, {INFINITY, 1}, {-INFINITY, 0}, {NAN, 0}}) {
+        id backdrop = showing(red(), 1.0);
+        objc::send<"setImageAlpha:">(backdrop, alpha);
+        EXPECT_EQ(alpha_of(shown(backdrop)), seen) << alpha;
+    }
+}
+
 TEST_F(GradientBackdrop, ItsAlphaIsReplacedNotMultiplied) {
     id backdrop = with_style("_UIBackdropGradientView");
     objc::send<"setColors:">(backdrop, array({color(1, 0, 0, 0.8), color(0, 0, 1)}));
@@ -280,13 +281,11 @@ TEST_F(GradientBackdrop, ItsAlphaIsReplacedNotMultiplied) {
 }
 
 TEST_F(GradientBackdrop, IsMadeWithColoursAndDirection) {
-    id backdrop = objc::send<"initWithStyle:colors:direction:", id>(
-        allocated("_UIBackdropGradientView"), NSInteger{2}, array({color(1, 0, 0), color(0, 0, 1)}),
-        NSInteger{4});
+    id backdrop = made<"initWithStyle:colors:direction:">(
+        "_UIBackdropGradientView", NSInteger{2}, array({color(1, 0, 0), color(0, 0, 1)}), NSInteger{4});
     EXPECT_EQ(colours_of(layer(backdrop)).size(), 2u);
     EXPECT_EQ(layer(backdrop)->startPoint(), (CGPoint{0, 0.5}));
-    id without = objc::send<"initWithStyle:direction:", id>(allocated("_UIBackdropGradientView"),
-                                                            NSInteger{2}, NSInteger{3});
+    id without = made<"initWithStyle:direction:">("_UIBackdropGradientView", NSInteger{2}, NSInteger{3});
     EXPECT_EQ(layer(without)->colors(), nullptr);
     EXPECT_EQ(layer(without)->startPoint(), (CGPoint{1, 0.5}));
 }
@@ -323,8 +322,7 @@ TEST_F(GradientBackdrop, APictureLeavesTheLayerForTheNextLayoutToPutBack) {
     EXPECT_EQ(layer(backdrop)->frame(), (CGRect{{0, 0}, {320, 216}}));
 }
 
-// ---- All three
-// ---------------------------------------------------------------------------------------------------
+// ---- All three -------------------------------------------------------------------------------------------
 
 TEST_F(Backdrop, ASystemBackdropThatCannotBeMadeGivesNothing) {
     MSHookMessageEx(

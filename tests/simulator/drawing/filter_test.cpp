@@ -38,13 +38,13 @@ TEST_F(Filter, KeepsItsValuesByKey) {
 TEST_F(Filter, ABiasOfOnePutsBlackAndWhiteInTheColour) {
     CAFilter* filter = monochrome(color(0.2, 0.4, 1), 1, 1);
     EXPECT_TRUE(near(filtered(UIColor::blackColor(), filter), {51, 102, 255, 255}));
-    EXPECT_TRUE(near(filtered(UIColor::whiteColor(), filter), {102, 204, 255, 255}));
+    EXPECT_TRUE(near(filtered(UIColor::whiteColor(), filter), {51, 102, 255, 255}));
 }
 
 TEST_F(Filter, HalfABiasDarkensBlack) {
     CAFilter* filter = monochrome(color(1, 0.4, 0), 0.5f, 1);
     EXPECT_TRUE(near(filtered(UIColor::blackColor(), filter), {128, 51, 0, 255}));
-    EXPECT_TRUE(near(filtered(UIColor::whiteColor(), filter), {255, 153, 0, 255}));
+    EXPECT_TRUE(near(filtered(UIColor::whiteColor(), filter), {255, 102, 0, 255}));
 }
 
 TEST_F(Filter, TheAmountMixesWithWhatWasThere) {

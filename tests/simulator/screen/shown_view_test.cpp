@@ -167,5 +167,46 @@ TEST(ShownViewBeforeBoot, NeedsAPhone) {
     EXPECT_STREQ(sim_last_error(), "sim_take_picture_of: the phone is not on; call sim_boot first");
 }
 
+class ViewOnScreen : public ShownView {
+  protected:
+    static void* found(const char* class_name) {
+        void* view = nullptr;
+        sim_view_on_screen(class_name, &view);
+        return view;
+    }
+};
+
+TEST_F(ViewOnScreen, IsFoundByItsClass) {
+    ASSERT_EQ(sim_show_keyboard(nullptr), SIM_OK) << sim_last_error();
+    void* keys = found("UIKBKeyplaneView");
+    ASSERT_NE(keys, nullptr) << sim_last_error();
+    EXPECT_EQ(static_cast<UIView*>(keys)->bounds().size, (CGSize{375, 216}));
+}
+
+TEST_F(ViewOnScreen, OfASubclassCountsAndParentsComeBeforeTheirChildren) {
+    auto parent = view_with({{0, 0}, {10, 10}}, nullptr), child = view_with({{0, 0}, {5, 5}}, nullptr);
+    parent->addSubview(child);
+    ASSERT_EQ(sim_show_view(parent.get()), SIM_OK) << sim_last_error();
+    EXPECT_EQ(found("UIResponder"), found("UIView"));
+    EXPECT_EQ(found("UIView"), parent->superview()) << "the page";
+}
+
+TEST_F(ViewOnScreen, ThatIsNotThereIsNamed) {
+    void* view = this;
+    EXPECT_EQ(sim_view_on_screen("UIKBKeyplaneView", &view), SIM_NOT_FOUND) << "nothing is shown yet";
+    EXPECT_EQ(view, nullptr);
+    EXPECT_STREQ(sim_last_error(), "sim_view_on_screen: there is no UIKBKeyplaneView on the screen");
+    EXPECT_EQ(sim_view_on_screen("NoSuchClass", &view), SIM_NOT_FOUND);
+    EXPECT_EQ(sim_view_on_screen(nullptr, &view), SIM_MISUSE);
+    EXPECT_EQ(sim_view_on_screen("UIView", nullptr), SIM_MISUSE);
+}
+
+TEST_F(ShownView, LeavesNoKeysOnTheScreen) {
+    ASSERT_EQ(sim_show_keyboard(nullptr), SIM_OK) << sim_last_error();
+    EXPECT_NE(sim_key_count(), 0u);
+    ASSERT_EQ(sim_show_view(view_with({{0, 0}, {10, 10}}, nullptr).get()), SIM_OK) << sim_last_error();
+    EXPECT_EQ(sim_key_count(), 0u);
+}
+
 }  // namespace
 }  // namespace test
