@@ -265,8 +265,8 @@ TEST_F(GradientBackdrop, AnEmptyListStaysEmpty) {
 }
 
 TEST_F(ImageBackdrop, AlphasOutOfRangeAreTakenAsTheNearestThatCounts) {
-    for (const auto& [alpha, seen] : std::vector<std::pair<double, double>>{
-             {-3, 0}, {7, 1}, {INFINITY, 1}, {-INFINITY, 0}, {NAN, 0}}) {
+    for (const auto& [alpha, seen] :
+         std::vector<std::pair<double, double>>{{-3, 0}, {7, 1}, {INFINITY, 1}, {-INFINITY, 0}, {NAN, 0}}) {
         id backdrop = showing(red(), 1.0);
         objc::send<"setImageAlpha:">(backdrop, alpha);
         EXPECT_EQ(alpha_of(shown(backdrop)), seen) << alpha;
