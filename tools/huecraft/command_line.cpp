@@ -42,6 +42,7 @@ std::unique_ptr<CLI::App> make_command_line(Request& request) {
     add_lint(*command, request);
     add_keyboard(*command, request);
     add_convert(*command, request);
+    add_import(*command, request);
     return command;
 }
 
