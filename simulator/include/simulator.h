@@ -167,8 +167,8 @@ SIM_API sim_status sim_show_keyboard(const sim_keyboard* keyboard);
 
 /* ---- The screen --------------------------------------------------------------------------------------- */
 
-/* Puts a view on the screen, at the frame it has, over the page of notes and in place of what was there. `view`
- * is a UIView; the screen owns it until something else is shown. */
+/* Puts a view on the screen, at the frame it has, over the page of notes and in place of what was there.
+ * `view` is a UIView; the screen owns it until something else is shown. */
 SIM_API sim_status sim_show_view(void* view);
 
 /* Draws the screen and writes it to a host path as PNG. `scale` is in pixels per point; 0 is the screen's. */
