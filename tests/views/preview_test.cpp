@@ -216,6 +216,14 @@ TEST_F(Preview, TheKeyboardsSizesAreTheSystems) {
 // ---- A preview
 // ---------------------------------------------------------------------------------------------------
 
+TEST_F(Preview, AThemeAsksForTheKeyboardsSizeByMessage) {
+    MSHookMessageEx(object_getClass(class_named("HCPreview")), sel_registerName("keyboardPortraitSize"),
+                    reinterpret_cast<IMP>(+[](id, SEL) { return CGSize{30, 20}; }), nullptr);
+    const Configuration made = with_image(filled_image(color(1, 0, 0), 4, 3), 1.0);
+    made.image_cache();
+    EXPECT_EQ(made.image_cache()->size(), (CGSize{30, 60}));
+}
+
 TEST_F(Preview, TheContainerHasNoSizeAndFollowsItsSuperview) {
     UIView* container = view_for(of_type(0));
     EXPECT_STREQ(object_getClassName(container), "UIView");
