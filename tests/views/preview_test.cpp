@@ -176,8 +176,9 @@ TEST_F(Preview, GoesInOrder) {
         objc::AutoreleasePool pool;
         other = objc::adopt(objc::send<"init", NSObject*>(allocated("HCPreview")));
     }
-    static std::vector<std::pair<id, std::string>> parts;
-    static std::vector<std::string> gone;
+    // For good: objects also go while the process ends.
+    static auto& parts = *new std::vector<std::pair<id, std::string>>;
+    static auto& gone = *new Selectors;
     for (const char* name :
          {"cachedBackdrops", "backgroundImage", "textImage", "highlightImage", "keycapsImage",
           "keyboardBackground", "keyboardText", "keyboardHighlight", "keycapsImageView"})
@@ -252,6 +253,15 @@ TEST_F(Preview, WithoutTheirColoursTextAndHighlightsAreClear) {
     EXPECT_EQ(pixel(shown("keyboardHighlight"), 4, 0), nothing);
     view_for(of_type(0));
     EXPECT_EQ(pixel(shown("keyboardText"), 0, 0), green) << "the shape is not lost";
+}
+
+TEST_F(Preview, WithoutAThemeItIsClear) {
+    UIView* container = view_for(Configuration{});
+    EXPECT_EQ(subviews_of(container),
+              (std::vector<id>{picture_view("keyboardBackground"), cached("ColouredView"),
+                               picture_view("keyboardHighlight"), picture_view("keyboardText")}));
+    EXPECT_EQ(pixel(shown("keyboardText"), 0, 0), nothing);
+    EXPECT_EQ(pixel(shown("keyboardHighlight"), 4, 0), nothing);
 }
 
 TEST_F(Preview, TintsAreNotTintedAgain) {
