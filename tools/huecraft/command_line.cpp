@@ -41,6 +41,8 @@ std::unique_ptr<CLI::App> make_command_line(Request& request) {
     add_show(*command, request);
     add_lint(*command, request);
     add_keyboard(*command, request);
+    add_preview(*command, request);
+    add_gallery(*command, request);
     add_convert(*command, request);
     add_import(*command, request);
     return command;

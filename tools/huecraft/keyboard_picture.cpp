@@ -1,4 +1,4 @@
-// Pictures of the simulated keyboard in a theme.
+// Pictures of a theme.
 #include "keyboard_picture.h"
 
 #include <unistd.h>
@@ -7,6 +7,7 @@
 #include "support/phone.h"
 #include "support/theme_choice.h"
 #include "theme.h"
+#include "views/HCPreview.h"
 
 namespace command {
 
@@ -21,13 +22,32 @@ void put_on_theme(const Workshop& workshop, const std::string& file) {
     std::filesystem::remove(workshop.theme(name));
 }
 
+namespace {
+
+/// What was written to the host path for a moment.
+std::string taken(const std::filesystem::path& picture) {
+    std::string png = read_input(picture);
+    std::filesystem::remove(picture);
+    return png;
+}
+
+}  // namespace
+
 std::string keyboard_picture(const Workshop& workshop, const sim_keyboard& keyboard, double scale) {
     const auto picture = workshop.scratch("keyboard-" + std::to_string(getpid()) + ".png");
     tools::require(sim_show_keyboard(&keyboard), "the keyboard");
     tools::require(sim_take_picture(picture.c_str(), scale), "the picture");
-    std::string png = read_input(picture);
-    std::filesystem::remove(picture);
-    return png;
+    return taken(picture);
+}
+
+std::string preview_picture(const Workshop& workshop, const std::string& file, double scale) {
+    objc::AutoreleasePool pool;
+    const LoadedTheme theme = load_theme(workshop, file);
+    UIView* preview = HCPreview::sharedInstance()->viewForConfig(theme.config);
+    preview->setFrame({{0, 0}, HCPreview::keyboardPortraitSize()});
+    const auto picture = workshop.scratch("preview-" + std::to_string(getpid()) + ".png");
+    tools::require(sim_take_picture_of(preview, picture.c_str(), scale), "the preview");
+    return taken(picture);
 }
 
 }  // namespace command
