@@ -15,6 +15,8 @@
 #include "platform/keyboard.h"
 #include "runtime/installing_calls.h"
 #include "simulator.h"
+#include "uikit/controllers/screen.h"
+#include "uikit/events/touches.h"
 
 struct sim_library {
     std::unique_ptr<sim::Library> library;
@@ -146,6 +148,36 @@ sim_colour colour_of(CGColorRef color) {
     throw Refusal(SIM_FAILED, "sim_named_colour: the colour is neither grey nor RGB");
 }
 
+/// The object as one of that class. It is asked nothing: an object of any root class may have been given.
+template <class Wanted>
+Wanted* object_of(void* given, const char* function, const char* parameter) {
+    require(given, function, parameter);
+    require_boot(function);
+    auto* object = static_cast<id>(given);
+    const Class wanted = Wanted::class_object();
+    for (Class above = object_getClass(object); above; above = class_getSuperclass(above))
+        if (above == wanted) return static_cast<Wanted*>(object);
+    throw Refusal(SIM_MISUSE, std::string(function) + ": the object is of the class " +
+                                  object_getClassName(object) + ", which is no " + class_getName(wanted));
+}
+
+UITouchPhase phase_of(sim_touch_phase phase) {
+    switch (phase) {
+        case SIM_TOUCH_BEGAN: return UITouchPhaseBegan;
+        case SIM_TOUCH_MOVED: return UITouchPhaseMoved;
+        case SIM_TOUCH_ENDED: return UITouchPhaseEnded;
+        case SIM_TOUCH_CANCELLED: return UITouchPhaseCancelled;
+    }
+    throw Refusal(SIM_MISUSE, "sim_touch: there is no phase " + std::to_string(phase));
+}
+
+void touch(const char* function, UITouchPhase phase, double x, double y) {
+    require_boot(function);
+    std::string error;
+    if (!sim::move_finger(phase, {x, y}, error))
+        throw Refusal(SIM_MISUSE, std::string(function) + ": " + error);
+}
+
 }  // namespace
 
 const char* sim_last_error() { return last_error().c_str(); }
@@ -237,6 +269,30 @@ sim_status sim_show_keyboard(const sim_keyboard* keyboard) {
         }
         std::string error;
         if (!sim::show_keyboard(request, error)) throw Refusal(SIM_NOT_FOUND, "sim_show_keyboard: " + error);
+    });
+}
+
+sim_status sim_present(void* controller) {
+    return answer(
+        [&] { sim::present(object_of<UIViewController>(controller, "sim_present", "controller")); });
+}
+
+sim_status sim_presented(void** controller) {
+    return answer([&] {
+        require(controller, "sim_presented", "controller");
+        require_boot("sim_presented");
+        *controller = sim::presented_on_screen();
+    });
+}
+
+sim_status sim_touch(sim_touch_phase phase, double x, double y) {
+    return answer([&] { touch("sim_touch", phase_of(phase), x, y); });
+}
+
+sim_status sim_tap(double x, double y) {
+    return answer([&] {
+        touch("sim_tap", UITouchPhaseBegan, x, y);
+        touch("sim_tap", UITouchPhaseEnded, x, y);
     });
 }
 

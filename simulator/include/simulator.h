@@ -165,6 +165,31 @@ typedef struct sim_keyboard {
 /* Puts the keyboard on the screen, in place of what was there. NULL shows the defaults. */
 SIM_API sim_status sim_show_keyboard(const sim_keyboard* keyboard);
 
+/* Presents a view controller, `controller` a UIViewController, over the page of notes and in place of what
+ * was there. Its view appears at once. A controller whose modalPresentationStyle is 5 (over full screen)
+ * leaves the page to be seen behind its view; the default style does not. */
+SIM_API sim_status sim_present(void* controller);
+
+/* The controller that was presented last and has not been dismissed; NULL when there is none. */
+SIM_API sim_status sim_presented(void** controller);
+
+/* ---- Touches ----------------------------------------------------------------------------------------- */
+
+typedef enum sim_touch_phase {
+    SIM_TOUCH_BEGAN = 0,
+    SIM_TOUCH_MOVED = 1,
+    SIM_TOUCH_ENDED = 2,
+    SIM_TOUCH_CANCELLED = 3
+} sim_touch_phase;
+
+/* Puts the one finger down at a point of the screen, moves it there, lifts it there or takes the touch back.
+ * The point is in points from the upper left corner. Views are laid out, and what the finger landed on is
+ * told, as hit testing finds it. */
+SIM_API sim_status sim_touch(sim_touch_phase phase, double x, double y);
+
+/* Puts the finger down and lifts it. */
+SIM_API sim_status sim_tap(double x, double y);
+
 /* Draws the screen and writes it to a host path as PNG. `scale` is in pixels per point; 0 is the screen's. */
 SIM_API sim_status sim_take_picture(const char* host_path, double scale);
 

@@ -1,4 +1,4 @@
-// Puts a keyboard on the screen, and takes pictures of it.
+// Puts a keyboard or a view controller on the screen, and takes pictures of it.
 #include "keyboard/show.h"
 
 #include <algorithm>
@@ -19,18 +19,13 @@
 #include "keyboard/pop_up.h"
 #include "keyboard/split.h"
 #include "keyboard/switcher.h"
+#include "uikit/controllers/screen.h"
 #include "uikit/picture.h"
 
 namespace sim {
 namespace {
 
 using objc::strong;
-
-/// What is on the screen: the application's page with the keyboard on it. Kept until the process ends.
-UIView*& shown_view() {
-    static UIView* view = nullptr;
-    return view;
-}
 
 template <class Value>
 struct Choice {
@@ -138,13 +133,17 @@ bool show_keyboard(const KeyboardRequest& request, std::string& error) {
     frame.origin.y = size.height - frame.size.height;
     keyboard->setFrame(frame);
     page->addSubview(keyboard);
-    page->layoutIfNeeded();
-    strong<UIView>::adopt(std::exchange(shown_view(), page.leak()));
+    show_on_screen(page);
     return true;
 }
 
+void present(UIViewController* controller) {
+    show_on_screen(make_app_content(AppContent::notes, {device().screen_width, device().screen_height}));
+    screen_window()->rootViewController()->presentViewController(controller, true, nullptr);
+}
+
 bool take_picture(const std::string& path, double scale, std::string& error) {
-    UIView* view = shown_view();
+    UIView* view = screen_window();
     if (!view) {
         error = "nothing is on the screen";
         return false;

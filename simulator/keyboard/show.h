@@ -1,6 +1,9 @@
-// What the C interface asks of the keyboard: to be shown in some state, and to be photographed.
+// What the C interface asks of the screen: to show the keyboard in some state, or a view controller, and to
+// be photographed.
 #pragma once
 #include <string>
+
+#include "platform/application.h"
 
 namespace sim {
 
@@ -28,6 +31,9 @@ struct KeyboardRequest {
 /// does not exist; `error` then says in one line what was found and what there is, and the screen stays as it
 /// was.
 bool show_keyboard(const KeyboardRequest&, std::string& error);
+
+/// Presents the controller over the page of notes, in place of what was there.
+void present(UIViewController*);
 
 /// Lays out, draws the screen's contents and writes them to `path`, a path of the host, as PNG. `scale` is in
 /// pixels per point; 0 is the screen's. False when nothing is shown or the file cannot be written.

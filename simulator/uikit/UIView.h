@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "objc/class.h"
-#include "platform/uikit.h"
+#include "platform/application.h"
 
 namespace sim {
 
@@ -18,6 +18,8 @@ struct View : objc::Implements<View, UIView> {
         UIViewAutoresizing autoresizingMask = 0;
         bool autoresizesSubviews = true, userInteractionEnabled = true;
         NSInteger tag = 0;
+        /// Not owned: the controller whose view this is clears it when it goes.
+        UIViewController* controller = nullptr;
     };
 
     static Class layerClass(Class self);
@@ -25,7 +27,10 @@ struct View : objc::Implements<View, UIView> {
     objc::strong<UIView> initWithFrame(CGRect frame);
     void dealloc();
     CALayer* layer() { return ivars().layer; }
-    UIResponder* nextResponder() { return ivars().superview; }
+    UIResponder* nextResponder() {
+        if (ivars().controller) return ivars().controller;
+        return static_cast<UIView*>(this)->superview();
+    }
 
     // Geometry
     CGRect frame() { return ivars().layer->frame(); }
@@ -40,8 +45,8 @@ struct View : objc::Implements<View, UIView> {
     CGPoint convertPointFromView(CGPoint point, UIView* view);
     CGRect convertRectToView(CGRect rect, UIView* view);
     CGRect convertRectFromView(CGRect rect, UIView* view);
-    bool pointInside(CGPoint point, id event);
-    UIView* hitTest(CGPoint point, id event);
+    bool pointInside(CGPoint point, UIEvent* event);
+    UIView* hitTest(CGPoint point, UIEvent* event);
     CGSize sizeThatFits(CGSize) { return static_cast<UIView*>(this)->bounds().size; }
     void sizeToFit();
     CGSize intrinsicContentSize() { return {no_intrinsic_size, no_intrinsic_size}; }
@@ -82,6 +87,9 @@ struct View : objc::Implements<View, UIView> {
     void willRemoveSubview(UIView*) {}
     void willMoveToSuperview(UIView*) {}
     void didMoveToSuperview() {}
+    UIWindow* window();
+    void willMoveToWindow(UIWindow*) {}
+    void didMoveToWindow() {}
 
     // Layout and display
     void setNeedsLayout() { ivars().layer->setNeedsLayout(); }

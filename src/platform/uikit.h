@@ -183,8 +183,28 @@ struct UIDevice : objc::Interface<UIDevice, "UIDevice", NSObject> {
     NSString* systemVersion() { return send<"systemVersion", NSString*>(); }
 };
 
+struct UIEvent;
+struct UIWindow;
+
 struct UIResponder : objc::Interface<UIResponder, "UIResponder", NSObject> {
     UIResponder* nextResponder() { return send<"nextResponder", UIResponder*>(); }
+
+    /// The first responder is who typing goes to.
+    bool isFirstResponder() { return send<"isFirstResponder", bool>(); }
+    bool canBecomeFirstResponder() { return send<"canBecomeFirstResponder", bool>(); }
+    bool canResignFirstResponder() { return send<"canResignFirstResponder", bool>(); }
+    /// Whether it is the first responder afterwards.
+    bool becomeFirstResponder() { return send<"becomeFirstResponder", bool>(); }
+    /// Whether it is not the first responder afterwards.
+    bool resignFirstResponder() { return send<"resignFirstResponder", bool>(); }
+
+    /// The sets hold UITouches. What a responder does not handle goes to the next one.
+    void touchesBegan(NSSet* touches, UIEvent* event) { send<"touchesBegan:withEvent:">(touches, event); }
+    void touchesMoved(NSSet* touches, UIEvent* event) { send<"touchesMoved:withEvent:">(touches, event); }
+    void touchesEnded(NSSet* touches, UIEvent* event) { send<"touchesEnded:withEvent:">(touches, event); }
+    void touchesCancelled(NSSet* touches, UIEvent* event) {
+        send<"touchesCancelled:withEvent:">(touches, event);
+    }
 };
 
 struct UIView : objc::Interface<UIView, "UIView", UIResponder> {
@@ -240,7 +260,17 @@ struct UIView : objc::Interface<UIView, "UIView", UIResponder> {
     bool isUserInteractionEnabled() { return send<"isUserInteractionEnabled", bool>(); }
     void setUserInteractionEnabled(bool enabled) { send<"setUserInteractionEnabled:">(enabled); }
 
+    bool pointInside(CGPoint point, UIEvent* event) {
+        return send<"pointInside:withEvent:", bool>(point, event);
+    }
+    /// The frontmost view at that point that takes touches; nil when there is none.
+    UIView* hitTest(CGPoint point, UIEvent* event) {
+        return send<"hitTest:withEvent:", UIView*>(point, event);
+    }
+
     UIView* superview() { return send<"superview", UIView*>(); }
+    /// The window that it is in; nil when it is in none.
+    UIWindow* window() { return send<"window", UIWindow*>(); }
     /// Back to front; a copy.
     NSArray* subviews() { return send<"subviews", NSArray*>(); }
     void addSubview(UIView* view) { send<"addSubview:">(view); }
@@ -260,6 +290,8 @@ struct UIView : objc::Interface<UIView, "UIView", UIResponder> {
     void willRemoveSubview(UIView* view) { send<"willRemoveSubview:">(view); }
     void willMoveToSuperview(UIView* view) { send<"willMoveToSuperview:">(view); }
     void didMoveToSuperview() { send<"didMoveToSuperview">(); }
+    void willMoveToWindow(UIWindow* window) { send<"willMoveToWindow:">(window); }
+    void didMoveToWindow() { send<"didMoveToWindow">(); }
 
     void setNeedsLayout() { send<"setNeedsLayout">(); }
     void layoutIfNeeded() { send<"layoutIfNeeded">(); }
