@@ -17,6 +17,8 @@
 #include "simulator.h"
 #include "uikit/controllers/screen.h"
 #include "uikit/events/touches.h"
+#include "uikit/layout/layout_reports.h"
+#include "uikit/picture.h"
 
 struct sim_library {
     std::unique_ptr<sim::Library> library;
@@ -125,6 +127,12 @@ sim::BootOptions boot_options(const sim_options& given) {
     if (options.screen_scale != 0) wanted.device.screen_scale = options.screen_scale;
     for (auto* name = options.left_out_classes; name && *name; ++name) wanted.left_out_classes.insert(*name);
     return wanted;
+}
+
+void require_scale(double scale, const char* function) {
+    if (!(scale >= 0 && scale <= 10))
+        throw Refusal(SIM_MISUSE, std::string(function) + ": the scale is " + std::to_string(scale) +
+                                      "; it is from 0 to 10 pixels per point");
 }
 
 sim_call_kind kind_of(const sim::InstallingCall& call) {
@@ -296,15 +304,76 @@ sim_status sim_tap(double x, double y) {
     });
 }
 
+size_t sim_key_count() { return sim::shown_keys().size(); }
+
+sim_status sim_key_at(size_t index, sim_key* key) {
+    return answer([&] {
+        require(key, "sim_key_at", "key");
+        if (index >= sim_key_count())
+            throw Refusal(SIM_NOT_FOUND, "sim_key_at: there is no key " + std::to_string(index) + " of " +
+                                             std::to_string(sim_key_count()));
+        const sim::ShownKey& shown = sim::shown_keys()[index];
+        const auto& [origin, size] = shown.frame;
+        *key = {shown.name.c_str(), shown.text.empty() ? nullptr : shown.text.c_str(),
+                origin.x,           origin.y,
+                size.width,         size.height};
+    });
+}
+
 sim_status sim_take_picture(const char* host_path, double scale) {
     return answer([&] {
         require(host_path, "sim_take_picture", "host_path");
         require_boot("sim_take_picture");
-        if (!(scale >= 0 && scale <= 10))
-            throw Refusal(SIM_MISUSE, "sim_take_picture: the scale is " + std::to_string(scale) +
-                                          "; it is from 0 to 10 pixels per point");
+        require_scale(scale, "sim_take_picture");
         std::string error;
         if (!sim::take_picture(host_path, scale, error))
             throw Refusal(SIM_BAD_FILE, "sim_take_picture: " + error);
+    });
+}
+
+sim_status sim_show_view(void* view) {
+    return answer([&] { sim::show_view(object_of<UIView>(view, "sim_show_view", "view")); });
+}
+
+sim_status sim_view_on_screen(const char* class_name, void** view) {
+    return answer([&] {
+        require(class_name, "sim_view_on_screen", "class_name");
+        require(view, "sim_view_on_screen", "view");
+        require_boot("sim_view_on_screen");
+        Class type = objc_getClass(class_name);
+        *view = type ? sim::view_on_screen(type) : nullptr;
+        if (!*view)
+            throw Refusal(SIM_NOT_FOUND,
+                          std::string("sim_view_on_screen: there is no ") + class_name + " on the screen");
+    });
+}
+
+sim_status sim_take_picture_of(void* view, const char* host_path, double scale) {
+    return answer([&] {
+        UIView* pictured = object_of<UIView>(view, "sim_take_picture_of", "view");
+        require(host_path, "sim_take_picture_of", "host_path");
+        require_scale(scale, "sim_take_picture_of");
+        const CGSize size = pictured->bounds().size;
+        if (!(size.width > 0 && size.height > 0))
+            throw Refusal(SIM_MISUSE, "sim_take_picture_of: the view's bounds are empty, " +
+                                          std::to_string(size.width) + " x " + std::to_string(size.height) +
+                                          " points");
+        std::string error;
+        if (!sim::write_picture(pictured, sim::PictureGround::transparent, scale, host_path, error))
+            throw Refusal(SIM_BAD_FILE, "sim_take_picture_of: " + error);
+    });
+}
+
+size_t sim_layout_report_count() { return sim::layout_reports().size(); }
+
+sim_status sim_layout_report_at(size_t index, sim_layout_report* report) {
+    return answer([&] {
+        require(report, "sim_layout_report_at", "report");
+        if (index >= sim_layout_report_count())
+            throw Refusal(SIM_NOT_FOUND, "sim_layout_report_at: there is no report " + std::to_string(index) +
+                                             " of " + std::to_string(sim_layout_report_count()));
+        const auto& found = sim::layout_reports()[index];
+        const bool conflict = found.problem == sim::LayoutReport::Problem::conflict;
+        *report = {conflict ? SIM_LAYOUT_CONFLICT : SIM_LAYOUT_AMBIGUITY, found.line.c_str()};
     });
 }

@@ -5,7 +5,9 @@
 
 #include <vector>
 
+#include "foundation/property_list/text_encoding.h"
 #include "objc/class.h"
+#include "objc/exception.h"
 #include "platform/foundation.h"
 #include "runtime/method_replacement.h"
 
@@ -31,6 +33,15 @@ struct ProcessInfo : NSProcessInfo {
     }
 };
 
+/// The environment without what Foundation can make no text of.
+char** readable_environment() {
+    static std::vector<char*> entries;
+    for (char** entry = environ; entry && *entry; ++entry)
+        if (sim::plist::is_utf8(*entry)) entries.push_back(*entry);
+    entries.push_back(nullptr);
+    return entries.data();
+}
+
 }  // namespace
 
 namespace sim {
@@ -39,7 +50,11 @@ void start_foundation(const std::string& executable, ClaimedArguments arguments)
     static std::string path;  // Foundation may keep the pointer
     path = executable;
     char* vector[] = {path.data(), nullptr};
-    GSInitializeProcess(1, vector, environ);
+    // Foundation makes texts of what the process was really started with before it takes what it is given,
+    // and raises an exception where that is no UTF-8. It does so once.
+    char** environment = readable_environment();
+    if (objc::caught([&] { GSInitializeProcess(1, vector, environment); }))
+        GSInitializeProcess(1, vector, environment);
 
     Class info = NSProcessInfo::class_object();
     switch (arguments) {

@@ -165,6 +165,27 @@ typedef struct sim_keyboard {
 /* Puts the keyboard on the screen, in place of what was there. NULL shows the defaults. */
 SIM_API sim_status sim_show_keyboard(const sim_keyboard* keyboard);
 
+/* A key of the keyboard on the screen: where it takes touches, in points from the screen's upper left
+ * corner. */
+typedef struct sim_key {
+    /* "Latin-Small-Letter-G", "Shift-Key" */
+    const char* name;
+    /* What stands on it; NULL for a key with a glyph. */
+    const char* text;
+    double x, y, width, height;
+} sim_key;
+
+/* The keys of the plane on the screen, row by row; none before a keyboard is shown. Marks on other keys are
+ * not among them. Names and texts are valid until another keyboard is shown. */
+SIM_API size_t sim_key_count(void);
+SIM_API sim_status sim_key_at(size_t index, sim_key* key);
+
+/* ---- The screen --------------------------------------------------------------------------------------- */
+
+/* Puts a view on the screen, at the frame it has, over the page of notes and in place of what was there. `view`
+ * is a UIView; the screen owns it until something else is shown. */
+SIM_API sim_status sim_show_view(void* view);
+
 /* Presents a view controller, `controller` a UIViewController, over the page of notes and in place of what
  * was there. Its view appears at once. A controller whose modalPresentationStyle is 5 (over full screen)
  * leaves the page to be seen behind its view; the default style does not. */
@@ -172,6 +193,10 @@ SIM_API sim_status sim_present(void* controller);
 
 /* The controller that was presented last and has not been dismissed; NULL when there is none. */
 SIM_API sim_status sim_presented(void** controller);
+
+/* The first view of that class on the screen, page and all, parents before their children; subclasses count.
+ * It belongs to the screen. */
+SIM_API sim_status sim_view_on_screen(const char* class_name, void** view);
 
 /* ---- Touches ----------------------------------------------------------------------------------------- */
 
@@ -192,6 +217,30 @@ SIM_API sim_status sim_tap(double x, double y);
 
 /* Draws the screen and writes it to a host path as PNG. `scale` is in pixels per point; 0 is the screen's. */
 SIM_API sim_status sim_take_picture(const char* host_path, double scale);
+
+/* The same of a view alone, on the screen or not: laid out, as large as its bounds, transparent where nothing
+ * is drawn. */
+SIM_API sim_status sim_take_picture_of(void* view, const char* host_path, double scale);
+
+/* ---- Layout ------------------------------------------------------------------------------------------- */
+
+typedef enum sim_layout_problem {
+    /* Constraints contradict each other: one of them is left out. */
+    SIM_LAYOUT_CONFLICT = 0,
+    /* Constraints say too little of a view: it is as small as they let it be. */
+    SIM_LAYOUT_AMBIGUITY = 1
+} sim_layout_problem;
+
+typedef struct sim_layout_report {
+    sim_layout_problem problem;
+    /* Names the views by their classes and places in the tree. It was written to stderr, too. */
+    const char* line;
+} sim_layout_report;
+
+/* What was wrong with the layouts by constraints so far, in order. Nothing is reported twice while it stays
+ * wrong. The line is valid until the next layout. */
+SIM_API size_t sim_layout_report_count(void);
+SIM_API sim_status sim_layout_report_at(size_t index, sim_layout_report* report);
 
 #ifdef __cplusplus
 }

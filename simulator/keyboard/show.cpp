@@ -1,4 +1,4 @@
-// Puts a keyboard or a view controller on the screen, and takes pictures of it.
+// Puts a keyboard, a view or a view controller on the screen, and takes pictures of it.
 #include "keyboard/show.h"
 
 #include <algorithm>
@@ -27,6 +27,31 @@ namespace {
 
 using objc::strong;
 
+std::vector<ShownKey>& keys_on_screen() {
+    static std::vector<ShownKey> keys;
+    return keys;
+}
+
+/// The page replaces the one that was shown.
+void show_page(UIView* page, std::vector<ShownKey> keys) {
+    show_on_screen(page);
+    keys_on_screen() = std::move(keys);
+}
+
+strong<UIView> make_notes() {
+    return make_app_content(AppContent::notes, {device().screen_width, device().screen_height});
+}
+
+UIView* find_view_inside(UIView* tree, Class type) {
+    NSArray* subviews = tree->subviews();
+    for (NSUInteger index = 0; index < subviews->count(); ++index) {
+        auto* subview = static_cast<UIView*>(subviews->objectAtIndex(index));
+        if (subview->isKindOfClass(type)) return subview;
+        if (UIView* found = find_view_inside(subview, type)) return found;
+    }
+    return nullptr;
+}
+
 template <class Value>
 struct Choice {
     const char* name;
@@ -54,6 +79,22 @@ std::optional<Value> choose(const Choice<Value> (&choices)[Count], const char* w
     }
     error = std::string("no ") + what + " is called \"" + name + "\"; there are " + known;
     return std::nullopt;
+}
+
+std::string utf8(NSString* text) { return text ? text->UTF8String() : ""; }
+
+/// The plane's keys, moved to where the plane stands on the screen.
+std::vector<ShownKey> keys_of(UIKBTree* keyplane, CGFloat top) {
+    std::vector<ShownKey> keys;
+    NSArray* trees = keyplane->subtrees();
+    for (NSUInteger index = 0; index < trees->count(); ++index) {
+        auto* key = static_cast<UIKBTree*>(trees->objectAtIndex(index));
+        if (static_cast<KeyKind>(key->displayType()) == KeyKind::indicator) continue;
+        CGRect frame = key->frame();
+        frame.origin.y += top;
+        keys.push_back({utf8(key->name()), utf8(key->displayString()), frame});
+    }
+    return keys;
 }
 
 bool is_character(UIKBTree* key) { return static_cast<KeyKind>(key->displayType()) == KeyKind::character; }
@@ -133,22 +174,34 @@ bool show_keyboard(const KeyboardRequest& request, std::string& error) {
     frame.origin.y = size.height - frame.size.height;
     keyboard->setFrame(frame);
     page->addSubview(keyboard);
-    show_on_screen(page);
+    show_page(page, keys_of(keyplane, size.height - metrics.dock_height - metrics.size.height));
     return true;
 }
 
+const std::vector<ShownKey>& shown_keys() { return keys_on_screen(); }
+
+void show_view(UIView* view) {
+    strong<UIView> page = make_notes();
+    page->addSubview(view);
+    show_page(page, {});
+}
+
 void present(UIViewController* controller) {
-    show_on_screen(make_app_content(AppContent::notes, {device().screen_width, device().screen_height}));
+    show_page(make_notes(), {});
     screen_window()->rootViewController()->presentViewController(controller, true, nullptr);
 }
 
+UIView* view_on_screen(Class type) {
+    return screen_window() ? find_view_inside(screen_window(), type) : nullptr;
+}
+
 bool take_picture(const std::string& path, double scale, std::string& error) {
-    UIView* view = screen_window();
-    if (!view) {
+    UIView* page = screen_window();
+    if (!page) {
         error = "nothing is on the screen";
         return false;
     }
-    return write_picture(view, scale, path, error);
+    return write_picture(page, PictureGround::black, scale, path, error);
 }
 
 }  // namespace sim

@@ -1,7 +1,12 @@
-// What the C interface asks of the screen: to show the keyboard in some state, or a view controller, and to
-// be photographed.
+// What the C interface asks of the screen: to show the keyboard in some state, a view or a view controller,
+// and to be photographed.
 #pragma once
 #include <string>
+#include <vector>
+
+#include "platform/coregraphics.h"
+
+#include "platform/uikit.h"
 
 #include "platform/application.h"
 
@@ -32,8 +37,26 @@ struct KeyboardRequest {
 /// was.
 bool show_keyboard(const KeyboardRequest&, std::string& error);
 
+struct ShownKey {
+    std::string name;
+    /// Empty for a key with a glyph.
+    std::string text;
+    /// On the screen.
+    CGRect frame;
+};
+
+/// The keys of the plane on the screen, without the marks on them; none before a keyboard is shown.
+const std::vector<ShownKey>& shown_keys();
+
+/// Puts the view on the screen, at the frame it has, over the page of notes and in place of what was there.
+void show_view(UIView*);
+
 /// Presents the controller over the page of notes, in place of what was there.
 void present(UIViewController*);
+
+/// The first view of that class or a subclass on the screen, parents before their children; nil when there is
+/// none.
+UIView* view_on_screen(Class);
 
 /// Lays out, draws the screen's contents and writes them to `path`, a path of the host, as PNG. `scale` is in
 /// pixels per point; 0 is the screen's. False when nothing is shown or the file cannot be written.

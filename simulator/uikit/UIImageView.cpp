@@ -29,8 +29,10 @@ struct ImageView : objc::Implements<ImageView, UIImageView> {
 
     UIImage* image() { return ivars().image; }
     void setImage(UIImage* image) {
+        const bool resized = ivars().image->size() != image->size();
         ivars().image = image;
         show();
+        if (resized) static_cast<UIView*>(this)->invalidateIntrinsicContentSize();
     }
 
     void tintColorDidChange() {

@@ -32,12 +32,12 @@ struct Label : objc::Implements<Label, UILabel> {
     NSString* text() { return ivars().text; }
     void setText(NSString* text) {
         ivars().text = strong<NSString>::adopt(text->send<"copy", NSString*>());
-        static_cast<UIView*>(this)->setNeedsDisplay();
+        content_changed();
     }
     UIFont* font() { return ivars().font; }
     void setFont(UIFont* font) {
         ivars().font = font ? font : UIFont::systemFontOfSize(default_font_size);
-        static_cast<UIView*>(this)->setNeedsDisplay();
+        content_changed();
     }
     UIColor* textColor() { return ivars().textColor; }
     void setTextColor(UIColor* color) {
@@ -52,7 +52,7 @@ struct Label : objc::Implements<Label, UILabel> {
     NSInteger numberOfLines() { return ivars().numberOfLines; }
     void setNumberOfLines(NSInteger lines) {
         ivars().numberOfLines = lines;
-        static_cast<UIView*>(this)->setNeedsDisplay();
+        content_changed();
     }
 
     void drawRect(CGRect) { send<"drawTextInRect:">(static_cast<UIView*>(this)->bounds()); }
@@ -77,6 +77,11 @@ struct Label : objc::Implements<Label, UILabel> {
 
   private:
     static constexpr CGFloat default_font_size = 17;
+
+    void content_changed() {
+        static_cast<UIView*>(this)->setNeedsDisplay();
+        static_cast<UIView*>(this)->invalidateIntrinsicContentSize();
+    }
 
     sim::TextBox box(CGFloat width) {
         auto* self = static_cast<UILabel*>(this);

@@ -5,6 +5,9 @@
 #include "quartzcore/layer_geometry.h"
 #include "runtime/not_modelled.h"
 #include "uikit/autoresizing.h"
+#include "uikit/layout/activation.h"
+#include "uikit/layout/layout_pass.h"
+#include "uikit/layout/view_anchors.h"
 
 namespace sim {
 
@@ -31,6 +34,7 @@ strong<UIView> View::initWithFrame(CGRect frame) {
 }
 
 void View::dealloc() {
+    drop_constraints_of(this);
     ivars().layer->setDelegate(nullptr);
     for (UIView* subview : ivars().subviews) {
         static_cast<View*>(subview)->ivars().superview = nullptr;
@@ -43,12 +47,19 @@ void View::dealloc() {
 void View::setFrame(CGRect frame) {
     const CGSize old = bounds().size;
     ivars().layer->setFrame(frame);
+    layout_changed_by_frame(this);
     resized_from(old);
+}
+
+void View::setCenter(CGPoint center) {
+    ivars().layer->setPosition(center);
+    layout_changed_by_frame(this);
 }
 
 void View::setBounds(CGRect bounds) {
     const CGSize old = this->bounds().size;
     ivars().layer->setBounds(bounds);
+    layout_changed_by_frame(this);
     resized_from(old);
 }
 
@@ -58,9 +69,11 @@ void View::resized_from(CGSize old) {
     if (size == old) return;
     if (self->autoresizesSubviews()) {
         const auto subviews = ivars().subviews;
-        for (UIView* subview : subviews)
-            if (auto mask = subview->autoresizingMask())
+        for (UIView* subview : subviews) {
+            const auto mask = subview->autoresizingMask();
+            if (mask && subview->translatesAutoresizingMaskIntoConstraints())
                 subview->setFrame(autoresized(subview->frame(), mask, old, size));
+        }
     }
     if (self->contentMode() == UIViewContentModeRedraw) self->setNeedsDisplay();
 }
@@ -147,10 +160,16 @@ void View::setTintColor(UIColor* color) {
 
 // ---- Layout and display -------------------------------------------------------------------------
 
+void View::layoutIfNeeded() {
+    bring_layout_up_to_date(this);
+    ivars().layer->layoutIfNeeded();
+}
+
 void View::layoutSublayersOfLayer(CALayer* layer) {
     if (layer != ivars().layer) return;
     UIViewController* controller = ivars().controller;
     controller->viewWillLayoutSubviews();
+    place_subviews(this);
     static_cast<UIView*>(this)->layoutSubviews();
     controller->viewDidLayoutSubviews();
 }
@@ -210,6 +229,7 @@ OBJC_CLASS(UIView, UIResponder, View,
            ivar<"_userInteractionEnabled", &Ivars::userInteractionEnabled>,
            property<"tag", &Ivars::tag>,
            ivar<"_controller", &Ivars::controller>,
+           ivar<"_layoutState", &Ivars::layout>,
            method<"layer", &View::layer>,
            method<"nextResponder", &View::nextResponder>,
            method<"frame", &View::frame>,
@@ -228,7 +248,26 @@ OBJC_CLASS(UIView, UIResponder, View,
            method<"hitTest:withEvent:", &View::hitTest>,
            method<"sizeThatFits:", &View::sizeThatFits>,
            method<"sizeToFit", &View::sizeToFit>,
+           method<"topAnchor", &View::anchor<NSLayoutYAxisAnchor, NSLayoutAttributeTop>>,
+           method<"bottomAnchor", &View::anchor<NSLayoutYAxisAnchor, NSLayoutAttributeBottom>>,
+           method<"centerYAnchor", &View::anchor<NSLayoutYAxisAnchor, NSLayoutAttributeCenterY>>,
+           method<"leadingAnchor", &View::anchor<NSLayoutXAxisAnchor, NSLayoutAttributeLeading>>,
+           method<"trailingAnchor", &View::anchor<NSLayoutXAxisAnchor, NSLayoutAttributeTrailing>>,
+           method<"leftAnchor", &View::anchor<NSLayoutXAxisAnchor, NSLayoutAttributeLeft>>,
+           method<"rightAnchor", &View::anchor<NSLayoutXAxisAnchor, NSLayoutAttributeRight>>,
+           method<"centerXAnchor", &View::anchor<NSLayoutXAxisAnchor, NSLayoutAttributeCenterX>>,
+           method<"widthAnchor", &View::anchor<NSLayoutDimension, NSLayoutAttributeWidth>>,
+           method<"heightAnchor", &View::anchor<NSLayoutDimension, NSLayoutAttributeHeight>>,
+           method<"constraints", &View::constraints>,
+           method<"translatesAutoresizingMaskIntoConstraints", &View::translatesAutoresizingMask>,
+           method<"setTranslatesAutoresizingMaskIntoConstraints:", &View::setTranslatesAutoresizingMask>,
+           method<"hasAmbiguousLayout", &View::hasAmbiguousLayout>,
            method<"intrinsicContentSize", &View::intrinsicContentSize>,
+           method<"invalidateIntrinsicContentSize", &View::invalidateIntrinsicContentSize>,
+           method<"contentHuggingPriorityForAxis:", &View::huggingPriority>,
+           method<"setContentHuggingPriority:forAxis:", &View::setHuggingPriority>,
+           method<"contentCompressionResistancePriorityForAxis:", &View::compressionPriority>,
+           method<"setContentCompressionResistancePriority:forAxis:", &View::setCompressionPriority>,
            method<"alpha", &View::alpha>,
            method<"setAlpha:", &View::setAlpha>,
            method<"isHidden", &View::isHidden>,

@@ -4,6 +4,7 @@
 
 #include "objc/class.h"
 #include "platform/application.h"
+#include "uikit/layout/layout_state.h"
 
 namespace sim {
 
@@ -20,6 +21,7 @@ struct View : objc::Implements<View, UIView> {
         NSInteger tag = 0;
         /// Not owned: the controller whose view this is clears it when it goes.
         UIViewController* controller = nullptr;
+        LayoutState layout;
     };
 
     static Class layerClass(Class self);
@@ -38,7 +40,7 @@ struct View : objc::Implements<View, UIView> {
     CGRect bounds() { return ivars().layer->bounds(); }
     void setBounds(CGRect bounds);
     CGPoint center() { return ivars().layer->position(); }
-    void setCenter(CGPoint center) { ivars().layer->setPosition(center); }
+    void setCenter(CGPoint center);
     CGAffineTransform transform() { return ivars().layer->affineTransform(); }
     void setTransform(CGAffineTransform transform) { ivars().layer->setAffineTransform(transform); }
     CGPoint convertPointToView(CGPoint point, UIView* view);
@@ -49,7 +51,6 @@ struct View : objc::Implements<View, UIView> {
     UIView* hitTest(CGPoint point, UIEvent* event);
     CGSize sizeThatFits(CGSize) { return static_cast<UIView*>(this)->bounds().size; }
     void sizeToFit();
-    CGSize intrinsicContentSize() { return {no_intrinsic_size, no_intrinsic_size}; }
 
     // Appearance, kept by the layer
     CGFloat alpha() { return ivars().layer->opacity(); }
@@ -91,9 +92,23 @@ struct View : objc::Implements<View, UIView> {
     void willMoveToWindow(UIWindow*) {}
     void didMoveToWindow() {}
 
+    // Layout by constraints
+    template <class Anchor, NSLayoutAttribute Attribute>
+    Anchor* anchor();
+    NSArray* constraints();
+    bool translatesAutoresizingMask() { return ivars().layout.translates_mask; }
+    void setTranslatesAutoresizingMask(bool translates);
+    bool hasAmbiguousLayout();
+    CGSize intrinsicContentSize() { return {UIViewNoIntrinsicMetric, UIViewNoIntrinsicMetric}; }
+    void invalidateIntrinsicContentSize();
+    UILayoutPriority huggingPriority(UILayoutConstraintAxis axis);
+    void setHuggingPriority(UILayoutPriority priority, UILayoutConstraintAxis axis);
+    UILayoutPriority compressionPriority(UILayoutConstraintAxis axis);
+    void setCompressionPriority(UILayoutPriority priority, UILayoutConstraintAxis axis);
+
     // Layout and display
     void setNeedsLayout() { ivars().layer->setNeedsLayout(); }
-    void layoutIfNeeded() { ivars().layer->layoutIfNeeded(); }
+    void layoutIfNeeded();
     void layoutSubviews() {}
     void layoutSublayersOfLayer(CALayer* layer);
     void setNeedsDisplay();
@@ -102,8 +117,6 @@ struct View : objc::Implements<View, UIView> {
     bool drawViewHierarchyInRect(CGRect rect, bool after_updates);
 
   private:
-    static constexpr CGFloat no_intrinsic_size = -1;
-
     void resized_from(CGSize old);
     bool draws_itself();
     bool contains(UIView* view);

@@ -10,15 +10,18 @@
 
 namespace sim {
 
-bool write_picture(UIView* view, CGFloat scale, const std::string& path, std::string& error) {
+bool write_picture(UIView* view, PictureGround ground, CGFloat scale, const std::string& path,
+                   std::string& error) {
+    view->layoutIfNeeded();
     const CGRect bounds = view->bounds();
-    const auto context =
-        image_context(bounds.size, true, scale == 0 ? UIScreen::mainScreen()->scale() : scale);
+    if (scale == 0) scale = UIScreen::mainScreen()->scale();
+    const auto context = image_context(bounds.size, ground == PictureGround::black, scale);
     if (!context) {
-        error = "there is nothing to draw into: the view or the scale has no size, or they are too large";
+        error = "the view is " + std::to_string(bounds.size.width) + " x " +
+                std::to_string(bounds.size.height) + " points at " + std::to_string(scale) +
+                " pixels per point; a picture needs a size, and not more than 32767 pixels a side";
         return false;
     }
-    view->layoutIfNeeded();
     CGContextTranslateCTM(context, -bounds.origin.x, -bounds.origin.y);
     view->layer()->renderInContext(context);
 

@@ -4,6 +4,8 @@
 #include "runtime/not_modelled.h"
 #include "uikit/UIView.h"
 #include "uikit/events/first_responder.h"
+#include "uikit/layout/activation.h"
+#include "uikit/layout/layout_pass.h"
 
 namespace sim {
 
@@ -121,6 +123,7 @@ void View::insert(UIView* view, size_t index) {
     }
     static_cast<View*>(view)->ivars().superview = self;
     place_layer(view, index);
+    layout_changed(self);
     if (!static_cast<View*>(view)->ivars().tintColor && !old_tint->isEqual(view->tintColor()))
         tell_of_tint(view);
     if (changes_window) tell_of_window(view);
@@ -142,12 +145,15 @@ void View::place_layer(UIView* view, size_t index) {
 }
 
 void View::detach(UIView* view) {
+    drop_constraints_across(view);
+    layout_changed(this);
     auto& subviews = ivars().subviews;
     const strong<UIView> last_breath = view;
     const size_t index = index_of(view);
     if (index < subviews.size()) subviews.erase(subviews.begin() + static_cast<ptrdiff_t>(index));
     static_cast<View*>(view)->ivars().superview = nullptr;
     view->layer()->removeFromSuperlayer();
+    layout_changed(view);  // a tree of its own now
 }
 
 }  // namespace sim

@@ -2,6 +2,7 @@
 #pragma once
 #include "platform/coregraphics.h"
 #include "platform/foundation.h"
+#include "platform/layout.h"
 #include "platform/quartzcore.h"
 
 /// Points inwards from each edge.
@@ -293,12 +294,49 @@ struct UIView : objc::Interface<UIView, "UIView", UIResponder> {
     void willMoveToWindow(UIWindow* window) { send<"willMoveToWindow:">(window); }
     void didMoveToWindow() { send<"didMoveToWindow">(); }
 
+    NSLayoutYAxisAnchor* topAnchor() { return send<"topAnchor", NSLayoutYAxisAnchor*>(); }
+    NSLayoutYAxisAnchor* bottomAnchor() { return send<"bottomAnchor", NSLayoutYAxisAnchor*>(); }
+    NSLayoutYAxisAnchor* centerYAnchor() { return send<"centerYAnchor", NSLayoutYAxisAnchor*>(); }
+    NSLayoutXAxisAnchor* leadingAnchor() { return send<"leadingAnchor", NSLayoutXAxisAnchor*>(); }
+    NSLayoutXAxisAnchor* trailingAnchor() { return send<"trailingAnchor", NSLayoutXAxisAnchor*>(); }
+    NSLayoutXAxisAnchor* leftAnchor() { return send<"leftAnchor", NSLayoutXAxisAnchor*>(); }
+    NSLayoutXAxisAnchor* rightAnchor() { return send<"rightAnchor", NSLayoutXAxisAnchor*>(); }
+    NSLayoutXAxisAnchor* centerXAnchor() { return send<"centerXAnchor", NSLayoutXAxisAnchor*>(); }
+    NSLayoutDimension* widthAnchor() { return send<"widthAnchor", NSLayoutDimension*>(); }
+    NSLayoutDimension* heightAnchor() { return send<"heightAnchor", NSLayoutDimension*>(); }
+    /// The active constraints that this view holds: its own, and those between views inside it; a copy.
+    NSArray* constraints() { return send<"constraints", NSArray*>(); }
+    /// Whether frame and autoresizing mask say where the view is, and not constraints.
+    bool translatesAutoresizingMaskIntoConstraints() {
+        return send<"translatesAutoresizingMaskIntoConstraints", bool>();
+    }
+    void setTranslatesAutoresizingMaskIntoConstraints(bool translates) {
+        send<"setTranslatesAutoresizingMaskIntoConstraints:">(translates);
+    }
+    bool hasAmbiguousLayout() { return send<"hasAmbiguousLayout", bool>(); }
+    /// How much the view minds to be larger than its content, 250 at first, or smaller, 750.
+    UILayoutPriority contentHuggingPriority(UILayoutConstraintAxis axis) {
+        return send<"contentHuggingPriorityForAxis:", UILayoutPriority>(axis);
+    }
+    void setContentHuggingPriority(UILayoutPriority priority, UILayoutConstraintAxis axis) {
+        send<"setContentHuggingPriority:forAxis:">(priority, axis);
+    }
+    UILayoutPriority contentCompressionResistancePriority(UILayoutConstraintAxis axis) {
+        return send<"contentCompressionResistancePriorityForAxis:", UILayoutPriority>(axis);
+    }
+    void setContentCompressionResistancePriority(UILayoutPriority priority, UILayoutConstraintAxis axis) {
+        send<"setContentCompressionResistancePriority:forAxis:">(priority, axis);
+    }
+
     void setNeedsLayout() { send<"setNeedsLayout">(); }
+    /// Constraints are solved, then the views that need it are laid out, from the top down.
     void layoutIfNeeded() { send<"layoutIfNeeded">(); }
     void layoutSubviews() { send<"layoutSubviews">(); }
     CGSize sizeThatFits(CGSize size) { return send<"sizeThatFits:", CGSize>(size); }
     void sizeToFit() { send<"sizeToFit">(); }
+    /// UIViewNoIntrinsicMetric where the view has no size of its own.
     CGSize intrinsicContentSize() { return send<"intrinsicContentSize", CGSize>(); }
+    void invalidateIntrinsicContentSize() { send<"invalidateIntrinsicContentSize">(); }
     void setNeedsDisplay() { send<"setNeedsDisplay">(); }
     void drawRect(CGRect rect) { send<"drawRect:">(rect); }
     /// Draws the view and what is in it into the current context, laid out and displayed.

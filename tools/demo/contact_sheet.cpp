@@ -8,10 +8,12 @@
 #include "contact_sheet_page.h"
 #include "contact_sheet_plan.h"
 #include "objc/strong.h"
-#include "phone.h"
-#include "pictures.h"
+#include "support/phone.h"
+#include "support/pictures.h"
 
 namespace demo {
+
+using namespace tools;
 namespace {
 
 namespace fs = std::filesystem;

@@ -3,9 +3,11 @@
 
 #include <fstream>
 
-#include "phone.h"
+#include "support/phone.h"
 
 namespace demo {
+
+using namespace tools;
 namespace {
 
 // Of an upright screen only the lower part, where the keyboard is, is shown; the picture behind the link is

@@ -5,9 +5,11 @@
 #include <cstdio>
 #include <cstring>
 
-#include "phone.h"
+#include "support/phone.h"
 
 namespace demo {
+
+using namespace tools;
 namespace {
 
 const char* what(const sim_installing_call& call) {

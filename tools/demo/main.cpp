@@ -9,10 +9,12 @@
 #include "hook_table.h"
 #include "objc/strong.h"
 #include "overview.h"
-#include "phone.h"
+#include "support/phone.h"
 #include "themes.h"
 
 namespace demo {
+
+using namespace tools;
 namespace {
 
 namespace fs = std::filesystem;

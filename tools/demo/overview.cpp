@@ -3,9 +3,11 @@
 
 #include <algorithm>
 
-#include "pictures.h"
+#include "support/pictures.h"
 
 namespace demo {
+
+using namespace tools;
 
 namespace fs = std::filesystem;
 

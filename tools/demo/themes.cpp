@@ -6,14 +6,16 @@
 
 #include "hills.h"
 #include "model/HuecraftConfig.h"
-#include "phone.h"
+#include "support/phone.h"
+#include "support/text.h"
+#include "support/theme_choice.h"
 
 namespace demo {
+
+using namespace tools;
 namespace {
 
 using objc::strong;
-
-NSString* text(const std::string& utf8) { return NSString::stringWithUTF8String(utf8.c_str()); }
 
 UIColor* color(uint32_t rgb, double alpha = 1) {
     auto component = [rgb](int shift) { return (rgb >> shift & 255) / 255.0; };
@@ -88,12 +90,6 @@ void make_theme(const Look& look) {
     save(config, look.name);
 }
 
-void choose(const std::string& theme) {
-    id values[] = {NSNumber::numberWithBool(!theme.empty()), text(theme + ".plist")};
-    id keys[] = {text("_Enabled"), text("_Config")};
-    NSDictionary* preferences = NSDictionary::dictionaryWithObjects(values, keys, 2);
-    const char* path = "/var/mobile/Library/Preferences/com.quillmoth.huecraftios12.plist";
-    if (!preferences->writeToFile(text(path), true)) throw Failure(std::string("cannot write ") + path);
-}
+void choose(const std::string& theme) { choose_theme(theme.empty() ? "" : theme + ".plist"); }
 
 }  // namespace demo

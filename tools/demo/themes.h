@@ -35,7 +35,7 @@ struct Look {
 /// Makes and saves its theme file.
 void make_theme(const Look& look);
 
-/// Writes the preference file that switches the library on with the theme of that name; with none, off.
+/// Makes the phone wear the theme of that name; with none, the library is off.
 void choose(const std::string& theme);
 
 }  // namespace demo

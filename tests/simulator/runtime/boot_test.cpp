@@ -67,6 +67,12 @@ TEST_F(Boot, ClaimsTheExecutable) {
     EXPECT_EQ(first_argument(), options.executable);
 }
 
+TEST_F(Boot, TheEnvironmentMayHoldAnyBytes) {
+    setenv("HUECRAFT_TEST", "caf\xe9", 1);
+    EXPECT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    unsetenv("HUECRAFT_TEST");
+}
+
 TEST_F(Boot, CanClaimNoArguments) {
     options.arguments = SIM_ARGUMENTS_NONE;
     ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();

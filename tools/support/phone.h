@@ -7,7 +7,7 @@
 
 #include "simulator.h"
 
-namespace demo {
+namespace tools {
 
 /// What went wrong, in one line.
 struct Failure : std::runtime_error {
@@ -21,8 +21,14 @@ void require(sim_status status, const std::string& doing);
 /// Failure in it is printed; any end but a good one is a Failure here that names `doing`.
 void in_child_process(const std::string& doing, const std::function<void()>& body);
 
+/// A screen in points, upright, with its pixels per point.
+struct Screen {
+    double width = 375, height = 667;
+    int scale = 2;
+};
+
 /// Switches this process's phone on over the folder that plays its file system.
-void boot(const std::filesystem::path& device, const char* executable);
+void boot(const std::filesystem::path& device, const char* executable, const Screen& screen = {});
 
 /// Loads a build of the library.
 void load(const std::filesystem::path& library);
@@ -30,4 +36,4 @@ void load(const std::filesystem::path& library);
 inline constexpr const char* notes = "/Applications/MobileNotes.app/MobileNotes";
 inline constexpr const char* settings = "/Applications/Preferences.app/Preferences";
 
-}  // namespace demo
+}  // namespace tools

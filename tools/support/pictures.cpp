@@ -1,13 +1,13 @@
 // Pictures as files on this machine.
-#include "pictures.h"
+#include "support/pictures.h"
 
 #include <fstream>
 #include <iterator>
 #include <string>
 
-#include "phone.h"
+#include "support/phone.h"
 
-namespace demo {
+namespace tools {
 
 UIImage* read_picture(const std::filesystem::path& png) {
     std::ifstream file(png, std::ios::binary);
@@ -27,4 +27,4 @@ void write_picture(UIImage* picture, const std::filesystem::path& png) {
         throw Failure("cannot write the picture " + png.string());
 }
 
-}  // namespace demo
+}  // namespace tools

@@ -4,11 +4,11 @@
 
 #include "platform/uikit.h"
 
-namespace demo {
+namespace tools {
 
 /// One point to a pixel.
 UIImage* read_picture(const std::filesystem::path& png);
 
 void write_picture(UIImage* picture, const std::filesystem::path& png);
 
-}  // namespace demo
+}  // namespace tools

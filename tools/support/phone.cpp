@@ -1,5 +1,5 @@
 // A simulated phone in a process of its own.
-#include "phone.h"
+#include "support/phone.h"
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,7 +11,7 @@
 
 #include "objc/strong.h"
 
-namespace demo {
+namespace tools {
 
 void require(sim_status status, const std::string& doing) {
     if (status != SIM_OK) throw Failure(doing + ": " + sim_last_error());
@@ -26,7 +26,7 @@ void in_child_process(const std::string& doing, const std::function<void()>& bod
             body();
         } catch (const std::exception& failure) {
             std::fflush(stdout);
-            std::fprintf(stderr, "huecraft_demo: %s\n", failure.what());
+            std::fprintf(stderr, "%s: %s\n", program_invocation_short_name, failure.what());
             std::exit(EXIT_FAILURE);
         }
         std::exit(EXIT_SUCCESS);
@@ -38,12 +38,15 @@ void in_child_process(const std::string& doing, const std::function<void()>& bod
     if (WEXITSTATUS(status) != EXIT_SUCCESS) throw Failure(doing + " failed");
 }
 
-void boot(const std::filesystem::path& device, const char* executable) {
+void boot(const std::filesystem::path& device, const char* executable, const Screen& screen) {
     const std::string root = device.string();
     sim_options options{};
     options.size = sizeof options;
     options.root = root.c_str();
     options.executable = executable;
+    options.screen_width = screen.width;
+    options.screen_height = screen.height;
+    options.screen_scale = screen.scale;
     require(sim_boot(&options), "switching the phone on");
 }
 
@@ -52,4 +55,4 @@ void load(const std::filesystem::path& library) {
     require(sim_load(library.c_str(), &loaded), "loading " + library.string());
 }
 
-}  // namespace demo
+}  // namespace tools

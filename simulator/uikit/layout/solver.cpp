@@ -1,0 +1,250 @@
+// Solves the equations and inequalities of a layout: see the header.
+#include "uikit/layout/solver.h"
+
+#include <Eigen/Dense>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace sim {
+namespace {
+
+/// Points: less than this is rounding.
+constexpr double tolerance = 1e-6;
+constexpr double negligible = 1e-9;
+
+}  // namespace
+
+void Solver::Row::add(const Row& other, double factor) {
+    expression.add(other.expression, factor);
+    origin.add(other.origin, factor);
+}
+
+unsigned Solver::add_variable(double start) {
+    point_.push_back(start);
+    definitions_.emplace_back();
+    bounds_of_.emplace_back();
+    return static_cast<unsigned>(point_.size() - 1);
+}
+
+// ---- Elimination --------------------------------------------------------------------------------
+
+// Brought up to date when it is asked for: it may mention variables that were taken away later.
+const Solver::Row& Solver::definition_of(unsigned variable) {
+    Row& definition = *definitions_[variable];
+    std::vector<unsigned> outdated;
+    for (const auto& term : definition.expression.terms())
+        if (term.variable != variable && definitions_[term.variable]) outdated.push_back(term.variable);
+    for (unsigned other : outdated) {
+        const double coefficient = definition.expression.coefficient_of(other);
+        definition.add(definition_of(other), -coefficient);
+    }
+    return definition;
+}
+
+// Writes the row in terms of free variables.
+void Solver::reduce(Row& row) {
+    std::vector<Expression::Term> taken;
+    for (const auto& term : row.expression.terms())
+        if (definitions_[term.variable]) taken.push_back(term);
+    for (const auto& term : taken) row.add(definition_of(term.variable), -term.coefficient);
+}
+
+void Solver::eliminate(Row row) {
+    if (row.expression.is_constant()) return;
+    Expression::Term pivot = row.expression.terms().front();
+    for (const auto& term : row.expression.terms())
+        if (std::fabs(term.coefficient) >= std::fabs(pivot.coefficient)) pivot = term;
+    row.expression *= 1 / pivot.coefficient;
+    row.origin *= 1 / pivot.coefficient;
+    definitions_[pivot.variable] = std::move(row);
+    for (size_t place : std::exchange(bounds_of_[pivot.variable], {})) {
+        reduce(bounds_[place]);
+        file_bound(place);
+    }
+}
+
+double Solver::value_of_free(const Expression& reduced) const {
+    double value = reduced.constant();
+    for (const auto& term : reduced.terms()) value += term.coefficient * point_[term.variable];
+    return value;
+}
+
+double Solver::value(const Expression& expression) {
+    Row row{expression, {}};
+    reduce(row);
+    return value_of_free(row.expression);
+}
+
+// ---- Bounds -------------------------------------------------------------------------------------
+
+void Solver::file_bound(size_t place) {
+    for (const auto& term : bounds_[place].expression.terms()) {
+        auto& filed = bounds_of_[term.variable];
+        if (std::find(filed.begin(), filed.end(), place) == filed.end()) filed.push_back(place);
+    }
+}
+
+// Whether the two leave a single value between them.
+bool Solver::closes(const Row& bound, const Row& opposite) const {
+    const auto &a = bound.expression.terms(), &b = opposite.expression.terms();
+    if (a.empty() || a.size() != b.size()) return false;
+    const double factor = -b.front().coefficient / a.front().coefficient;
+    if (!(factor > 0)) return false;
+    for (size_t i = 0; i < a.size(); ++i)
+        if (a[i].variable != b[i].variable ||
+            std::fabs(a[i].coefficient * factor + b[i].coefficient) > negligible)
+            return false;
+    return std::fabs(bound.expression.constant() * factor + opposite.expression.constant()) <= tolerance;
+}
+
+void Solver::add_bound(Row row) {
+    if (row.expression.is_constant()) return;
+    for (size_t place : bounds_of_[row.expression.terms().front().variable])
+        if (closes(row, bounds_[place])) return eliminate(std::move(row));
+    bounds_.push_back(std::move(row));
+    file_bound(bounds_.size() - 1);
+}
+
+// The bounds that a search for this expression can run into, and all the variables that these mention.
+std::vector<size_t> Solver::bounds_around(const Expression& reduced, std::vector<unsigned>& variables) const {
+    std::vector<size_t> around;
+    std::vector<bool> seen_variable(point_.size()), seen_bound(bounds_.size());
+    auto visit = [&](const Expression& expression) {
+        for (const auto& term : expression.terms()) {
+            if (seen_variable[term.variable]) continue;
+            seen_variable[term.variable] = true;
+            variables.push_back(term.variable);
+        }
+    };
+    visit(reduced);
+    for (size_t next = 0; next < variables.size(); ++next)
+        for (size_t place : bounds_of_[variables[next]]) {
+            if (seen_bound[place] || bounds_[place].expression.coefficient_of(variables[next]) == 0) continue;
+            seen_bound[place] = true;
+            around.push_back(place);
+            visit(bounds_[place].expression);
+        }
+    std::sort(around.begin(), around.end());
+    return around;
+}
+
+// ---- Search -------------------------------------------------------------------------------------
+
+// Goes straight towards zero until a bound is in the way, then along that bound, and so on; leaves a bound
+// again where that is the way to go on. Where nothing is, the point is as near as it gets.
+Solver::Reached Solver::draw_to_zero(const Expression& reduced) {
+    using Eigen::Index, Eigen::MatrixXd, Eigen::VectorXd;
+    const double value = value_of_free(reduced);
+    if (reduced.is_constant() || value == 0) return {value, {}};
+
+    std::vector<unsigned> variables;
+    const std::vector<size_t> around = bounds_around(reduced, variables);
+    const auto width = static_cast<Index>(variables.size()), height = static_cast<Index>(around.size());
+    std::vector<Index> column(point_.size());
+    for (Index i = 0; i < width; ++i) column[variables[static_cast<size_t>(i)]] = i;
+
+    VectorXd uphill = VectorXd::Zero(width), place(width), slack(height);
+    MatrixXd normals = MatrixXd::Zero(height, width);
+    for (Index i = 0; i < width; ++i) place(i) = point_[variables[static_cast<size_t>(i)]];
+    for (const auto& term : reduced.terms())
+        uphill(column[term.variable]) = value < 0 ? term.coefficient : -term.coefficient;
+    for (Index i = 0; i < height; ++i) {
+        const Expression& bound = bounds_[around[static_cast<size_t>(i)]].expression;
+        for (const auto& term : bound.terms()) normals(i, column[term.variable]) = term.coefficient;
+        slack(i) = std::max(0.0, value_of_free(bound));
+    }
+
+    double missing = std::fabs(value);
+    std::vector<Index> working;  // the bounds that the point slides along
+    for (Index turn = 0; missing > 0 && turn < 100 + 20 * (width + height); ++turn) {
+        VectorXd direction = uphill, pressure;
+        if (!working.empty()) {
+            const MatrixXd along = normals(working, Eigen::all).transpose();
+            pressure = along.colPivHouseholderQr().solve(uphill);
+            direction -= along * pressure;
+        }
+        const double gain = direction.dot(uphill);
+        if (gain <= negligible * uphill.squaredNorm()) {
+            size_t left =
+                0;  // the first that the point may leave: taking the first never goes round in circles
+            while (left < working.size() && pressure(static_cast<Index>(left)) <= negligible) ++left;
+            if (left == working.size()) break;
+            working.erase(working.begin() + static_cast<ptrdiff_t>(left));
+            continue;
+        }
+        double step = missing / gain;
+        const VectorXd rates = normals * direction;
+        Index stop = -1;
+        for (Index i = 0; i < height; ++i) {
+            if (rates(i) >= -negligible || std::find(working.begin(), working.end(), i) != working.end())
+                continue;
+            if (slack(i) < -rates(i) * step) {
+                step = slack(i) / -rates(i);
+                stop = i;
+            }
+        }
+        place += step * direction;
+        slack = (slack + step * rates).cwiseMax(0);
+        missing = stop < 0 ? 0 : missing - step * gain;
+        if (stop >= 0) working.insert(std::upper_bound(working.begin(), working.end(), stop), stop);
+    }
+
+    for (Index i = 0; i < width; ++i) point_[variables[static_cast<size_t>(i)]] = place(i);
+    Reached reached{value < 0 ? -missing : missing, {}};
+    for (Index i : working) reached.ended_at.push_back(around[static_cast<size_t>(i)]);
+    return reached;
+}
+
+// ---- Demands ------------------------------------------------------------------------------------
+
+std::vector<unsigned> Solver::sources_of(const Row& row, const std::vector<size_t>& bounds,
+                                         unsigned except) const {
+    Expression all = row.origin;
+    for (size_t place : bounds)
+        for (const auto& term : bounds_[place].origin.terms())
+            if (all.coefficient_of(term.variable) == 0) all.add(Expression::of(term.variable), 1);
+    std::vector<unsigned> sources;
+    for (const auto& term : all.terms())
+        if (term.variable != except) sources.push_back(term.variable);
+    return sources;
+}
+
+Solver::Verdict Solver::hold(const Expression& expression, Relation relation, Importance importance,
+                             unsigned source) {
+    Row row{expression, Expression::of(source)};
+    if (relation == Relation::at_most) row.expression *= -1;
+    reduce(row);
+    const double before = value_of_free(row.expression);
+    const bool is_bound = relation != Relation::equal;
+    if (is_bound && before >= 0) return add_bound(std::move(row)), Verdict{};
+
+    const Reached reached = draw_to_zero(row.expression);
+    if (is_bound ? reached.value >= -tolerance : std::fabs(reached.value) <= tolerance) {
+        is_bound ? add_bound(std::move(row)) : eliminate(std::move(row));
+        return {};
+    }
+    Verdict verdict{false, sources_of(row, reached.ended_at, source)};
+    if (importance == Importance::optional) {
+        row.expression.add(reached.value, -1);
+        eliminate(std::move(row));
+    }
+    return verdict;
+}
+
+bool Solver::is_determined(const Expression& expression) {
+    Row row{expression, {}};
+    reduce(row);
+    if (row.expression.is_constant()) return true;
+    const std::vector<double> kept = point_;
+    bool moves = false;
+    for (double way : {1.0, -1.0}) {
+        const double goal = value_of_free(row.expression) + way;
+        const Reached reached = draw_to_zero(row.expression - goal);
+        point_ = kept;
+        moves = moves || std::fabs(reached.value) < 1 - tolerance;
+    }
+    return !moves;
+}
+
+}  // namespace sim

@@ -1,0 +1,40 @@
+// Colours as the command reckons with them: contrast, and what lies over what.
+#pragma once
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/uikit.h"
+
+namespace command {
+
+/// From 0 to 1, not multiplied by alpha.
+struct Colour {
+    double red = 0, green = 0, blue = 0, alpha = 1;
+};
+
+/// "#RRGGBB" or "#RRGGBBAA", with "#" or without: what the library reads as it is written. Nothing else: the
+/// library takes "12#456" too, for a colour that nobody meant.
+std::optional<Colour> colour_of(const std::string& hex);
+
+Colour colour_of(UIColor* color);
+UIColor* ui_color(const Colour& colour);
+
+/// "#RRGGBB", or with alpha where it is not opaque; to the nearest.
+std::string hex_of(const Colour& colour);
+
+/// What is seen where `upper` lies over an opaque colour.
+Colour over(const Colour& upper, const Colour& opaque);
+
+/// The contrast ratio of two opaque colours, from 1 to 21, as WCAG 2 defines it.
+double contrast(const Colour& a, const Colour& b);
+
+/// The smallest contrast that the colour has where it lies over each of the opaque colours.
+double worst_contrast(const Colour& colour, const std::vector<Colour>& behind);
+
+/// The opaque colour nearest to the given one, on its way to black or to white, that has the contrast over
+/// each; nothing when there is none.
+std::optional<Colour> nearest_with_contrast(const Colour& colour, const std::vector<Colour>& behind,
+                                            double wanted);
+
+}  // namespace command

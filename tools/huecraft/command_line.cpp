@@ -1,0 +1,33 @@
+// The command line: what can be asked for.
+#include "command_line.h"
+
+#include "colour.h"
+#include "terminal.h"
+
+namespace command {
+
+CLI::Option* taking_colour(CLI::Option* option) {
+    auto refusal = [](const std::string& text) -> std::string {
+        if (colour_of(text)) return "";
+        return in_quotes(text) + " is no colour; expected #RRGGBB or #RRGGBBAA, in hexadecimal digits";
+    };
+    return option->type_name("HEX")->check(refusal, "", "hex colour");
+}
+
+CLI::Option* taking_number(CLI::Option* option, double from, double to) {
+    // Without the description, which the help would show next to the type.
+    return option->type_name("N")->check(CLI::Range(from, to).description(""));
+}
+
+std::unique_ptr<CLI::App> make_command_line(Request& request) {
+    auto command = std::make_unique<CLI::App>("Makes, checks and shows keyboard themes.", "huecraft");
+    command->require_subcommand(1);
+    command->footer(
+        "Exit status: 0 all is well, 1 something was found, 2 misuse or a file that cannot be used.\n"
+        "\"huecraft SUBCOMMAND --help\" has the options and examples.");
+    add_new(*command, request);
+    add_show(*command, request);
+    return command;
+}
+
+}  // namespace command

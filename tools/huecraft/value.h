@@ -1,0 +1,34 @@
+// The values of property lists, told apart and put into words.
+#pragma once
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "platform/foundation.h"
+
+namespace command {
+
+using Json = nlohmann::ordered_json;
+
+enum class Kind { none, text, boolean, whole, real, data, date, list, dictionary, other };
+
+Kind kind_of(id value);
+
+/// "a text", "a whole number"; "nothing" for nil.
+std::string name_of(Kind kind);
+
+/// The value in a few words: quoted text, a number, "yes", "1234 bytes", "3 entries".
+std::string in_words(id value);
+
+/// Data as the number of its bytes, which JSON has no form for.
+Json json_of(id value);
+
+/// As JSON prints it; what is no UTF-8 is replaced.
+std::string printed(const Json& json);
+
+/// The number of a value of one of the three kinds of numbers, or of a text.
+double number_of(id value);
+
+std::string bytes_of(NSData* data);
+NSData* data_of(const std::string& bytes);
+
+}  // namespace command

@@ -1,0 +1,33 @@
+// Where the work is done: a simulated phone in a child process, with a folder that plays its file system.
+#pragma once
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "status.h"
+
+namespace command {
+
+/// The library that is put on the phones: beside the command as it was built, or under its installation.
+std::filesystem::path library();
+
+/// The folder of a phone, which lasts as long as the command runs.
+struct Workshop {
+    std::filesystem::path device;
+
+    /// Puts a theme's file into the folder of themes, in place of one of that name.
+    void place_theme(const std::string& name, const std::string& contents) const;
+    /// Where a theme of the phone lies on this machine.
+    std::filesystem::path theme(const std::string& name) const;
+    /// A host path for a file that is needed for a while.
+    std::filesystem::path scratch(const std::string& name) const { return device / "tmp" / name; }
+};
+
+/// Runs the work in a child process. A phone that stops takes only its own process along, and is complained
+/// of.
+Status in_workshop(const std::function<Status(const Workshop&)>& work);
+
+/// Runs the work in a child of this process, and waits for it.
+Status in_child(const std::function<Status()>& work);
+
+}  // namespace command

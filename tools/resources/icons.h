@@ -1,0 +1,11 @@
+// The icons of the colour picker's copy and paste buttons.
+#pragma once
+#include <filesystem>
+
+namespace resources {
+
+/// Draws copy.png and paste.png into the folder: 60 x 60 pixels, which the picker scales to 20 x 20 points,
+/// in black on nothing, of which only the shape counts.
+void draw_icons(const std::filesystem::path& phone, const std::filesystem::path& folder);
+
+}  // namespace resources

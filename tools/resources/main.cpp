@@ -1,0 +1,45 @@
+// Draws the pictures of the settings pane's bundle into a folder.
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+
+#include "icons.h"
+#include "preview_pictures.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder that plays a device's file system while the pictures are drawn.
+class Phone {
+  public:
+    explicit Phone(const fs::path& folder) : root(folder / ".phone") {
+        fs::remove_all(root);
+        fs::create_directories(root / "var/mobile/Library/Preferences/HuecraftConfiguration");
+    }
+    Phone(const Phone&) = delete;
+    ~Phone() {
+        std::error_code ignored;
+        fs::remove_all(root, ignored);
+    }
+    const fs::path root;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: %s <folder>\n", argv[0]);
+        return 2;
+    }
+    try {
+        const fs::path folder = argv[1];
+        const Phone phone(folder);
+        resources::draw_icons(phone.root, folder);
+        resources::draw_preview_pictures(phone.root, folder);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "huecraft_resources: %s\n", failure.what());
+        return EXIT_FAILURE;
+    }
+}
