@@ -17,6 +17,7 @@
 #include "simulator.h"
 #include "uikit/controllers/screen.h"
 #include "uikit/events/touches.h"
+#include "uikit/events/typing.h"
 #include "uikit/layout/layout_reports.h"
 #include "uikit/picture.h"
 
@@ -186,6 +187,13 @@ void touch(const char* function, UITouchPhase phase, double x, double y) {
         throw Refusal(SIM_MISUSE, std::string(function) + ": " + error);
 }
 
+template <class Key>
+void press(const char* function, Key key) {
+    require_boot(function);
+    std::string error;
+    if (!key(error)) throw Refusal(SIM_NOT_FOUND, std::string(function) + ": " + error);
+}
+
 }  // namespace
 
 const char* sim_last_error() { return last_error().c_str(); }
@@ -317,6 +325,32 @@ sim_status sim_key_at(size_t index, sim_key* key) {
         *key = {shown.name.c_str(), shown.text.empty() ? nullptr : shown.text.c_str(),
                 origin.x,           origin.y,
                 size.width,         size.height};
+    });
+}
+
+sim_status sim_type_text(const char* text) {
+    return answer([&] {
+        require(text, "sim_type_text", "text");
+        press("sim_type_text", [&](std::string& error) {
+            NSString* typed = NSString::stringWithUTF8String(text);
+            if (!typed) throw Refusal(SIM_MISUSE, "sim_type_text: the text is not UTF-8");
+            return sim::type_text(typed, error);
+        });
+    });
+}
+
+sim_status sim_delete_backward() {
+    return answer([] { press("sim_delete_backward", sim::delete_backward); });
+}
+
+sim_status sim_press_return() {
+    return answer([] { press("sim_press_return", sim::press_return); });
+}
+
+sim_status sim_select_text(size_t location, size_t length) {
+    return answer([&] {
+        press("sim_select_text",
+              [&](std::string& error) { return sim::select_text({location, length}, error); });
     });
 }
 

@@ -182,8 +182,8 @@ SIM_API sim_status sim_key_at(size_t index, sim_key* key);
 
 /* ---- The screen --------------------------------------------------------------------------------------- */
 
-/* Puts a view on the screen, at the frame it has, over the page of notes and in place of what was there. `view`
- * is a UIView; the screen owns it until something else is shown. */
+/* Puts a view on the screen, at the frame it has, over the page of notes and in place of what was there.
+ * `view` is a UIView; the screen owns it until something else is shown. */
 SIM_API sim_status sim_show_view(void* view);
 
 /* Presents a view controller, `controller` a UIViewController, over the page of notes and in place of what
@@ -214,6 +214,19 @@ SIM_API sim_status sim_touch(sim_touch_phase phase, double x, double y);
 
 /* Puts the finger down and lifts it. */
 SIM_API sim_status sim_tap(double x, double y);
+
+/* ---- Typing ------------------------------------------------------------------------------------------ */
+
+/* Typing goes to the text field that is the first responder, as from a keyboard: its delegate is asked.
+ * Without one that is SIM_NOT_FOUND. */
+
+/* Types a text character by character, as it is; the end of a line is the return key. */
+SIM_API sim_status sim_type_text(const char* text);
+/* Deletes what is selected, or the character before the caret. */
+SIM_API sim_status sim_delete_backward(void);
+SIM_API sim_status sim_press_return(void);
+/* Selects text, in UTF-16 units; with length 0 the caret goes there. */
+SIM_API sim_status sim_select_text(size_t location, size_t length);
 
 /* Draws the screen and writes it to a host path as PNG. `scale` is in pixels per point; 0 is the screen's. */
 SIM_API sim_status sim_take_picture(const char* host_path, double scale);

@@ -155,6 +155,7 @@ void tell_of_tint(UIView* view) {
 
 void View::setTintColor(UIColor* color) {
     ivars().tintColor = color;
+    ivars().tintIsAppearance = false;
     tell_of_tint(this);
 }
 
@@ -217,6 +218,7 @@ using Ivars = sim::View::Ivars;
 
 OBJC_CLASS(UIView, UIResponder, View,
            class_method<"layerClass", &View::layerClass>,
+           class_method<"appearance", &View::appearance>,
            method<"init", &View::init>,
            method<"initWithFrame:", &View::initWithFrame>,
            ivar<"_layer", &Ivars::layer>,
@@ -228,6 +230,7 @@ OBJC_CLASS(UIView, UIResponder, View,
            property<"autoresizesSubviews", &Ivars::autoresizesSubviews>,
            ivar<"_userInteractionEnabled", &Ivars::userInteractionEnabled>,
            property<"tag", &Ivars::tag>,
+           ivar<"_tintIsAppearance", &Ivars::tintIsAppearance>,
            ivar<"_controller", &Ivars::controller>,
            ivar<"_layoutState", &Ivars::layout>,
            method<"layer", &View::layer>,

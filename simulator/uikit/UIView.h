@@ -19,12 +19,15 @@ struct View : objc::Implements<View, UIView> {
         UIViewAutoresizing autoresizingMask = 0;
         bool autoresizesSubviews = true, userInteractionEnabled = true;
         NSInteger tag = 0;
+        /// The tint colour was not set on the view, but is that of its class's appearance.
+        bool tintIsAppearance = false;
         /// Not owned: the controller whose view this is clears it when it goes.
         UIViewController* controller = nullptr;
         LayoutState layout;
     };
 
     static Class layerClass(Class self);
+    static id appearance(Class self);
     objc::strong<UIView> init();
     objc::strong<UIView> initWithFrame(CGRect frame);
     void dealloc();
@@ -125,6 +128,9 @@ struct View : objc::Implements<View, UIView> {
     void place_layer(UIView* view, size_t index);
     void detach(UIView* view);
 };
+
+/// Gives a view that comes into a window what its class's appearance says, unless it has its own.
+void apply_appearance(UIView*);
 
 /// Sends tintColorDidChange to the view and to those below it that have no tint colour of their own.
 void tell_of_tint(UIView*);

@@ -20,6 +20,7 @@ void tell_of_coming_window(UIView* view, UIWindow* window) {
 }
 
 void tell_of_window(UIView* view) {
+    if (view->window()) apply_appearance(view);
     view->didMoveToWindow();
     const auto subviews = static_cast<View*>(view)->ivars().subviews;
     for (UIView* subview : subviews) tell_of_window(subview);

@@ -47,6 +47,11 @@ constexpr NSTextAlignment NSTextAlignmentCenter = 1;
 constexpr NSTextAlignment NSTextAlignmentRight = 2;
 constexpr NSTextAlignment NSTextAlignmentNatural = 4;
 
+/// What becomes of text that is too long for its last line.
+using NSLineBreakMode = NSInteger;
+constexpr NSLineBreakMode NSLineBreakByWordWrapping = 0;
+constexpr NSLineBreakMode NSLineBreakByTruncatingTail = 4;
+
 /// From -1 to 1; 0 is regular.
 using UIFontWeight = CGFloat;
 constexpr UIFontWeight UIFontWeightUltraLight = -0.8;
@@ -357,6 +362,8 @@ struct UILabel : objc::Interface<UILabel, "UILabel", UIView> {
     /// 0 is as many as there is room for.
     NSInteger numberOfLines() { return send<"numberOfLines", NSInteger>(); }
     void setNumberOfLines(NSInteger lines) { send<"setNumberOfLines:">(lines); }
+    NSLineBreakMode lineBreakMode() { return send<"lineBreakMode", NSLineBreakMode>(); }
+    void setLineBreakMode(NSLineBreakMode mode) { send<"setLineBreakMode:">(mode); }
 };
 
 struct UIImageView : objc::Interface<UIImageView, "UIImageView", UIView> {
