@@ -12,7 +12,6 @@ set(HUECRAFT_SOURCES
     model/HCPreferences.cpp
     model/HuecraftConfig.cpp
     model/config_error.cpp
-    model/keyboard_size.cpp
     views/HCColourView.cpp
     views/HCGradientView.cpp
     views/HCImageView.cpp

@@ -15,6 +15,9 @@
 #include "platform/keyboard.h"
 #include "runtime/installing_calls.h"
 #include "simulator.h"
+#include "uikit/controllers/screen.h"
+#include "uikit/events/touches.h"
+#include "uikit/events/typing.h"
 #include "uikit/layout/layout_reports.h"
 #include "uikit/picture.h"
 
@@ -127,18 +130,6 @@ sim::BootOptions boot_options(const sim_options& given) {
     return wanted;
 }
 
-/// The object as a view. It is asked nothing: an object of any root class may have been given.
-UIView* view_of(void* object, const char* function) {
-    require(object, function, "view");
-    require_boot(function);
-    auto* view = static_cast<id>(object);
-    const Class wanted = UIView::class_object();
-    for (Class above = object_getClass(view); above; above = class_getSuperclass(above))
-        if (above == wanted) return static_cast<UIView*>(view);
-    throw Refusal(SIM_MISUSE, std::string(function) + ": the object is of the class " +
-                                  object_getClassName(view) + ", which is no UIView");
-}
-
 void require_scale(double scale, const char* function) {
     if (!(scale >= 0 && scale <= 10))
         throw Refusal(SIM_MISUSE, std::string(function) + ": the scale is " + std::to_string(scale) +
@@ -164,6 +155,43 @@ sim_colour colour_of(CGColorRef color) {
             return {SIM_COLOUR_RGB, {components[0], components[1], components[2], components[3]}};
     }
     throw Refusal(SIM_FAILED, "sim_named_colour: the colour is neither grey nor RGB");
+}
+
+/// The object as one of that class. It is asked nothing: an object of any root class may have been given.
+template <class Wanted>
+Wanted* object_of(void* given, const char* function, const char* parameter) {
+    require(given, function, parameter);
+    require_boot(function);
+    auto* object = static_cast<id>(given);
+    const Class wanted = Wanted::class_object();
+    for (Class above = object_getClass(object); above; above = class_getSuperclass(above))
+        if (above == wanted) return static_cast<Wanted*>(object);
+    throw Refusal(SIM_MISUSE, std::string(function) + ": the object is of the class " +
+                                  object_getClassName(object) + ", which is no " + class_getName(wanted));
+}
+
+UITouchPhase phase_of(sim_touch_phase phase) {
+    switch (phase) {
+        case SIM_TOUCH_BEGAN: return UITouchPhaseBegan;
+        case SIM_TOUCH_MOVED: return UITouchPhaseMoved;
+        case SIM_TOUCH_ENDED: return UITouchPhaseEnded;
+        case SIM_TOUCH_CANCELLED: return UITouchPhaseCancelled;
+    }
+    throw Refusal(SIM_MISUSE, "sim_touch: there is no phase " + std::to_string(phase));
+}
+
+void touch(const char* function, UITouchPhase phase, double x, double y) {
+    require_boot(function);
+    std::string error;
+    if (!sim::move_finger(phase, {x, y}, error))
+        throw Refusal(SIM_MISUSE, std::string(function) + ": " + error);
+}
+
+template <class Key>
+void press(const char* function, Key key) {
+    require_boot(function);
+    std::string error;
+    if (!key(error)) throw Refusal(SIM_NOT_FOUND, std::string(function) + ": " + error);
 }
 
 }  // namespace
@@ -260,6 +288,30 @@ sim_status sim_show_keyboard(const sim_keyboard* keyboard) {
     });
 }
 
+sim_status sim_present(void* controller) {
+    return answer(
+        [&] { sim::present(object_of<UIViewController>(controller, "sim_present", "controller")); });
+}
+
+sim_status sim_presented(void** controller) {
+    return answer([&] {
+        require(controller, "sim_presented", "controller");
+        require_boot("sim_presented");
+        *controller = sim::presented_on_screen();
+    });
+}
+
+sim_status sim_touch(sim_touch_phase phase, double x, double y) {
+    return answer([&] { touch("sim_touch", phase_of(phase), x, y); });
+}
+
+sim_status sim_tap(double x, double y) {
+    return answer([&] {
+        touch("sim_tap", UITouchPhaseBegan, x, y);
+        touch("sim_tap", UITouchPhaseEnded, x, y);
+    });
+}
+
 size_t sim_key_count() { return sim::shown_keys().size(); }
 
 sim_status sim_key_at(size_t index, sim_key* key) {
@@ -276,6 +328,32 @@ sim_status sim_key_at(size_t index, sim_key* key) {
     });
 }
 
+sim_status sim_type_text(const char* text) {
+    return answer([&] {
+        require(text, "sim_type_text", "text");
+        press("sim_type_text", [&](std::string& error) {
+            NSString* typed = NSString::stringWithUTF8String(text);
+            if (!typed) throw Refusal(SIM_MISUSE, "sim_type_text: the text is not UTF-8");
+            return sim::type_text(typed, error);
+        });
+    });
+}
+
+sim_status sim_delete_backward() {
+    return answer([] { press("sim_delete_backward", sim::delete_backward); });
+}
+
+sim_status sim_press_return() {
+    return answer([] { press("sim_press_return", sim::press_return); });
+}
+
+sim_status sim_select_text(size_t location, size_t length) {
+    return answer([&] {
+        press("sim_select_text",
+              [&](std::string& error) { return sim::select_text({location, length}, error); });
+    });
+}
+
 sim_status sim_take_picture(const char* host_path, double scale) {
     return answer([&] {
         require(host_path, "sim_take_picture", "host_path");
@@ -288,7 +366,7 @@ sim_status sim_take_picture(const char* host_path, double scale) {
 }
 
 sim_status sim_show_view(void* view) {
-    return answer([&] { sim::show_view(view_of(view, "sim_show_view")); });
+    return answer([&] { sim::show_view(object_of<UIView>(view, "sim_show_view", "view")); });
 }
 
 sim_status sim_view_on_screen(const char* class_name, void** view) {
@@ -306,7 +384,7 @@ sim_status sim_view_on_screen(const char* class_name, void** view) {
 
 sim_status sim_take_picture_of(void* view, const char* host_path, double scale) {
     return answer([&] {
-        UIView* pictured = view_of(view, "sim_take_picture_of");
+        UIView* pictured = object_of<UIView>(view, "sim_take_picture_of", "view");
         require(host_path, "sim_take_picture_of", "host_path");
         require_scale(scale, "sim_take_picture_of");
         const CGSize size = pictured->bounds().size;

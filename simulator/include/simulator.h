@@ -186,9 +186,47 @@ SIM_API sim_status sim_key_at(size_t index, sim_key* key);
  * `view` is a UIView; the screen owns it until something else is shown. */
 SIM_API sim_status sim_show_view(void* view);
 
+/* Presents a view controller, `controller` a UIViewController, over the page of notes and in place of what
+ * was there. Its view appears at once. A controller whose modalPresentationStyle is 5 (over full screen)
+ * leaves the page to be seen behind its view; the default style does not. */
+SIM_API sim_status sim_present(void* controller);
+
+/* The controller that was presented last and has not been dismissed; NULL when there is none. */
+SIM_API sim_status sim_presented(void** controller);
+
 /* The first view of that class on the screen, page and all, parents before their children; subclasses count.
  * It belongs to the screen. */
 SIM_API sim_status sim_view_on_screen(const char* class_name, void** view);
+
+/* ---- Touches ----------------------------------------------------------------------------------------- */
+
+typedef enum sim_touch_phase {
+    SIM_TOUCH_BEGAN = 0,
+    SIM_TOUCH_MOVED = 1,
+    SIM_TOUCH_ENDED = 2,
+    SIM_TOUCH_CANCELLED = 3
+} sim_touch_phase;
+
+/* Puts the one finger down at a point of the screen, moves it there, lifts it there or takes the touch back.
+ * The point is in points from the upper left corner. Views are laid out, and what the finger landed on is
+ * told, as hit testing finds it. */
+SIM_API sim_status sim_touch(sim_touch_phase phase, double x, double y);
+
+/* Puts the finger down and lifts it. */
+SIM_API sim_status sim_tap(double x, double y);
+
+/* ---- Typing ------------------------------------------------------------------------------------------ */
+
+/* Typing goes to the text field that is the first responder, as from a keyboard: its delegate is asked.
+ * Without one that is SIM_NOT_FOUND. */
+
+/* Types a text character by character, as it is; the end of a line is the return key. */
+SIM_API sim_status sim_type_text(const char* text);
+/* Deletes what is selected, or the character before the caret. */
+SIM_API sim_status sim_delete_backward(void);
+SIM_API sim_status sim_press_return(void);
+/* Selects text, in UTF-16 units; with length 0 the caret goes there. */
+SIM_API sim_status sim_select_text(size_t location, size_t length);
 
 /* Draws the screen and writes it to a host path as PNG. `scale` is in pixels per point; 0 is the screen's. */
 SIM_API sim_status sim_take_picture(const char* host_path, double scale);

@@ -1,4 +1,4 @@
-// Puts a keyboard or a view on the screen, and takes pictures of it.
+// Puts a keyboard, a view or a view controller on the screen, and takes pictures of it.
 #include "keyboard/show.h"
 
 #include <algorithm>
@@ -19,6 +19,7 @@
 #include "keyboard/pop_up.h"
 #include "keyboard/split.h"
 #include "keyboard/switcher.h"
+#include "uikit/controllers/screen.h"
 #include "uikit/picture.h"
 
 namespace sim {
@@ -26,30 +27,28 @@ namespace {
 
 using objc::strong;
 
-/// What is on the screen: the application's page with something on it. Kept until the process ends.
-UIView*& shown_page() {
-    static UIView* page = nullptr;
-    return page;
-}
-
 std::vector<ShownKey>& keys_on_screen() {
     static std::vector<ShownKey> keys;
     return keys;
 }
 
 /// The page replaces the one that was shown.
-void show_page(strong<UIView> page, std::vector<ShownKey> keys) {
-    page->layoutIfNeeded();
-    strong<UIView>::adopt(std::exchange(shown_page(), page.leak()));
+void show_page(UIView* page, std::vector<ShownKey> keys) {
+    show_on_screen(page);
     keys_on_screen() = std::move(keys);
 }
 
-UIView* find_view(UIView* tree, Class type) {
-    if (tree->isKindOfClass(type)) return tree;
+strong<UIView> make_notes() {
+    return make_app_content(AppContent::notes, {device().screen_width, device().screen_height});
+}
+
+UIView* find_view_inside(UIView* tree, Class type) {
     NSArray* subviews = tree->subviews();
-    for (NSUInteger index = 0; index < subviews->count(); ++index)
-        if (UIView* found = find_view(static_cast<UIView*>(subviews->objectAtIndex(index)), type))
-            return found;
+    for (NSUInteger index = 0; index < subviews->count(); ++index) {
+        auto* subview = static_cast<UIView*>(subviews->objectAtIndex(index));
+        if (subview->isKindOfClass(type)) return subview;
+        if (UIView* found = find_view_inside(subview, type)) return found;
+    }
     return nullptr;
 }
 
@@ -175,23 +174,29 @@ bool show_keyboard(const KeyboardRequest& request, std::string& error) {
     frame.origin.y = size.height - frame.size.height;
     keyboard->setFrame(frame);
     page->addSubview(keyboard);
-    show_page(std::move(page), keys_of(keyplane, size.height - metrics.dock_height - metrics.size.height));
+    show_page(page, keys_of(keyplane, size.height - metrics.dock_height - metrics.size.height));
     return true;
 }
 
 const std::vector<ShownKey>& shown_keys() { return keys_on_screen(); }
 
 void show_view(UIView* view) {
-    strong<UIView> page =
-        make_app_content(AppContent::notes, {device().screen_width, device().screen_height});
+    strong<UIView> page = make_notes();
     page->addSubview(view);
-    show_page(std::move(page), {});
+    show_page(page, {});
 }
 
-UIView* view_on_screen(Class type) { return shown_page() ? find_view(shown_page(), type) : nullptr; }
+void present(UIViewController* controller) {
+    show_page(make_notes(), {});
+    screen_window()->rootViewController()->presentViewController(controller, true, nullptr);
+}
+
+UIView* view_on_screen(Class type) {
+    return screen_window() ? find_view_inside(screen_window(), type) : nullptr;
+}
 
 bool take_picture(const std::string& path, double scale, std::string& error) {
-    UIView* page = shown_page();
+    UIView* page = screen_window();
     if (!page) {
         error = "nothing is on the screen";
         return false;

@@ -1,5 +1,5 @@
-// What the C interface asks of the screen: to show the keyboard in some state, or a view, and to be
-// photographed.
+// What the C interface asks of the screen: to show the keyboard in some state, a view or a view controller,
+// and to be photographed.
 #pragma once
 #include <string>
 #include <vector>
@@ -7,6 +7,8 @@
 #include "platform/coregraphics.h"
 
 #include "platform/uikit.h"
+
+#include "platform/application.h"
 
 namespace sim {
 
@@ -48,6 +50,9 @@ const std::vector<ShownKey>& shown_keys();
 
 /// Puts the view on the screen, at the frame it has, over the page of notes and in place of what was there.
 void show_view(UIView*);
+
+/// Presents the controller over the page of notes, in place of what was there.
+void present(UIViewController*);
 
 /// The first view of that class or a subclass on the screen, parents before their children; nil when there is
 /// none.

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "objc/class.h"
+#include "runtime/not_modelled.h"
 #include "uikit/text_layout.h"
 
 namespace {
@@ -15,6 +16,7 @@ struct Label : objc::Implements<Label, UILabel> {
         strong<UIColor> textColor;
         NSTextAlignment textAlignment = NSTextAlignmentNatural;
         NSInteger numberOfLines = 1;
+        NSLineBreakMode lineBreakMode = NSLineBreakByTruncatingTail;
     };
 
     strong<UILabel> initWithFrame(CGRect frame) {
@@ -52,6 +54,15 @@ struct Label : objc::Implements<Label, UILabel> {
     NSInteger numberOfLines() { return ivars().numberOfLines; }
     void setNumberOfLines(NSInteger lines) {
         ivars().numberOfLines = lines;
+        content_changed();
+    }
+
+    NSLineBreakMode lineBreakMode() { return ivars().lineBreakMode; }
+    void setLineBreakMode(NSLineBreakMode mode) {
+        if (mode != NSLineBreakByWordWrapping && mode != NSLineBreakByTruncatingTail)
+            sim::not_modelled("UILabel", "setLineBreakMode:",
+                              "a mode other than word wrap (0) and truncating the tail (4)");
+        ivars().lineBreakMode = mode;
         content_changed();
     }
 
@@ -100,6 +111,7 @@ OBJC_CLASS(UILabel, UIView, Label,
            ivar<"_textColor", &Label::Ivars::textColor>,
            ivar<"_textAlignment", &Label::Ivars::textAlignment>,
            ivar<"_numberOfLines", &Label::Ivars::numberOfLines>,
+           ivar<"_lineBreakMode", &Label::Ivars::lineBreakMode>,
            method<"text", &Label::text>,
            method<"setText:", &Label::setText>,
            method<"font", &Label::font>,
@@ -110,6 +122,8 @@ OBJC_CLASS(UILabel, UIView, Label,
            method<"setTextAlignment:", &Label::setTextAlignment>,
            method<"numberOfLines", &Label::numberOfLines>,
            method<"setNumberOfLines:", &Label::setNumberOfLines>,
+           method<"lineBreakMode", &Label::lineBreakMode>,
+           method<"setLineBreakMode:", &Label::setLineBreakMode>,
            method<"drawRect:", &Label::drawRect>,
            method<"drawTextInRect:", &Label::drawTextInRect>,
            method<"sizeThatFits:", &Label::sizeThatFits>,

@@ -92,22 +92,22 @@ CGRect View::convertRectFromView(CGRect rect, UIView* view) {
     return bounding_box(conversion(view, this), rect);
 }
 
-bool View::pointInside(CGPoint point, id) {
+bool View::pointInside(CGPoint point, UIEvent*) {
     const auto [origin, size] = static_cast<UIView*>(this)->bounds();
     return point.x >= origin.x && point.x < origin.x + size.width && point.y >= origin.y &&
            point.y < origin.y + size.height;
 }
 
-UIView* View::hitTest(CGPoint point, id event) {
+UIView* View::hitTest(CGPoint point, UIEvent* event) {
     constexpr CGFloat visible = 0.01;
     auto* self = static_cast<UIView*>(this);
     if (self->isHidden() || !self->isUserInteractionEnabled() || self->alpha() < visible ||
-        !send<"pointInside:withEvent:", bool>(point, event))
+        !self->pointInside(point, event))
         return nullptr;
-    const auto& subviews = ivars().subviews;
+    const auto subviews = ivars().subviews;
     for (auto subview = subviews.rbegin(); subview != subviews.rend(); ++subview) {
         const CGPoint inside = self->convertPointToView(point, *subview);
-        if (auto* hit = (*subview)->send<"hitTest:withEvent:", UIView*>(inside, event)) return hit;
+        if (auto* hit = (*subview)->hitTest(inside, event)) return hit;
     }
     return self;
 }
@@ -155,6 +155,7 @@ void tell_of_tint(UIView* view) {
 
 void View::setTintColor(UIColor* color) {
     ivars().tintColor = color;
+    ivars().tintIsAppearance = false;
     tell_of_tint(this);
 }
 
@@ -167,8 +168,11 @@ void View::layoutIfNeeded() {
 
 void View::layoutSublayersOfLayer(CALayer* layer) {
     if (layer != ivars().layer) return;
+    UIViewController* controller = ivars().controller;
+    controller->viewWillLayoutSubviews();
     place_subviews(this);
     static_cast<UIView*>(this)->layoutSubviews();
+    controller->viewDidLayoutSubviews();
 }
 
 // Whether the view's class, or a class that hooks it, draws. Other views get no bitmap.
@@ -214,6 +218,7 @@ using Ivars = sim::View::Ivars;
 
 OBJC_CLASS(UIView, UIResponder, View,
            class_method<"layerClass", &View::layerClass>,
+           class_method<"appearance", &View::appearance>,
            method<"init", &View::init>,
            method<"initWithFrame:", &View::initWithFrame>,
            ivar<"_layer", &Ivars::layer>,
@@ -225,6 +230,8 @@ OBJC_CLASS(UIView, UIResponder, View,
            property<"autoresizesSubviews", &Ivars::autoresizesSubviews>,
            ivar<"_userInteractionEnabled", &Ivars::userInteractionEnabled>,
            property<"tag", &Ivars::tag>,
+           ivar<"_tintIsAppearance", &Ivars::tintIsAppearance>,
+           ivar<"_controller", &Ivars::controller>,
            ivar<"_layoutState", &Ivars::layout>,
            method<"layer", &View::layer>,
            method<"nextResponder", &View::nextResponder>,
@@ -297,6 +304,9 @@ OBJC_CLASS(UIView, UIResponder, View,
            method<"willRemoveSubview:", &View::willRemoveSubview>,
            method<"willMoveToSuperview:", &View::willMoveToSuperview>,
            method<"didMoveToSuperview", &View::didMoveToSuperview>,
+           method<"window", &View::window>,
+           method<"willMoveToWindow:", &View::willMoveToWindow>,
+           method<"didMoveToWindow", &View::didMoveToWindow>,
            method<"setNeedsLayout", &View::setNeedsLayout>,
            method<"layoutIfNeeded", &View::layoutIfNeeded>,
            method<"layoutSubviews", &View::layoutSubviews>,

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "objc/class.h"
-#include "platform/uikit.h"
+#include "platform/application.h"
 #include "uikit/layout/layout_state.h"
 
 namespace sim {
@@ -19,15 +19,23 @@ struct View : objc::Implements<View, UIView> {
         UIViewAutoresizing autoresizingMask = 0;
         bool autoresizesSubviews = true, userInteractionEnabled = true;
         NSInteger tag = 0;
+        /// The tint colour was not set on the view, but is that of its class's appearance.
+        bool tintIsAppearance = false;
+        /// Not owned: the controller whose view this is clears it when it goes.
+        UIViewController* controller = nullptr;
         LayoutState layout;
     };
 
     static Class layerClass(Class self);
+    static id appearance(Class self);
     objc::strong<UIView> init();
     objc::strong<UIView> initWithFrame(CGRect frame);
     void dealloc();
     CALayer* layer() { return ivars().layer; }
-    UIResponder* nextResponder() { return ivars().superview; }
+    UIResponder* nextResponder() {
+        if (ivars().controller) return ivars().controller;
+        return static_cast<UIView*>(this)->superview();
+    }
 
     // Geometry
     CGRect frame() { return ivars().layer->frame(); }
@@ -42,8 +50,8 @@ struct View : objc::Implements<View, UIView> {
     CGPoint convertPointFromView(CGPoint point, UIView* view);
     CGRect convertRectToView(CGRect rect, UIView* view);
     CGRect convertRectFromView(CGRect rect, UIView* view);
-    bool pointInside(CGPoint point, id event);
-    UIView* hitTest(CGPoint point, id event);
+    bool pointInside(CGPoint point, UIEvent* event);
+    UIView* hitTest(CGPoint point, UIEvent* event);
     CGSize sizeThatFits(CGSize) { return static_cast<UIView*>(this)->bounds().size; }
     void sizeToFit();
 
@@ -83,6 +91,9 @@ struct View : objc::Implements<View, UIView> {
     void willRemoveSubview(UIView*) {}
     void willMoveToSuperview(UIView*) {}
     void didMoveToSuperview() {}
+    UIWindow* window();
+    void willMoveToWindow(UIWindow*) {}
+    void didMoveToWindow() {}
 
     // Layout by constraints
     template <class Anchor, NSLayoutAttribute Attribute>
@@ -117,6 +128,9 @@ struct View : objc::Implements<View, UIView> {
     void place_layer(UIView* view, size_t index);
     void detach(UIView* view);
 };
+
+/// Gives a view that comes into a window what its class's appearance says, unless it has its own.
+void apply_appearance(UIView*);
 
 /// Sends tintColorDidChange to the view and to those below it that have no tint colour of their own.
 void tell_of_tint(UIView*);

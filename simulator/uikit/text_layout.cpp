@@ -2,6 +2,7 @@
 #include "uikit/text_layout.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "coregraphics/CGContext.h"
 #include "uikit/UIFont.h"
@@ -39,6 +40,14 @@ CGSize TextLayout::size() const {
     int width = 0, height = 0;
     pango_layout_get_size(layout_.get(), &width, &height);
     return {static_cast<CGFloat>(width) / PANGO_SCALE, static_cast<CGFloat>(height) / PANGO_SCALE};
+}
+
+CGFloat TextLayout::caret_offset(NSString* text, NSUInteger index) const {
+    NSString* before = text->send<"substringToIndex:", NSString*>(index);
+    PangoRectangle strong;
+    pango_layout_get_cursor_pos(layout_.get(), static_cast<int>(std::strlen(before->UTF8String())), &strong,
+                                nullptr);
+    return static_cast<CGFloat>(strong.x) / PANGO_SCALE;
 }
 
 void TextLayout::draw(CGContextRef context, CGPoint point, CGColorRef color) const {

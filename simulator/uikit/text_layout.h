@@ -24,6 +24,8 @@ class TextLayout {
 
     /// Points, not rounded.
     CGSize size() const;
+    /// How far from the left edge a caret stands before that character, a UTF-16 unit, of the first line.
+    CGFloat caret_offset(NSString* text, NSUInteger index) const;
     /// Draws with the upper left corner at the point, where y points down. NULL draws nothing.
     void draw(CGContextRef, CGPoint, CGColorRef) const;
 

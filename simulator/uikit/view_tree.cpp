@@ -1,14 +1,44 @@
-// Views: the tree of them, and its layers, kept in step.
+// Views: the tree of them, and its layers, kept in step; and the window that a tree is in.
 #include <algorithm>
 
 #include "runtime/not_modelled.h"
 #include "uikit/UIView.h"
+#include "uikit/events/first_responder.h"
 #include "uikit/layout/activation.h"
 #include "uikit/layout/layout_pass.h"
 
 namespace sim {
 
 using objc::strong;
+
+namespace {
+
+void tell_of_coming_window(UIView* view, UIWindow* window) {
+    view->willMoveToWindow(window);
+    const auto subviews = static_cast<View*>(view)->ivars().subviews;
+    for (UIView* subview : subviews) tell_of_coming_window(subview, window);
+}
+
+void tell_of_window(UIView* view) {
+    if (view->window()) apply_appearance(view);
+    view->didMoveToWindow();
+    const auto subviews = static_cast<View*>(view)->ivars().subviews;
+    for (UIView* subview : subviews) tell_of_window(subview);
+}
+
+// Typing goes to views of the window only.
+void give_up_first_responder_in(UIView* view) {
+    auto* first = as<UIView>(first_responder());
+    if (first && first->isDescendantOfView(view)) first->resignFirstResponder();
+}
+
+}  // namespace
+
+UIWindow* View::window() {
+    for (UIView* view = this; view; view = view->superview())
+        if (auto* window = as<UIWindow>(view)) return window;
+    return nullptr;
+}
 
 NSArray* View::subviews() {
     const auto& views = ivars().subviews;
@@ -53,9 +83,13 @@ void View::removeFromSuperview() {
     if (!above) return;
     auto* self = static_cast<UIView*>(this);
     const strong<UIView> kept = self;
+    const bool leaves_window = self->window() != nullptr;
+    if (leaves_window) give_up_first_responder_in(self);
     self->willMoveToSuperview(nullptr);
+    if (leaves_window) tell_of_coming_window(self, nullptr);
     static_cast<UIView*>(above)->willRemoveSubview(self);
     above->detach(self);
+    if (leaves_window) tell_of_window(self);
     self->didMoveToSuperview();
 }
 
@@ -80,7 +114,10 @@ void View::insert(UIView* view, size_t index) {
         return;
     }
     const strong<UIColor> old_tint = view->tintColor();
+    UIWindow* const window = self->window();
+    const bool changes_window = window != view->window();
     view->willMoveToSuperview(self);
+    if (changes_window) tell_of_coming_window(view, window);
     if (auto* above = static_cast<View*>(view->superview())) {
         static_cast<UIView*>(above)->willRemoveSubview(view);
         above->detach(view);
@@ -90,6 +127,7 @@ void View::insert(UIView* view, size_t index) {
     layout_changed(self);
     if (!static_cast<View*>(view)->ivars().tintColor && !old_tint->isEqual(view->tintColor()))
         tell_of_tint(view);
+    if (changes_window) tell_of_window(view);
     view->didMoveToSuperview();
     self->didAddSubview(view);
 }

@@ -90,7 +90,8 @@ objc::strong<UIKBBackdropView> approximate_background(objc::Previous<BackdropIni
             const auto size = objc::send<"keyboardSizeForInterfaceOrientation:", CGSize>(
                 reinterpret_cast<id>(keyboardImplClass), portrait);
             auto* active = static_cast<_UIBackdropGradientView*>(view->activeBackgroundView());
-            view->setBackgroundColor(HCCITool::averageColorForImage(active->imageFromGradientOfSize(size)));
+            view->setBackgroundColor(HCCITool::averageColorForImage(active->imageFromGradientOfSize(size))
+                                         ->colorWithAlphaComponent(1.0));
             break;
         }
         case flat_background:

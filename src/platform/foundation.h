@@ -120,6 +120,14 @@ inline objc::strong<NSMutableDictionary> NSDictionary::mutableCopy() {
     return send<"mutableCopy", objc::strong<NSMutableDictionary>>();
 }
 
+struct NSSet : objc::Interface<NSSet, "NSSet", NSObject> {
+    static NSSet* setWithObject(id object) { return class_send<"setWithObject:", NSSet*>(object); }
+
+    NSUInteger count() { return send<"count", NSUInteger>(); }
+    id anyObject() { return send<"anyObject", id>(); }
+    bool containsObject(id object) { return send<"containsObject:", bool>(object); }
+};
+
 struct NSData : objc::Interface<NSData, "NSData", NSObject> {
     /// nil when the file cannot be read.
     static NSData* dataWithContentsOfFile(NSString* path) {

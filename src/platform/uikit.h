@@ -47,6 +47,11 @@ constexpr NSTextAlignment NSTextAlignmentCenter = 1;
 constexpr NSTextAlignment NSTextAlignmentRight = 2;
 constexpr NSTextAlignment NSTextAlignmentNatural = 4;
 
+/// What becomes of text that is too long for its last line.
+using NSLineBreakMode = NSInteger;
+constexpr NSLineBreakMode NSLineBreakByWordWrapping = 0;
+constexpr NSLineBreakMode NSLineBreakByTruncatingTail = 4;
+
 /// From -1 to 1; 0 is regular.
 using UIFontWeight = CGFloat;
 constexpr UIFontWeight UIFontWeightUltraLight = -0.8;
@@ -184,8 +189,28 @@ struct UIDevice : objc::Interface<UIDevice, "UIDevice", NSObject> {
     NSString* systemVersion() { return send<"systemVersion", NSString*>(); }
 };
 
+struct UIEvent;
+struct UIWindow;
+
 struct UIResponder : objc::Interface<UIResponder, "UIResponder", NSObject> {
     UIResponder* nextResponder() { return send<"nextResponder", UIResponder*>(); }
+
+    /// The first responder is who typing goes to.
+    bool isFirstResponder() { return send<"isFirstResponder", bool>(); }
+    bool canBecomeFirstResponder() { return send<"canBecomeFirstResponder", bool>(); }
+    bool canResignFirstResponder() { return send<"canResignFirstResponder", bool>(); }
+    /// Whether it is the first responder afterwards.
+    bool becomeFirstResponder() { return send<"becomeFirstResponder", bool>(); }
+    /// Whether it is not the first responder afterwards.
+    bool resignFirstResponder() { return send<"resignFirstResponder", bool>(); }
+
+    /// The sets hold UITouches. What a responder does not handle goes to the next one.
+    void touchesBegan(NSSet* touches, UIEvent* event) { send<"touchesBegan:withEvent:">(touches, event); }
+    void touchesMoved(NSSet* touches, UIEvent* event) { send<"touchesMoved:withEvent:">(touches, event); }
+    void touchesEnded(NSSet* touches, UIEvent* event) { send<"touchesEnded:withEvent:">(touches, event); }
+    void touchesCancelled(NSSet* touches, UIEvent* event) {
+        send<"touchesCancelled:withEvent:">(touches, event);
+    }
 };
 
 struct UIView : objc::Interface<UIView, "UIView", UIResponder> {
@@ -241,7 +266,17 @@ struct UIView : objc::Interface<UIView, "UIView", UIResponder> {
     bool isUserInteractionEnabled() { return send<"isUserInteractionEnabled", bool>(); }
     void setUserInteractionEnabled(bool enabled) { send<"setUserInteractionEnabled:">(enabled); }
 
+    bool pointInside(CGPoint point, UIEvent* event) {
+        return send<"pointInside:withEvent:", bool>(point, event);
+    }
+    /// The frontmost view at that point that takes touches; nil when there is none.
+    UIView* hitTest(CGPoint point, UIEvent* event) {
+        return send<"hitTest:withEvent:", UIView*>(point, event);
+    }
+
     UIView* superview() { return send<"superview", UIView*>(); }
+    /// The window that it is in; nil when it is in none.
+    UIWindow* window() { return send<"window", UIWindow*>(); }
     /// Back to front; a copy.
     NSArray* subviews() { return send<"subviews", NSArray*>(); }
     void addSubview(UIView* view) { send<"addSubview:">(view); }
@@ -261,6 +296,8 @@ struct UIView : objc::Interface<UIView, "UIView", UIResponder> {
     void willRemoveSubview(UIView* view) { send<"willRemoveSubview:">(view); }
     void willMoveToSuperview(UIView* view) { send<"willMoveToSuperview:">(view); }
     void didMoveToSuperview() { send<"didMoveToSuperview">(); }
+    void willMoveToWindow(UIWindow* window) { send<"willMoveToWindow:">(window); }
+    void didMoveToWindow() { send<"didMoveToWindow">(); }
 
     NSLayoutYAxisAnchor* topAnchor() { return send<"topAnchor", NSLayoutYAxisAnchor*>(); }
     NSLayoutYAxisAnchor* bottomAnchor() { return send<"bottomAnchor", NSLayoutYAxisAnchor*>(); }
@@ -325,6 +362,8 @@ struct UILabel : objc::Interface<UILabel, "UILabel", UIView> {
     /// 0 is as many as there is room for.
     NSInteger numberOfLines() { return send<"numberOfLines", NSInteger>(); }
     void setNumberOfLines(NSInteger lines) { send<"setNumberOfLines:">(lines); }
+    NSLineBreakMode lineBreakMode() { return send<"lineBreakMode", NSLineBreakMode>(); }
+    void setLineBreakMode(NSLineBreakMode mode) { send<"setLineBreakMode:">(mode); }
 };
 
 struct UIImageView : objc::Interface<UIImageView, "UIImageView", UIView> {

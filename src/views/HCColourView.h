@@ -1,8 +1,8 @@
-// A background of one colour, over a blur where it is translucent.
+// A background of one colour, with a blur where it is translucent.
 #pragma once
 #include "views/HCView.h"
 
-/// The colour is the view's own background colour.
+/// The colour is the view's own background colour, so the blur, a subview, lies over it.
 struct HCColourView : objc::Interface<HCColourView, "HCColourView", HCView> {
     objc::strong<HCColourView> initWithColor(UIColor* color) {
         return send<"initWithColor:", objc::strong<HCColourView>>(color);

@@ -1,8 +1,8 @@
-// A background that is a gradient, over a blur where a colour of it is translucent.
+// A background that is a gradient, with a blur where a colour of it is translucent.
 #pragma once
 #include "views/HCView.h"
 
-/// The gradient is the view's own layer.
+/// The gradient is the view's own layer, so the blur, a subview, lies over it.
 struct HCGradientView : objc::Interface<HCGradientView, "HCGradientView", HCView> {
     /// Without colours nothing is drawn.
     objc::strong<HCGradientView> initWithColors(NSArray* colors, NSInteger direction) {

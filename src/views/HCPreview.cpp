@@ -2,16 +2,26 @@
 #include "views/HCPreview.h"
 
 #include "model/HCCITool.h"
-#include "model/keyboard_size.h"
 #include "objc/class.h"
 #include "views/backdrops.h"
 #include "views/theme_background.h"
 #include "views/translucency.h"
 
+extern "C" Class NSClassFromString(NSString* name);
+
 namespace {
 
 using namespace objc::literals;
 using objc::strong;
+
+/// Interface orientations, as the system numbers them.
+constexpr NSInteger portrait = 1, landscape = 4;
+
+/// Zero where the system has no keyboard class to ask.
+CGSize keyboard_size(NSInteger orientation) {
+    auto keyboard = reinterpret_cast<id>(NSClassFromString("UIKeyboardImpl"_ns));
+    return objc::send<"keyboardSizeForInterfaceOrientation:", CGSize>(keyboard, orientation);
+}
 
 strong<UIImageView> make_picture_view(CGSize size, UIImage* picture) {
     auto view = objc::adopt(UIImageView::alloc()->send<"initWithFrame:", UIImageView*>(CGRect{{0, 0}, size}));
@@ -49,8 +59,8 @@ struct Preview : objc::Implements<Preview, HCPreview> {
         return instance;
     }
 
-    static CGSize keyboardPortraitSize(Class) { return keyboard_size(portrait_keyboard); }
-    static CGSize keyboardLandscapeSize(Class) { return keyboard_size(landscape_keyboard); }
+    static CGSize keyboardPortraitSize(Class) { return keyboard_size(portrait); }
+    static CGSize keyboardLandscapeSize(Class) { return keyboard_size(landscape); }
 
     strong<HCPreview> init() {
         auto self = initialised_by_super<"init">();

@@ -84,7 +84,7 @@ double in_child(double (*measure)(Theming, Foundation), Theming theming, Foundat
 }
 
 Ratio measured(Ratio ratio, Theming theming, Foundation foundation) {
-    const int runs = ratio.limit ? 61 : 31;
+    const int runs = ratio.limit ? 121 : 31;
     std::vector<double> costs, costs_against;
     for (int i = 0; i < runs; ++i) {
         costs.push_back(in_child(initializers, theming, foundation));

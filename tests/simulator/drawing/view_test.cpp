@@ -167,7 +167,7 @@ TEST_F(ViewGeometry, TheFrontmostViewUnderAPointIsHit) {
     root->addSubview(below);
     root->addSubview(above);
     above->addSubview(inside);
-    auto hit = [&](CGPoint point) { return root->send<"hitTest:withEvent:", UIView*>(point, id{}); };
+    auto hit = [&](CGPoint point) { return root->hitTest(point, nullptr); };
     EXPECT_EQ(hit({30, 30}), above);
     EXPECT_EQ(hit({36, 36}), inside);
     EXPECT_EQ(hit({10, 10}), below);

@@ -1,0 +1,49 @@
+// The screen: see the header.
+#include "uikit/controllers/screen.h"
+
+#include <utility>
+
+#include "uikit/events/touches.h"
+
+namespace sim {
+namespace {
+
+using objc::strong;
+
+/// Kept until the process ends.
+UIWindow*& shown() {
+    static UIWindow* window = nullptr;
+    return window;
+}
+
+void clear_screen() {
+    cancel_touch();
+    const auto window = strong<UIWindow>::adopt(std::exchange(shown(), nullptr));
+    if (!window) return;
+    NSArray* views = static_cast<UIView*>(window.get())->subviews();
+    for (NSUInteger i = 0; i < views->count(); ++i)
+        static_cast<UIView*>(views->objectAtIndex(i))->removeFromSuperview();
+}
+
+}  // namespace
+
+UIWindow* screen_window() { return shown(); }
+
+void show_on_screen(UIView* page) {
+    clear_screen();
+    auto window = objc::adopt(
+        static_cast<UIWindow*>(UIWindow::alloc()->initWithFrame({{0, 0}, page->bounds().size}).leak()));
+    auto root = strong<UIViewController>::adopt(UIViewController::class_send<"new", UIViewController*>());
+    root->setView(page);
+    shown() = window.leak();
+    shown()->setRootViewController(root);
+}
+
+UIViewController* presented_on_screen() {
+    UIViewController* top = shown()->rootViewController();
+    UIViewController* presented = nullptr;
+    while ((top = top->presentedViewController())) presented = top;
+    return presented;
+}
+
+}  // namespace sim

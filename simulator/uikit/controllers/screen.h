@@ -1,0 +1,17 @@
+// The screen: the window that is on it.
+#pragma once
+#include "platform/application.h"
+
+namespace sim {
+
+/// nil until something is shown.
+UIWindow* screen_window();
+
+/// Puts a new window on the screen, as large as the page, whose root controller has the page for its view.
+/// What was there is gone: it is told nothing but that its views leave their window.
+void show_on_screen(UIView* page);
+
+/// The controller that was presented last and is still there; nil when none is.
+UIViewController* presented_on_screen();
+
+}  // namespace sim

@@ -1,0 +1,17 @@
+// The finger: what it touches is found by hit testing, and told of it.
+#pragma once
+#include <string>
+
+#include "platform/application.h"
+
+namespace sim {
+
+/// Lays the screen out, then puts the finger down at that point of the screen, moves it there or lifts it.
+/// False when there is nothing to touch, or the finger is not where the phase wants it; `error` then says so
+/// in one line.
+bool move_finger(UITouchPhase, CGPoint, std::string& error);
+
+/// Takes the finger away, if it is down, because what it touched is leaving the screen.
+void cancel_touch();
+
+}  // namespace sim
