@@ -182,8 +182,8 @@ SIM_API sim_status sim_key_at(size_t index, sim_key* key);
 
 /* ---- The screen --------------------------------------------------------------------------------------- */
 
-/* Puts a view on the screen, at the frame it has, over the page of notes and in place of what was there. `view`
- * is a UIView; the screen owns it until something else is shown. */
+/* Puts a view on the screen, at the frame it has, over the page of notes and in place of what was there.
+ * `view` is a UIView; the screen owns it until something else is shown. */
 SIM_API sim_status sim_show_view(void* view);
 
 /* The first view of that class on the screen, page and all, parents before their children; subclasses count.
