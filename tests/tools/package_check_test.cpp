@@ -397,6 +397,15 @@ TEST_F(PackageCheck, APackageThatUnpacksToVeryMuchIsRefused) {
         "huecraft: changed.deb: it unpacks to more than 128 MB, which no package of this library does\n");
 }
 
+TEST_F(PackageCheck, APackageOfVeryManyFilesIsRefused) {
+    unpack();
+    shell("cd " + std::string(bundle) + " && touch $(seq -f %g.png 1001)");
+    const Outcome run = checked();
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err,
+              "huecraft: changed.deb: it has more than 1000 entries, which no package of this library has\n");
+}
+
 TEST_F(PackageCheck, APackageWithoutADylibIsRefused) {
     unpack();
     shell("rm " + std::string(dylib));

@@ -31,6 +31,9 @@ class Unpacking {
             const int result = archive_read_next_header(reader.get(), &entry);
             if (result == ARCHIVE_EOF) return;
             require(result, reader.get());
+            if (++entries_ > most_entries)
+                throw Unusable(file_, "it has more than " + std::to_string(most_entries) +
+                                          " entries, which no package of this library has");
             visit(entry, contents_of(reader.get()));
         }
     }
@@ -59,9 +62,10 @@ class Unpacking {
 
     // The package itself counts, then what its two archives hold.
     static constexpr size_t largest_unpacked = 2 * largest_input;
+    static constexpr size_t most_entries = 1000;
 
     std::string file_;
-    size_t unpacked_ = 0;
+    size_t unpacked_ = 0, entries_ = 0;
 };
 
 std::string path_of(archive_entry* entry) {
