@@ -5,12 +5,13 @@
 #include <cstdlib>
 #include <memory>
 
-#include "device/objc_metadata_text.h"
+#include "files.h"
+#include "objc_metadata_text.h"
 #include "support/phone.h"
 
 extern "C" Ivar* class_copyIvarList(Class, unsigned* count);
 
-namespace test {
+namespace contract {
 
 void PrintTo(const ClassFacts& facts, std::ostream* out) {
     *out << ": " << facts.superclass << "\n";
@@ -18,7 +19,12 @@ void PrintTo(const ClassFacts& facts, std::ostream* out) {
     for (const auto& method : facts.methods) *out << "  " << method << "\n";
 }
 
+}  // namespace contract
+
+namespace test {
 namespace {
+
+using contract::ClassFacts, contract::Classes, contract::parse_metadata;
 
 std::string output_of(const std::string& command) {
     std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
@@ -30,9 +36,15 @@ std::string output_of(const std::string& command) {
 }
 
 Classes classes_of_slice(const char* architecture) {
-    return parse_metadata(
-        output_of(std::string("'" OBJDUMP "' --macho --objc-meta-data '" HUECRAFT_SLICES "/") + architecture +
-                  "/HuecraftiOS12.dylib'"));
+    Classes classes =
+        parse_metadata(output_of(std::string("'" OBJDUMP "' --macho --objc-meta-data '" HUECRAFT_SLICES "/") +
+                                 architecture + "/HuecraftiOS12.dylib'"));
+    // The ELF build's runtime keeps no properties, and protocols in its own way: docs/contract.md holds both.
+    for (auto& [name, facts] : classes) {
+        facts.properties.clear();
+        facts.protocols.clear();
+    }
+    return classes;
 }
 
 void add_methods(ClassFacts& facts, Class owner, char side) {
@@ -140,6 +152,71 @@ TEST_F(Metadata, TheLibraryDefinesItsClassesAndNoOthers) {
                                                "HCPreferences", "HCPreview", "HCView", "HuecraftConfig",
                                                "_UIBackdropColouredView", "_UIBackdropGradientView",
                                                "_UIBackdropImageView"}));
+}
+
+TEST(PrintedMetadata, PropertiesAndAdoptedProtocolsAreRead) {
+    const Classes classes = parse_metadata(
+        "Contents of (__DATA,__objc_classlist) section\n"
+        "0000000000008408 0x8010 _OBJC_CLASS_$_Root\n"
+        "    superclass 0x0 _OBJC_CLASS_$_NSObject\n"
+        "                     name 0x40c8 Root\n"
+        "            baseProtocols 0x8148\n"
+        "                      count 2\n"
+        "\t\t      list[0] 0x8398 (struct protocol_t *)\n"
+        "\t\t\t     name 0x40cd Outer\n"
+        "\t\t  instanceMethods 0x80a0 (struct method_list_t *)\n"
+        "\t\t\t      name 0x4109 outer\n"
+        "\t\t\t     types 0x40d9 v16@0:8\n"
+        "\t\t      list[1] 0x8398 (struct protocol_t *)\n"
+        "\t\t\t     name 0x40cd Other\n"
+        "           baseProperties 0x82c8\n"
+        "\t\t\t     name 0x4125 p\n"
+        "\t\t\tattributes 0x4139 Ti,N,V_p\n"
+        "Meta Class\n"
+        "            baseProtocols 0x8148\n"
+        "\t\t      list[0] 0x8398 (struct protocol_t *)\n"
+        "\t\t\t     name 0x40cd Outer\n");
+    ASSERT_TRUE(classes.contains("Root"));
+    EXPECT_EQ(classes.at("Root").protocols, (std::vector<std::string>{"Outer", "Other"}));
+    EXPECT_EQ(classes.at("Root").properties, (std::vector<std::string>{"p Ti,N,V_p"}));
+    EXPECT_TRUE(classes.at("Root").methods.empty());
+}
+
+// --- The contract's table of files ---
+
+std::string refusal_of(const std::set<std::string>& texts) {
+    try {
+        contract::files_named_in(texts);
+    } catch (const std::exception& refusal) {
+        return refusal.what();
+    }
+    return "none";
+}
+
+constexpr const char* settings_file = "/var/mobile/Library/Preferences/com.quillmoth.huecraftios12.plist";
+
+TEST(ContractFiles, AFileIsThereWhenTheDylibHoldsItsPath) {
+    const auto files = contract::files_named_in({settings_file, "_Enabled", "_Config", "other", ".plist"});
+    ASSERT_EQ(files.size(), 1u);
+    EXPECT_EQ(files[0].path, settings_file);
+    EXPECT_TRUE(contract::files_named_in({}).empty());
+}
+
+TEST(ContractFiles, APathThatNobodyDescribedIsNamed) {
+    for (const char* path : {"/var/mobile/secret", "/secret.png", "secret.plist"})
+        EXPECT_EQ(refusal_of({path}), "the dylib holds the path \"" + std::string(path) +
+                                          "\", which tools/contract/files.cpp does not describe");
+}
+
+TEST(ContractFiles, AKeyThatNobodyDescribedIsNamed) {
+    EXPECT_EQ(refusal_of({"_Secret"}),
+              "the dylib holds the key \"_Secret\", which tools/contract/files.cpp does not describe");
+}
+
+TEST(ContractFiles, ADescribedKeyThatTheDylibLacksIsNamed) {
+    EXPECT_EQ(refusal_of({settings_file, "_Enabled"}), "the dylib does not hold the key \"_Config\" of " +
+                                                           std::string(settings_file) +
+                                                           ", which tools/contract/files.cpp describes");
 }
 
 }  // namespace

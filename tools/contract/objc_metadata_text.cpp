@@ -1,16 +1,16 @@
 // The Objective-C metadata of a Mach-O file, as the disassembler prints it.
-#include "device/objc_metadata_text.h"
+#include "objc_metadata_text.h"
 
 #include <sstream>
 
-namespace test {
+namespace contract {
 
 Classes parse_metadata(const std::string& printed) {
     Classes classes;
     ClassFacts facts;
     std::string class_name, superclass, part, row_name;
     char side = '-';
-    bool in_classes = false;
+    bool in_classes = false, is_protocol = false;
     auto finish = [&] {
         if (!class_name.empty()) classes[class_name] = facts;
         facts = {};
@@ -39,6 +39,12 @@ Classes parse_metadata(const std::string& printed) {
         } else if (key == "baseMethods" || key == "ivars" || key == "baseProperties" ||
                    key == "baseProtocols") {
             part = key;
+        } else if (part == "baseProtocols") {
+            // A protocol's own name stands first; then follow those of its methods and properties.
+            if (key.starts_with("list[")) is_protocol = true;
+            if (key != "name" || !is_protocol) continue;
+            if (side == '-') facts.protocols.push_back(value);
+            is_protocol = false;
         } else if (key == "name" && part.empty()) {
             class_name = value;
         } else if (key == "name") {
@@ -47,10 +53,12 @@ Classes parse_metadata(const std::string& printed) {
             facts.methods.insert(side + row_name + " " + value);
         } else if (key == "type" && part == "ivars") {
             facts.variables.push_back(row_name + " " + value);
+        } else if (key == "attributes" && part == "baseProperties") {
+            facts.properties.push_back(row_name + " " + value);
         }
     }
     finish();
     return classes;
 }
 
-}  // namespace test
+}  // namespace contract

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace test {
+namespace contract {
 
 struct ClassFacts {
     std::string superclass;
@@ -13,6 +13,10 @@ struct ClassFacts {
     std::set<std::string> methods;
     /// "name type", in order
     std::vector<std::string> variables;
+    /// "name attributes", in order
+    std::vector<std::string> properties;
+    /// Adopted by the class itself, in order.
+    std::vector<std::string> protocols;
     friend bool operator==(const ClassFacts&, const ClassFacts&) = default;
 };
 using Classes = std::map<std::string, ClassFacts>;
@@ -20,4 +24,4 @@ using Classes = std::map<std::string, ClassFacts>;
 /// Reads the output of llvm-objdump --macho --objc-meta-data.
 Classes parse_metadata(const std::string& printed);
 
-}  // namespace test
+}  // namespace contract
