@@ -12,9 +12,15 @@ set(HUECRAFT_SOURCES
     model/HCPreferences.cpp
     model/HuecraftConfig.cpp
     model/config_error.cpp
-    model/keyboard_size.cpp
+    views/HCColourView.cpp
+    views/HCGradientView.cpp
+    views/HCImageView.cpp
+    views/HCPreview.cpp
+    views/HCView.cpp
     views/_UIBackdropColouredView.cpp
     views/_UIBackdropGradientView.cpp
     views/_UIBackdropImageView.cpp
     views/backdrop_content.cpp
-    views/gradient_direction.cpp)
+    views/gradient_colors.cpp
+    views/gradient_direction.cpp
+    views/image_alpha.cpp)

@@ -5,6 +5,7 @@
 #include "model/HCCITool.h"
 #include "objc/fast_enumeration.h"
 #include "views/backdrops.h"
+#include "views/theme_background.h"
 #include "views/translucency.h"
 
 namespace hooks {
@@ -13,13 +14,6 @@ namespace {
 
 constexpr uintptr_t retain_nonatomic = 1;  // the association policy
 const char active_background_key = 0;      // its address is the key
-
-/// What a theme's background can be. Any other number is none.
-enum BackgroundType : NSUInteger { flat = 1, gradient = 2, image = 3 };
-
-UIColor* first_or_clear(NSArray* colors) {
-    return colors->count() ? static_cast<UIColor*>(colors->objectAtIndex(0)) : UIColor::clearColor();
-}
 
 /// The theme image's average, at the theme's image alpha.
 UIColor* average_of_theme_image() {
@@ -56,15 +50,15 @@ objc::strong<UIKBBackdropView> install_background(objc::Previous<BackdropInit> p
     backdrop->setBackgroundColor(UIColor::clearColor());
     NSArray* colors = sharedPreferences->getColors();
     switch (sharedPreferences->getBackgroundType()) {
-        case image: backdrop->setBackgroundColor(average_of_theme_image()); break;
-        case gradient: {
+        case image_background: backdrop->setBackgroundColor(average_of_theme_image()); break;
+        case gradient_background: {
             auto* themed = _UIBackdropGradientView::backdropWithStyle(themed_backdrop_style);
             themed->setDirection(static_cast<NSInteger>(sharedPreferences->getGradientDirection()));
-            themed->setColors(colors->count() ? colors : NSArray::arrayWithObject(UIColor::clearColor()));
+            themed->setColors(all_or_clear(colors));
             backdrop->setActiveBackgroundView(themed);
             break;
         }
-        case flat: {
+        case flat_background: {
             auto* themed = _UIBackdropColouredView::backdropWithStyle(themed_backdrop_style);
             themed->setColor(first_or_clear(colors));
             backdrop->setActiveBackgroundView(themed);
@@ -90,16 +84,19 @@ objc::strong<UIKBBackdropView> approximate_background(objc::Previous<BackdropIni
     objc::strong<UIKBBackdropView> view = previous(frame, style);
     NSArray* colors = sharedPreferences->getColors();
     switch (sharedPreferences->getBackgroundType()) {
-        case image: view->setBackgroundColor(average_of_theme_image()); break;
-        case gradient: {
+        case image_background: view->setBackgroundColor(average_of_theme_image()); break;
+        case gradient_background: {
             if (!keyboardImplClass) keyboardImplClass = objc_getClass("UIKeyboardImpl");
             const auto size = objc::send<"keyboardSizeForInterfaceOrientation:", CGSize>(
                 reinterpret_cast<id>(keyboardImplClass), portrait);
             auto* active = static_cast<_UIBackdropGradientView*>(view->activeBackgroundView());
-            view->setBackgroundColor(HCCITool::averageColorForImage(active->imageFromGradientOfSize(size)));
+            view->setBackgroundColor(HCCITool::averageColorForImage(active->imageFromGradientOfSize(size))
+                                         ->colorWithAlphaComponent(1.0));
             break;
         }
-        case flat: view->setBackgroundColor(first_or_clear(colors)->colorWithAlphaComponent(1.0)); break;
+        case flat_background:
+            view->setBackgroundColor(first_or_clear(colors)->colorWithAlphaComponent(1.0));
+            break;
         default: view->setBackgroundColor(UIColor::clearColor()); break;
     }
     if (view->activeBackgroundView()) take_out_active_background(view);
@@ -110,7 +107,7 @@ objc::strong<UIKBBackdropView> approximate_background(objc::Previous<BackdropIni
 /// refreshed.
 UIKBBackdropView* put_image_behind(objc::Previous<UIKBBackdropView*()> previous, UIKBInputBackdropView*) {
     UIKBBackdropView* piece = previous();
-    if (sharedPreferences->getBackgroundType() != image) return piece;
+    if (sharedPreferences->getBackgroundType() != image_background) return piece;
     UIView* active = piece->activeBackgroundView();
     if (active && !active->isKindOfClass(_UIBackdropImageView::class_object()))
         take_out_active_background(piece);

@@ -201,9 +201,11 @@ struct ColorAndImageTool : objc::Implements<ColorAndImageTool, HCCITool> {
         CGColorSpaceRelease(rgb);
         CGContextRelease(context);
         const CGFloat alpha = pixel[3] / 255.0;
+        if (pixel[3] == 0)
+            return UIColor::colorWithRGB(pixel[0] / 255.0, pixel[1] / 255.0, pixel[2] / 255.0, alpha);
         // The components are premultiplied already: they are multiplied by alpha once more, which darkens
         // translucent averages. Themes are made with it, so it stays.
-        const CGFloat factor = pixel[3] > 0 ? alpha / 255.0 : 1.0 / 255.0;
+        const CGFloat factor = alpha / 255.0;
         return UIColor::colorWithRGB(pixel[0] * factor, pixel[1] * factor, pixel[2] * factor, alpha);
     }
 

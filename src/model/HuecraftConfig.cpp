@@ -3,7 +3,6 @@
 
 #include "model/HCCITool.h"
 #include "model/config_error.h"
-#include "model/keyboard_size.h"
 #include "model/property_values.h"
 #include "objc/class.h"
 #include "objc/fast_enumeration.h"
@@ -157,7 +156,9 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
         if (ivars().backgroundImageCache) return lasting_here(ivars().backgroundImageCache.get());
         if (auto* data = as<NSData>(value("_Image"_ns))) {
             objc::AutoreleasePool decoded;  // only the scaled image stays
-            CGSize size = keyboard_portrait_size();
+            // The preview's class, which stands above this one, knows how large a keyboard is.
+            auto preview = reinterpret_cast<id>(objc_getClass("HCPreview"));
+            CGSize size = objc::send<"keyboardPortraitSize", CGSize>(preview);
             size.height += height_beyond_keyboard;
             ivars().backgroundImageCache = HCCITool::newScale(size, UIImage::imageWithData(data));
             ivars().configuration->removeObjectForKey("_Image"_ns);

@@ -3,6 +3,7 @@
 #include "objc/fast_enumeration.h"
 #include "views/backdrop_content.h"
 #include "views/backdrops.h"
+#include "views/gradient_colors.h"
 #include "views/gradient_direction.h"
 
 namespace {
@@ -52,14 +53,7 @@ struct GradientBackdrop : objc::Implements<GradientBackdrop, _UIBackdropGradient
         ivars().gradientLayer->setEndPoint(points.end);
     }
 
-    void setColors(NSArray* colors) {
-        NSMutableArray* core_colors = NSMutableArray::arrayWithCapacity(colors->count() + 1);
-        objc::for_each<UIColor>(
-            colors, [&](UIColor* color) { core_colors->addObject(reinterpret_cast<id>(color->CGColor())); });
-        if (core_colors->count() == 1)
-            core_colors->addObject(core_colors->objectAtIndex(0));  // fills the layer evenly
-        ivars().gradientLayer->setColors(NSArray::arrayWithArray(core_colors));
-    }
+    void setColors(NSArray* colors) { ivars().gradientLayer->setColors(gradient_layer_colors(colors)); }
 
     void setColorsAlpha(CGFloat alpha) {
         NSArray* shown = ivars().gradientLayer->colors();

@@ -2,6 +2,7 @@
 #include "objc/class.h"
 #include "views/backdrop_content.h"
 #include "views/backdrops.h"
+#include "views/image_alpha.h"
 #include "views/translucency.h"
 
 namespace {

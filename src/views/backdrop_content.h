@@ -10,6 +10,3 @@ void put_in_front(UIView* backdrop, UIView* content);
 
 /// Switches the layer's implicit animations off, so that a keyboard's background never animates.
 void switch_off_animations(CALayer* layer);
-
-/// The image drawn once at the alpha.
-UIImage* image_with_alpha(UIImage* image, CGFloat alpha);

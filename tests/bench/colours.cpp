@@ -4,6 +4,7 @@
 #include "ratio.h"
 #include "support/phone.h"
 #include "support/themes.h"
+#include "timing.h"
 
 namespace bench {
 
@@ -81,23 +82,22 @@ void measure_colours(std::vector<Ratio>& ratios) {
     check(write_hex()->isEqualToString(write_hex_by_format()), "both ways write the same text");
     check(allocations_of(make_colour) > 0 && allocations_of(make_text) > 0, "allocations are counted");
 
-    auto reading = compared(
-        {.what = "colorFromHexString:", .against = "NSScanner", .limit = at_least_five_times_faster},
-        [] { read_hex(); }, [] { read_hex_by_scanner(); });
-    reading.allocations = {.counted = allocations_of(read_hex), .allowed = allocations_of(make_colour)};
+    auto reading =
+        compared({.what = "colorFromHexString:", .against = "NSScanner", .limit = at_least_five_times_faster},
+                 calls_of<read_hex>, calls_of<read_hex_by_scanner>);
+    reading.counted = {"allocations", allocations_of(read_hex), allocations_of(make_colour)};
     ratios.push_back(reading);
 
-    // Making the string alone takes Foundation more than a fifth of what the whole takes with a format. So
-    // the limit is set to what both do before that.
     const auto seconds =
-        seconds_of({[] { write_hex(); }, [] { write_hex_by_format(); }, [] { make_text(); }});
+        seconds_of({calls_of<write_hex>, calls_of<write_hex_by_format>, calls_of<make_text>});
     const double result = seconds[2];
     ratios.push_back({.what = "hexStringFromColor:",
                       .against = "stringWithFormat:",
+                      .limit = at_least_five_times_faster,
                       .cost = seconds[0],
                       .cost_against = seconds[1],
-                      .allocations = Allocations{.counted = allocations_of(write_hex),
-                                                 .allowed = allocations_of(make_text)}});
+                      .counted = Counted{"allocations", allocations_of(write_hex), allocations_of(make_text)},
+                      .known = "making the string alone takes Foundation longer than that"});
     ratios.push_back({.what = "  the making of its result",
                       .against = "stringWithFormat:",
                       .cost = result,

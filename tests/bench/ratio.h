@@ -1,14 +1,14 @@
 // One measurement: what is measured, what it is measured against, and how much more it may cost.
 #pragma once
-#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace bench {
 
-/// What one call allocates, and how much of it is allowed.
-struct Allocations {
+/// What is counted beside the time, and how much of it is allowed.
+struct Counted {
+    const char* what;
     size_t counted, allowed;
 };
 
@@ -19,31 +19,26 @@ struct Ratio {
     std::optional<double> limit = {};
     /// Seconds.
     double cost = 0, cost_against = 0;
-    /// Where they are counted.
-    std::optional<Allocations> allocations = {};
+    std::optional<Counted> counted = {};
+    /// Why the limit is exceeded, where that is known. Such a row is marked like any other, but does not fail
+    /// the benchmark.
+    const char* known = nullptr;
 
     double value() const { return cost / cost_against; }
-    bool is_kept() const {
-        return (!limit || value() <= *limit) &&
-               (!allocations || allocations->counted <= allocations->allowed);
-    }
+    bool is_slow() const { return limit && value() > *limit; }
+    bool counts_too_many() const { return counted && counted->counted > counted->allowed; }
+    bool fails() const { return counts_too_many() || (is_slow() && !known); }
 };
 
-/// Adds the measured ratios of the colour tools, the hooks and the start.
+// Each adds its rows. Those of the first group measure in processes of their own, and come before a phone is
+// booted in this one.
+void measure_startup(std::vector<Ratio>&);
+void measure_backdrops(std::vector<Ratio>&);
+void measure_keyboard_pictures(std::vector<Ratio>&);
+
 void measure_colours(std::vector<Ratio>&);
 void measure_hooks(std::vector<Ratio>&);
-void measure_startup(std::vector<Ratio>&);
-
-using Work = void (*)();
-
-/// The seconds that one call of each takes, from interleaved runs.
-std::vector<double> seconds_of(const std::vector<Work>& works);
-
-/// The ratio with its costs measured: one call of `work` against one of `other`.
-Ratio compared(Ratio ratio, Work work, Work other);
-
-/// The cost that a quarter of the runs stay below. What disturbs a run only ever adds to it, so that this
-/// says more on a busy machine than the median does.
-double undisturbed(std::vector<double> costs);
+void measure_gradients(std::vector<Ratio>&);
+void measure_averages(std::vector<Ratio>&);
 
 }  // namespace bench

@@ -10,14 +10,11 @@
 // Most of what such a process spends on its first property list is Foundation putting its own classes
 // together. The rows without a limit leave that out: another list was parsed before, and what remains is the
 // reading of very small files, beside which a few look-ups weigh much.
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <ctime>
-
 #include "check.h"
+#include "child.h"
 #include "ratio.h"
 #include "support/themes.h"
+#include "timing.h"
 
 namespace bench {
 
@@ -27,12 +24,6 @@ namespace {
 
 enum class Theming { off, on };
 enum class Foundation { fresh, has_parsed };
-
-double processor_seconds() {
-    timespec now;
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
 
 void parse(NSData* bytes) {
     check(NSPropertyListSerialization::propertyListWithData(bytes, NSPropertyListSerialization::immutable,
@@ -89,24 +80,11 @@ double files_alone(Theming theming, Foundation foundation) {
 
 /// The seconds that a process of its own measures.
 double in_child(double (*measure)(Theming, Foundation), Theming theming, Foundation foundation) {
-    int ends[2];
-    check(pipe(ends) == 0, "there is a pipe");
-    const pid_t child = fork();
-    check(child >= 0, "there is a process");
-    if (child == 0) {
-        const double seconds = measure(theming, foundation);
-        _exit(write(ends[1], &seconds, sizeof seconds) == sizeof seconds ? 0 : 1);
-    }
-    close(ends[1]);
-    double seconds = 0;
-    check(read(ends[0], &seconds, sizeof seconds) == sizeof seconds, "the process answers");
-    close(ends[0]);
-    waitpid(child, nullptr, 0);
-    return seconds;
+    return bench::in_child(1, [=] { return std::vector{measure(theming, foundation)}; })[0];
 }
 
 Ratio measured(Ratio ratio, Theming theming, Foundation foundation) {
-    const int runs = ratio.limit ? 61 : 31;
+    const int runs = ratio.limit ? 121 : 31;
     std::vector<double> costs, costs_against;
     for (int i = 0; i < runs; ++i) {
         costs.push_back(in_child(initializers, theming, foundation));

@@ -86,10 +86,58 @@ TEST_F(Metadata, TheX8664SliceSaysWhatTheDefinitionsSay) {
     expect_same(classes_of_slice("x86_64"), registered_classes(phone.library()));
 }
 
+// What callers were compiled against: whatever of the interface is not plain objects, written out.
+const struct {
+    const char* class_name;
+    std::vector<std::string> variables, methods;
+} interface[] = {
+    {"HCCITool",
+     {},
+     {"+intFromString: I24@0:8@16", "+isValidHexColorLetter: B24@0:8@16",
+      "+isValidHexColorString: B24@0:8@16", "+newScale:forImage: @40@0:8{CGSize=dd}16@32",
+      "+imageFromColor:withSize: @40@0:8@16{CGSize=dd}24", "+isColor:equalToColor: B32@0:8@16@24"}},
+    {"HCPreferences",
+     {"preferenceCache @\"NSDictionary\"", "configCache @\"HuecraftConfig\""},
+     {"+sharedInstance @16@0:8", "-isEnabled B16@0:8", "-isCapsEnabled B16@0:8", "-getBackgroundType Q16@0:8",
+      "-getGradientDirection Q16@0:8", "-getImageAlpha d16@0:8"}},
+    {"HuecraftConfig",
+     {"configuration @\"NSMutableDictionary\"", "backgroundImageCache @\"UIImage\""},
+     {"+configWithTextColor:backgroundType:colors:gradientDirection:image:highlightColor: "
+      "@64@0:8@16Q24@32Q40@48@56",
+      "-initWithTextColor:backgroundType:colors:gradientDirection:image:highlightColor: "
+      "@64@0:8@16Q24@32Q40@48@56",
+      "-initWithFilename:error: @32@0:8@16^@24", "-saveConfiguration: B24@0:8^@16",
+      "-getBackgroundType Q16@0:8", "-setBackgroundType: v24@0:8Q16", "-getGradientDirection Q16@0:8",
+      "-setGradientDirection: v24@0:8Q16", "-getImageAlpha d16@0:8", "-setImageAlpha: v24@0:8d16",
+      "-getVisibleKeycaps B16@0:8", "-setVisibleKeycaps: v20@0:8B16"}},
+    {"_UIBackdropColouredView",
+     {"colouredView @\"UIView\""},
+     {"+backdropWithStyle: @24@0:8q16", "-initWithStyle:color: @32@0:8q16@24", "-setColorAlpha: v24@0:8d16"}},
+    {"_UIBackdropImageView",
+     {"imageView @\"UIImageView\""},
+     {"+backdropWithStyle: @24@0:8q16", "-initWithStyle:image: @32@0:8q16@24",
+      "-initWithStyle:image:alpha: @40@0:8q16@24d32", "-setImageAlpha: v24@0:8d16"}},
+    {"_UIBackdropGradientView",
+     {"gradientView @\"UIView\"", "gradientLayer @\"CAGradientLayer\"", "layoutGradientLayer B"},
+     {"+backdropWithStyle: @24@0:8q16", "-initWithStyle:direction: @32@0:8q16q24",
+      "-initWithStyle:colors:direction: @40@0:8q16@24q32", "-setDirection: v24@0:8q16",
+      "-setColorsAlpha: v24@0:8d16", "-imageFromGradientOfSize: @32@0:8{CGSize=dd}16"}},
+};
+
+TEST_F(Metadata, TheInterfacesTypesAreThoseThatCallersWereCompiledAgainst) {
+    Classes classes = registered_classes(phone.library());
+    for (const auto& [class_name, variables, methods] : interface) {
+        EXPECT_EQ(classes[class_name].variables, variables) << class_name;
+        for (const std::string& method : methods)
+            EXPECT_TRUE(classes[class_name].methods.contains(method)) << class_name << " has no " << method;
+    }
+}
+
 TEST_F(Metadata, TheLibraryDefinesItsClassesAndNoOthers) {
     std::vector<std::string> names;
     for (const auto& [name, facts] : registered_classes(phone.library())) names.push_back(name);
-    EXPECT_EQ(names, (std::vector<std::string>{"HCCITool", "HCPreferences", "HuecraftConfig",
+    EXPECT_EQ(names, (std::vector<std::string>{"HCCITool", "HCColourView", "HCGradientView", "HCImageView",
+                                               "HCPreferences", "HCPreview", "HCView", "HuecraftConfig",
                                                "_UIBackdropColouredView", "_UIBackdropGradientView",
                                                "_UIBackdropImageView"}));
 }

@@ -1,8 +1,6 @@
-// Keys, labels, glyphs and highlights under a theme: each hooked method, through its selector.
-#include <optional>
-
+// Keys and their labels under a theme: each hooked method, through its selector.
 #include "platform/keyboard.h"
-#include "platform/substrate.h"
+#include "support/runtime.h"
 #include "support/themes.h"
 
 namespace test {
@@ -11,19 +9,6 @@ namespace {
 class KeyColours : public testing::Test {
   protected:
     void SetUp() override { arrange_theme(phone); }
-
-    /// Stands in for the system's implementation, before the library replaces it: sees what the hook passes
-    /// on.
-    template <class Function>
-    static void stand_in(const char* class_name, const char* selector, Function function,
-                         bool on_class = false) {
-        Class target = objc_getClass(class_name);
-        ASSERT_NE(target, nullptr) << class_name;
-        IMP previous = nullptr;
-        MSHookMessageEx(on_class ? object_getClass(reinterpret_cast<id>(target)) : target,
-                        sel_registerName(selector), reinterpret_cast<IMP>(+function), &previous);
-        ASSERT_NE(previous, nullptr) << class_name << " has no " << selector;
-    }
 
     Phone phone;
 };
@@ -69,163 +54,37 @@ TEST_F(KeyColours, AFixedAnswerIsOneObjectForGood) {
               (objc::send<"controlKeyShadowColorName", id>(factory)));
 }
 
-// ---- Emoji section header --------------------------------------------------------------------------------
-
-TEST_F(KeyColours, TheEmojiHeaderIsInTheTextColourWhateverWasStored) {
-    phone.start();
+TEST_F(KeyColours, FixedAnswersNeverAskTheSystem) {
+    static int asked = 0;
+    auto object = [](id, SEL) -> id { return ++asked, nullptr; };
+    auto flag = [](id, SEL) { return ++asked; };
+    phone.boot();
+    for (const char* name :
+         {"controlKeyShadowColorName", "defaultKeyShadowColorName", "controlKeyForegroundColorName",
+          "_controlKeyBackgroundColorName", "controlKeyBackgroundColorName", "defaultKeyBackgroundColorName"})
+        stand_in("UIKBRenderFactory", name, object);
+    stand_in("UIKeyboardEmojiSectionHeader", "headerTextColor", object);
+    stand_in("UIKeyboardEmojiSectionHeader", "headerOpacity", [](id, SEL) -> double { return ++asked; });
+    stand_in("UIKeyboardEmojiSectionHeader", "useVibrantBlend", flag);
+    stand_in("UIKeyboardPredictionCell", "textColor", object);
+    stand_in("UIKBRenderConfig", "lightKeyboard", flag);
+    stand_in("UIKBEdgeEffect", "edges", [](id, SEL) -> NSUInteger { return ++asked, 15; });
+    phone.load();
+    id factory = made("UIKBRenderFactory");
+    objc::send<"controlKeyShadowColorName", id>(factory);
+    objc::send<"defaultKeyShadowColorName", id>(factory);
+    objc::send<"controlKeyForegroundColorName", id>(factory);
+    objc::send<"_controlKeyBackgroundColorName", id>(factory);
+    objc::send<"controlKeyBackgroundColorName", id>(factory);
+    objc::send<"defaultKeyBackgroundColorName", id>(factory);
     id header = made("UIKeyboardEmojiSectionHeader");
-    objc::send<"setHeaderTextColor:">(header, color(1, 0, 0));
-    EXPECT_EQ(rgba(objc::send<"headerTextColor", id>(header)), theme_text);
-}
-
-TEST_F(KeyColours, TheEmojiHeaderIsGivenTheTextColour) {
-    static id stored = nullptr;
-    phone.boot();
-    stand_in("UIKeyboardEmojiSectionHeader",
-             "setHeaderTextColor:", [](id, SEL, id colour) { stored = colour; });
-    phone.load();
-    objc::send<"setHeaderTextColor:">(made("UIKeyboardEmojiSectionHeader"), color(1, 0, 0));
-    EXPECT_EQ(rgba(stored), theme_text);
-}
-
-TEST_F(KeyColours, TheEmojiHeaderStoresAndAnswersFullOpacity) {
-    static double stored = -1;
-    phone.boot();
-    stand_in("UIKeyboardEmojiSectionHeader",
-             "setHeaderOpacity:", [](id, SEL, double opacity) { stored = opacity; });
-    phone.load();
-    id header = made("UIKeyboardEmojiSectionHeader");
-    EXPECT_EQ((objc::send<"headerOpacity", double>(header)), 1.0);
-    objc::send<"setHeaderOpacity:">(header, 0.3);
-    EXPECT_EQ(stored, 1.0);
-    EXPECT_EQ((objc::send<"headerOpacity", double>(header)), 1.0);
-}
-
-TEST_F(KeyColours, TheEmojiHeaderNeverBlendsVibrantly) {
-    static int stored = -1;
-    phone.boot();
-    stand_in("UIKeyboardEmojiSectionHeader",
-             "setUseVibrantBlend:", [](id, SEL, int flag) { stored = flag & 0xff; });
-    phone.load();
-    id header = made("UIKeyboardEmojiSectionHeader");
-    objc::send<"setUseVibrantBlend:">(header, true);
-    EXPECT_EQ(stored, 0);
-    EXPECT_FALSE((objc::send<"useVibrantBlend", bool>(header)));
-}
-
-// ---- Emoji category bar ----------------------------------------------------------------------------------
-
-class CategoryBar : public KeyColours {
-  protected:
-    void SetUp() override {
-        KeyColours::SetUp();
-        phone.boot();
-        stand_in("UIKeyboardEmojiCategoryBar", "displayLayer:", [](id, SEL, id layer) { displayed = layer; });
-        phone.load();
-        bar = made("UIKeyboardEmojiCategoryBar");
-        shown = made("CALayer");
-        glyph = made("_UIKBKeyViewLayer");
-        other = made("CALayer");
-        for (id layer : {glyph, other}) {
-            objc::send<"addSublayer:">(shown, layer);
-            objc::send<"setCompositingFilter:">(layer, id{text("plusL")});
-        }
-    }
-    static inline id displayed = nullptr;
-    id bar = nullptr, shown = nullptr, glyph = nullptr, other = nullptr;
-
-    static std::optional<Rgba> multiply_colour(id layer) {
-        auto* colour = objc::send<"contentsMultiplyColor", CGColorRef>(layer);
-        if (!colour) return std::nullopt;
-        return rgba(UIColor::colorWithCGColor(colour));
-    }
-    static NSArray* filters(id layer) { return objc::send<"filters", NSArray*>(layer); }
-};
-
-TEST_F(CategoryBar, TheSystemDisplaysFirstWithTheSameLayer) {
-    objc::send<"displayLayer:">(bar, shown);
-    EXPECT_EQ(displayed, shown);
-}
-
-TEST_F(CategoryBar, AGlyphIsMultipliedWithTheTextColourAndKeepsItsFilters) {
-    id filter = objc::send<"filterWithName:", id>(class_named("CAFilter"), text("colorMonochrome"));
-    objc::send<"setFilters:">(glyph, array({filter}));
-    objc::send<"displayLayer:">(bar, shown);
-    EXPECT_EQ(multiply_colour(glyph), theme_text);
-    ASSERT_EQ(filters(glyph)->count(), 1u);
-    EXPECT_EQ(filters(glyph)->objectAtIndex(0), filter);
-    EXPECT_EQ((objc::send<"compositingFilter", id>(glyph)), nullptr);
-}
-
-TEST_F(CategoryBar, AnyOtherLayerIsMonochromeInTheHighlightColour) {
-    objc::send<"displayLayer:">(bar, shown);
-    ASSERT_EQ(filters(other)->count(), 1u);
-    id filter = filters(other)->objectAtIndex(0);
-    auto value = [&](const char* key) { return objc::send<"valueForKey:", id>(filter, text(key)); };
-    EXPECT_EQ(utf8(objc::send<"name", NSString*>(filter)), "colorMonochrome");
-    EXPECT_EQ(rgba(UIColor::colorWithCGColor(reinterpret_cast<CGColorRef>(value("inputColor")))),
-              theme_highlight);
-    EXPECT_EQ((objc::send<"floatValue", float>(value("inputBias"))), 0.5f);
-    EXPECT_EQ((objc::send<"floatValue", float>(value("inputAmount"))), 1.0f);
-    EXPECT_EQ(multiply_colour(other), std::nullopt);
-    EXPECT_EQ((objc::send<"compositingFilter", id>(other)), nullptr);
-}
-
-TEST_F(CategoryBar, EachLayerAndEachPassHasAFilterOfItsOwn) {
-    id second = made("CALayer");
-    objc::send<"addSublayer:">(shown, second);
-    objc::send<"displayLayer:">(bar, shown);
-    id first_pass = filters(other)->objectAtIndex(0);
-    EXPECT_NE(first_pass, filters(second)->objectAtIndex(0));
-    objc_autorelease(objc_retain(first_pass));
-    objc::send<"displayLayer:">(bar, shown);
-    EXPECT_NE(filters(other)->objectAtIndex(0), first_pass);
-}
-
-TEST_F(CategoryBar, ALayerWithoutSublayersIsDisplayedAsItIs) {
-    objc::send<"displayLayer:">(bar, made("CALayer"));
-    EXPECT_NE(displayed, nullptr);
-}
-
-// ---- Prediction cell -------------------------------------------------------------------------------------
-
-TEST_F(KeyColours, APredictionIsWrittenInTheTextColour) {
-    phone.start();
-    EXPECT_EQ(rgba(objc::send<"textColor", id>(made("UIKeyboardPredictionCell"))), theme_text);
-}
-
-TEST_F(KeyColours, TheActivePredictionShowsTheHighlightColourAndNothingElse) {
-    phone.start();
-    id cell = made("UIKeyboardPredictionCell");
-    Ivar variable = class_getInstanceVariable(cell->isa, "m_activeView");
-    ASSERT_NE(variable, nullptr);
-    auto& active = *reinterpret_cast<UIView**>(reinterpret_cast<char*>(cell) + ivar_getOffset(variable));
-    ASSERT_NE(active, nullptr);
-    id drawn = made("CALayer");
-    objc::send<"addSublayer:">(active->layer(), drawn);
-    objc::send<"layoutSubviews">(cell);
-    EXPECT_EQ(active->layer()->sublayers()->count(), 0u);
-    EXPECT_EQ(rgba(UIColor::colorWithCGColor(objc::send<"backgroundColor", CGColorRef>(active->layer()))),
-              theme_highlight);
-}
-
-TEST_F(KeyColours, APredictionCellIsLaidOutByTheSystemFirst) {
-    static int layouts = 0;
-    phone.boot();
-    stand_in("UIKeyboardPredictionCell", "layoutSubviews", [](id, SEL) { ++layouts; });
-    phone.load();
-    objc::send<"layoutSubviews">(made("UIKeyboardPredictionCell"));
-    EXPECT_EQ(layouts, 1);
-}
-
-// ---- Dock button -----------------------------------------------------------------------------------------
-
-TEST_F(KeyColours, DockButtonsAreTintedWithTheTextColourAtEveryLayout) {
-    phone.start();
-    id button = made("UIKeyboardDockItemButton");
-    objc::send<"setTintColor:">(button, color(1, 0, 0));
-    objc::send<"layoutSubviews">(button);
-    EXPECT_EQ(rgba(objc::send<"tintColor", id>(button)), theme_text);
+    objc::send<"headerTextColor", id>(header);
+    objc::send<"headerOpacity", double>(header);
+    objc::send<"useVibrantBlend", bool>(header);
+    objc::send<"textColor", id>(made("UIKeyboardPredictionCell"));
+    objc::send<"lightKeyboard", bool>(made("UIKBRenderConfig"));
+    objc::send<"edges", NSUInteger>(made("UIKBEdgeEffect"));
+    EXPECT_EQ(asked, 0);
 }
 
 // ---- Text style ------------------------------------------------------------------------------------------
@@ -235,27 +94,31 @@ class TextStyle : public KeyColours {
     void start_with_font(const char* name) {
         phone.boot();
         font = name ? text(name) : nullptr;
-        stand_in("UIKBTextStyle", "textColor", [](id, SEL) -> id { return text("UIKBColorBlack"); });
+        stand_in("UIKBTextStyle", "textColor", [](id, SEL) -> id { return ++asked, text("UIKBColorBlack"); });
         stand_in("UIKBTextStyle", "fontName", [](id, SEL) -> id { return font; });
         phone.load();
     }
     std::string colour() { return utf8(objc::send<"textColor", NSString*>(made("UIKBTextStyle"))); }
     static inline NSString* font = nullptr;
+    static inline int asked = 0;
 };
 
 TEST_F(TextStyle, EmojiKeepTheSystemsColour) {
     start_with_font("AppleColorEmoji");
     EXPECT_EQ(colour(), "UIKBColorBlack");
+    EXPECT_EQ(asked, 1);
 }
 
 TEST_F(TextStyle, AnyOtherFontIsInTheTextColour) {
     start_with_font("SFUIText-Light");
     EXPECT_EQ(colour(), "UIKBColorText");
+    EXPECT_EQ(asked, 0) << "the system is not asked";
 }
 
 TEST_F(TextStyle, AStyleWithoutAFontNameIsInTheTextColour) {
     start_with_font(nullptr);
     EXPECT_EQ(colour(), "UIKBColorText");
+    EXPECT_EQ(asked, 0) << "the system is not asked";
 }
 
 // ---- Render configuration --------------------------------------------------------------------------------
@@ -270,7 +133,7 @@ TEST_F(KeyColours, EveryBackdropStyleBecomesTheTranslucentOne) {
             seen_quality = quality;
             return 4711;
         },
-        true);
+        Side::on_class);
     phone.load();
     EXPECT_EQ((objc::send<"backdropStyleForStyle:quality:", NSInteger>(class_named("UIKBRenderConfig"),
                                                                        NSInteger{3}, NSInteger{100})),
@@ -293,8 +156,8 @@ class Gradient : public KeyColours {
         phone.boot();
         auto on_class = [](id, SEL, NSString* name) -> id { return seen = name, text("made"); };
         auto on_object = [](id self, SEL, NSString* name) -> id { return seen = name, self; };
-        stand_in("UIKBGradient", "gradientWithFlatColor:", on_class, true);
-        stand_in("UIKBGradient", "gradientWithName:", on_class, true);
+        stand_in("UIKBGradient", "gradientWithFlatColor:", on_class, Side::on_class);
+        stand_in("UIKBGradient", "gradientWithName:", on_class, Side::on_class);
         stand_in("UIKBGradient", "initWithFlatColor:", on_object);
         stand_in("UIKBGradient", "initWithName:", on_object);
         phone.load();
@@ -365,7 +228,7 @@ TEST_F(Effects, AnEdgeEffectWithOneInsetIsMadeClearAndWithoutEdges) {
             seen_edge = {.colour = utf8(colour), .edges = edges, .inset = inset, .weight = weight};
             return self;
         },
-        true);
+        Side::on_class);
     phone.load();
     id answered = objc::send<"effectWithColor:edges:inset:weight:", id>(
         class_named("UIKBEdgeEffect"), text("UIKBColorBlack"), NSUInteger{5}, 1.5, 2.5);
@@ -376,7 +239,7 @@ TEST_F(Effects, AnEdgeEffectWithOneInsetIsMadeClearAndWithoutEdges) {
 
 TEST_F(Effects, EdgeEffectsWithInsetsAreMadeClearAndWithoutEdges) {
     phone.boot();
-    stand_in("UIKBEdgeEffect", "effectWithColor:edges:insets:weight:", edge_with_insets, true);
+    stand_in("UIKBEdgeEffect", "effectWithColor:edges:insets:weight:", edge_with_insets, Side::on_class);
     stand_in("UIKBEdgeEffect", "initWithColor:edges:insets:weight:", edge_with_insets);
     phone.load();
     const EdgeArguments clear{.colour = "UIKBColorClear", .edges = 0, .weight = 2.5, .insets = some_insets};
@@ -404,7 +267,7 @@ TEST_F(Effects, ShadowsAreMadeClearAndWithoutSize) {
         return self;
     };
     phone.boot();
-    stand_in("UIKBShadowEffect", "effectWithColor:offset:insets:weight:", see, true);
+    stand_in("UIKBShadowEffect", "effectWithColor:offset:insets:weight:", see, Side::on_class);
     stand_in("UIKBShadowEffect", "initWithColor:offset:insets:weight:", see);
     phone.load();
     const ShadowArguments nothing{"UIKBColorClear", {0, 0}, {0, 0, 0, 0}, 0};
@@ -449,14 +312,12 @@ TEST_F(BlurredKey, AKeyWithoutANameKeepsItsView) {
 
 TEST_F(BlurredKey, TheDiscardedViewIsReleased) {
     static int deaths = 0;
+    static IMP previous;
     phone.boot();
-    static IMP previous = nullptr;
-    MSHookMessageEx(objc_getClass("UIView"), sel_registerName("dealloc"),
-                    reinterpret_cast<IMP>(+[](id self, SEL selector) {
-                        if (std::string(object_getClassName(self)) == "UIKBBlurredKeyView") ++deaths;
-                        reinterpret_cast<void (*)(id, SEL)>(previous)(self, selector);
-                    }),
-                    &previous);
+    previous = stand_in("UIView", "dealloc", [](id self, SEL selector) {
+        if (std::string(object_getClassName(self)) == "UIKBBlurredKeyView") ++deaths;
+        call(previous, self, selector);
+    });
     phone.load();
     {
         objc::AutoreleasePool pool;
@@ -465,51 +326,25 @@ TEST_F(BlurredKey, TheDiscardedViewIsReleased) {
     EXPECT_EQ(deaths, 1);
 }
 
-TEST_F(BlurredKey, TheSystemMakesTheViewFirst) {
+TEST_F(BlurredKey, TheSystemMakesTheViewFirstOfTheSameArguments) {
     static CGRect frame{};
+    static id keyplane = nullptr, key = nullptr;
     phone.boot();
-    stand_in("UIKBBlurredKeyView",
-             "initWithFrame:keyplane:key:", [](id self, SEL, CGRect given, id, id) -> id {
+    stand_in("UIKBBlurredKeyView", "initWithFrame:keyplane:key:",
+             [](id self, SEL, CGRect given, id given_keyplane, id given_key) -> id {
                  frame = given;
+                 keyplane = given_keyplane;
+                 key = given_key;
                  return self;
              });
     phone.load();
-    view_for(key_named("EnabledLanguageIndicator"));
+    id plane = made("UIKBTree"), indicator = key_named("EnabledLanguageIndicator");
+    EXPECT_EQ((made<"initWithFrame:keyplane:key:">("UIKBBlurredKeyView", CGRect{{1, 2}, {30, 40}}, plane,
+                                                   indicator)),
+              nullptr);
     EXPECT_EQ(frame, (CGRect{{1, 2}, {30, 40}}));
-}
-
-// ---- A theme that lacks colours --------------------------------------------------------------------------
-
-class ThemeWithoutColours : public KeyColours {
-  protected:
-    void SetUp() override {
-        phone.write(preference_file, property_list("<dict><key>_Enabled</key><true/><key>_Config</key>"
-                                                   "<string>Bare.plist</string></dict>"));
-        phone.write(std::string(theme_folder) + "Bare.plist", property_list("<dict/>"));
-    }
-};
-
-TEST_F(ThemeWithoutColours, NilIsPassedOn) {
-    static id stored = reinterpret_cast<id>(1), tint = reinterpret_cast<id>(1);
-    phone.boot();
-    stand_in("UIKeyboardEmojiSectionHeader",
-             "setHeaderTextColor:", [](id, SEL, id colour) { stored = colour; });
-    stand_in("UIKeyboardDockItemButton", "setTintColor:", [](id, SEL, id colour) { tint = colour; });
-    phone.load();
-    objc::send<"setHeaderTextColor:">(made("UIKeyboardEmojiSectionHeader"), color(1, 0, 0));
-    EXPECT_EQ(stored, nullptr);
-    objc::send<"layoutSubviews">(made("UIKeyboardDockItemButton"));
-    EXPECT_EQ(tint, nullptr);
-    EXPECT_EQ((objc::send<"headerTextColor", id>(made("UIKeyboardEmojiSectionHeader"))), nullptr);
-}
-
-TEST_F(ThemeWithoutColours, TheCategoryBarIsDisplayedWithoutColours) {
-    phone.start();
-    id layer = made("CALayer"), glyph = made("_UIKBKeyViewLayer"), other = made("CALayer");
-    objc::send<"addSublayer:">(layer, glyph);
-    objc::send<"addSublayer:">(layer, other);
-    objc::send<"displayLayer:">(made("UIKeyboardEmojiCategoryBar"), layer);
-    EXPECT_EQ((objc::send<"contentsMultiplyColor", CGColorRef>(glyph)), nullptr);
+    EXPECT_EQ(keyplane, plane);
+    EXPECT_EQ(key, indicator);
 }
 
 }  // namespace

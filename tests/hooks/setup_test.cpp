@@ -1,7 +1,8 @@
 // The set-up initializer: which process gets which hooks, and the keyboard cache.
+#include <algorithm>
 #include <array>
 
-#include "platform/substrate.h"
+#include "support/runtime.h"
 #include "support/themes.h"
 
 namespace test {
@@ -154,11 +155,80 @@ TEST_F(Setup, AMissingClassMakesItsRowsDoNothing) {
     phone.start({.left_out = {"UIKBGradient", "UIKBEdgeEffect", "UIKBBackdropView"}});
     Rows expected =
         joined({{springboard_row_without_class}, render_factory_rows, rows_from_8, {named_colour_row}});
-    EXPECT_EQ(installed_rows().size(), expected.size()) << "the calls are made all the same";
-    EXPECT_EQ(objc_getClass("UIKBGradient"), nullptr);
+    // The calls are made all the same. What derives from a missing class is missing, too, and nil has no
+    // metaclass.
+    for (std::string& row : expected)
+        for (const std::string missing :
+             {"UIKBGradient", "UIKBEdgeEffect", "UIKBBackdropView", "UIKBVisualEffectView"})
+            if (row.substr(2).starts_with(missing + " "))
+                row = "-[nil" + row.substr(std::string("-[").size() + missing.size());
+    EXPECT_EQ(installed_rows(), expected);
+    EXPECT_EQ(std::count_if(expected.begin(), expected.end(),
+                            [](const std::string& row) { return row.starts_with("-[nil "); }),
+              1 + 4 + 4 + 4);
     auto factory = made("UIKBRenderFactory");
     EXPECT_EQ(utf8(objc::send<"defaultKeyBackgroundColorName", NSString*>(factory)), "UIKBColorClear")
         << "and the other rows are at work";
+}
+
+TEST_F(Setup, TheSpringBoardRowIsInstalledBeforeThePreferencesAreRead) {
+    static IMP previous;
+    static std::vector<size_t> calls_before_reading;
+    arrange_theme(phone);
+    phone.boot();
+    previous = stand_in(
+        "NSData", "dataWithContentsOfFile:",
+        [](id self, SEL selector, id path) -> id {
+            if (utf8(path) == preference_file) calls_before_reading.push_back(sim_installing_call_count());
+            return call<id>(previous, self, selector, path);
+        },
+        Side::on_class);
+    const size_t calls_of_test = sim_installing_call_count();
+    phone.load();
+    EXPECT_EQ(calls_before_reading, std::vector<size_t>{calls_of_test + 1});
+    EXPECT_EQ(installed_rows().at(calls_of_test), springboard_row_without_class);
+}
+
+/// Preferences that cannot be made.
+class SetupWithoutStore : public Setup {
+  protected:
+    void SetUp() override {
+        static IMP previous;
+        arrange_theme(phone);
+        phone.boot();
+        black_before = named("UIKBColorBlack_Alpha60");
+        previous = stand_in(
+            "NSObject", "alloc",
+            [](id self, SEL selector) -> id {
+                if (std::string(class_getName(reinterpret_cast<Class>(self))) == "HCPreferences")
+                    return nullptr;
+                return call<id>(previous, self, selector);
+            },
+            Side::on_class);
+        calls_of_test = sim_installing_call_count();
+        phone.load();
+    }
+    static std::vector<double> named(const char* name) {
+        sim_colour colour{};
+        EXPECT_EQ(sim_named_colour(name, &colour), SIM_OK) << sim_last_error();
+        return {colour.components, colour.components + 4};
+    }
+    size_t calls_of_test = 0;
+    std::vector<double> black_before;
+};
+
+TEST_F(SetupWithoutStore, StopsAfterTheSpringBoardRow) {
+    ASSERT_EQ((objc::send<"sharedInstance", id>(class_named("HCPreferences"))), nullptr);
+    Rows rows = installed_rows();
+    rows.erase(rows.begin(), rows.begin() + static_cast<ptrdiff_t>(calls_of_test));
+    EXPECT_EQ(rows, (Rows{springboard_row_without_class, named_colour_row}));
+}
+
+TEST_F(SetupWithoutStore, NamesStayTheSystems) {
+    EXPECT_EQ(named("UIKBColorBlack_Alpha60"), black_before);
+    sim_colour text_colour{};
+    EXPECT_EQ(sim_named_colour("UIKBColorText", &text_colour), SIM_OK);
+    EXPECT_EQ(text_colour.model, SIM_COLOUR_NONE) << "the system does not know the name";
 }
 
 TEST_F(Setup, AnInheritedMethodIsReplacedForTheNamedClassOnly) {
@@ -212,6 +282,21 @@ TEST_F(Setup, TheActiveBackgroundViewIsHeldStronglyAndCleared) {
     EXPECT_EQ((objc::send<"activeBackgroundView", UIView*>(backdrop)), nullptr);
 }
 
+TEST_F(Setup, TheActiveBackgroundViewLivesAsLongAsTheCallersPool) {
+    arrange_theme(phone);
+    phone.start();
+    id backdrop = made<"initWithFrame:style:">("UIKBBackdropView", CGRect{{0, 0}, {10, 10}}, NSInteger{2});
+    objc::strong<UIView> view = UIView::alloc()->init();
+    objc::send<"setActiveBackgroundView:">(backdrop, view.get());
+    {
+        objc::AutoreleasePool pool;
+        objc::send<"activeBackgroundView", id>(backdrop);
+        objc::send<"setActiveBackgroundView:">(backdrop, id{});
+        EXPECT_EQ((view->send<"retainCount", NSUInteger>()), 2u) << "retained for whoever asked";
+    }
+    EXPECT_EQ((view->send<"retainCount", NSUInteger>()), 1u) << "and given to the pool";
+}
+
 TEST_F(Setup, AddedMethodsDoNotReplaceExistingOnes) {
     arrange_theme(phone);
     phone.boot();
@@ -223,6 +308,66 @@ TEST_F(Setup, AddedMethodsDoNotReplaceExistingOnes) {
     id backdrop = made<"initWithFrame:style:">("UIKBBackdropView", CGRect{{0, 0}, {10, 10}}, NSInteger{2});
     EXPECT_EQ((objc::send<"activeBackgroundView", UIView*>(backdrop)), own);
 }
+
+// ---- The initializer's pool ------------------------------------------------------------------------------
+
+struct Exit {
+    const char* name;
+    sim_arguments arguments = SIM_ARGUMENTS_EXECUTABLE;
+    const char* executable = notes;
+    bool enabled = true;
+    bool store = true;
+    friend void PrintTo(const Exit& exit, std::ostream* out) { *out << exit.name; }
+};
+
+/// Each way out of the set-up initializer.
+class PoolOfSetup : public testing::TestWithParam<Exit> {
+  protected:
+    Phone phone;
+};
+
+TEST_P(PoolOfSetup, IsEmptiedBeforeTheNamedColoursAreHooked) {
+    static IMP arguments, alloc;
+    static bool store;
+    static Class witness;
+    static std::vector<size_t> calls_at_death;
+    store = GetParam().store;
+    arrange_theme(phone, GetParam().enabled);
+    phone.boot({.executable = GetParam().executable, .arguments = GetParam().arguments});
+    witness = objc_allocateClassPair(objc_getClass("NSObject"), "HCWitness", 0);
+    class_addMethod(witness, sel_registerName("dealloc"), reinterpret_cast<IMP>(+[](id self, SEL selector) {
+                        calls_at_death.push_back(sim_installing_call_count());
+                        call(class_getMethodImplementation(objc_getClass("NSObject"), selector), self,
+                             selector);
+                    }),
+                    "v16@0:8");
+    objc_registerClassPair(witness);
+    arguments = stand_in("NSProcessInfo", "arguments", [](id self, SEL selector) -> id {
+        objc_autorelease(objc::send<"new", id>(reinterpret_cast<id>(witness)));
+        return call<id>(arguments, self, selector);
+    });
+    alloc = stand_in(
+        "NSObject", "alloc",
+        [](id self, SEL selector) -> id {
+            const std::string name = class_getName(reinterpret_cast<Class>(self));
+            return !store && name == "HCPreferences" ? nullptr : call<id>(alloc, self, selector);
+        },
+        Side::on_class);
+    phone.load();
+    ASSERT_EQ(installed_rows().back(), named_colour_row);
+    EXPECT_EQ(calls_at_death, std::vector<size_t>{sim_installing_call_count() - 1});
+}
+
+INSTANTIATE_TEST_SUITE_P(AtEachExit, PoolOfSetup,
+                         testing::Values(Exit{.name = "NoArguments", .arguments = SIM_ARGUMENTS_NONE},
+                                         Exit{.name = "NilArgument", .arguments = SIM_ARGUMENTS_NIL},
+                                         Exit{.name = "Daemon", .executable = daemon_path},
+                                         Exit{.name = "NoStore", .store = false},
+                                         Exit{.name = "Disabled", .enabled = false},
+                                         Exit{.name = "TheWholeTable"}),
+                         [](const auto& info) { return info.param.name; });
+
+// ---- The keyboard cache ----------------------------------------------------------------------------------
 
 class KeyboardCache : public Setup {
   protected:
@@ -282,6 +427,21 @@ TEST_F(KeyboardCache, TheSystemsOwnLaunchRunsFirstWithTheSameArgument) {
     EXPECT_EQ(argument, application);
     EXPECT_TRUE(cache_was_there);
     EXPECT_FALSE(phone.exists(cache_folder));
+}
+
+TEST_F(KeyboardCache, ARemovalThatFailsIsNotRetriedAndItsErrorIsIgnored) {
+    static std::vector<bool> gave_a_slot;
+    phone.write(std::string(cache_folder) + "/a.png", "picture");
+    phone.boot({.executable = springboard});
+    stand_in("NSFileManager", "removeItemAtPath:error:", [](id, SEL, id, NSError** error) -> int {
+        gave_a_slot.push_back(error != nullptr);
+        if (error) *error = NSError::errorWithDomain(text("test"), 1, nullptr);
+        return 0;
+    });
+    phone.load();
+    EXPECT_EQ(raised_by([] { objc::send<"applicationDidFinishLaunching:">(made("SpringBoard"), id{}); }), "");
+    EXPECT_EQ(gave_a_slot, std::vector<bool>{true});
+    EXPECT_TRUE(phone.exists(cache_folder));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // The input switcher and the web form's accessory bar under a theme.
 #include "platform/keyboard.h"
+#include "support/runtime.h"
 #include "support/themes.h"
 
 namespace test {
@@ -28,18 +29,10 @@ class Switcher : public testing::Test {
         EXPECT_EQ((objc::send<"floatValue", float>(value("inputBias"))), 1.0f);
         EXPECT_EQ((objc::send<"floatValue", float>(value("inputAmount"))), 1.0f);
     }
-    static void change_text_colour(UIColor* colour) {
-        id store = objc::send<"sharedInstance", id>(class_named("HCPreferences"));
-        Ivar theme = class_getInstanceVariable(object_getClass(store), "configCache");
-        id config = *reinterpret_cast<id*>(reinterpret_cast<char*>(store) + ivar_getOffset(theme));
-        objc::send<"setTextColor:">(config, colour);
-        objc::send<"setHighlightColor:">(config, colour);
-    }
-    template <class T>
-    static T*& variable(id object, const char* name) {
-        Ivar found = class_getInstanceVariable(object_getClass(object), name);
-        EXPECT_NE(found, nullptr) << name;
-        return *reinterpret_cast<T**>(reinterpret_cast<char*>(object) + ivar_getOffset(found));
+    static CAFilter* preset_filter(CALayer* layer) {
+        auto* preset = CAFilter::filterWithName(text("gaussianBlur"));
+        layer->setFilters(array({preset}));
+        return preset;
     }
 
     Phone phone;
@@ -49,17 +42,95 @@ TEST_F(Switcher, TheTablesTintFollowsTheHighlightAtEveryLayout) {
     auto* table = static_cast<UIView*>(made("UIInputSwitcherTableView"));
     table->layoutSubviews();
     EXPECT_EQ(rgba(table->tintColor()), theme_highlight);
-    change_text_colour(color(0, 0, 1));
+    recolour_theme(color(1, 1, 1), color(0, 0, 1));
     table->layoutSubviews();
     EXPECT_EQ(rgba(table->tintColor()), (Rgba{0, 0, 1, 1}));
 }
 
 TEST_F(Switcher, ACellKeepsTheTextColourOfItsTime) {
     auto* early = cell();
-    change_text_colour(color(1, 0, 0));
+    recolour_theme(color(1, 0, 0), color(0, 0, 1));
     auto* late = cell();
     expect_monochrome(early->textLabel()->layer(), theme_text);
     expect_monochrome(late->textLabel()->layer(), {1, 0, 0, 1});
+}
+
+TEST_F(Switcher, ACellIsMadeAsItIsAskedFor) {
+    id made_cell =
+        made<"initWithStyle:reuseIdentifier:">("UIInputSwitcherTableCell", NSInteger{3}, text("name"));
+    EXPECT_EQ((objc::send<"style", NSInteger>(made_cell)), 3);
+    EXPECT_EQ(utf8(objc::send<"reuseIdentifier", id>(made_cell)), "name");
+}
+
+/// A switcher whose system has something to say in its methods.
+class SystemsSwitcher : public Switcher {
+  protected:
+    void SetUp() override {
+        arrange_theme(phone);
+        phone.boot();
+    }
+};
+
+TEST_F(SystemsSwitcher, AFilterOfTheLabelIsReplaced) {
+    static IMP previous;
+    static CAFilter* preset = nullptr;
+    previous = stand_in(
+        "UIInputSwitcherTableCell",
+        "initWithStyle:reuseIdentifier:", [](id self, SEL selector, NSInteger style, id identifier) -> id {
+            id made = call<id>(previous, self, selector, style, identifier);
+            preset = preset_filter(static_cast<UIInputSwitcherTableCell*>(made)->textLabel()->layer());
+            return made;
+        });
+    phone.load();
+    auto* layer = cell()->textLabel()->layer();
+    expect_monochrome(layer, theme_text);
+    EXPECT_NE(only_filter(layer), preset);
+}
+
+TEST_F(SystemsSwitcher, TheTableIsLaidOutByTheSystemFirst) {
+    stand_in("UIInputSwitcherTableView", "layoutSubviews",
+             [](id self, SEL) { static_cast<UIView*>(self)->setTintColor(color(1, 0, 0)); });
+    phone.load();
+    auto* table = static_cast<UIView*>(made("UIInputSwitcherTableView"));
+    table->layoutSubviews();
+    EXPECT_EQ(rgba(table->tintColor()), theme_highlight);
+}
+
+TEST_F(SystemsSwitcher, TheSegmentsImageIsTakenAfterTheSystemsLayout) {
+    stand_in("UIInputSwitcherTableCellSegmentView", "layoutSubviews", [](id self, SEL) {
+        static_cast<UIInputSwitcherTableCellSegmentView*>(self)->imageView()->setImage(
+            filled_image(color(1, 0, 0), 7, 5));
+    });
+    phone.load();
+    auto* view =
+        static_cast<UIInputSwitcherTableCellSegmentView*>(made("UIInputSwitcherTableCellSegmentView"));
+    view->layoutSubviews();
+    EXPECT_EQ(view->imageView()->image()->size(), (CGSize{7, 5}));
+    EXPECT_EQ(view->imageView()->image()->renderingMode(), UIImageRenderingModeAlwaysTemplate);
+}
+
+class SwitcherWithoutColours : public Switcher {
+  protected:
+    void SetUp() override {
+        arrange_theme_of(phone, "");
+        phone.start();
+    }
+};
+
+TEST_F(SwitcherWithoutColours, TheLabelsFilterHasNoColour) {
+    auto* filter = static_cast<CAFilter*>(only_filter(cell()->textLabel()->layer()));
+    ASSERT_NE(filter, nullptr);
+    EXPECT_EQ(filter->valueForKey(text("inputColor")), nullptr);
+}
+
+TEST_F(SwitcherWithoutColours, NilTintsArePassedOn) {
+    static std::vector<id> tints;
+    auto note = [](id, SEL, id tint) { tints.push_back(tint); };
+    stand_in("UIImageView", "setTintColor:", note);
+    stand_in("UIInputSwitcherTableView", "setTintColor:", note);
+    static_cast<UIView*>(made("UIInputSwitcherTableCellSegmentView"))->layoutSubviews();
+    static_cast<UIView*>(made("UIInputSwitcherTableView"))->layoutSubviews();
+    EXPECT_EQ(tints, (std::vector<id>{nullptr, nullptr}));
 }
 
 class SegmentView : public Switcher {
@@ -68,7 +139,7 @@ class SegmentView : public Switcher {
         Switcher::SetUp();
         view = static_cast<UIInputSwitcherTableCellSegmentView*>(made("UIInputSwitcherTableCellSegmentView"));
         view->setOriginalImage(filled_image(color(1, 0, 0), 4, 4));
-        view->setInvertedImage(filled_image(color(0, 1, 0), 4, 4));
+        view->setInvertedImage(filled_image(color(0, 1, 0), 6, 3));
     }
     UIInputSwitcherTableCellSegmentView* view = nullptr;
 };
@@ -76,17 +147,25 @@ class SegmentView : public Switcher {
 TEST_F(SegmentView, ItsImagesBecomeTemplatesInTheTextColour) {
     view->imageView()->setImage(filled_image(color(1, 0, 0), 4, 4));
     view->layoutSubviews();
-    EXPECT_EQ(variable<UIImage>(view, "_invertedImage")->renderingMode(), UIImageRenderingModeAlwaysTemplate);
-    EXPECT_EQ(variable<UIImage>(view, "_originalImage")->renderingMode(), UIImageRenderingModeAlwaysTemplate);
+    auto* inverted = variable<UIImage*>(view, "_invertedImage");
+    auto* original = variable<UIImage*>(view, "_originalImage");
+    EXPECT_EQ(inverted->renderingMode(), UIImageRenderingModeAlwaysTemplate);
+    EXPECT_EQ(inverted->size(), (CGSize{6, 3}));
+    EXPECT_EQ(original->renderingMode(), UIImageRenderingModeAlwaysTemplate);
+    EXPECT_EQ(original->size(), (CGSize{4, 4}));
     EXPECT_EQ(view->imageView()->image()->renderingMode(), UIImageRenderingModeAlwaysTemplate);
     EXPECT_EQ(rgba(view->imageView()->tintColor()), theme_text);
+    recolour_theme(color(0, 0, 1), color(1, 1, 1));
+    view->layoutSubviews();
+    EXPECT_EQ(rgba(view->imageView()->tintColor()), (Rgba{0, 0, 1, 1}));
 }
 
 TEST_F(SegmentView, LayingOutAgainChangesNothingMore) {
     view->layoutSubviews();
     view->layoutSubviews();
-    EXPECT_EQ(variable<UIImage>(view, "_originalImage")->renderingMode(), UIImageRenderingModeAlwaysTemplate);
-    EXPECT_EQ(variable<UIImage>(view, "_originalImage")->size(), (CGSize{4, 4}));
+    EXPECT_EQ(variable<UIImage*>(view, "_originalImage")->renderingMode(),
+              UIImageRenderingModeAlwaysTemplate);
+    EXPECT_EQ(variable<UIImage*>(view, "_originalImage")->size(), (CGSize{4, 4}));
 }
 
 TEST_F(SegmentView, NilImagesStayNil) {
@@ -94,12 +173,12 @@ TEST_F(SegmentView, NilImagesStayNil) {
     view->setInvertedImage(nullptr);
     view->imageView()->setImage(nullptr);
     view->layoutSubviews();
-    EXPECT_EQ(variable<UIImage>(view, "_originalImage"), nullptr);
-    EXPECT_EQ(variable<UIImage>(view, "_invertedImage"), nullptr);
+    EXPECT_EQ(variable<UIImage*>(view, "_originalImage"), nullptr);
+    EXPECT_EQ(variable<UIImage*>(view, "_invertedImage"), nullptr);
 }
 
 TEST_F(SegmentView, TheOldImageIsReleased) {
-    UIImage* old = variable<UIImage>(view, "_originalImage");
+    UIImage* old = variable<UIImage*>(view, "_originalImage");
     objc::strong<UIImage> kept = old;
     {
         objc::AutoreleasePool pool;
@@ -117,7 +196,7 @@ class FormAccessory : public Switcher {
         bar = static_cast<UIView*>(made("UIWebFormAccessory"));
         bar->setTintColor(color(0, 0, 1));
     }
-    UIView* toolbar(const char* name) { return variable<UIView>(bar, name); }
+    UIView* toolbar(const char* name) { return variable<UIView*>(bar, name); }
     UIView* add(const char* class_name, const char* toolbar_name) {
         auto* view = static_cast<UIView*>(made(class_name));
         toolbar(toolbar_name)->addSubview(view);
@@ -148,9 +227,16 @@ TEST_F(FormAccessory, EachPassMakesAFilterOfItsOwn) {
     EXPECT_NE(only_filter(left->layer()), first.get());
 }
 
+TEST_F(FormAccessory, AFilterThatWasThereIsReplaced) {
+    UIView* left = add("_UIToolbarContentView", "_leftToolbar");
+    auto* preset = preset_filter(left->layer());
+    bar->layoutSubviews();
+    EXPECT_NE(only_filter(left->layer()), preset);
+}
+
 TEST_F(FormAccessory, AMissingToolbarIsSkipped) {
     UIView* right = add("_UIToolbarContentView", "_rightToolbar");
-    auto& left_slot = variable<UIView>(bar, "_leftToolbar");
+    auto& left_slot = variable<UIView*>(bar, "_leftToolbar");
     UIView* kept = left_slot;
     left_slot = nullptr;
     bar->layoutSubviews();

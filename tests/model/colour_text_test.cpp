@@ -1,5 +1,5 @@
 // Hex colour strings and exact equality of colours: HCCITool.
-#include "support/phone.h"
+#include "support/runtime.h"
 
 namespace test {
 namespace {
@@ -159,6 +159,15 @@ TEST_F(ColourText, AnAlphaOfAtLeastOneIsNotWritten) {
     EXPECT_EQ(written(color(0, 0, 1, 0.0)), "#0000FF00");
 }
 
+TEST_F(ColourText, NothingIsClamped) {
+    EXPECT_EQ(written(color(2, 0, 0)), "#1FE0000");
+    EXPECT_EQ(written(color(-1, 0, 0)), "#FFFFFF010000");
+    EXPECT_EQ(written(color(0, 0, 1, 1.5)), "#0000FF") << "opaque all the same";
+    EXPECT_EQ(written(color(0, 0, 1, -1)), "#0000FFFFFFFF01");
+}
+
+TEST_F(ColourText, AnAlphaThatIsNoNumberIsWritten) { EXPECT_EQ(written(color(1, 0, 0, NAN)), "#FF000000"); }
+
 TEST_F(ColourText, AColourWithAlphaFFIsWrittenBackWithSixDigits) {
     auto* read = objc::send<"colorFromHexString:", UIColor*>(tool, text("#123456FF"));
     EXPECT_EQ(written(read), "#123456");
@@ -181,6 +190,30 @@ TEST_F(ColourText, AColourWithoutAnRgbFormIsWrittenAsZeros) {
     auto* pattern =
         UIColor::class_send<"colorWithPatternImage:", UIColor*>(filled_image(color(1, 0, 0), 2, 2));
     EXPECT_EQ(written(pattern), "#00000000");
+}
+
+TEST_F(ColourText, ReadingAsksItsOtherOperationsByMessage) {
+    static std::vector<std::string> asked;
+    stand_in(
+        "HCCITool", "isValidHexColorString:",
+        [](id, SEL, id digits) -> int { return asked.push_back("valid " + utf8(digits)), 1; },
+        Side::on_class);
+    stand_in(
+        "HCCITool", "intFromString:",
+        [](id, SEL, id digits) -> unsigned { return asked.push_back("int " + utf8(digits)), 0x0000FF; },
+        Side::on_class);
+    EXPECT_EQ(parsed("no hex"), (Rgba{0, 0, 1, 1}));
+    EXPECT_EQ(asked, (std::vector<std::string>{"valid no hex", "int no hex"}));
+}
+
+TEST_F(ColourText, ValidityOfAStringIsAskedOfItsLettersByMessage) {
+    static std::string asked;
+    stand_in(
+        "HCCITool",
+        "isValidHexColorLetter:", [](id, SEL, id digits) -> int { return asked = utf8(digits), 0; },
+        Side::on_class);
+    EXPECT_FALSE(valid("#123456"));
+    EXPECT_EQ(asked, "#123456");
 }
 
 TEST_F(ColourText, GreyAndRgbWhiteAreEqual) {

@@ -1,5 +1,5 @@
 // Images scaled, tinted, filled and averaged: HCCITool.
-#include "support/phone.h"
+#include "support/runtime.h"
 
 namespace test {
 namespace {
@@ -127,6 +127,32 @@ TEST_F(ImageTools, AFilledImageHasOnePixelToAPoint) {
     EXPECT_EQ(image->scale(), 1.0);
     EXPECT_NEAR(pixel(image, 6, 2)[0], 128, 1);
     EXPECT_NEAR(pixel(image, 6, 2)[3], 128, 1);
+}
+
+TEST_F(ImageTools, AFilledImageIsNotTheCallersToRelease) {
+    objc::strong<UIImage> image;
+    {
+        objc::AutoreleasePool pool;
+        image = objc::send<"imageFromColor:withSize:", UIImage*>(tool, color(1, 0, 0), CGSize{2, 2});
+    }
+    EXPECT_EQ((image->send<"retainCount", NSUInteger>()), 1u);
+}
+
+TEST_F(ImageTools, TheAverageIsDrawnIntoOnePixelByCopyingAtMediumQuality) {
+    static int drawn = 0;
+    stand_in("UIImage",
+             "drawInRect:blendMode:alpha:", [](id, SEL, CGRect rect, CGBlendMode mode, CGFloat alpha) {
+                 ++drawn;
+                 EXPECT_EQ(rect, (CGRect{{0, 0}, {1, 1}}));
+                 EXPECT_EQ(mode, 17);
+                 EXPECT_EQ(alpha, 1.0);
+                 CGContextRef context = UIGraphicsGetCurrentContext();
+                 EXPECT_EQ(CGBitmapContextGetWidth(context), 1u);
+                 EXPECT_EQ(CGBitmapContextGetHeight(context), 1u);
+                 EXPECT_EQ(CGContextGetInterpolationQuality(context), 4);
+             });
+    average(filled_image(color(1, 0, 0), 4, 4));
+    EXPECT_EQ(drawn, 1);
 }
 
 TEST_F(ImageTools, TheAverageOfAFlatImageIsItsColour) {

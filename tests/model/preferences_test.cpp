@@ -1,6 +1,8 @@
 // The preference store: HCPreferences.
-#include "platform/substrate.h"
-#include "support/configuration.h"
+#include <atomic>
+#include <thread>
+
+#include "support/runtime.h"
 #include "support/themes.h"
 
 namespace test {
@@ -41,11 +43,6 @@ class Preferences : public testing::Test {
     void write_theme(std::string_view more = "") {
         phone.write(std::string(theme_folder) + "Meadow.plist", theme(more));
     }
-    static id variable(id object, const char* name) {
-        Ivar found = class_getInstanceVariable(object->isa, name);
-        EXPECT_NE(found, nullptr) << name;
-        return *reinterpret_cast<id*>(reinterpret_cast<char*>(object) + ivar_getOffset(found));
-    }
     static bool is_fallback(id cache) {
         auto* dictionary = static_cast<NSDictionary*>(cache);
         return dictionary->send<"count", NSUInteger>() == 2 &&
@@ -61,8 +58,8 @@ TEST_F(Preferences, WithoutAFileEverythingIsEmpty) {
     phone.start();
     Store store;
     store.expect_nothing();
-    EXPECT_TRUE(is_fallback(variable(store.object, "preferenceCache")));
-    EXPECT_EQ(variable(store.object, "configCache"), nullptr);
+    EXPECT_TRUE(is_fallback(variable<id>(store.object, "preferenceCache")));
+    EXPECT_EQ(variable<id>(store.object, "configCache"), nullptr);
 }
 
 TEST_F(Preferences, EnabledWithAThemeAnswersFromTheTheme) {
@@ -99,7 +96,7 @@ TEST_F(Preferences, EnabledWithAMissingThemeFallsBack) {
     phone.start();
     Store store;
     store.expect_nothing();
-    EXPECT_TRUE(is_fallback(variable(store.object, "preferenceCache")));
+    EXPECT_TRUE(is_fallback(variable<id>(store.object, "preferenceCache")));
 }
 
 TEST_F(Preferences, EnabledWithAThemeThatDoesNotLoadFallsBack) {
@@ -123,7 +120,7 @@ TEST_F(Preferences, AFileThatIsNoPropertyListAnswersNothing) {
     phone.start();
     Store store;
     store.expect_nothing();
-    EXPECT_EQ(variable(store.object, "preferenceCache"), nullptr) << "no fallback either";
+    EXPECT_EQ(variable<id>(store.object, "preferenceCache"), nullptr) << "no fallback either";
 }
 
 TEST_F(Preferences, AnArrayAtTheRootCountsAsAbsent) {
@@ -132,7 +129,7 @@ TEST_F(Preferences, AnArrayAtTheRootCountsAsAbsent) {
     phone.start();
     Store store;
     store.expect_nothing();
-    EXPECT_TRUE(is_fallback(variable(store.object, "preferenceCache")));
+    EXPECT_TRUE(is_fallback(variable<id>(store.object, "preferenceCache")));
 }
 
 TEST_F(Preferences, ABareWordCountsAsAbsent) {
@@ -163,7 +160,16 @@ TEST_F(Preferences, ASwitchWithoutABooleanValueIsOff) {
     EXPECT_EQ(rgba(store.text_colour()), theme_text);
 }
 
-TEST_F(Preferences, ASwitchMayBeANumberOrAString) {
+TEST_F(Preferences, AMissingSwitchIsOff) {
+    write_preferences("<dict><key>_Config</key><string>Meadow.plist</string></dict>");
+    write_theme();
+    phone.start();
+    Store store;
+    EXPECT_FALSE(store.enabled());
+    EXPECT_EQ(rgba(store.text_colour()), theme_text) << "the theme is loaded all the same";
+}
+
+TEST_F(Preferences, ASwitchMayBeANumber) {
     write_preferences(
         "<dict><key>_Enabled</key><integer>1</integer><key>_Config</key><string>Meadow.plist</string></"
         "dict>");
@@ -207,7 +213,7 @@ TEST_F(Preferences, OtherKeysStayInTheCache) {
         "<key>Other</key><string>kept</string></dict>");
     write_theme();
     phone.start();
-    auto* cache = static_cast<NSDictionary*>(variable(Store().object, "preferenceCache"));
+    auto* cache = static_cast<NSDictionary*>(variable<id>(Store().object, "preferenceCache"));
     EXPECT_EQ(utf8(cache->objectForKey(text("Other"))), "kept");
 }
 
@@ -262,11 +268,65 @@ TEST_F(Preferences, TheDarkColoursNeedNoFiles) {
 }
 
 TEST_F(Preferences, AsksTheThemeByMessage) {
+    static UIImage* image = nullptr;
     arrange_theme(phone);
     phone.start();
-    MSHookMessageEx(objc_getClass("HuecraftConfig"), sel_registerName("getBackgroundType"),
-                    reinterpret_cast<IMP>(+[](id, SEL) -> NSUInteger { return 77; }), nullptr);
-    EXPECT_EQ(Store().background_type(), 77u);
+    image = filled_image(color(1, 0, 0), 2, 2);
+    stand_in("HuecraftConfig", "getBackgroundType", [](id, SEL) -> NSUInteger { return 77; });
+    stand_in("HuecraftConfig", "getImageCache", [](id, SEL) -> id { return image; });
+    stand_in("HuecraftConfig", "getVisibleKeycaps", [](id, SEL) { return 1; });
+    Store store;
+    EXPECT_EQ(store.background_type(), 77u);
+    EXPECT_EQ(store.image(), image);
+    EXPECT_TRUE(store.caps_enabled());
+}
+
+TEST_F(Preferences, TheThemeIsAskedForByTheNameInTheFile) {
+    static std::vector<std::string> asked;
+    phone.start();
+    stand_in(
+        "HuecraftConfig",
+        "configWithFilename:", [](id, SEL, id name) -> id { return asked.push_back(utf8(name)), nullptr; },
+        Side::on_class);
+    auto read_again = [] { objc_release(objc::send<"new", id>(class_named("HCPreferences"))); };
+    read_again();
+    EXPECT_EQ(asked.back(), "") << "without a file";
+    write_preferences("<dict><key>_Config</key><string>Meadow.plist</string></dict>");
+    read_again();
+    EXPECT_EQ(asked.back(), "Meadow.plist");
+    write_preferences("<dict><key>_Enabled</key><true/></dict>");
+    read_again();
+    EXPECT_EQ(asked.back(), "(nil)") << "without the key";
+    write_preferences("<dict><key>_Config</key><integer>5</integer></dict>");
+    read_again();
+    EXPECT_EQ(asked.back(), "(nil)") << "a number is no name";
+    phone.write(preference_file, "<?xml version=\"1.0\"?><plist><dict>");
+    read_again();
+    EXPECT_EQ(asked.size(), 4u) << "no property list names no theme";
+}
+
+TEST_F(Preferences, ThreadsThatAskAtOnceGetOneInstance) {
+    static IMP previous;
+    static std::atomic<int> made_stores = 0;
+    arrange_theme(phone);
+    phone.start({.executable = "/usr/libexec/keyboardd"});  // where the set-up does not ask for the store
+    previous = stand_in("HCPreferences", "init", [](id self, SEL selector) -> id {
+        ++made_stores;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        return call<id>(previous, self, selector);
+    });
+    id store_class = class_named("HCPreferences");
+    std::vector<id> answers(8);
+    std::vector<std::thread> threads;
+    for (id& answer : answers)
+        threads.emplace_back([&answer, store_class] {
+            objc::AutoreleasePool pool;
+            answer = objc::send<"sharedInstance", id>(store_class);
+        });
+    for (auto& thread : threads) thread.join();
+    EXPECT_EQ(made_stores, 1);
+    EXPECT_NE(answers[0], nullptr);
+    EXPECT_EQ(answers, std::vector<id>(8, answers[0]));
 }
 
 TEST_F(Preferences, ItsMembersAreInstanceVariablesInOrder) {

@@ -1,8 +1,8 @@
 // Theme files: loading and saving, and the words of every failure: HuecraftConfig.
 #include <sys/stat.h>
 
-#include "platform/substrate.h"
 #include "support/configuration.h"
+#include "support/runtime.h"
 #include "support/themes.h"
 
 namespace test {
@@ -105,8 +105,7 @@ TEST_F(ThemeFile, NilIsNotFound) {
 TEST_F(ThemeFile, AFileWhoseBytesCannotBeReadSaysSo) {
     phone.write(in_folder("Secret.plist"), theme());
     // The platform's reading of a file fails: as for a file without permission, which root would read.
-    MSHookMessageEx(object_getClass(class_named("NSData")), sel_registerName("dataWithContentsOfFile:"),
-                    reinterpret_cast<IMP>(+[](id, SEL, NSString*) -> NSData* { return nullptr; }), nullptr);
+    stand_in("NSData", "dataWithContentsOfFile:", [](id, SEL, id) -> id { return nullptr; }, Side::on_class);
     EXPECT_EQ(failure_of("Secret.plist"), unreadable);
 }
 
@@ -170,6 +169,13 @@ TEST_F(ThemeFile, SavesUnderItsSanitizedNameAndNeverOverwrites) {
     EXPECT_FALSE(theme.save(&error));
     EXPECT_EQ(texts_of(error), name_taken);
     EXPECT_EQ(phone.read(in_folder("mytheme.plist")), written);
+}
+
+TEST_F(ThemeFile, ANameOfRefusedCharactersAloneIsSavedAsTheExtension) {
+    auto theme = Configuration::made_default();
+    theme.set_name("/?");
+    EXPECT_TRUE(theme.save());
+    EXPECT_TRUE(phone.exists(in_folder(".plist")));
 }
 
 TEST_F(ThemeFile, ASavedThemeLoadsAsTheSame) {
@@ -248,9 +254,18 @@ TEST_F(ThemeFile, AWriteThatFailsPassesThePlatformsErrorOn) {
 
 TEST_F(ThemeFile, AFailedSaveLeavesTheObjectAsItWas) {
     auto theme = Configuration::made_default();
-    const std::string before = utf8(theme.plist()->description());
-    theme.save();
-    EXPECT_EQ(utf8(theme.plist()->description()), before);
+    auto expect_unchanged_by_failing = [&] {
+        const std::string before = utf8(theme.plist()->description());
+        EXPECT_FALSE(theme.save());
+        EXPECT_EQ(utf8(theme.plist()->description()), before);
+    };
+    expect_unchanged_by_failing();  // without a name
+    theme.set_name("Taken");
+    phone.write(in_folder("Taken.plist"), "anything");
+    expect_unchanged_by_failing();
+    theme.set_name("Lost");
+    std::filesystem::remove_all(phone.host(theme_folder));
+    expect_unchanged_by_failing();
 }
 
 TEST_F(ThemeFile, WhatIsSavedIsAnXmlPropertyList) {
@@ -260,28 +275,107 @@ TEST_F(ThemeFile, WhatIsSavedIsAnXmlPropertyList) {
     EXPECT_EQ(phone.read(in_folder("Xml.plist")).substr(0, 5), "<?xml");
 }
 
-class ThemeFileOnSystem10 : public ThemeFile {
-  protected:
-    void SetUp() override {
-        phone.make_folder(theme_folder);
-        phone.start({.system_version = "10.3.4"});
-    }
-};
-
-TEST_F(ThemeFileOnSystem10, SavesByTheOlderWrite) {
+TEST_F(ThemeFile, EachValueIsSavedAsItsKindOfNumber) {
     auto theme = Configuration::made_default();
-    theme.set_name("Old");
-    EXPECT_TRUE(theme.save());
-    EXPECT_TRUE(Configuration::from_file("Old.plist"));
+    theme.set_name("Numbers");
+    objc::send<"setImageAlpha:">(theme.object, 0.5);
+    objc::send<"setVisibleKeycaps:">(theme.object, true);
+    ASSERT_TRUE(theme.save());
+    const std::string saved = phone.read(in_folder("Numbers.plist"));
+    auto value_of = [&](const std::string& key) {
+        const auto start = saved.find('<', saved.find("<key>" + key + "</key>") + key.size() + 11);
+        return saved.substr(start, saved.find('\n', start) - start);
+    };
+    EXPECT_EQ(value_of("_BackgroundType"), "<integer>2</integer>");
+    EXPECT_EQ(value_of("_GradientDirection"), "<integer>7</integer>");
+    EXPECT_EQ(value_of("_ImageAlpha"), "<real>0.5</real>");
+    EXPECT_EQ(value_of("_VisibleKeycaps"), "<true/>");
 }
 
-TEST_F(ThemeFileOnSystem10, AWriteThatFailsIsNotReported) {
-    std::filesystem::remove_all(phone.host(theme_folder));
-    auto theme = Configuration::made_default();
-    theme.set_name("Lost");
-    NSError* error = nullptr;
-    EXPECT_FALSE(theme.save(&error));
-    EXPECT_EQ(error, nullptr);
+TEST_F(ThemeFile, LoadingByClassAsksTheInitialiserByMessage) {
+    static std::string asked;
+    static bool gave_a_slot = true;
+    stand_in("HuecraftConfig", "initWithFilename:error:", [](id self, SEL, id name, NSError** error) -> id {
+        asked = utf8(name);
+        gave_a_slot = error != nullptr;
+        return objc_release(self), nullptr;
+    });
+    EXPECT_FALSE(Configuration::from_file("Asked.plist"));
+    EXPECT_EQ(asked, "Asked.plist");
+    EXPECT_FALSE(gave_a_slot);
+}
+
+TEST_F(ThemeFile, SavingAsksForTheNameAndItsSanitizedFormByMessage) {
+    static std::string sanitized;
+    stand_in("HuecraftConfig", "getConfigName", [](id, SEL) -> id { return text("answered"); });
+    stand_in("HuecraftConfig", "_sanitizeFileNameString:", [](id, SEL, id name) -> id {
+        sanitized = utf8(name);
+        return text("elsewhere");
+    });
+    EXPECT_TRUE(Configuration::made_default().save());
+    EXPECT_EQ(sanitized, "answered");
+    EXPECT_TRUE(phone.exists(in_folder("elsewhere.plist")));
+}
+
+// ---- By the system's version -----------------------------------------------------------------------------
+
+/// A phone that a test starts with the system of its choice.
+class ThemeFileOnSystem : public ThemeFile {
+  protected:
+    void SetUp() override { phone.make_folder(theme_folder); }
+    void start(const char* version) {
+        phone.start({.system_version = version});
+        theme = Configuration::made_default();
+        theme.set_name("Old");
+    }
+    /// The domain of the error of a write that fails; "" when none is reported.
+    std::string domain_of_failed_write(const char* version) {
+        start(version);
+        std::filesystem::remove_all(phone.host(theme_folder));
+        NSError* error = nullptr;
+        EXPECT_FALSE(theme.save(&error));
+        return texts_of(error).domain;
+    }
+    /// Notes which write is asked for, instead of writing.
+    std::vector<std::string> writes() {
+        static std::vector<std::string> asked;
+        stand_in("NSMutableDictionary", "writeToFile:atomically:", [](id, SEL, id path, int atomically) {
+            asked.push_back("file " + utf8(path) + (atomically & 0xff ? " atomically" : ""));
+            return 1;
+        });
+        stand_in("NSMutableDictionary", "writeToURL:error:", [](id, SEL, id url, NSError** error) {
+            asked.push_back("URL " + utf8(objc::send<"path", id>(url)) + (error ? " with an error" : ""));
+            return 1;
+        });
+        NSError* error = nullptr;
+        EXPECT_TRUE(theme.save(&error));
+        return asked;
+    }
+    Configuration theme;
+};
+
+TEST_F(ThemeFileOnSystem, From11OnAFailedWriteIsReported) {
+    EXPECT_EQ(domain_of_failed_write("11.0"), "NSCocoaErrorDomain");
+}
+TEST_F(ThemeFileOnSystem, Before11AFailedWriteIsNotReported) {
+    EXPECT_EQ(domain_of_failed_write("10.3.4"), "");
+}
+TEST_F(ThemeFileOnSystem, AVersionOfOneDigitIsBefore11) { EXPECT_EQ(domain_of_failed_write("9.3.5"), ""); }
+
+TEST_F(ThemeFileOnSystem, From11OnTheWriteIsTheOneThatReports) {
+    start("11.0");
+    EXPECT_EQ(writes(), std::vector<std::string>{"URL " + in_folder("Old.plist") + " with an error"});
+}
+
+TEST_F(ThemeFileOnSystem, Before11TheWriteIsTheOlderAtomicOne) {
+    start("10.3.4");
+    EXPECT_EQ(writes(), std::vector<std::string>{"file " + in_folder("Old.plist") + " atomically"});
+}
+
+TEST_F(ThemeFileOnSystem, Before11WhatIsSavedLoads) {
+    start("10.3.4");
+    EXPECT_TRUE(theme.save());
+    EXPECT_TRUE(Configuration::from_file("Old.plist"));
 }
 
 }  // namespace

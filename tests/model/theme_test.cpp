@@ -1,8 +1,8 @@
 // What a theme holds, and how its values read back: HuecraftConfig.
 #include <cstring>
 
-#include "platform/substrate.h"
 #include "support/configuration.h"
+#include "support/runtime.h"
 #include "support/themes.h"
 
 namespace test {
@@ -96,6 +96,14 @@ TEST_F(Theme, ANegativeTypeOrDirectionIsSignExtended) {
         "<key>_BackgroundType</key><integer>-1</integer><key>_GradientDirection</key><string>-2</string>");
     EXPECT_EQ(theme.background_type(), ~NSUInteger{0});
     EXPECT_EQ(theme.direction(), ~NSUInteger{1});
+}
+
+TEST_F(Theme, ANumberReadsByItsLow32BitsAndWithoutItsFraction) {
+    auto theme = holding(
+        "<key>_BackgroundType</key><integer>4294967297</integer>"
+        "<key>_GradientDirection</key><real>2.9</real>");
+    EXPECT_EQ(theme.background_type(), 1u);
+    EXPECT_EQ(theme.direction(), 2u);
 }
 
 TEST_F(Theme, AStringBeyond32BitsReadsAsTheLargestInteger) {
@@ -193,6 +201,14 @@ TEST_F(Theme, AMissingImageIsStoredAsTheStringNil) {
 TEST_F(Theme, ImageDataThatDoesNotDecodeReadsAsNoImage) {
     EXPECT_EQ(holding("<key>_Image</key><data>AAECAwQFBgc=</data>").image(), nullptr);
     EXPECT_EQ(holding("<key>_Image</key><data></data>").image(), nullptr);
+}
+
+TEST_F(Theme, ColoursAndImagesAreMadeAnewOnEveryCall) {
+    auto theme = with_image(filled_image(color(1, 0, 0), 4, 3));
+    EXPECT_NE(theme.text_colour(), theme.text_colour());
+    EXPECT_NE(theme.highlight_colour(), theme.highlight_colour());
+    EXPECT_NE(theme.colours()->objectAtIndex(0), theme.colours()->objectAtIndex(0));
+    EXPECT_NE(theme.image(), theme.image());
 }
 
 TEST_F(Theme, TheCallThatBuildsTheImageCacheAnswersNothing) {
@@ -293,12 +309,28 @@ TEST_F(Theme, ReleasesWhatItHolds) {
 }
 
 TEST_F(Theme, AsksTheColourToolsByMessage) {
-    auto theme = holding("<key>_TextColor</key><string>#FF0000</string>");
     static UIColor* substitute = nullptr;
+    static CGSize asked_size{};
+    auto theme = with_image(filled_image(color(1, 0, 0), 4, 3));
     substitute = UIColor::whiteColor();
-    MSHookMessageEx(object_getClass(class_named("HCCITool")), sel_registerName("colorFromHexString:"),
-                    reinterpret_cast<IMP>(+[](id, SEL, NSString*) { return substitute; }), nullptr);
+    stand_in("HCCITool", "colorFromHexString:", [](id, SEL, id) -> id { return substitute; }, Side::on_class);
+    stand_in(
+        "HCCITool", "hexStringFromColor:", [](id, SEL, id) -> id { return text("written"); }, Side::on_class);
+    stand_in(
+        "HCCITool", "newScale:forImage:",
+        [](id, SEL, CGSize size, id) -> id {
+            asked_size = size;
+            return objc_retain(filled_image(color(0, 0, 1), 5, 5));
+        },
+        Side::on_class);
     EXPECT_EQ(theme.text_colour(), substitute);
+    objc::send<"setTextColor:">(theme.object, color(1, 0, 0));
+    EXPECT_EQ(utf8(theme.stored("_TextColor")), "written");
+    objc::send<"setColors:">(theme.object, array({color(1, 0, 0)}));
+    EXPECT_EQ(utf8(static_cast<NSArray*>(theme.stored("_Colors"))->objectAtIndex(0)), "written");
+    theme.image_cache();
+    EXPECT_EQ(asked_size, (CGSize{375, 256}));
+    EXPECT_EQ(theme.image_cache()->size(), (CGSize{5, 5}));
 }
 
 TEST(ThemeWithoutKeyboard, TheImageIsScaledToNothingAndDropped) {

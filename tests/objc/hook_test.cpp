@@ -1,8 +1,7 @@
 // Hook rows: each kind of behaviour on a class of the test's own.
 #include "objc/hook.h"
 
-#include "platform/substrate.h"
-#include "support/phone.h"
+#include "support/runtime.h"
 
 namespace test {
 namespace {
@@ -10,10 +9,14 @@ namespace {
 using namespace objc::behaviour;
 using objc::hook;
 
-int calls = 0;
+/// Who ran, in order.
+std::vector<std::string> ran;
 double width_of_system = 0;
 
-double seven() { return 7.0; }
+double seven() {
+    ran.push_back("seven");
+    return 7.0;
+}
 void doubled(double& width, bool& animated) {
     width *= 2;
     animated = !animated;
@@ -21,25 +24,31 @@ void doubled(double& width, bool& animated) {
 double one_more(objc::Previous<double(double)> previous, NSObject*, double value) {
     return previous(value) + 1;
 }
-void count(NSObject*, double) { ++calls; }
+void note(NSObject*, double value) { ran.push_back("replacement " + std::to_string(value)); }
 NSInteger added(NSObject*, NSInteger value) { return value * 3; }
 
 class Hooks : public testing::Test {
   protected:
     void SetUp() override {
         phone.boot();
-        calls = 0;
         Class type = objc_allocateClassPair(objc_getClass("NSObject"), "HCLane", 0);
         auto add = [&](Class to, const char* name, IMP imp, const char* types) {
             class_addMethod(to, sel_registerName(name), imp, types);
         };
-        add(type, "width", reinterpret_cast<IMP>(+[](id, SEL) { return 1.0; }), "d16@0:8");
+        add(type, "width", reinterpret_cast<IMP>(+[](id, SEL) {
+                ran.push_back("system");
+                return 1.0;
+            }),
+            "d16@0:8");
         add(type, "setWidth:animated:", reinterpret_cast<IMP>(+[](id, SEL, double width, int animated) {
                 width_of_system = animated & 0xff ? width : -width;
             }),
             "v28@0:8d16B24");
         add(type, "grow:", reinterpret_cast<IMP>(+[](id, SEL, double by) { return by * 10; }), "d24@0:8d16");
-        add(type, "note:", reinterpret_cast<IMP>(+[](id, SEL, double) { calls += 100; }), "v24@0:8d16");
+        add(type, "note:", reinterpret_cast<IMP>(+[](id, SEL, double value) {
+                ran.push_back("system " + std::to_string(value));
+            }),
+            "v24@0:8d16");
         objc_registerClassPair(type);
         add(object_getClass(reinterpret_cast<id>(type)),
             "grow:", reinterpret_cast<IMP>(+[](id, SEL, double by) { return by * 100; }), "d24@0:8d16");
@@ -60,11 +69,13 @@ class Hooks : public testing::Test {
 TEST_F(Hooks, AnswersWithoutCallingThePrevious) {
     install(hook<"-[HCLane width]", answers<seven>>);
     EXPECT_EQ((objc::send<"width", double>(lane)), 7.0);
+    EXPECT_EQ(ran, std::vector<std::string>{"seven"});
 }
 
 TEST_F(Hooks, AnswersAConstant) {
     install(hook<"-[HCLane width]", answers<2.5>>);
     EXPECT_EQ((objc::send<"width", double>(lane)), 2.5);
+    EXPECT_EQ(ran, std::vector<std::string>{});
 }
 
 TEST_F(Hooks, SubstitutesArgumentsInPlace) {
@@ -81,9 +92,9 @@ TEST_F(Hooks, RunsAroundThePrevious) {
 }
 
 TEST_F(Hooks, RunsAfterThePrevious) {
-    install(hook<"-[HCLane note:]", after<count>>);
-    objc::send<"note:">(lane, 1.0);
-    EXPECT_EQ(calls, 101);
+    install(hook<"-[HCLane note:]", after<note>>);
+    objc::send<"note:">(lane, 1.5);
+    EXPECT_EQ(ran, (std::vector<std::string>{"system 1.500000", "replacement 1.500000"}));
 }
 
 TEST_F(Hooks, TheTwoSidesOfASelectorAreTwoRows) {

@@ -1,6 +1,8 @@
 // Theme and preference files for tests.
 #include "support/themes.h"
 
+#include "support/runtime.h"
+
 namespace test {
 
 std::string property_list(std::string_view root) {
@@ -19,11 +21,32 @@ std::string theme(std::string_view more) {
         std::string(more) + "</dict>");
 }
 
-void arrange_theme(const Phone& phone, bool enabled, std::string_view more_of_theme) {
+namespace {
+void write_preferences(const Phone& phone, bool enabled, const std::string& theme_file) {
     phone.write(preference_file,
                 property_list(std::string("<dict><key>_Enabled</key>") + (enabled ? "<true/>" : "<false/>") +
-                              "<key>_Config</key><string>Meadow.plist</string></dict>"));
+                              "<key>_Config</key><string>" + theme_file + "</string></dict>"));
+}
+}  // namespace
+
+void arrange_theme(const Phone& phone, bool enabled, std::string_view more_of_theme) {
+    write_preferences(phone, enabled, "Meadow.plist");
     phone.write(std::string(theme_folder) + "Meadow.plist", theme(more_of_theme));
+}
+
+void arrange_theme_of(const Phone& phone, std::string_view xml_of_dictionary) {
+    write_preferences(phone, true, "Made.plist");
+    phone.write(std::string(theme_folder) + "Made.plist",
+                property_list("<dict>" + std::string(xml_of_dictionary) + "</dict>"));
+}
+
+id active_theme() {
+    return variable<id>(objc::send<"sharedInstance", id>(class_named("HCPreferences")), "configCache");
+}
+
+void recolour_theme(UIColor* text, UIColor* highlight) {
+    objc::send<"setTextColor:">(active_theme(), text);
+    objc::send<"setHighlightColor:">(active_theme(), highlight);
 }
 
 }  // namespace test

@@ -88,7 +88,7 @@ std::string sound_theme() {
     return theme_file(
         "<key>_ConfigName</key><string>Sound</string>"
         "<key>_TextColor</key><string>#FFFFFF</string>"
-        "<key>_HighlightColor</key><string>#FFD000</string>"
+        "<key>_HighlightColor</key><string>#757575</string>"
         "<key>_BackgroundType</key><integer>1</integer>"
         "<key>_Colors</key><array><string>#000000</string></array>"
         "<key>_GradientDirection</key><integer>2</integer>"

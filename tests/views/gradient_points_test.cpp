@@ -7,6 +7,7 @@ namespace {
 struct NamedPoint {
     const char* name;
     CGPoint point;
+    friend void PrintTo(const NamedPoint& named, std::ostream* out) { *out << named.name; }
 };
 
 class GradientPoints : public testing::TestWithParam<NamedPoint> {};

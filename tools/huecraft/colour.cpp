@@ -21,6 +21,8 @@ double luminance(const Colour& c) {
     return 0.2126 * linear(c.red) + 0.7152 * linear(c.green) + 0.0722 * linear(c.blue);
 }
 
+double ratio(double a, double b) { return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05); }
+
 Colour mixed(const Colour& from, double grey, double part) {
     auto mix = [&](double component) { return byte_of(component + (grey - component) * part) / 255.0; };
     return {mix(from.red), mix(from.green), mix(from.blue), 1};
@@ -66,24 +68,20 @@ Colour over(const Colour& upper, const Colour& opaque) {
     return {mix(upper.red, opaque.red), mix(upper.green, opaque.green), mix(upper.blue, opaque.blue), 1};
 }
 
-double contrast(const Colour& a, const Colour& b) {
-    const auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
-    return (lighter + 0.05) / (darker + 0.05);
-}
-
-double worst_contrast(const Colour& colour, const std::vector<Colour>& behind) {
-    double worst = 21;
-    for (const Colour& opaque : behind) worst = std::min(worst, contrast(over(colour, opaque), opaque));
-    return worst;
-}
+double contrast(const Colour& a, const Colour& b) { return ratio(luminance(a), luminance(b)); }
 
 std::optional<Colour> nearest_with_contrast(const Colour& colour, const std::vector<Colour>& behind,
                                             double wanted) {
+    // Of the colours behind, their luminances are all that counts, and reckoning them is most of the work.
+    std::vector<double> luminances;
+    for (const Colour& opaque : behind) luminances.push_back(luminance(opaque));
     std::optional<Colour> nearest;
     for (double grey : {0.0, 1.0})
         for (int step = 0; step <= 255; ++step) {
             const Colour candidate = mixed(colour, grey, step / 255.0);
-            if (worst_contrast(candidate, behind) < wanted) continue;
+            const double light = luminance(candidate);
+            if (std::ranges::any_of(luminances, [&](double other) { return ratio(light, other) < wanted; }))
+                continue;
             if (!nearest || distance(candidate, colour) < distance(*nearest, colour)) nearest = candidate;
             break;
         }

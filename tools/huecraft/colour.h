@@ -29,9 +29,6 @@ Colour over(const Colour& upper, const Colour& opaque);
 /// The contrast ratio of two opaque colours, from 1 to 21, as WCAG 2 defines it.
 double contrast(const Colour& a, const Colour& b);
 
-/// The smallest contrast that the colour has where it lies over each of the opaque colours.
-double worst_contrast(const Colour& colour, const std::vector<Colour>& behind);
-
 /// The opaque colour nearest to the given one, on its way to black or to white, that has the contrast over
 /// each; nothing when there is none.
 std::optional<Colour> nearest_with_contrast(const Colour& colour, const std::vector<Colour>& behind,

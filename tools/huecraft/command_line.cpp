@@ -1,6 +1,8 @@
 // The command line: what can be asked for.
 #include "command_line.h"
 
+#include <algorithm>
+
 #include "colour.h"
 #include "terminal.h"
 
@@ -19,6 +21,16 @@ CLI::Option* taking_number(CLI::Option* option, double from, double to) {
     return option->type_name("N")->check(CLI::Range(from, to).description(""));
 }
 
+CLI::Option* taking_one_of(CLI::Option* option, const std::vector<std::string>& words) {
+    std::string listed;
+    for (const std::string& word : words) listed += (listed.empty() ? "" : "|") + word;
+    auto refusal = [words, listed](const std::string& text) -> std::string {
+        if (std::ranges::find(words, text) != words.end()) return "";
+        return in_quotes(text) + " is none of " + listed;
+    };
+    return option->type_name(listed)->check(refusal, "", "word");
+}
+
 std::unique_ptr<CLI::App> make_command_line(Request& request) {
     auto command = std::make_unique<CLI::App>("Makes, checks and shows keyboard themes.", "huecraft");
     command->require_subcommand(1);
@@ -27,6 +39,12 @@ std::unique_ptr<CLI::App> make_command_line(Request& request) {
         "\"huecraft SUBCOMMAND --help\" has the options and examples.");
     add_new(*command, request);
     add_show(*command, request);
+    add_lint(*command, request);
+    add_keyboard(*command, request);
+    add_preview(*command, request);
+    add_gallery(*command, request);
+    add_convert(*command, request);
+    add_import(*command, request);
     return command;
 }
 

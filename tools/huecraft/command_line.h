@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "status.h"
 
@@ -20,6 +21,12 @@ std::unique_ptr<CLI::App> make_command_line(Request& request);
 
 // Each subcommand describes itself, in a file of its own.
 void add_new(CLI::App& command, Request& request);
+void add_convert(CLI::App& command, Request& request);
+void add_gallery(CLI::App& command, Request& request);
+void add_import(CLI::App& command, Request& request);
+void add_keyboard(CLI::App& command, Request& request);
+void add_lint(CLI::App& command, Request& request);
+void add_preview(CLI::App& command, Request& request);
 void add_show(CLI::App& command, Request& request);
 
 // --- What the subcommands share ---
@@ -39,6 +46,8 @@ inline void add_json(CLI::App* subcommand, bool& json) {
 
 /// Has the option take hex colours as a theme keeps them.
 CLI::Option* taking_colour(CLI::Option* option);
+/// Has the option take one of these words, which the help lists.
+CLI::Option* taking_one_of(CLI::Option* option, const std::vector<std::string>& words);
 /// Has the option take numbers from one to another.
 CLI::Option* taking_number(CLI::Option* option, double from, double to);
 

@@ -62,9 +62,30 @@ void write_whole(int descriptor, const std::string& contents, const std::string&
     }
 }
 
+}  // namespace
+
+std::string read_input(const std::string& file) {
+    const Descriptor input(file == "-" ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    struct stat status;
+    if (input.number < 0 || fstat(input.number, &status) != 0) throw Unusable(file, reason(errno));
+    if (S_ISDIR(status.st_mode)) throw Unusable(file, reason(EISDIR));
+    if (S_ISREG(status.st_mode) && static_cast<size_t>(status.st_size) > largest_input)
+        throw Unusable(file, too_large(static_cast<size_t>(status.st_size)));
+    // A pipe or a device has no size that could be believed.
+    std::string contents;
+    for (;;) {
+        char bytes[65536];
+        const ssize_t count = ::read(input.number, bytes, sizeof bytes);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) throw Unusable(file, "cannot be read: " + reason(errno));
+        if (count == 0) return contents;
+        contents.append(bytes, static_cast<size_t>(count));
+        if (contents.size() > largest_input) throw Unusable(file, too_large(0));
+    }
+}
+
 /// A file beside its later place, gone again unless it is put there.
-class Draft {
-  public:
+struct Output::Draft {
     explicit Draft(const std::string& place)
         : place_(place),
           // A name of its own: with an end added, the longest names would be too long.
@@ -94,32 +115,10 @@ class Draft {
     Descriptor file_;
 };
 
-}  // namespace
-
-std::string read_input(const std::string& file) {
-    const Descriptor input(file == "-" ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC));
-    struct stat status;
-    if (input.number < 0 || fstat(input.number, &status) != 0) throw Unusable(file, reason(errno));
-    if (S_ISDIR(status.st_mode)) throw Unusable(file, reason(EISDIR));
-    if (S_ISREG(status.st_mode) && static_cast<size_t>(status.st_size) > largest_input)
-        throw Unusable(file, too_large(static_cast<size_t>(status.st_size)));
-    // A pipe or a device has no size that could be believed.
-    std::string contents;
-    for (;;) {
-        char bytes[65536];
-        const ssize_t count = ::read(input.number, bytes, sizeof bytes);
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) throw Unusable(file, "cannot be read: " + reason(errno));
-        if (count == 0) return contents;
-        contents.append(bytes, static_cast<size_t>(count));
-        if (contents.size() > largest_input) throw Unusable(file, too_large(0));
-    }
-}
-
-void write_output(const std::string& file, const std::string& contents) {
+Output::Output(const std::string& file) : file_(file) {
     if (file == "-") {
-        if (std::fwrite(contents.data(), 1, contents.size(), stdout) != contents.size() || !output_is_whole())
-            cannot_write("standard output", errno);
+        std::fflush(stdout);
+        direct_ = STDOUT_FILENO;
         return;
     }
     struct stat status;
@@ -128,16 +127,33 @@ void write_output(const std::string& file, const std::string& contents) {
     if (exists && S_ISDIR(status.st_mode)) cannot_write(file, EISDIR);
     if (exists && access(file.c_str(), W_OK) != 0) cannot_write(file, errno);
     if (exists && !S_ISREG(status.st_mode)) {
-        // A device or a pipe is written to, and never replaced.
-        const Descriptor output(::open(file.c_str(), O_WRONLY | O_CLOEXEC));
-        if (output.number < 0) cannot_write(file, errno);
-        write_whole(output.number, contents, file);
+        direct_ = ::open(file.c_str(), O_WRONLY | O_CLOEXEC);
+        if (direct_ < 0) cannot_write(file, errno);
         return;
     }
     // A link stays one: what it points to is replaced.
-    Draft draft(exists ? fs::canonical(file).string() : file);
-    draft.write(contents);
-    draft.put_in_place();
+    draft_ = std::make_unique<Draft>(exists ? fs::canonical(file).string() : file);
+}
+
+Output::~Output() {
+    if (direct_ > STDERR_FILENO) ::close(direct_);
+}
+
+void Output::write(const std::string& part) {
+    if (draft_)
+        draft_->write(part);
+    else
+        write_whole(direct_, part, file_ == "-" ? "standard output" : file_);
+}
+
+void Output::finish() {
+    if (draft_) draft_->put_in_place();
+}
+
+void write_output(const std::string& file, const std::string& contents) {
+    Output output(file);
+    output.write(contents);
+    output.finish();
 }
 
 void require_absent(const std::string& file) {

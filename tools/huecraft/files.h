@@ -1,6 +1,7 @@
 // Files that the command reads and writes.
 #pragma once
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -29,6 +30,22 @@ std::string read_input(const std::string& file);
 /// Writes the whole file or nothing: beside the place first, under its name only when it is complete. "-" is
 /// standard output. Throws Unusable.
 void write_output(const std::string& file, const std::string& contents);
+
+/// The same for contents that come piece by piece. What was begun and not finished leaves nothing behind.
+class Output {
+  public:
+    explicit Output(const std::string& file);
+    Output(const Output&) = delete;
+    ~Output();
+    void write(const std::string& part);
+    void finish();
+
+  private:
+    struct Draft;
+    std::string file_;
+    std::unique_ptr<Draft> draft_;  // none for what is written to at once: a device, a pipe, standard output
+    int direct_ = -1;
+};
 
 /// Throws Unusable when something is at the path already.
 void require_absent(const std::string& file);

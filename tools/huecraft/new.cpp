@@ -1,22 +1,16 @@
 // huecraft new: makes a theme's file with the library's own class.
-#include <fstream>
-#include <iterator>
+#include <cstdio>
 
 #include "colour.h"
 #include "command_line.h"
 #include "files.h"
-#include "objc/exception.h"
 #include "support/phone.h"
-#include "support/text.h"
 #include "terminal.h"
-#include "theme.h"
+#include "theme_saving.h"
 #include "value.h"
 
 namespace command {
 namespace {
-
-using tools::text;
-using tools::utf8;
 
 enum Background : NSUInteger { flat_colour = 1, gradient_of_colours = 2, image_data = 3 };
 
@@ -27,11 +21,12 @@ NSArray* colour_list(const std::vector<std::string>& hex) {
 }
 
 struct New {
-    std::string name, text_colour, highlight, flat, image, output;
+    Destination destination;
+    std::string text_colour, highlight, flat, image;
     std::vector<std::string> gradient;
     unsigned direction = 0;
     double alpha = 1;
-    bool alpha_given = false, caps = false, force = false, json = false;
+    bool alpha_given = false, caps = false, json = false;
 
     Status operator()() const {
         return in_workshop([this](const Workshop& workshop) { return make(workshop); });
@@ -43,21 +38,9 @@ struct New {
         tools::load(library());
         objc::AutoreleasePool pool;
         HuecraftConfig* config = HuecraftConfig::defaultConfig();
-        NSString* theme_name = text(name);
-        if (!theme_name) throw Unusable(name, "the name is not UTF-8");
-        const std::string stem = utf8(config->sanitizeFileName(theme_name));
-        if (name.empty()) throw Unusable(in_quotes(name), "a theme needs a name");
-        constexpr size_t longest_stem = 255 - 6;  // with ".plist" as long as names can be
-        if (stem.size() > longest_stem)
-            throw Unusable(one_line(name),
-                           "the name is too long for a file's: " + std::to_string(stem.size()) +
-                               " bytes, and at most " + std::to_string(longest_stem) + " fit");
-        if (stem.empty()) throw Unusable(name, "nothing of the name is left for a file's name");
-        const std::string file = output.empty() ? stem + ".plist" : output;
-        if (!force) require_absent(file);
-        config->setConfigName(theme_name);
+        const std::string file = checked_file(config, destination);
         paint(config);
-        write_output(file, saved(config, workshop, stem));
+        save_theme(config, destination, file, workshop);
         report(file);
         return Status::fine;
     }
@@ -81,22 +64,12 @@ struct New {
         if (caps) config->setVisibleKeycaps(true);
     }
 
-    /// The bytes of the file as the library saves it.
-    static std::string saved(HuecraftConfig* config, const Workshop& workshop, const std::string& stem) {
-        NSError* error = nullptr;
-        if (!config->saveConfiguration(&error))
-            throw Unusable(stem + ".plist",
-                           "the library cannot save it: " +
-                               one_line(utf8(error->send<"localizedDescription", NSString*>()), 300));
-        return read_input(workshop.theme(stem + ".plist"));
-    }
-
     void report(const std::string& file) const {
         if (file == "-") return;
         if (json)
-            std::fputs(printed({{"name", name}, {"file", file}}).c_str(), stdout);
+            std::fputs(printed({{"name", destination.name}, {"file", file}}).c_str(), stdout);
         else
-            std::printf("made the theme %s: %s\n", in_quotes(name).c_str(),
+            std::printf("made the theme %s: %s\n", in_quotes(destination.name).c_str(),
                         toned(Tone::strong, one_line(file, 4096)).c_str());
     }
 };
@@ -106,7 +79,7 @@ struct New {
 void add_new(CLI::App& command, Request& request) {
     auto options = std::make_shared<New>();
     CLI::App* sub = add_subcommand(command, request, "new", "Make a theme", options);
-    sub->add_option("NAME", options->name, "The theme's name")->required()->type_name("");
+    sub->add_option("NAME", options->destination.name, "The theme's name")->required()->type_name("");
     taking_colour(sub->add_option("--text", options->text_colour, "Colour of the keys' labels (#FFFFFF)"));
     taking_colour(sub->add_option("--highlight", options->highlight, "Colour of pressed keys (#555555)"));
     auto* flat = taking_colour(sub->add_option("--flat", options->flat, "Background of one colour"));
@@ -131,10 +104,10 @@ void add_new(CLI::App& command, Request& request) {
         sub->add_option_function<double>("--alpha", take_alpha, "The picture's opacity, from 0 to 1"), 0, 1)
         ->needs(image);
     sub->add_flag("--caps", options->caps, "Leave the key caps visible");
-    sub->add_option("-o,--output", options->output,
+    sub->add_option("-o,--output", options->destination.output,
                     "The file to write; NAME.plist without it, - is standard output")
         ->type_name("FILE");
-    sub->add_flag("--force", options->force, "Replace a file that exists");
+    sub->add_flag("--force", options->destination.force, "Replace a file that exists");
     add_json(sub, options->json);
     sub->footer(
         "Without a background the theme has the library's own, black to red.\n\n"

@@ -1,6 +1,7 @@
 // Where the work is done: a simulated phone in a child process, with a folder that plays its file system.
 #include "workshop.h"
 
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -97,6 +98,15 @@ fs::path library() {
     throw Unusable(installed, "the library is missing; install the command again");
 }
 
+fs::path data_folder() {
+    const fs::path folder =
+        fs::read_symlink("/proc/self/exe").parent_path().parent_path() / "share" / "huecraft";
+    if (!fs::exists(folder / "Huecraft.bundle"))
+        throw Unusable(folder / "Huecraft.bundle",
+                       "the pictures of the preview are missing; install the command again");
+    return folder;
+}
+
 void Workshop::place_theme(const std::string& name, const std::string& contents) const {
     const fs::path place = theme(name);
     std::ofstream file(place, std::ios::binary);
@@ -107,16 +117,36 @@ void Workshop::place_theme(const std::string& name, const std::string& contents)
 
 fs::path Workshop::theme(const std::string& name) const { return device / theme_folder / name; }
 
-Status in_child(const std::function<Status()>& work) {
+void Workshop::furnish() const {
+    fs::create_directories(device / theme_folder);
+    fs::create_directories(device / "tmp");
+}
+
+Workshop Workshop::another(const std::string& name) const {
+    const Workshop other{device.parent_path() / name};
+    other.furnish();
+    return other;
+}
+
+void Workshop::install_settings_pictures() const {
+    const fs::path bundle = data_folder() / "Huecraft.bundle",
+                   place = device / "Library" / "PreferenceBundles";
+    fs::create_directories(place);
+    fs::copy(bundle, place / "Huecraft.bundle", fs::copy_options::recursive);
+}
+
+pid_t start_child(const std::function<Status()>& work) {
     std::fflush(nullptr);
-    StayingToTidyUp staying;
     const pid_t child = fork();
     if (child < 0) throw Unusable("a process", std::string("cannot be started: ") + std::strerror(errno));
     if (child == 0) {
-        staying.leave();
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
         work_and_exit(work);
     }
-    working_child = child;
+    return child;
+}
+
+Status end_of_child(pid_t child) {
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
@@ -131,12 +161,20 @@ Status in_child(const std::function<Status()>& work) {
     return Status::unusable;
 }
 
+Status in_child(const std::function<Status()>& work) {
+    StayingToTidyUp staying;
+    working_child = start_child([&] {
+        staying.leave();
+        return work();
+    });
+    return end_of_child(working_child);
+}
+
 Status in_workshop(const std::function<Status(const Workshop&)>& work) {
     try {
         const TemporaryFolder folder;
         const Workshop workshop{folder.path() / "device"};
-        fs::create_directories(workshop.device / theme_folder);
-        fs::create_directories(workshop.device / "tmp");
+        workshop.furnish();
         return in_child([&] { return work(workshop); });
     } catch (const Unusable& unusable) {
         complain(unusable.file(), unusable.what());

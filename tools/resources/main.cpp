@@ -1,9 +1,10 @@
-// Draws the pictures of the settings pane's bundle into a folder.
+// Draws the pictures that the project ships: those of the settings pane's bundle, and the theme Dusk's.
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
 
+#include "dusk.h"
 #include "icons.h"
 #include "preview_pictures.h"
 
@@ -36,8 +37,12 @@ int main(int argc, char** argv) {
     try {
         const fs::path folder = argv[1];
         const Phone phone(folder);
-        resources::draw_icons(phone.root, folder);
-        resources::draw_preview_pictures(phone.root, folder);
+        const fs::path bundle = folder / "Huecraft.bundle", themes = folder / "themes";
+        fs::create_directories(bundle);
+        fs::create_directories(themes);
+        resources::draw_icons(phone.root, bundle);
+        resources::draw_preview_pictures(phone.root, bundle);
+        resources::draw_dusk(phone.root, themes);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "huecraft_resources: %s\n", failure.what());
         return EXIT_FAILURE;

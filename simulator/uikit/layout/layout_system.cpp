@@ -198,9 +198,12 @@ class LayoutSystem {
             auto* constraint = static_cast<Constraint*>(each);
             auto& ivars = constraint->ivars();
             const strong<UIView> first = ivars.firstItem.get(), second = ivars.secondItem.get();
+            // A view that is just going away is nobody's any more.
+            const bool is_pair = ivars.secondAttribute != NSLayoutAttributeNotAnAttribute;
+            if (!places_.contains(first) || (is_pair && !places_.contains(second))) continue;
             const Node& holder = nodes_[places_.at(view)];
             Expression difference = value_of(first, ivars.firstAttribute, holder) - ivars.constant;
-            if (second)
+            if (is_pair)
                 difference = difference - value_of(second, ivars.secondAttribute, holder) * ivars.multiplier;
             demands_.push_back({.expression = std::move(difference),
                                 .relation = static_cast<Relation>(ivars.relation),

@@ -1,10 +1,11 @@
 // Solves the equations and inequalities of a layout: see the header.
 #include "uikit/layout/solver.h"
 
-#include <Eigen/Dense>
 #include <algorithm>
 #include <cmath>
 #include <utility>
+
+#include "uikit/layout/climb.h"
 
 namespace sim {
 namespace {
@@ -12,6 +13,14 @@ namespace {
 /// Points: less than this is rounding.
 constexpr double tolerance = 1e-6;
 constexpr double negligible = 1e-9;
+
+/// The variable that is taken away, or moved, for an expression's sake: the last of those that count most.
+Expression::Term pivot_of(const Expression& expression) {
+    Expression::Term pivot = expression.terms().front();
+    for (const auto& term : expression.terms())
+        if (std::fabs(term.coefficient) >= std::fabs(pivot.coefficient)) pivot = term;
+    return pivot;
+}
 
 }  // namespace
 
@@ -50,11 +59,18 @@ void Solver::reduce(Row& row) {
     for (const auto& term : taken) row.add(definition_of(term.variable), -term.coefficient);
 }
 
+// The same of an expression alone: nobody asks where it comes from.
+Expression Solver::in_free_variables(Expression expression) {
+    const std::vector<Expression::Term> terms = expression.terms();
+    for (const auto& term : terms)
+        if (definitions_[term.variable])
+            expression.add(definition_of(term.variable).expression, -term.coefficient);
+    return expression;
+}
+
 void Solver::eliminate(Row row) {
     if (row.expression.is_constant()) return;
-    Expression::Term pivot = row.expression.terms().front();
-    for (const auto& term : row.expression.terms())
-        if (std::fabs(term.coefficient) >= std::fabs(pivot.coefficient)) pivot = term;
+    const Expression::Term pivot = pivot_of(row.expression);
     row.expression *= 1 / pivot.coefficient;
     row.origin *= 1 / pivot.coefficient;
     definitions_[pivot.variable] = std::move(row);
@@ -70,10 +86,8 @@ double Solver::value_of_free(const Expression& reduced) const {
     return value;
 }
 
-double Solver::value(const Expression& expression) {
-    Row row{expression, {}};
-    reduce(row);
-    return value_of_free(row.expression);
+double Solver::value(Expression expression) {
+    return value_of_free(in_free_variables(std::move(expression)));
 }
 
 // ---- Bounds -------------------------------------------------------------------------------------
@@ -131,8 +145,7 @@ std::vector<size_t> Solver::bounds_around(const Expression& reduced, std::vector
 
 // ---- Search -------------------------------------------------------------------------------------
 
-// Goes straight towards zero until a bound is in the way, then along that bound, and so on; leaves a bound
-// again where that is the way to go on. Where nothing is, the point is as near as it gets.
+// Towards zero as far as the bounds let the point go. Without any in the way one variable moves alone.
 Solver::Reached Solver::draw_to_zero(const Expression& reduced) {
     using Eigen::Index, Eigen::MatrixXd, Eigen::VectorXd;
     const double value = value_of_free(reduced);
@@ -140,59 +153,29 @@ Solver::Reached Solver::draw_to_zero(const Expression& reduced) {
 
     std::vector<unsigned> variables;
     const std::vector<size_t> around = bounds_around(reduced, variables);
-    const auto width = static_cast<Index>(variables.size()), height = static_cast<Index>(around.size());
-    std::vector<Index> column(point_.size());
-    for (Index i = 0; i < width; ++i) column[variables[static_cast<size_t>(i)]] = i;
+    if (around.empty()) {
+        const Expression::Term alone = pivot_of(reduced);
+        point_[alone.variable] -= value / alone.coefficient;
+        return {0, {}};
+    }
 
-    VectorXd uphill = VectorXd::Zero(width), place(width), slack(height);
-    MatrixXd normals = MatrixXd::Zero(height, width);
-    for (Index i = 0; i < width; ++i) place(i) = point_[variables[static_cast<size_t>(i)]];
-    for (const auto& term : reduced.terms())
-        uphill(column[term.variable]) = value < 0 ? term.coefficient : -term.coefficient;
+    std::vector<Index> column(point_.size());
+    for (size_t i = 0; i < variables.size(); ++i) column[variables[i]] = static_cast<Index>(i);
+    const auto width = static_cast<Index>(variables.size()), height = static_cast<Index>(around.size());
+    MatrixXd walls = MatrixXd::Zero(height, width);
+    VectorXd distances(height), slope = VectorXd::Zero(width);
     for (Index i = 0; i < height; ++i) {
         const Expression& bound = bounds_[around[static_cast<size_t>(i)]].expression;
-        for (const auto& term : bound.terms()) normals(i, column[term.variable]) = term.coefficient;
-        slack(i) = std::max(0.0, value_of_free(bound));
+        for (const auto& term : bound.terms()) walls(i, column[term.variable]) = term.coefficient;
+        distances(i) = std::max(0.0, value_of_free(bound));
     }
+    for (const auto& term : reduced.terms())
+        slope(column[term.variable]) = value < 0 ? term.coefficient : -term.coefficient;
 
-    double missing = std::fabs(value);
-    std::vector<Index> working;  // the bounds that the point slides along
-    for (Index turn = 0; missing > 0 && turn < 100 + 20 * (width + height); ++turn) {
-        VectorXd direction = uphill, pressure;
-        if (!working.empty()) {
-            const MatrixXd along = normals(working, Eigen::all).transpose();
-            pressure = along.colPivHouseholderQr().solve(uphill);
-            direction -= along * pressure;
-        }
-        const double gain = direction.dot(uphill);
-        if (gain <= negligible * uphill.squaredNorm()) {
-            size_t left =
-                0;  // the first that the point may leave: taking the first never goes round in circles
-            while (left < working.size() && pressure(static_cast<Index>(left)) <= negligible) ++left;
-            if (left == working.size()) break;
-            working.erase(working.begin() + static_cast<ptrdiff_t>(left));
-            continue;
-        }
-        double step = missing / gain;
-        const VectorXd rates = normals * direction;
-        Index stop = -1;
-        for (Index i = 0; i < height; ++i) {
-            if (rates(i) >= -negligible || std::find(working.begin(), working.end(), i) != working.end())
-                continue;
-            if (slack(i) < -rates(i) * step) {
-                step = slack(i) / -rates(i);
-                stop = i;
-            }
-        }
-        place += step * direction;
-        slack = (slack + step * rates).cwiseMax(0);
-        missing = stop < 0 ? 0 : missing - step * gain;
-        if (stop >= 0) working.insert(std::upper_bound(working.begin(), working.end(), stop), stop);
-    }
-
-    for (Index i = 0; i < width; ++i) point_[variables[static_cast<size_t>(i)]] = place(i);
-    Reached reached{value < 0 ? -missing : missing, {}};
-    for (Index i : working) reached.ended_at.push_back(around[static_cast<size_t>(i)]);
+    const Climb done = climb(walls, std::move(distances), slope, std::fabs(value));
+    for (size_t i = 0; i < variables.size(); ++i) point_[variables[i]] += done.moved(static_cast<Index>(i));
+    Reached reached{value < 0 ? -done.missing : done.missing, {}};
+    for (size_t wall : done.walls) reached.ended_at.push_back(around[wall]);
     return reached;
 }
 
@@ -232,15 +215,14 @@ Solver::Verdict Solver::hold(const Expression& expression, Relation relation, Im
     return verdict;
 }
 
-bool Solver::is_determined(const Expression& expression) {
-    Row row{expression, {}};
-    reduce(row);
-    if (row.expression.is_constant()) return true;
+bool Solver::is_determined(Expression expression) {
+    const Expression reduced = in_free_variables(std::move(expression));
+    if (reduced.is_constant()) return true;
     const std::vector<double> kept = point_;
     bool moves = false;
     for (double way : {1.0, -1.0}) {
-        const double goal = value_of_free(row.expression) + way;
-        const Reached reached = draw_to_zero(row.expression - goal);
+        const double goal = value_of_free(reduced) + way;
+        const Reached reached = draw_to_zero(reduced - goal);
         point_ = kept;
         moves = moves || std::fabs(reached.value) < 1 - tolerance;
     }

@@ -38,9 +38,9 @@ class Solver {
     Verdict hold(const Expression&, Relation, Importance, unsigned source);
 
     /// At the point.
-    double value(const Expression&);
+    double value(Expression);
     /// Whether what is held leaves it no choice.
-    bool is_determined(const Expression&);
+    bool is_determined(Expression);
 
   private:
     /// An expression, and of which multiples of which demands it is the sum.
@@ -56,6 +56,7 @@ class Solver {
     };
 
     void reduce(Row&);
+    Expression in_free_variables(Expression);
     const Row& definition_of(unsigned variable);
     double value_of_free(const Expression& reduced) const;
     void eliminate(Row);

@@ -165,6 +165,26 @@ TEST_F(LayoutPass, AViewThatWaitsForConstraintsIsNotAutoresized) {
     EXPECT_EQ(inner->frame(), (CGRect{{0, 0}, {20, 20}}));
 }
 
+TEST_F(LayoutPass, AViewThatLaysItselfOutWhileItGoesIsHarmless) {
+    static int gone = 0;
+    Class dying = objc_allocateClassPair(UIView::class_object(), "ViewThatLaysOutInDealloc", 0);
+    class_addMethod(dying, sel_registerName("dealloc"), reinterpret_cast<IMP>(+[](UIView* self, SEL) {
+                        self->layoutIfNeeded();
+                        ++gone;
+                        objc::send_super<"dealloc">(self, object_getClass(self));
+                    }),
+                    "v@:");
+    objc_registerClassPair(dying);
+    {
+        objc::AutoreleasePool pool;
+        auto made = objc::send<"alloc", UIView*>(reinterpret_cast<id>(dying))->initWithFrame({});
+        active(made->widthAnchor()->constraintEqualToConstant(10));
+        made->setNeedsLayout();
+    }
+    EXPECT_EQ(gone, 1);
+    EXPECT_EQ(reports().size(), 0u);
+}
+
 TEST_F(LayoutPass, ATreeOnItsOwnGoesOnWithItsOwnConstraints) {
     UIView *outer = tagged(root, 2), *inner = tagged(outer, 3);
     pin(outer, root, 10);

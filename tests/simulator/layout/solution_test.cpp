@@ -1,4 +1,6 @@
 // What constraints make of frames.
+#include <random>
+
 #include "layout_test.h"
 
 namespace test {
@@ -160,6 +162,22 @@ TEST_F(Solution, LimitsOfSeveralViewsWorkTogether) {
     EXPECT_EQ(reports().size(), 0u);
 }
 
+TEST_F(Solution, AWishGoesRoundItsLimitsAsFarAsTheyLeaveRoom) {
+    // Straight on it runs into the first limit, along that into the second, and along that to the third.
+    UIView *a = free_view_in(root), *b = free_view_in(root);
+    for (UIView* each : {a, b}) {
+        fix_height(each);
+        active(each->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
+    }
+    active(b->widthAnchor()->constraintLessThanOrEqualToAnchor(a->widthAnchor(), 0.5, 20));
+    active(b->widthAnchor()->constraintLessThanOrEqualToAnchor(a->widthAnchor(), 0.1, 36));
+    active(a->widthAnchor()->constraintLessThanOrEqualToConstant(100));
+    active(b->widthAnchor()->constraintEqualToConstant(500), 500);
+    EXPECT_EQ(frame_of(b).size.width, 46);
+    EXPECT_EQ(frame_of(a).size.width, 100) << "nothing else is left for it";
+    EXPECT_EQ(reports().size(), 0u);
+}
+
 TEST_F(Solution, AnOptionalLimitGivesWay) {
     UIView* inner = free_view_in(root);
     fix_height(inner);
@@ -280,6 +298,69 @@ TEST_F(Solution, TheTopmostViewKeepsItsSizeWhereNothingSaysOtherwise) {
     root->setFrame({{0, 0}, {100, 50}});
     EXPECT_EQ(frame_of(inner), (CGRect{{10, 10}, {80, 30}}));
     EXPECT_EQ(reports().size(), 0u);
+}
+
+// Every constraint is true of frames that are kept secret, so all of them together can be met.
+TEST_F(Solution, WhatCanBeMetTogetherIsMet) {
+    std::mt19937 random(12);
+    auto pick = [&](int from, int to) { return std::uniform_int_distribution(from, to)(random); };
+    auto value = [](UIView* each, CGRect frame, NSLayoutAttribute attribute, UIView* top) -> CGFloat {
+        const CGPoint origin = each == top ? CGPoint{} : frame.origin;
+        switch (attribute) {
+            case NSLayoutAttributeLeft: return origin.x;
+            case NSLayoutAttributeRight: return origin.x + frame.size.width;
+            case NSLayoutAttributeTop: return origin.y;
+            case NSLayoutAttributeBottom: return origin.y + frame.size.height;
+            case NSLayoutAttributeCenterX: return origin.x + frame.size.width / 2;
+            case NSLayoutAttributeCenterY: return origin.y + frame.size.height / 2;
+            case NSLayoutAttributeWidth: return frame.size.width;
+        }
+        return frame.size.height;
+    };
+    constexpr NSLayoutAttribute kinds[3][3] = {
+        {NSLayoutAttributeLeft, NSLayoutAttributeRight, NSLayoutAttributeCenterX},
+        {NSLayoutAttributeTop, NSLayoutAttributeBottom, NSLayoutAttributeCenterY},
+        {NSLayoutAttributeWidth, NSLayoutAttributeHeight, NSLayoutAttributeHeight}};
+    for (int round = 0; round < 60; ++round) {
+        auto top = view({{0, 0}, {200, 100}});
+        std::vector<UIView*> views{top};
+        std::vector<CGRect> secret{top->frame()};
+        for (int i = 0; i < 6; ++i) {
+            views.push_back(free_view_in(top));
+            secret.push_back({{CGFloat(pick(-20, 150)), CGFloat(pick(-20, 80))},
+                              {CGFloat(2 * pick(0, 40)), CGFloat(2 * pick(0, 30))}});
+        }
+        std::vector<NSLayoutConstraint*> made;
+        for (int i = 0; i < 26; ++i) {
+            const size_t a = static_cast<size_t>(pick(1, 6)), b = static_cast<size_t>(pick(0, 6));
+            const int kind = pick(0, 2), relation = pick(-1, 1);
+            const auto first = kinds[kind][pick(0, 2)], second = kinds[kind][pick(0, 2)];
+            const CGFloat multiplier = kind == 2 ? pick(1, 3) : 1;
+            const CGFloat constant = value(views[a], secret[a], first, top) -
+                                     value(views[b], secret[b], second, top) * multiplier -
+                                     relation * pick(0, 15);
+            made.push_back(
+                active(NSLayoutConstraint::class_send<
+                       "constraintWithItem:attribute:relatedBy:toItem:attribute:multiplier:constant:",
+                       NSLayoutConstraint*>(views[a], first, NSInteger{relation}, views[b], second,
+                                            multiplier, constant)));
+        }
+        top->layoutIfNeeded();
+        for (NSLayoutConstraint* each : made) {
+            auto side = [&](id item, NSLayoutAttribute attribute) {
+                auto* of = static_cast<UIView*>(item);
+                return value(of, of->frame(), attribute, top);
+            };
+            const CGFloat difference =
+                side(each->firstItem(), each->firstAttribute()) -
+                side(each->secondItem(), each->secondAttribute()) * each->multiplier() - each->constant();
+            constexpr CGFloat rounded = 2;  // half a point for each of four edges
+            if (each->relation() <= 0) EXPECT_LE(difference, rounded) << round;
+            if (each->relation() >= 0) EXPECT_GE(difference, -rounded) << round;
+        }
+    }
+    for (const std::string& line : reports())
+        EXPECT_EQ(line.find("cannot be met"), std::string::npos) << line;
 }
 
 TEST_F(Solution, ALongChainEndsWhereItShould) {

@@ -1,0 +1,101 @@
+// What theming a backdrop view costs, in sends, beyond what it asks of the system.
+//
+// Measured with the ELF build, which sends as the work by hand does: the dylib goes through the simulator's
+// objc_msgSend, which takes longer than a look-up of one's own.
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+#include "backdrop_phone.h"
+#include "check.h"
+#include "child.h"
+#include "ratio.h"
+#include "timing.h"
+
+namespace bench {
+
+namespace {
+
+constexpr double sends_allowed = 25;
+
+struct Sends {
+    size_t themed = 0, by_hand = 0;
+};
+
+Sends sends_of(Background background) {
+    const std::string command = "'" HUECRAFT_SEND_COUNTER "' " + std::string(name_of(background));
+    const std::unique_ptr<FILE, decltype(&pclose)> output(popen(command.c_str(), "r"), &pclose);
+    check(output != nullptr, "the counting program starts");
+    Sends sends;
+    check(std::fscanf(output.get(), "%zu %zu", &sends.themed, &sends.by_hand) == 2,
+          "the counting program answers");
+    check(sends.themed > sends.by_hand, "the library's own sends are counted");
+    return sends;
+}
+
+/// What one call of each takes; `beyond` is what theming takes beyond the work by hand.
+struct Costs {
+    double themed, by_hand, unthemed, send, beyond;
+};
+
+// Both take thousands of nanoseconds and differ by a hundred or two. So the rounds are compared one by one,
+// and the middle one counts.
+std::vector<double> costs_in_one_process(Background background) {
+    const BackdropPhone phone(background);
+    constexpr int rounds = 51;
+    constexpr double views = 100, sends = 10000;
+    const auto costs =
+        rounds_of(rounds, {build_themed_views, build_views_by_hand, build_unthemed_views, send_often});
+    std::vector<double> beyond;
+    for (size_t round = 0; round < rounds; ++round)
+        beyond.push_back((costs[0][round] - costs[1][round]) / views);
+    return {median(costs[0]) / views, median(costs[1]) / views, median(costs[2]) / views,
+            median(costs[3]) / sends, median(beyond)};
+}
+
+// Where a process has its memory is worth more than the difference: it is the middle one of many processes.
+Costs costs_of(Background background) {
+    constexpr int processes = 25;
+    constexpr size_t figures = 5;
+    std::vector<double> measured[figures];
+    for (int i = 0; i < processes; ++i) {
+        const auto costs = in_child(figures, [=] { return costs_in_one_process(background); });
+        for (size_t figure = 0; figure < figures; ++figure) measured[figure].push_back(costs[figure]);
+    }
+    return {median(measured[0]), median(measured[1]), median(measured[2]), median(measured[3]),
+            median(measured[4])};
+}
+
+void measure(Background background, std::vector<Ratio>& ratios) {
+    const Sends sends = sends_of(background);
+    const Costs costs = costs_of(background);
+    const std::string what = "theming a backdrop view, " + std::string(name_of(background));
+    ratios.push_back(
+        {.what = what,
+         .against = "a send; the system's operations for it, done by hand, are taken off",
+         .limit = sends_allowed,
+         .cost = costs.beyond,
+         .cost_against = costs.send,
+         .counted = Counted{"sends", sends.themed - sends.by_hand, static_cast<size_t>(sends_allowed)},
+         .known = "so many sends are not exceeded, but what else the library does takes longer"});
+    ratios.push_back({.what = "  building the view",
+                      .against = "building it with those operations done by hand",
+                      .cost = costs.themed,
+                      .cost_against = costs.by_hand});
+    ratios.push_back({.what = "  building the view",
+                      .against = "building it unthemed",
+                      .cost = costs.themed,
+                      .cost_against = costs.unthemed});
+}
+
+}  // namespace
+
+void measure_backdrops(std::vector<Ratio>& ratios) {
+    const std::string library = std::getenv("HUECRAFT_LIBRARY");
+    setenv("HUECRAFT_LIBRARY", HUECRAFT_SHARED_OBJECT, 1);
+    measure(Background::flat, ratios);
+    measure(Background::gradient, ratios);
+    setenv("HUECRAFT_LIBRARY", library.c_str(), 1);
+}
+
+}  // namespace bench

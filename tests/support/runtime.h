@@ -1,0 +1,38 @@
+// What tests reach of objects beside their selectors: methods that they stand in for, and instance variables.
+#pragma once
+#include "platform/substrate.h"
+#include "support/phone.h"
+
+namespace test {
+
+enum class Side { instance, on_class };
+
+/// Puts a function of the method's own prototype (bool as int) in the method's place, for the named class
+/// only, and answers what stood there. Before the library is loaded it stands in for the system, and sees
+/// what a hook passes on; afterwards it stands before the library. The class must have the method.
+template <class Function>
+IMP stand_in(const char* class_name, const char* selector, Function function, Side side = Side::instance) {
+    Class target = objc_getClass(class_name);
+    EXPECT_NE(target, nullptr) << "no class " << class_name;
+    IMP previous = nullptr;
+    MSHookMessageEx(side == Side::on_class ? object_getClass(reinterpret_cast<id>(target)) : target,
+                    sel_registerName(selector), reinterpret_cast<IMP>(+function), &previous);
+    EXPECT_NE(previous, nullptr) << class_name << " has no " << selector;
+    return previous;
+}
+
+/// Calls what `stand_in` answered.
+template <class Result = void, class... Arguments>
+Result call(IMP previous, id self, SEL selector, Arguments... arguments) {
+    return reinterpret_cast<Result (*)(id, SEL, Arguments...)>(previous)(self, selector, arguments...);
+}
+
+/// An object's instance variable of that name, of the type of its values: `variable<UIView*>(cell, "label")`.
+template <class T>
+T& variable(id object, const char* name) {
+    Ivar found = class_getInstanceVariable(object_getClass(object), name);
+    EXPECT_NE(found, nullptr) << object_getClassName(object) << " has no variable " << name;
+    return *reinterpret_cast<T*>(reinterpret_cast<char*>(object) + ivar_getOffset(found));
+}
+
+}  // namespace test

@@ -1,0 +1,92 @@
+// huecraft keyboard.
+#include <algorithm>
+
+#include "command_run.h"
+#include "png.h"
+
+namespace test {
+namespace {
+
+using Keyboard = Command;
+
+TEST_F(Keyboard, WearsTheTheme) {
+    write("sound.plist", sound_theme());
+    const Outcome run = this->run({"keyboard", "sound.plist", "-o", "k.png"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    const Png png(path("k.png"));
+    EXPECT_EQ(png.width, 750);
+    EXPECT_EQ(png.height, 1334);
+    EXPECT_EQ(png.at(4, 1330), 0x000000u);
+    EXPECT_EQ(png.at(4, 4), 0xffffffu);  // the page
+}
+
+TEST_F(Keyboard, DeviceOrientationAndScaleDecideThePicturesSize) {
+    write("sound.plist", sound_theme());
+    ASSERT_EQ(run({"keyboard", "sound.plist", "-o", "k.png", "--device", "iphone-se", "--orientation",
+                   "landscape", "--scale", "1"})
+                  .status,
+              0);
+    const Png png(path("k.png"));
+    EXPECT_EQ(png.width, 568);
+    EXPECT_EQ(png.height, 320);
+}
+
+TEST_F(Keyboard, APressedKeyIsDrawnInTheHighlight) {
+    write("sound.plist", sound_theme());
+    auto has_highlight = [&] {
+        const Png png(path("k.png"));
+        return std::ranges::count(png.pixels, 0x757575u);
+    };
+    ASSERT_EQ(run({"keyboard", "sound.plist", "-o", "k.png"}).status, 0);
+    const auto at_rest = has_highlight();
+    ASSERT_EQ(run({"keyboard", "sound.plist", "-o", "k.png", "--press", "g"}).status, 0);
+    EXPECT_GT(has_highlight(), at_rest + 1000);
+}
+
+TEST_F(Keyboard, AKeyThatThePlaneLacksIsNamed) {
+    write("sound.plist", sound_theme());
+    const Outcome run =
+        this->run({"keyboard", "sound.plist", "-o", "k.png", "--state", "numbers", "--press", "g"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_NE(run.err.find("no key of this plane is called \"g\""), run.err.npos) << run.err;
+    EXPECT_EQ(names(), std::vector<std::string>{"sound.plist"});
+}
+
+TEST_F(Keyboard, AnUnknownStateOrDeviceIsRefusedWithWhatThereIs) {
+    write("sound.plist", sound_theme());
+    const Outcome run = this->run({"keyboard", "sound.plist", "-o", "k.png", "--state", "capitals"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(
+        run.err,
+        "huecraft: --state: \"capitals\" is none of letters|shifted|numbers|symbols|emoji (see huecraft "
+        "keyboard --help)\n");
+    EXPECT_EQ(this->run({"keyboard", "sound.plist", "-o", "k.png", "--device", "toaster"}).status, 2);
+}
+
+TEST_F(Keyboard, WhatIsNoThemeLeavesNoPicture) {
+    write("broken.plist", "<plist");
+    const Outcome run = this->run({"keyboard", "broken.plist", "-o", "k.png"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_TRUE(run.err.starts_with("huecraft: broken.plist: it is no property list")) << run.err;
+    EXPECT_EQ(names(), std::vector<std::string>{"broken.plist"});
+}
+
+TEST_F(Keyboard, AnOutputThatIsAFolderIsNamedAndKept) {
+    write("sound.plist", sound_theme());
+    std::filesystem::create_directory(path("folder"));
+    const Outcome run = this->run({"keyboard", "sound.plist", "-o", "folder"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "huecraft: folder: cannot be written: it is a folder and not a file\n");
+}
+
+TEST_F(Keyboard, AnOutputThroughALinkReplacesWhatItPointsTo) {
+    write("sound.plist", sound_theme());
+    write("old.png", "old");
+    std::filesystem::create_symlink("old.png", path("link.png"));
+    ASSERT_EQ(run({"keyboard", "sound.plist", "-o", "link.png"}).status, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(path("link.png")));
+    EXPECT_EQ(Png(path("old.png")).width, 750);
+}
+
+}  // namespace
+}  // namespace test

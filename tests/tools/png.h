@@ -1,0 +1,31 @@
+// Pictures that the command wrote.
+#pragma once
+#include <cairo.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <vector>
+
+namespace test {
+
+struct Png {
+    int width = 0, height = 0;
+    std::vector<unsigned> pixels;  // 0xRRGGBB
+
+    explicit Png(const std::filesystem::path& file) {
+        cairo_surface_t* surface = cairo_image_surface_create_from_png(file.c_str());
+        EXPECT_EQ(cairo_surface_status(surface), CAIRO_STATUS_SUCCESS) << file;
+        width = cairo_image_surface_get_width(surface);
+        height = cairo_image_surface_get_height(surface);
+        const int stride = cairo_image_surface_get_stride(surface);
+        const unsigned char* data = cairo_image_surface_get_data(surface);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                pixels.push_back(*reinterpret_cast<const unsigned*>(data + y * stride + 4 * x) & 0xffffff);
+        cairo_surface_destroy(surface);
+    }
+
+    unsigned at(int x, int y) const { return pixels.at(static_cast<size_t>(y * width + x)); }
+};
+
+}  // namespace test

@@ -1,0 +1,53 @@
+// Pictures of a theme.
+#include "keyboard_picture.h"
+
+#include <unistd.h>
+
+#include "files.h"
+#include "support/phone.h"
+#include "support/theme_choice.h"
+#include "theme.h"
+#include "views/HCPreview.h"
+
+namespace command {
+
+void put_on_theme(const Workshop& workshop, const std::string& file) {
+    // By process: several may draw at once.
+    const std::string name = "worn-" + std::to_string(getpid()) + ".plist";
+    workshop.place_theme(name, read_input(file));
+    objc::AutoreleasePool pool;
+    tools::choose_theme(name);
+    tools::load(library());
+    load_theme(workshop, file);  // says what the library does not: why it is no theme
+    std::filesystem::remove(workshop.theme(name));
+}
+
+namespace {
+
+/// What was written to the host path for a moment.
+std::string taken(const std::filesystem::path& picture) {
+    std::string png = read_input(picture);
+    std::filesystem::remove(picture);
+    return png;
+}
+
+}  // namespace
+
+std::string keyboard_picture(const Workshop& workshop, const sim_keyboard& keyboard, double scale) {
+    const auto picture = workshop.scratch("keyboard-" + std::to_string(getpid()) + ".png");
+    tools::require(sim_show_keyboard(&keyboard), "the keyboard");
+    tools::require(sim_take_picture(picture.c_str(), scale), "the picture");
+    return taken(picture);
+}
+
+std::string preview_picture(const Workshop& workshop, const std::string& file, double scale) {
+    objc::AutoreleasePool pool;
+    const LoadedTheme theme = load_theme(workshop, file);
+    UIView* preview = HCPreview::sharedInstance()->viewForConfig(theme.config);
+    preview->setFrame({{0, 0}, HCPreview::keyboardPortraitSize()});
+    const auto picture = workshop.scratch("preview-" + std::to_string(getpid()) + ".png");
+    tools::require(sim_take_picture_of(preview, picture.c_str(), scale), "the preview");
+    return taken(picture);
+}
+
+}  // namespace command

@@ -1,0 +1,23 @@
+// Pictures of a theme: the simulated keyboard, and the preview of the settings pane.
+#pragma once
+#include <string>
+
+#include "simulator.h"
+#include "workshop.h"
+
+namespace command {
+
+/// Loads the library into this process, whose phone is on, with the theme in force: what is shown from now on
+/// wears it. Throws Unusable for what is no theme. A process does this once.
+void put_on_theme(const Workshop& workshop, const std::string& file);
+
+/// The keyboard on the screen as PNG. The scale is in pixels per point, 0 is the screen's. Throws Failure
+/// when the simulator cannot show it.
+std::string keyboard_picture(const Workshop& workshop, const sim_keyboard& keyboard, double scale);
+
+/// The preview of the theme as PNG, drawn by the library. The scale is in pixels per point, 0 is the
+/// screen's. The phone has the pictures of the settings pane, and the library. Throws Unusable for what is no
+/// theme.
+std::string preview_picture(const Workshop& workshop, const std::string& file, double scale);
+
+}  // namespace command
