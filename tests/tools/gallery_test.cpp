@@ -107,8 +107,14 @@ TEST_F(Gallery, MemoryDoesNotGrowWithTheNumberOfThemes) {
         EXPECT_EQ(run.status, 0) << run.err;
         return run.peak_kilobytes;
     };
+    // The pictures of 76 themes more are about 5 MB in the page. A sanitizer keeps what is freed for a while.
+#if __has_feature(address_sanitizer)
+    constexpr long room = 64 << 10;
+#else
+    constexpr long room = 3 << 10;
+#endif
     const long few = peak_of(4);
-    EXPECT_LT(peak_of(60), few + 4096);
+    EXPECT_LT(peak_of(80), few + room);
 }
 
 }  // namespace

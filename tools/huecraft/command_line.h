@@ -21,6 +21,7 @@ std::unique_ptr<CLI::App> make_command_line(Request& request);
 
 // Each subcommand describes itself, in a file of its own.
 void add_new(CLI::App& command, Request& request);
+void add_completions(CLI::App& command, Request& request);
 void add_convert(CLI::App& command, Request& request);
 void add_gallery(CLI::App& command, Request& request);
 void add_import(CLI::App& command, Request& request);
