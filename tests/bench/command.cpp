@@ -9,8 +9,8 @@
 #include <sstream>
 
 #include "check.h"
-#include "commands.h"
 #include "keyboard_layers.h"
+#include "process.h"
 #include "ratio.h"
 #include "support/phone.h"
 #include "timing.h"
