@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "check.h"
-#include "commands.h"
 #include "keyboard_layers.h"
+#include "process.h"
 #include "ratio.h"
 #include "support/themes.h"
 #include "timing.h"

@@ -87,8 +87,8 @@ LoadedTheme load_theme(const Workshop& workshop, const std::string& file, const 
     theme.bytes = contents.size();
     NSError* error = nullptr;
     const auto start = std::chrono::steady_clock::now();
-    id raised = objc::caught(
-        [&] { theme.config = HuecraftConfig::alloc()->initWithFilename(text(name), &error); });
+    id raised =
+        objc::caught([&] { theme.config = HuecraftConfig::alloc()->initWithFilename(text(name), &error); });
     theme.milliseconds =
         std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
     if (raised || !theme.config) throw Unusable(file, reason_of(error));

@@ -1,5 +1,5 @@
 // Commands as processes, and what they cost.
-#include "commands.h"
+#include "process.h"
 
 #include <fcntl.h>
 #include <spawn.h>
