@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "uikit/clock/clock.h"
+#include "quartzcore/animation/clock.h"
 #include "uikit/controllers/screen.h"
 #include "uikit/events/UITouch.h"
 
@@ -88,7 +88,7 @@ bool move_finger(UITouchPhase phase, CGPoint point, std::string& error) {
     // Lifted first: whatever is told of the end may raise, or touch again.
     if (phase == UITouchPhaseEnded || phase == UITouchPhaseCancelled) contact() = nullptr;
     tell(*told);
-    if (UIWindow* shown = screen_window()) shown->layoutIfNeeded();
+    lay_out_screen();
     return true;
 }
 
