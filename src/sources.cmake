@@ -12,6 +12,8 @@ set(HUECRAFT_SOURCES
     model/HCPreferences.cpp
     model/HuecraftConfig.cpp
     model/config_error.cpp
+    settings/HCColorSlider.cpp
+    settings/HCModalOptions.cpp
     views/HCColourView.cpp
     views/HCGradientView.cpp
     views/HCImageView.cpp

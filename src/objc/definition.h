@@ -154,6 +154,17 @@ struct property : Row {
     using properties = List<PropertyOf<PropertyName, attributes()>>;
 };
 
+/// A property that is computed, under a getter of another name: `read_only_property<"value", "getValue",
+/// &Slider::getValue>`.
+template <Name PropertyName, Name GetterName, auto Function>
+struct read_only_property : method<GetterName, Function> {
+    template <class Owner, class Value>
+    static consteval auto attributes(Value (Owner::*)()) {
+        return Name("T") + encode_variable<Value>() + Name(",R,N,G") + GetterName;
+    }
+    using properties = List<PropertyOf<PropertyName, attributes(Function)>>;
+};
+
 /// The class says that it conforms to a protocol of the frameworks or of ours.
 template <Name ProtocolName>
 struct conforms : Row {

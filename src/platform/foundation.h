@@ -183,6 +183,8 @@ struct NSURL : objc::Interface<NSURL, "NSURL", NSObject> {
 };
 
 extern "C" {
+/// Variadic: what is written here has no arguments.
+void NSLog(NSString* format, ...);
 extern NSString* const NSLocalizedDescriptionKey;
 extern NSString* const NSLocalizedFailureReasonErrorKey;
 extern NSString* const NSLocalizedRecoverySuggestionErrorKey;

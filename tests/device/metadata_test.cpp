@@ -96,6 +96,17 @@ const struct {
      {"+intFromString: I24@0:8@16", "+isValidHexColorLetter: B24@0:8@16",
       "+isValidHexColorString: B24@0:8@16", "+newScale:forImage: @40@0:8{CGSize=dd}16@32",
       "+imageFromColor:withSize: @40@0:8@16{CGSize=dd}24", "+isColor:equalToColor: B32@0:8@16@24"}},
+    {"HCColorSlider",
+     {"_slider @\"UISlider\"", "_backgroundFrame {CGRect={CGPoint=dd}{CGSize=dd}}", "_type Q",
+      "_backgroundView @\"UIView\"", "_gradientLayer @\"CAGradientLayer\""},
+     {"-initWithFrame:withType: @56@0:8{CGRect={CGPoint=dd}{CGSize=dd}}16Q48", "-getValue d16@0:8",
+      "-setTag: v24@0:8q16", "-addTarget:action:forControlEvents: v40@0:8@16:24Q32", "-type Q16@0:8"}},
+    {"HCModalOptions",
+     {"_modalFrame {CGRect={CGPoint=dd}{CGSize=dd}}", "_cornerRadius d", "_delegate @\"<HCModalDelegate>\"",
+      "_lightUI B", "_selectButtonTitle @\"NSString\""},
+     {"-initWithModalFrame:cornerRadius:delegate:isLightUI:selectTitleForButton: "
+      "@76@0:8{CGRect={CGPoint=dd}{CGSize=dd}}16d48@56B64@68",
+      "-lightUI B16@0:8", "-setLightUI: v20@0:8B16"}},
     {"HCPreferences",
      {"preferenceCache @\"NSDictionary\"", "configCache @\"HuecraftConfig\""},
      {"+sharedInstance @16@0:8", "-isEnabled B16@0:8", "-isCapsEnabled B16@0:8", "-getBackgroundType Q16@0:8",
@@ -136,10 +147,10 @@ TEST_F(Metadata, TheInterfacesTypesAreThoseThatCallersWereCompiledAgainst) {
 TEST_F(Metadata, TheLibraryDefinesItsClassesAndNoOthers) {
     std::vector<std::string> names;
     for (const auto& [name, facts] : registered_classes(phone.library())) names.push_back(name);
-    EXPECT_EQ(names, (std::vector<std::string>{"HCCITool", "HCColourView", "HCGradientView", "HCImageView",
-                                               "HCPreferences", "HCPreview", "HCView", "HuecraftConfig",
-                                               "_UIBackdropColouredView", "_UIBackdropGradientView",
-                                               "_UIBackdropImageView"}));
+    EXPECT_EQ(names, (std::vector<std::string>{"HCCITool", "HCColorSlider", "HCColourView", "HCGradientView",
+                                               "HCImageView", "HCModalOptions", "HCPreferences", "HCPreview",
+                                               "HCView", "HuecraftConfig", "_UIBackdropColouredView",
+                                               "_UIBackdropGradientView", "_UIBackdropImageView"}));
 }
 
 }  // namespace
