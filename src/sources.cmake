@@ -14,6 +14,8 @@ set(HUECRAFT_SOURCES
     model/config_error.cpp
     settings/HCColorSlider.cpp
     settings/HCModalOptions.cpp
+    settings/HCModalView.cpp
+    settings/eclipse.cpp
     views/HCColourView.cpp
     views/HCGradientView.cpp
     views/HCImageView.cpp

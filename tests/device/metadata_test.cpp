@@ -107,6 +107,15 @@ const struct {
      {"-initWithModalFrame:cornerRadius:delegate:isLightUI:selectTitleForButton: "
       "@76@0:8{CGRect={CGPoint=dd}{CGSize=dd}}16d48@56B64@68",
       "-lightUI B16@0:8", "-setLightUI: v20@0:8B16"}},
+    {"HCModalView",
+     {"_modalOptions @\"HCModalOptions\"", "_contentView @\"UIView\"", "_topView @\"UIView\"",
+      "_isEclipseEnabled B", "_primaryColor @\"UIColor\"", "_secondaryColor @\"UIColor\"",
+      "_primaryTextColor @\"UIColor\"", "_secondaryTextColor @\"UIColor\"", "_shadowView @\"UIView\"",
+      "_panelView @\"UIView\"", "_closeButton @\"UIButton\"", "_selectButton @\"UIButton\"",
+      "_extraTopView @\"UIView\""},
+     {"-initWithFrame:modalOptions: @56@0:8{CGRect={CGPoint=dd}{CGSize=dd}}16@48", "-setupViews v16@0:8",
+      "-addSubviewsInOrder v16@0:8", "-setupConstraints v16@0:8", "-applyColor v16@0:8",
+      "-isEclipseEnabled B16@0:8", "-setIsEclipseEnabled: v20@0:8B16"}},
     {"HCPreferences",
      {"preferenceCache @\"NSDictionary\"", "configCache @\"HuecraftConfig\""},
      {"+sharedInstance @16@0:8", "-isEnabled B16@0:8", "-isCapsEnabled B16@0:8", "-getBackgroundType Q16@0:8",
@@ -148,7 +157,7 @@ TEST_F(Metadata, TheLibraryDefinesItsClassesAndNoOthers) {
     std::vector<std::string> names;
     for (const auto& [name, facts] : registered_classes(phone.library())) names.push_back(name);
     EXPECT_EQ(names, (std::vector<std::string>{"HCCITool", "HCColorSlider", "HCColourView", "HCGradientView",
-                                               "HCImageView", "HCModalOptions", "HCPreferences", "HCPreview",
+                                               "HCImageView", "HCModalOptions", "HCModalView", "HCPreferences", "HCPreview",
                                                "HCView", "HuecraftConfig", "_UIBackdropColouredView",
                                                "_UIBackdropGradientView", "_UIBackdropImageView"}));
 }
