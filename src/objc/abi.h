@@ -52,10 +52,10 @@ constexpr Crossing<T> departing(T value) {
         return static_cast<Crossing<T>>(value);
 }
 
-/// The arguments that both processors pass in registers; small integers on the stack are laid out
-/// differently.
+/// So many that small integers stay in arm64's six registers beside self and _cmd: on its stack a bool would
+/// not be found where an int was put. x86-64's stack has eight bytes for every argument.
 template <class... Arguments>
-concept InRegisters =
+concept PassedAlike =
     sizeof...(Arguments) <= 8 && (sizeof...(Arguments) <= 6 || !(SmallInteger<Arguments> || ...));
 
 }  // namespace objc

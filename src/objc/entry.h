@@ -24,7 +24,7 @@ struct Entry {
 
 template <auto Function, class Self, class Result, class... Arguments>
 struct Entry<Function, Result (Self::*)(Arguments...)> {
-    static_assert(InRegisters<Arguments...>, "more arguments than both processors pass in registers");
+    static_assert(PassedAlike<Arguments...>, "more arguments than both processors pass alike");
     static constexpr size_t arity = sizeof...(Arguments);
     static constexpr bool on_class = false;
     static constexpr auto types = encode_method<Result, Arguments...>();
@@ -37,7 +37,7 @@ struct Entry<Function, Result (Self::*)(Arguments...)> {
 
 template <auto Function, class Result, class... Arguments>
 struct Entry<Function, Result (*)(Class, Arguments...)> {
-    static_assert(InRegisters<Arguments...>, "more arguments than both processors pass in registers");
+    static_assert(PassedAlike<Arguments...>, "more arguments than both processors pass alike");
     static constexpr size_t arity = sizeof...(Arguments);
     static constexpr bool on_class = true;
     static constexpr auto types = encode_method<Result, Arguments...>();

@@ -67,7 +67,7 @@ namespace detail {
 /// Body::run gets the previous implementation, the receiver and the arguments.
 template <class Tag, class Body, class Result, class... Arguments>
 struct Replacement {
-    static_assert(InRegisters<Arguments...>, "more arguments than both processors pass in registers");
+    static_assert(PassedAlike<Arguments...>, "more arguments than both processors pass alike");
     static constexpr size_t arity = sizeof...(Arguments);
     static inline constinit IMP previous = nullptr;
 

@@ -225,7 +225,9 @@ TEST_F(Background, EveryThemedViewIsMadeWithStyle2) {
     styles.resize(3);  // those of its own pieces are made like the last one
     set_type(3);
     view->inputBackdropFullView();
-    EXPECT_EQ(styles, std::vector<NSInteger>(4, 2));
+    view->inputBackdropLeftView();
+    view->inputBackdropRightView();
+    EXPECT_EQ(styles, std::vector<NSInteger>(6, 2));
 }
 
 // ---- What the system answers -----------------------------------------------------------------------------

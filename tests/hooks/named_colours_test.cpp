@@ -1,5 +1,5 @@
 // The named-colour hook, asked as the system asks.
-#include "platform/substrate.h"
+#include "support/runtime.h"
 #include "support/themes.h"
 
 namespace test {
@@ -66,17 +66,14 @@ TEST_F(NamedColours, TheSwitchIsAskedOnEveryCall) {
     phone.start();
     EXPECT_EQ(rgb(named("UIKBColorText")), theme_text);
     static bool on = false;
-    MSHookMessageEx(objc_getClass("HCPreferences"), sel_registerName("isEnabled"),
-                    reinterpret_cast<IMP>(+[](id, SEL) -> int { return on; }), nullptr);
+    stand_in("HCPreferences", "isEnabled", [](id, SEL) -> int { return on; });
     EXPECT_EQ(named("UIKBColorText").model, SIM_COLOUR_NONE) << "the system does not know the name";
     on = true;
     EXPECT_EQ(rgb(named("UIKBColorText")), theme_text);
 }
 
 TEST_F(NamedColours, AThemeWithoutColoursAnswersNone) {
-    phone.write(preference_file, property_list("<dict><key>_Enabled</key><true/><key>_Config</key>"
-                                               "<string>Bare.plist</string></dict>"));
-    phone.write(std::string(theme_folder) + "Bare.plist", property_list("<dict/>"));
+    arrange_theme_of(phone, "");
     phone.start();
     EXPECT_EQ(named("UIKBColorText").model, SIM_COLOUR_NONE);
     EXPECT_EQ(named("UIKBColorHighlight").model, SIM_COLOUR_NONE);

@@ -1,4 +1,4 @@
-// refused: more arguments than both processors pass in registers
+// refused: more arguments than both processors pass alike
 #include "objc/hook.h"
 #include "platform/uikit.h"
 
