@@ -57,7 +57,8 @@ class Importer {
             if (own != host_class_.end()) point(slot, own->second);
         }
         for (const char* protocol : metadata_.protocols) objc::protocol_named(protocol);
-        for (const auto& [slot, name] : metadata_.protocol_references) point(slot, objc::protocol_named(name));
+        for (const auto& [slot, name] : metadata_.protocol_references)
+            point(slot, objc::protocol_named(name));
         return std::move(result_);
     }
 

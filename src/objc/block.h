@@ -31,14 +31,18 @@ inline const void* class_of_stack_blocks() {
 }
 }  // namespace detail
 
-/// A block without a result that calls a lambda: `UIView::animate(0.5, 0, 0, objc::Block([=] { … }), nullptr)`.
-/// It lies in its frame, as the compiler's own do; whoever needs it for longer copies it.
+/// A block without a result that calls a lambda: `UIView::animate(0.5, 0, 0, objc::Block([=] { … }),
+/// nullptr)`. It lies in its frame, as the compiler's own do; whoever needs it for longer copies it.
 template <class Function>
 class Block {
   public:
     explicit Block(Function function)
-        : literal_{detail::class_of_stack_blocks(), has_copy_and_dispose, 0,
-                   reinterpret_cast<void (*)()>(&Entry::call), &descriptor, std::move(function)} {}
+        : literal_{detail::class_of_stack_blocks(),
+                   has_copy_and_dispose,
+                   0,
+                   reinterpret_cast<void (*)()>(&Entry::call),
+                   &descriptor,
+                   std::move(function)} {}
     Block(const Block&) = delete;
 
     operator id() { return reinterpret_cast<id>(&literal_); }

@@ -10,8 +10,7 @@ namespace {
 using namespace objc::literals;
 using objc::strong;
 
-constexpr UIViewAutoresizing growing =
-    UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight;
+constexpr UIViewAutoresizing growing = UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight;
 
 /// Between the card's edges, the content area and what is above and below it, in points.
 constexpr CGFloat margin = 15;

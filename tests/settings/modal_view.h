@@ -5,7 +5,8 @@
 namespace test {
 
 inline constexpr const char* eclipse_library = "/Library/MobileSubstrate/DynamicLibraries/Eclipse.dylib";
-inline constexpr const char* eclipse_preferences = "/var/mobile/Library/Preferences/com.hvelden.eclipse.plist";
+inline constexpr const char* eclipse_preferences =
+    "/var/mobile/Library/Preferences/com.hvelden.eclipse.plist";
 
 class ModalView : public testing::Test {
   protected:
@@ -20,8 +21,8 @@ class ModalView : public testing::Test {
             "HCModalOptions", frame, 40.0, delegate, light, title ? text(title) : nullptr);
     }
     static UIView* panel_of(id options) {
-        return static_cast<UIView*>(made<"initWithFrame:modalOptions:">(
-            "HCModalView", CGRect{{0, 0}, {375, 667}}, options));
+        return static_cast<UIView*>(
+            made<"initWithFrame:modalOptions:">("HCModalView", CGRect{{0, 0}, {375, 667}}, options));
     }
     static UIView* panel(bool light, id delegate = nullptr) { return panel_of(options(delegate, light)); }
 

@@ -130,8 +130,10 @@ TEST_F(ModalView, TheStripIsRoundedAndClear) {
 
 TEST_F(ModalView, IsLaidOutByTheseConstraints) {
     UIView* made = panel(true);
-    const Names names{{part<"panelView">(made), "card"},      {part<"contentView">(made), "content"},
-                      {close_button(made), "close"},          {select_button(made), "select"},
+    const Names names{{part<"panelView">(made), "card"},
+                      {part<"contentView">(made), "content"},
+                      {close_button(made), "close"},
+                      {select_button(made), "select"},
                       {part<"extraTopView">(made), "strip"}};
     EXPECT_EQ(constraints_in(made, names),
               (std::vector<std::string>{
@@ -295,9 +297,9 @@ TEST_F(ModalView, GoesWithItsLastOwner) {
 
 TEST_F(ModalView, EveryPropertyCanBeSet) {
     UIView* made = panel(true);
-    for (const char* name : {"modalOptions", "contentView", "topView", "primaryColor", "secondaryColor",
-                             "primaryTextColor", "secondaryTextColor", "shadowView", "panelView",
-                             "closeButton", "selectButton", "extraTopView"}) {
+    for (const char* name :
+         {"modalOptions", "contentView", "topView", "primaryColor", "secondaryColor", "primaryTextColor",
+          "secondaryTextColor", "shadowView", "panelView", "closeButton", "selectButton", "extraTopView"}) {
         id value = test::made("NSObject");
         made->send<"setValue:forKey:">(value, text(name));
         EXPECT_EQ(variable<NSObject>(made, (std::string("_") + name).c_str()), value) << name;

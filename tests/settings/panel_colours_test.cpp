@@ -112,7 +112,8 @@ TEST_F(PanelColours, EclipseIsOnWhereItsPreferencesSaySo) {
     } cases[] = {
         {"{ enabled = 1; " + settings + "1; }", true},
         {"{ enabled = YES; " + settings + "true; }", true},
-        {"<plist><dict><key>enabled</key><true/><key>EnabledApps-com.apple.Preferences</key><true/></dict></plist>",
+        {"<plist><dict><key>enabled</key><true/><key>EnabledApps-com.apple.Preferences</key><true/></dict></"
+         "plist>",
          true},
         {"<plist><dict><key>enabled</key><integer>3</integer>"
          "<key>EnabledApps-com.apple.Preferences</key><real>0.5</real></dict></plist>",
@@ -142,7 +143,8 @@ TEST_F(PanelColours, EclipseIsOnWhereItsPreferencesSaySo) {
     phone.write(eclipse_library, "");
     for (const auto& each : cases) {
         phone.write(eclipse_preferences, each.preferences);
-        std::string raised = raised_by([&] { EXPECT_EQ(is_eclipse(panel(true)), each.on) << each.preferences; });
+        std::string raised =
+            raised_by([&] { EXPECT_EQ(is_eclipse(panel(true)), each.on) << each.preferences; });
         EXPECT_EQ(raised, "") << each.preferences;
     }
 }

@@ -1,4 +1,5 @@
-// What the tests of the panel and the picker share: delegates that note what they are told, and layouts as text.
+// What the tests of the panel and the picker share: delegates that note what they are told, and layouts as
+// text.
 #pragma once
 #include <algorithm>
 #include <cstdio>
@@ -51,19 +52,20 @@ inline void tap(UIView* view) {
 /// given: "contentView.left = panelView.left + 15".
 using Names = std::map<id, std::string>;
 inline std::string text_of(NSLayoutConstraint* constraint, const Names& names) {
-    static constexpr const char* attributes[] = {"none",    "left",     "right", "top",    "bottom", "leading",
-                                                 "trailing", "width", "height", "centerX", "centerY"};
+    static constexpr const char* attributes[] = {"none",   "left",    "right",    "top",
+                                                 "bottom", "leading", "trailing", "width",
+                                                 "height", "centerX", "centerY"};
     auto name = [&](id view) { return names.contains(view) ? names.at(view) : "?"; };
     char constant[32];
     std::snprintf(constant, sizeof constant, "%g", std::abs(constraint->constant()));
-    std::string line =
-        name(constraint->firstItem()) + "." + attributes[constraint->firstAttribute()] + " = ";
+    std::string line = name(constraint->firstItem()) + "." + attributes[constraint->firstAttribute()] + " = ";
     if (constraint->relation() != NSLayoutRelationEqual || constraint->multiplier() != 1 ||
         constraint->priority() != UILayoutPriorityRequired)
         line += "(not a plain equation) ";
     if (!constraint->secondItem()) return line + constant;
     line += name(constraint->secondItem()) + "." + attributes[constraint->secondAttribute()];
-    if (constraint->constant() != 0) line += (constraint->constant() > 0 ? " + " : " - ") + std::string(constant);
+    if (constraint->constant() != 0)
+        line += (constraint->constant() > 0 ? " + " : " - ") + std::string(constant);
     return line;
 }
 inline void add_constraints_in(UIView* view, const Names& names, std::vector<std::string>& lines) {
