@@ -78,7 +78,7 @@ void View::resized_from(CGSize old) {
     if (self->contentMode() == UIViewContentModeRedraw) self->setNeedsDisplay();
 }
 
-// nil stands for the coordinates of the topmost view's superview: there are no windows.
+// nil stands for the coordinates of the window, or of whatever the topmost view would lie in.
 static CGAffineTransform conversion(UIView* from, UIView* to) { return between(from->layer(), to->layer()); }
 
 CGPoint View::convertPointToView(CGPoint point, UIView* view) { return apply(conversion(this, view), point); }
