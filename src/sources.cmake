@@ -18,6 +18,7 @@ set(HUECRAFT_SOURCES
     settings/HCModalView.cpp
     settings/clipboard_icons.cpp
     settings/eclipse.cpp
+    settings/panel_motion.cpp
     settings/picker_views.cpp
     settings/recent_colors.cpp
     views/HCColourView.cpp

@@ -2,17 +2,19 @@
 #include "settings/HCColorPickerController.h"
 
 #include "model/HCCITool.h"
-#include "objc/block.h"
 #include "objc/class.h"
-#include "platform/animation.h"
 #include "settings/clipboard_icons.h"
+#include "settings/panel_motion.h"
 #include "settings/picker_views.h"
+#include "settings/placement.h"
 #include "settings/recent_colors.h"
 
 namespace {
 
 using namespace objc::literals;
 using objc::strong;
+using settings::activate;
+using settings::fix_size;
 
 /// The longest text is "#RRGGBBAA".
 constexpr NSUInteger too_long = 10;
@@ -68,13 +70,7 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
 
     void viewDidAppear(bool animated) {
         super<"viewDidAppear:">(animated);
-        const CGFloat height = view()->frame().size.height;
-        move_down(ivars().modal, height);
-        objc::Block spring_up([panel = ivars().modal, height] { move_down(panel, -height); });
-        objc::Block nothing([](bool) {});
-        constexpr double seconds = 0.5, delay = 0.5, damping = 0.6, velocity = 0;
-        UIView::animate(seconds, delay, damping, velocity, UIViewAnimationOptionCurveLinear, spring_up,
-                        nothing);
+        settings::spring_up(ivars().modal, view()->frame().size.height);
     }
 
     void didReceiveMemoryWarning() { super<"didReceiveMemoryWarning">(); }
@@ -93,9 +89,9 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
 
     void setupContentView() {
         auto& own = ivars();
-        auto* teller = reinterpret_cast<HCModalDelegate*>(this);
-        auto options = HCModalOptions::alloc()->initWithModalFrame(own.mainRect, own.mainCornerRadius, teller,
-                                                                   own.lightUI, "SELECT"_ns);
+        auto* listener = reinterpret_cast<HCModalDelegate*>(this);
+        auto options = HCModalOptions::alloc()->initWithModalFrame(own.mainRect, own.mainCornerRadius,
+                                                                   listener, own.lightUI, "SELECT"_ns);
         own.modal = HCModalView::alloc()->initWithFrame(view()->frame(), options);
     }
 
@@ -201,17 +197,7 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
 
     void sliderValueChanged() { interface()->updateToColor(slider_color()); }
 
-    void shakeWrong() {
-        constexpr CGFloat way = 20;
-        const auto [x, y] = ivars().modal->center();
-        CABasicAnimation* shake = CABasicAnimation::animationWithKeyPath("position"_ns);
-        shake->setDuration(0.05);
-        shake->setRepeatCount(2);
-        shake->setAutoreverses(true);
-        shake->setFromValue(NSValue::valueWithCGPoint({x - way, y}));
-        shake->setToValue(NSValue::valueWithCGPoint({x + way, y}));
-        ivars().modal->layer()->addAnimation(shake, "position"_ns);
-    }
+    void shakeWrong() { settings::shake(ivars().modal); }
 
     // ---- The hex text ---------------------------------------------------------------------------
 
@@ -320,18 +306,6 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
     static constexpr CGFloat slider_height = 20;
 
     HCColorPickerController* interface() { return this; }
-
-    static void move_down(UIView* panel, CGFloat points) {
-        CGRect frame = panel->frame();
-        frame.origin.y += points;
-        panel->setFrame(frame);
-    }
-
-    static void activate(NSLayoutConstraint* constraint) { constraint->setActive(true); }
-    static void fix_size(UIView* view, CGSize size) {
-        activate(view->heightAnchor()->constraintEqualToConstant(size.height));
-        activate(view->widthAnchor()->constraintEqualToConstant(size.width));
-    }
 
     CGFloat slider_width() { return ivars().mainRect.size.width - 60; }
 

@@ -40,6 +40,5 @@ OBJC_CLASS(HCModalOptions, NSObject, ModalOptions,
            property<"delegate", &ModalOptions::Ivars::delegate>,
            property<"lightUI", &ModalOptions::Ivars::lightUI>,
            property<"selectButtonTitle", &ModalOptions::Ivars::selectButtonTitle>,
-           declares<"HCModalDelegate">,
            method<"initWithModalFrame:cornerRadius:delegate:isLightUI:selectTitleForButton:",
                   &ModalOptions::initWithModalFrame>)

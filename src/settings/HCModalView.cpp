@@ -4,13 +4,15 @@
 #include "model/HCCITool.h"
 #include "objc/class.h"
 #include "settings/eclipse.h"
+#include "settings/placement.h"
 
 namespace {
 
 using namespace objc::literals;
 using objc::strong;
-
-constexpr UIViewAutoresizing growing = UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight;
+using settings::activate;
+using settings::fix_size;
+using settings::growing;
 
 /// Between the card's edges, the content area and what is above and below it, in points.
 constexpr CGFloat margin = 15;
@@ -20,8 +22,6 @@ constexpr CGFloat button_height = 40;
 UIFont* bold(UIFont* font, CGFloat size) {
     return UIFont::fontWithName(font->fontName()->stringByAppendingString("-Bold"_ns), size);
 }
-
-void activate(NSLayoutConstraint* constraint) { constraint->setActive(true); }
 
 struct Panel : objc::Implements<Panel, HCModalView> {
     struct Ivars {
@@ -90,7 +90,7 @@ struct Panel : objc::Implements<Panel, HCModalView> {
         own.topView = UIView::alloc()->initWithFrame({});
         own.topView->layer()->setMasksToBounds(true);
         own.topView->layer()->setCornerRadius(20.0);
-        own.topView->setAutoresizingMask(growing);  // from zero: it fills the strip
+        own.topView->setAutoresizingMask(growing);
     }
 
     void addSubviewsInOrder() {
@@ -112,18 +112,15 @@ struct Panel : objc::Implements<Panel, HCModalView> {
             view->setTranslatesAutoresizingMaskIntoConstraints(false);
         const CGFloat content_width = own.modalOptions->modalFrame().size.width - 2 * margin;
 
-        activate(content->heightAnchor()->constraintEqualToConstant(content_height));
-        activate(content->widthAnchor()->constraintEqualToConstant(content_width));
+        fix_size(content, {content_width, content_height});
         activate(content->leftAnchor()->constraintEqualToAnchor(card->leftAnchor(), margin));
         activate(content->centerYAnchor()->constraintEqualToAnchor(card->centerYAnchor()));
 
-        activate(close->heightAnchor()->constraintEqualToConstant(button_height));
-        activate(close->widthAnchor()->constraintEqualToConstant(40));
+        fix_size(close, {40, button_height});
         activate(close->leftAnchor()->constraintEqualToAnchor(card->leftAnchor(), margin));
         activate(close->bottomAnchor()->constraintEqualToAnchor(content->topAnchor(), -margin));
 
-        activate(select->heightAnchor()->constraintEqualToConstant(button_height));
-        activate(select->widthAnchor()->constraintEqualToConstant(70));
+        fix_size(select, {70, button_height});
         activate(select->centerXAnchor()->constraintEqualToAnchor(card->centerXAnchor(), 0));
         activate(select->topAnchor()->constraintEqualToAnchor(content->bottomAnchor(), margin));
 

@@ -2,6 +2,7 @@
 #include "settings/picker_views.h"
 
 #include "model/HCCITool.h"
+#include "settings/placement.h"
 
 namespace settings {
 
@@ -9,8 +10,6 @@ using namespace objc::literals;
 using objc::strong;
 
 namespace {
-
-constexpr UIViewAutoresizing growing = UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight;
 
 void clip(UIView* view) {
     view->setClipsToBounds(true);
@@ -45,7 +44,7 @@ strong<UIScrollView> make_scroll_view(UIView* content, double corner_radius) {
     view->layer()->setMasksToBounds(true);
     view->layer()->setCornerRadius(corner_radius);
     view->layer()->setBorderWidth(1.4);
-    view->setAutoresizingMask(growing);  // from zero: it fills the content area
+    view->setAutoresizingMask(growing);
     return view;
 }
 
