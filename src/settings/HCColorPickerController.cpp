@@ -246,9 +246,9 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
     // ---- The panel's buttons --------------------------------------------------------------------
 
     void selectButtonPressed() {
-        const auto delegate = ivars().delegate.get();
-        auto* listener = reinterpret_cast<NSObject*>(delegate.get());
-        if (listener->respondsToSelector(objc::selector<"colorPickerReturnedWithColor:andHexString:">())) {
+        HCColorPickerDelegate* delegate = interface()->delegate();
+        if (reinterpret_cast<NSObject*>(delegate)->respondsToSelector(
+                objc::selector<"colorPickerReturnedWithColor:andHexString:">())) {
             UIColor* color = slider_color();
             settings::record_color(ivars().hexTextField->text(), ivars().recentColors,
                                    ivars().recentColorDictionary);

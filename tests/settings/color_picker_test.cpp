@@ -1,6 +1,7 @@
 // HCColorPickerController: the current colour, the panel's coming, shaking and going, and the delegate.
-#include "platform/animation.h"
 #include "settings/color_picker.h"
+
+#include "platform/animation.h"
 
 namespace test {
 namespace {
