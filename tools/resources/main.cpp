@@ -7,6 +7,7 @@
 #include "dusk.h"
 #include "icons.h"
 #include "preview_pictures.h"
+#include "themes_picture.h"
 
 namespace {
 
@@ -43,6 +44,7 @@ int main(int argc, char** argv) {
         resources::draw_icons(phone.root, bundle);
         resources::draw_preview_pictures(phone.root, bundle);
         resources::draw_dusk(phone.root, themes);
+        resources::draw_themes_picture(phone.root, folder);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "huecraft_resources: %s\n", failure.what());
         return EXIT_FAILURE;
