@@ -252,6 +252,20 @@ TEST_F(ColorPicker, WithADelegateWithoutTheMethodSelectOnlyCloses) {
     EXPECT_EQ(utf8(part<"recentColors", NSArray>()->lastObject()), "#00000000") << "nothing is recorded";
 }
 
+TEST_F(ColorPicker, ASubclassMayReplaceItsParts) {
+    const auto noted = reinterpret_cast<IMP>(note_selector);
+    Class own = noting_class("OwnPicker",
+                             {{"applyColor", noted, "v@:"},
+                              {"updateToColor:", noted, "v@:@"},
+                              {"grabRecentColorData", noted, "v@:"},
+                              {"shakeWrong", noted, "v@:"}},
+                             "HCColorPickerController");
+    picker = static_cast<UIViewController*>(made(class_getName(own)));
+    picker->view();
+    picker->send<"pasteColor">();
+    EXPECT_EQ(heard, (Selectors{"applyColor", "updateToColor:", "grabRecentColorData", "shakeWrong"}));
+}
+
 TEST_F(ColorPicker, ASubclassMayCloseInItsOwnWay) {
     picker->view();
     observe<"closeButtonPressed">("HCColorPickerController");

@@ -57,6 +57,21 @@ TEST_F(HexTyping, EveryLetterThatAHexTextMayHoldIsTakenAndNoOther) {
     }
 }
 
+TEST_F(HexTyping, AtEveryLengthEveryLetterIsTakenOrRefused) {
+    const std::string allowed = "#0123456789ABCDEFabcdef", longest = "#12345678";
+    for (size_t length = 0; length <= longest.size(); ++length)
+        for (char letter = ' '; letter < 0x7f; ++letter) {
+            const std::string before = longest.substr(0, length);
+            const bool taken = allowed.find(letter) != std::string::npos && length < longest.size();
+            const std::string hash = length == 0 && letter != '#' ? "#" : "";
+            set_text(before.c_str());
+            EXPECT_FALSE(ask(field(), {length, 0}, std::string{letter}.c_str()));
+            EXPECT_EQ(hex_text(), taken ? before + hash + static_cast<char>(std::toupper(letter)) : before)
+                << letter;
+            EXPECT_EQ(shook(), !taken) << before << " " << letter;
+        }
+}
+
 TEST_F(HexTyping, LettersBeyondAsciiAreRefused) {
     for (const char* letter : {"é", "Ａ", "٣", "😀", "\u00a0"}) {
         set_text("#1");

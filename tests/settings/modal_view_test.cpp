@@ -275,6 +275,14 @@ TEST_F(ModalView, IsBuiltInFourStepsByMessage) {
     EXPECT_EQ(heard, (Selectors{"setupViews", "addSubviewsInOrder", "setupConstraints", "applyColor"}));
 }
 
+TEST_F(ModalView, ASubclassMayReplaceAStep) {
+    noting_class("OwnPanel", {{"applyColor", reinterpret_cast<IMP>(note_selector), "v@:"}}, "HCModalView");
+    id own =
+        made<"initWithFrame:modalOptions:">("OwnPanel", CGRect{{0, 0}, {375, 667}}, options(nullptr, true));
+    EXPECT_EQ(heard, (Selectors{"applyColor"}));
+    EXPECT_EQ(close_button(own)->backgroundColor(), nullptr) << "nothing is painted";
+}
+
 TEST_F(ModalView, WithoutAViewThereIsNoPanel) {
     MSHookMessageEx(objc_getClass("UIView"), sel_registerName("initWithFrame:"),
                     reinterpret_cast<IMP>(+[](id self, SEL, CGRect) -> id {
