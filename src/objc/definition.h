@@ -40,6 +40,7 @@ struct Row {
     using class_methods = List<>;
     using properties = List<>;
     using protocols = List<>;
+    using declared_protocols = List<>;
 };
 
 /// One instance variable: `Member` points into the implementation's `Ivars`.
@@ -171,6 +172,12 @@ struct conforms : Row {
     using protocols = List<ProtocolOf<ProtocolName>>;
 };
 
+/// A protocol of ours that classes elsewhere conform to: the runtime knows it.
+template <Name ProtocolName>
+struct declares : Row {
+    using declared_protocols = List<ProtocolOf<ProtocolName>>;
+};
+
 }  // namespace definition
 
 /// The base of a class's implementation: the interface whose methods it implements, its variables, and the
@@ -217,6 +224,7 @@ struct ClassDefinition {
     using class_methods = Concatenated<typename Rows::class_methods...>;
     using properties = Concatenated<typename Rows::properties...>;
     using protocols = Concatenated<typename Rows::protocols...>;
+    using declared_protocols = Concatenated<typename Rows::declared_protocols...>;
 
     /// Runs the implementation's own `dealloc`, if it has one, lets the variables go, last declared first,
     /// and passes on to the superclass.

@@ -109,6 +109,8 @@ struct UIImage : objc::Interface<UIImage, "UIImage", NSObject> {
     static UIImage* imageWithContentsOfFile(NSString* path) {
         return class_send<"imageWithContentsOfFile:", UIImage*>(path);
     }
+    /// From the application's bundle; a name without an ending is a PNG's. nil where there is none.
+    static UIImage* imageNamed(NSString* name) { return class_send<"imageNamed:", UIImage*>(name); }
     static UIImage* imageWithCGImage(CGImageRef image) {
         return class_send<"imageWithCGImage:", UIImage*>(image);
     }

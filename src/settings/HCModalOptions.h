@@ -3,9 +3,7 @@
 #include "platform/uikit.h"
 
 /// The protocol of who is told of the panel's two buttons. Both methods are required.
-struct HCModalDelegate : objc::Object {
-    static constexpr auto runtime_name = objc::Name("<HCModalDelegate>");
-
+struct HCModalDelegate : objc::ProtocolInterface<"HCModalDelegate"> {
     void closeButtonPressed() { send<"closeButtonPressed">(); }
     void selectButtonPressed() { send<"selectButtonPressed">(); }
 };
