@@ -24,6 +24,7 @@ enum class Command : uint32_t {
     load_dylib = 0xc,
     id_dylib = 0xd,
     segment_64 = 0x19,
+    code_signature = 0x1d,
     lazy_load_dylib = 0x20,
     dyld_info = 0x22,
     version_min_iphoneos = 0x25,

@@ -106,6 +106,7 @@ class LoadCommands {
             case Command::dyld_exports_trie:
                 refuse("linked with chained fix-ups, which iOS 12 cannot load either (found load command " +
                        hex(number) + ", expected LC_DYLD_INFO_ONLY)");
+            case Command::code_signature: layout_.signature = {command.u32(8), command.u32(12)}; return;
             case Command::rpath: return;
         }
         if (number & kRequiredByDyld)

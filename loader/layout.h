@@ -38,6 +38,7 @@ struct Layout {
     uint32_t platform = 0;         ///< 2 is iOS, 7 its simulator
     uint32_t minimum_version = 0;  ///< 0x000c0000 is 12.0.0
     FileRange rebase, bind, weak_bind, lazy_bind, exports;
+    FileRange signature;          ///< empty where there is none; nothing of it is checked here
     uint64_t header_address = 0;  ///< where the Mach-O header is: exports and unwind offsets count from it
 
     uint64_t start = 0;   ///< the lowest segment's address

@@ -43,9 +43,9 @@ std::string reason(int error) {
     }
 }
 
-std::string too_large(size_t bytes) {
-    return (bytes ? "it has " + std::to_string(bytes >> 20) + " MB" : std::string("it has no end")) +
-           "; a theme has at most " + std::to_string(largest_input >> 20) + " MB";
+std::string too_large(size_t bytes, const std::string& kind) {
+    return (bytes ? "it has " + std::to_string(bytes >> 20) + " MB" : std::string("it has no end")) + "; a " +
+           kind + " has at most " + std::to_string(largest_input >> 20) + " MB";
 }
 
 [[noreturn]] void cannot_write(const std::string& file, int error) {
@@ -64,13 +64,13 @@ void write_whole(int descriptor, const std::string& contents, const std::string&
 
 }  // namespace
 
-std::string read_input(const std::string& file) {
+std::string read_input(const std::string& file, const std::string& kind) {
     const Descriptor input(file == "-" ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC));
     struct stat status;
     if (input.number < 0 || fstat(input.number, &status) != 0) throw Unusable(file, reason(errno));
     if (S_ISDIR(status.st_mode)) throw Unusable(file, reason(EISDIR));
     if (S_ISREG(status.st_mode) && static_cast<size_t>(status.st_size) > largest_input)
-        throw Unusable(file, too_large(static_cast<size_t>(status.st_size)));
+        throw Unusable(file, too_large(static_cast<size_t>(status.st_size), kind));
     // A pipe or a device has no size that could be believed.
     std::string contents;
     for (;;) {
@@ -80,7 +80,7 @@ std::string read_input(const std::string& file) {
         if (count < 0) throw Unusable(file, "cannot be read: " + reason(errno));
         if (count == 0) return contents;
         contents.append(bytes, static_cast<size_t>(count));
-        if (contents.size() > largest_input) throw Unusable(file, too_large(0));
+        if (contents.size() > largest_input) throw Unusable(file, too_large(0, kind));
     }
 }
 

@@ -24,8 +24,8 @@ class Unusable : public std::runtime_error {
 /// hundred thousand.
 constexpr size_t largest_input = 64 << 20;
 
-/// The whole file; of standard input for "-". Throws Unusable.
-std::string read_input(const std::string& file);
+/// The whole file; of standard input for "-". Throws Unusable, which says what it should have been.
+std::string read_input(const std::string& file, const std::string& kind = "theme");
 
 /// Writes the whole file or nothing: beside the place first, under its name only when it is complete. "-" is
 /// standard output. Throws Unusable.
