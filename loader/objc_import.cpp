@@ -2,38 +2,17 @@
 #include "loader/objc_import.h"
 
 #include <algorithm>
-#include <cstring>
 #include <map>
 #include <unordered_map>
 
 #include "loader/fault.h"
 #include "loader/objc_metadata.h"
-#include "objc/runtime.h"
-
-// Known to libobjc alone: its runtime has no function that makes a protocol.
-extern "C" void __objc_protocols_add_protocol(const char* name, id protocol);
+#include "objc/protocol_registered.h"
 
 namespace macho {
 namespace {
 
 id as_object(void* pointer) { return static_cast<id>(pointer); }
-
-/// libobjc's protocol object. Without methods it answers what is asked of ours: whether a class conforms.
-struct GnuProtocol {
-    Class isa;
-    char* name;
-    void* protocols;
-    void* instance_methods;
-    void* class_methods;
-};
-
-id protocol_named(const char* name) {
-    if (id known = objc_getProtocol(name)) return known;
-    // It lives as long as the runtime, which keeps both pointers.
-    auto* made = new GnuProtocol{objc_getClass("Protocol"), strdup(name), nullptr, nullptr, nullptr};
-    __objc_protocols_add_protocol(made->name, as_object(made));
-    return as_object(made);
-}
 
 /// A class that is being made; given up unless it is registered.
 class NewClass {
@@ -77,7 +56,9 @@ class Importer {
             const auto own = host_class_.find(mapping_.read_pointer(slot, "a class reference"));
             if (own != host_class_.end()) point(slot, own->second);
         }
-        for (const auto& [slot, name] : metadata_.protocol_references) point(slot, protocol_named(name));
+        for (const char* protocol : metadata_.protocols) objc::protocol_named(protocol);
+        for (const auto& [slot, name] : metadata_.protocol_references)
+            point(slot, objc::protocol_named(name));
         return std::move(result_);
     }
 
@@ -106,7 +87,7 @@ class Importer {
         add_methods(made.get(), description.instance_methods, '-', description.name);
         add_methods(made.metaclass(), description.class_methods, '+', description.name);
         for (const char* protocol : description.protocols)
-            class_addProtocol(made.get(), protocol_named(protocol));
+            class_addProtocol(made.get(), objc::protocol_named(protocol));
         made.register_it();
         place_variables(made.get(), description, names);
         return made.get();

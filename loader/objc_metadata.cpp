@@ -57,6 +57,8 @@ class MetadataReader {
         found.selectors = selectors();
         found.classes = classes();
         found.class_references = class_references(found.classes);
+        for (const uintptr_t slot : slots("__objc_protolist"))
+            found.protocols.push_back(protocol_name(pointed_to(slot)));
         found.protocol_references = protocol_references();
         return found;
     }

@@ -47,6 +47,7 @@ struct ObjcMetadata {
     std::vector<NamedReference> selectors;
     std::vector<ClassDescription> classes;    ///< superclasses first
     std::vector<uintptr_t> class_references;  ///< pointers to classes, of the image or of the host
+    std::vector<const char*> protocols;       ///< that the image defines
     std::vector<NamedReference> protocol_references;
     uint64_t offset_width;  ///< of an offset slot, in bytes
 };

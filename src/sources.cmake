@@ -12,6 +12,15 @@ set(HUECRAFT_SOURCES
     model/HCPreferences.cpp
     model/HuecraftConfig.cpp
     model/config_error.cpp
+    settings/HCColorPickerController.cpp
+    settings/HCColorSlider.cpp
+    settings/HCModalOptions.cpp
+    settings/HCModalView.cpp
+    settings/clipboard_icons.cpp
+    settings/eclipse.cpp
+    settings/panel_motion.cpp
+    settings/picker_views.cpp
+    settings/recent_colors.cpp
     views/HCColourView.cpp
     views/HCGradientView.cpp
     views/HCImageView.cpp

@@ -103,9 +103,8 @@ void Bitmap::store() const {
 
 Surface snapshot(cairo_surface_t* surface) {
     const Pixels source(surface);
-    Surface copy(cairo_image_surface_create(cairo_image_surface_get_format(surface),
-                                            static_cast<int>(source.width()),
-                                            static_cast<int>(source.height())));
+    Surface copy =
+        unwritten_surface(cairo_image_surface_get_format(surface), source.width(), source.height());
     if (cairo_surface_status(copy)) return Surface();
     const Pixels target(copy);
     for (size_t y = 0; y < source.height(); ++y)

@@ -12,6 +12,18 @@
 namespace sim {
 namespace {
 
+/// The components of a pixel side by side, for which processors have registers.
+using Components = uint32_t __attribute__((vector_size(16)));
+using Bytes = uint8_t __attribute__((vector_size(4)));
+using Floats = float __attribute__((vector_size(16)));
+using Whole = int32_t __attribute__((vector_size(16)));
+
+Components components(const uint8_t* pixel) {
+    Bytes bytes;
+    std::memcpy(&bytes, pixel, sizeof bytes);
+    return __builtin_convertvector(bytes, Components);
+}
+
 /// The mean of `2 * reach + 1` values from their sum, to nearest.
 class Mean {
   public:
@@ -20,16 +32,23 @@ class Mean {
         return static_cast<uint8_t>(
             static_cast<int>(static_cast<float>(static_cast<int>(sum)) * factor_ + 0.5f));
     }
+    void write(Components sum, uint8_t* pixel) const {
+        const Floats mean =
+            __builtin_convertvector(__builtin_convertvector(sum, Whole), Floats) * factor_ + 0.5f;
+        const Bytes bytes = __builtin_convertvector(__builtin_convertvector(mean, Whole), Bytes);
+        std::memcpy(pixel, &bytes, sizeof bytes);
+    }
 
   private:
     float factor_;
 };
 
-/// What lies within reach of the first of `count` lines; `line(i)` answers a component of line i.
+/// What lies within reach of the first of `count` lines; `line(i)` answers line i, or a component of it.
 template <class Line>
-uint32_t first_sum(size_t count, size_t reach, Line line) {
+auto first_sum(size_t count, size_t reach, Line line) {
     const size_t inside = std::min(reach, count - 1);
-    auto sum = static_cast<uint32_t>((reach + 1) * line(0) + (reach - inside) * line(count - 1));
+    auto sum =
+        line(0) * static_cast<uint32_t>(reach + 1) + line(count - 1) * static_cast<uint32_t>(reach - inside);
     for (size_t i = 1; i <= inside; ++i) sum += line(i);
     return sum;
 }
@@ -37,18 +56,11 @@ uint32_t first_sum(size_t count, size_t reach, Line line) {
 void average_along(std::span<const uint8_t> from, std::span<uint8_t> to, size_t reach) {
     const size_t count = from.size() / Pixels::bytes, last = count - 1;
     const Mean mean(reach);
-    uint32_t sums[Pixels::bytes];
-    for (size_t c = 0; c < Pixels::bytes; ++c)
-        sums[c] = first_sum(count, reach, [&](size_t i) { return from[i * Pixels::bytes + c]; });
+    auto pixel = [&](size_t x) { return components(from.data() + x * Pixels::bytes); };
+    Components sum = first_sum(count, reach, pixel);
     for (size_t x = 0; x < count; ++x) {
-        const uint8_t* enters = from.data() + std::min(x + reach + 1, last) * Pixels::bytes;
-        const uint8_t* leaves = from.data() + (x > reach ? x - reach : 0) * Pixels::bytes;
-        uint8_t* pixel = to.data() + x * Pixels::bytes;
-        for (size_t c = 0; c < Pixels::bytes; ++c) {
-            pixel[c] = mean(sums[c]);
-            sums[c] += enters[c];
-            sums[c] -= leaves[c];
-        }
+        mean.write(sum, to.data() + x * Pixels::bytes);
+        sum += pixel(std::min(x + reach + 1, last)) - pixel(x > reach ? x - reach : 0);
     }
 }
 
@@ -58,7 +70,7 @@ void average_down(const Pixels& from, const Pixels& to, size_t reach) {
     const Mean mean(reach);
     std::vector<uint32_t> sums(width);
     for (size_t i = 0; i < width; ++i)
-        sums[i] = first_sum(count, reach, [&](size_t y) { return from.row(y)[i]; });
+        sums[i] = first_sum(count, reach, [&](size_t y) { return uint32_t{from.row(y)[i]}; });
     for (size_t y = 0; y < count; ++y) {
         const uint8_t* enters = from.row(std::min(y + reach + 1, last)).data();
         const uint8_t* leaves = from.row(y > reach ? y - reach : 0).data();
@@ -72,6 +84,16 @@ void average_down(const Pixels& from, const Pixels& to, size_t reach) {
     }
 }
 
+/// A page's plain background behind a keyboard, for one.
+bool is_even(const Pixels& pixels) {
+    const auto first = pixels.row(0);
+    if (std::memcmp(first.data(), first.data() + Pixels::bytes, first.size() - Pixels::bytes) != 0)
+        return false;
+    for (size_t y = 1; y < pixels.height(); ++y)
+        if (std::memcmp(first.data(), pixels.row(y).data(), first.size()) != 0) return false;
+    return true;
+}
+
 }  // namespace
 
 size_t box_reach(double deviation) {
@@ -83,7 +105,7 @@ size_t box_reach(double deviation) {
 void box_blur(cairo_surface_t* surface, double deviation) {
     const size_t reach = box_reach(deviation);
     const Pixels pixels(surface);
-    if (!reach || !pixels.width() || !pixels.height()) return;
+    if (!reach || !pixels.width() || !pixels.height() || is_even(pixels)) return;
     const Surface other(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(pixels.width()),
                                                    static_cast<int>(pixels.height())));
     if (cairo_surface_status(other)) return;

@@ -35,6 +35,11 @@ PathElements transformed(const PathElements& elements, const CGAffineTransform& 
 
 cairo_matrix_t matrix(const CGAffineTransform& t) { return {t.a, t.b, t.c, t.d, t.tx, t.ty}; }
 
+bool is_opaque_colour(cairo_pattern_t* source) {
+    double red, green, blue, alpha;
+    return cairo_pattern_get_rgba(source, &red, &green, &blue, &alpha) == CAIRO_STATUS_SUCCESS && alpha >= 1;
+}
+
 cairo_fill_rule_t cairos(FillRule rule) {
     return rule == FillRule::winding ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD;
 }
@@ -116,12 +121,12 @@ void Canvas::clip_to_path(FillRule rule) {
 // ---- Painting -----------------------------------------------------------------------------------
 
 template <class Draw>
-void Canvas::composite(Draw draw) {
+void Canvas::composite(Draw draw, Masking masking) {
     if (!layers_) bitmap_.load();
     cairo_save(cairo_);
     if (state_.blend == kCGBlendModePlusDarker) {
         composite_darker(draw);
-    } else if (state_.mask) {
+    } else if (state_.mask && masking == Masking::of_result) {
         composite_masked(draw);
     } else {
         cairo_set_operator(cairo_, operator_of(state_.blend));
@@ -171,17 +176,24 @@ void Canvas::composite_darker(Draw draw) {
 }
 
 void Canvas::fill_traced(FillRule rule, cairo_pattern_t* source) {
-    composite([&](cairo_t* cairo) {
-        cairo_set_source(cairo, source);
-        cairo_set_fill_rule(cairo, cairos(rule));
-        if (is_bounded(state_.blend)) {
-            cairo_fill(cairo);
-        } else {
-            // Cairo would also change what lies outside the shape.
-            cairo_clip(cairo);
-            cairo_paint(cairo);
-        }
-    });
+    // An opaque colour of which the mask mixes some in is that colour, painted through the mask.
+    const bool through_mask = state_.mask && state_.blend == kCGBlendModeNormal && is_opaque_colour(source);
+    composite(
+        [&](cairo_t* cairo) {
+            cairo_set_source(cairo, source);
+            cairo_set_fill_rule(cairo, cairos(rule));
+            if (through_mask) {
+                cairo_clip(cairo);
+                cairo_mask_surface(cairo, state_.mask, 0, 0);
+            } else if (is_bounded(state_.blend)) {
+                cairo_fill(cairo);
+            } else {
+                // Cairo would also change what lies outside the shape.
+                cairo_clip(cairo);
+                cairo_paint(cairo);
+            }
+        },
+        through_mask ? Masking::in_drawing : Masking::of_result);
 }
 
 void Canvas::fill(CGRect rect) {

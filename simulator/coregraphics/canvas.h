@@ -94,9 +94,11 @@ class Canvas {
     void trace(CGRect) const;
     bool paint_directly(cairo_t*, const LinearGradient&) const;
     void close_frame();
-    /// `draw` with the blend mode set, and mixed in as the mask says.
+    /// Who heeds the state's mask.
+    enum class Masking { of_result, in_drawing };
+    /// `draw` with the blend mode set, and mixed in as the mask says unless it heeds the mask itself.
     template <class Draw>
-    void composite(Draw draw);
+    void composite(Draw draw, Masking = Masking::of_result);
     template <class Draw>
     void composite_masked(Draw draw);
     template <class Draw>

@@ -16,6 +16,8 @@
 #include "objc/class.h"
 #include "objc/string.h"
 #include "runtime/reference_counting.h"
+#include "uikit/geometry_values.h"
+#include "uikit/scrolling/index_paths.h"
 
 namespace sim {
 namespace {
@@ -114,6 +116,8 @@ void boot(const BootOptions& options) {
     mount_root(root);
     objc_autoreleasePoolPush();  // the main thread's outermost pool, which is never drained
     mend_foundation();
+    add_geometry_to_values();
+    add_items_to_index_paths();
     // Foundation looks for its settings when they are first wanted, in many places; now these are the
     // phone's.
     objc::send<"standardUserDefaults", id>(reinterpret_cast<id>(objc_getClass("NSUserDefaults")));

@@ -13,6 +13,7 @@
 #include "keyboard/show.h"
 #include "objc/exception.h"
 #include "platform/keyboard.h"
+#include "quartzcore/animation/clock.h"
 #include "runtime/installing_calls.h"
 #include "simulator.h"
 #include "uikit/controllers/screen.h"
@@ -325,6 +326,19 @@ sim_status sim_key_at(size_t index, sim_key* key) {
         *key = {shown.name.c_str(), shown.text.empty() ? nullptr : shown.text.c_str(),
                 origin.x,           origin.y,
                 size.width,         size.height};
+    });
+}
+
+sim_status sim_advance_clock(double seconds) {
+    return answer([&] {
+        require_boot("sim_advance_clock");
+        if (!(seconds >= 0 && seconds <= 1e9))
+            throw Refusal(SIM_MISUSE, "sim_advance_clock: " + std::to_string(seconds) +
+                                          " seconds; time goes forwards, by at most 1e9 at once");
+        if (!sim::advance_clock(seconds))
+            throw Refusal(SIM_FAILED,
+                          "sim_advance_clock: animations end and begin again without time passing");
+        sim::lay_out_screen();
     });
 }
 

@@ -215,6 +215,13 @@ SIM_API sim_status sim_touch(sim_touch_phase phase, double x, double y);
 /* Puts the finger down and lifts it. */
 SIM_API sim_status sim_tap(double x, double y);
 
+/* ---- Time -------------------------------------------------------------------------------------------- */
+
+/* Lets that many seconds pass, 0 included, which they never do by themselves. Animations go on, and whoever
+ * waits for the end of one is told, in order and each at its time; then the screen is laid out. Pictures show
+ * animations as they are at the moment. */
+SIM_API sim_status sim_advance_clock(double seconds);
+
 /* ---- Typing ------------------------------------------------------------------------------------------ */
 
 /* Typing goes to the text field that is the first responder, as from a keyboard: its delegate is asked.

@@ -6,6 +6,7 @@
 
 #include "coregraphics/transform.h"
 #include "objc/class.h"
+#include "quartzcore/animation/noted_changes.h"
 #include "quartzcore/layer_geometry.h"
 #include "runtime/not_modelled.h"
 
@@ -31,6 +32,7 @@ strong<CALayer> Layer::init() {
 }
 
 void Layer::dealloc() {
+    static_cast<CALayer*>(this)->removeAllAnimations();
     for (CALayer* sublayer : ivars().sublayers) static_cast<Layer*>(sublayer)->ivars().superlayer = nullptr;
 }
 
@@ -51,9 +53,25 @@ void Layer::setFrame(CGRect frame) {
 }
 
 void Layer::setBounds(CGRect bounds) {
+    note_change(this, LayerProperty::bounds);
     const bool resized = ivars().bounds.size != bounds.size;
     ivars().bounds = bounds;
     if (resized) static_cast<CALayer*>(this)->setNeedsLayout();
+}
+
+void Layer::setPosition(CGPoint position) {
+    note_change(this, LayerProperty::position);
+    ivars().position = position;
+}
+
+void Layer::setTransform(CATransform3D transform) {
+    note_change(this, LayerProperty::transform);
+    ivars().transform = transform;
+}
+
+void Layer::setOpacity(float opacity) {
+    note_change(this, LayerProperty::opacity);
+    ivars().opacity = opacity;
 }
 
 CGAffineTransform Layer::affineTransform() { return to_2d(static_cast<CALayer*>(this)->transform()); }
@@ -140,9 +158,9 @@ OBJC_CLASS(CALayer, NSObject, Layer,
            class_method<"layer", &Layer::layer>,
            method<"init", &Layer::init>,
            ivar<"_bounds", &Ivars::bounds>,
-           property<"position", &Ivars::position>,
+           ivar<"_position", &Ivars::position>,
            property<"anchorPoint", &Ivars::anchorPoint>,
-           property<"transform", &Ivars::transform>,
+           ivar<"_transform", &Ivars::transform>,
            ivar<"_superlayer", &Ivars::superlayer>,
            ivar<"_sublayers", &Ivars::sublayers>,
            property<"mask", &Ivars::mask>,
@@ -158,7 +176,7 @@ OBJC_CLASS(CALayer, NSObject, Layer,
            property<"masksToBounds", &Ivars::masksToBounds>,
            ivar<"_hidden", &Ivars::hidden>,
            ivar<"_opaque", &Ivars::opaque>,
-           property<"opacity", &Ivars::opacity>,
+           ivar<"_opacity", &Ivars::opacity>,
            property<"shadowOpacity", &Ivars::shadowOpacity>,
            property<"shadowOffset", &Ivars::shadowOffset>,
            property<"shadowRadius", &Ivars::shadowRadius>,
@@ -177,6 +195,18 @@ OBJC_CLASS(CALayer, NSObject, Layer,
            method<"setFrame:", &Layer::setFrame>,
            method<"bounds", &Layer::bounds>,
            method<"setBounds:", &Layer::setBounds>,
+           method<"position", &Layer::position>,
+           method<"setPosition:", &Layer::setPosition>,
+           method<"transform", &Layer::transform>,
+           method<"setTransform:", &Layer::setTransform>,
+           method<"opacity", &Layer::opacity>,
+           method<"setOpacity:", &Layer::setOpacity>,
+           method<"addAnimation:forKey:", &Layer::addAnimation>,
+           method<"animationForKey:", &Layer::animationForKey>,
+           method<"animationKeys", &Layer::animationKeys>,
+           method<"removeAnimationForKey:", &Layer::removeAnimationForKey>,
+           method<"removeAllAnimations", &Layer::removeAllAnimations>,
+           method<"presentationLayer", &Layer::presentationLayer>,
            method<"affineTransform", &Layer::affineTransform>,
            method<"setAffineTransform:", &Layer::setAffineTransform>,
            method<"superlayer", &Layer::superlayer>,

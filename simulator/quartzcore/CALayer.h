@@ -5,7 +5,7 @@
 #include "coregraphics/CGColor.h"
 #include "coregraphics/CGPath.h"
 #include "objc/class.h"
-#include "platform/quartzcore.h"
+#include "platform/animation.h"
 
 namespace sim {
 
@@ -50,6 +50,10 @@ struct Layer : objc::Implements<Layer, CALayer> {
     void setFrame(CGRect frame);
     CGRect bounds() { return ivars().bounds; }
     void setBounds(CGRect bounds);
+    CGPoint position() { return ivars().position; }
+    void setPosition(CGPoint position);
+    CATransform3D transform() { return ivars().transform; }
+    void setTransform(CATransform3D transform);
     CGAffineTransform affineTransform();
     void setAffineTransform(CGAffineTransform transform);
 
@@ -64,6 +68,8 @@ struct Layer : objc::Implements<Layer, CALayer> {
     void removeFromSuperlayer();
 
     // What it looks like
+    float opacity() { return ivars().opacity; }
+    void setOpacity(float opacity);
     bool isHidden() { return ivars().hidden; }
     void setHidden(bool hidden) { ivars().hidden = hidden; }
     bool isOpaque() { return ivars().opaque; }
@@ -72,6 +78,14 @@ struct Layer : objc::Implements<Layer, CALayer> {
     void setShadowPath(CGPathRef path) { ivars().shadowPath = const_cast<CGPath*>(path); }
     NSArray* filters() { return ivars().filters; }
     void setFilters(NSArray* filters);
+
+    // Animations
+    void addAnimation(CAAnimation* animation, NSString* key);
+    CAAnimation* animationForKey(NSString* key);
+    NSArray* animationKeys();
+    void removeAnimationForKey(NSString* key);
+    void removeAllAnimations();
+    CALayer* presentationLayer();
 
     // Layout and display
     void setNeedsLayout();

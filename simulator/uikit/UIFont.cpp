@@ -1,6 +1,9 @@
 // Fonts: see the header.
 #include "uikit/UIFont.h"
 
+#include <compare>
+#include <map>
+
 #include "objc/class.h"
 
 namespace {
@@ -11,7 +14,10 @@ struct Font : objc::Implements<Font, UIFont> {
     struct Design {
         const sim::Typeface* typeface = nullptr;
         CGFloat size = 0;
-        friend bool operator==(const Design&, const Design&) = default;
+        friend auto operator<=>(const Design&, const Design&) = default;
+    };
+    struct LineMetrics {
+        CGFloat ascent = 0, descent = 0;
     };
     struct Ivars {
         Design design;
@@ -43,8 +49,8 @@ struct Font : objc::Implements<Font, UIFont> {
     NSString* fontName() { return NSString::stringWithUTF8String(ivars().design.typeface->font_name.data()); }
     CGFloat pointSize() { return ivars().design.size; }
 
-    CGFloat ascender() { return in_points(pango_font_metrics_get_ascent); }
-    CGFloat descender() { return -in_points(pango_font_metrics_get_descent); }
+    CGFloat ascender() { return metrics().ascent; }
+    CGFloat descender() { return -metrics().descent; }
     CGFloat lineHeight() { return ascender() - descender(); }
 
     bool isEqual(id other) {
@@ -60,14 +66,24 @@ struct Font : objc::Implements<Font, UIFont> {
   private:
     static constexpr CGFloat default_size = 12;
 
-    CGFloat in_points(int (*metric)(PangoFontMetrics*)) {
+    /// Measured once: Pango lays out a text for it.
+    const LineMetrics& metrics() {
+        static auto& measured = *new std::map<Design, LineMetrics>;
+        const auto [known, is_new] = measured.try_emplace(ivars().design);
+        if (is_new) known->second = measure();
+        return known->second;
+    }
+
+    LineMetrics measure() {
         PangoFontDescription* description = sim::description_of(this);
         PangoFontMetrics* metrics =
             pango_context_get_metrics(sim::context_of(*ivars().design.typeface), description, nullptr);
-        const CGFloat points = static_cast<CGFloat>(metric(metrics)) / PANGO_SCALE;
+        auto in_points = [](int units) { return static_cast<CGFloat>(units) / PANGO_SCALE; };
+        const LineMetrics result{in_points(pango_font_metrics_get_ascent(metrics)),
+                                 in_points(pango_font_metrics_get_descent(metrics))};
         pango_font_metrics_unref(metrics);
         pango_font_description_free(description);
-        return points;
+        return result;
     }
 };
 

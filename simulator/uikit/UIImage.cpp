@@ -1,4 +1,6 @@
 // Images of UIKit: a bitmap, its scale, and how it is to be drawn.
+#include <filesystem>
+
 #include "coregraphics/CGImage.h"
 #include "coregraphics/picture_files.h"
 #include "coregraphics/transform.h"
@@ -62,6 +64,16 @@ struct Image : objc::Implements<Image, UIImage> {
     }
     static UIImage* imageWithContentsOfFile(Class self, NSString* path) {
         return alloc_of(self)->send<"initWithContentsOfFile:", strong<UIImage>>(path).autoreleased();
+    }
+
+    // From the folder of the process's executable, which is its bundle.
+    static UIImage* imageNamed(Class self, NSString* name) {
+        NSArray* arguments = NSProcessInfo::processInfo()->arguments();
+        if (!name || !arguments->count()) return nullptr;
+        const auto* executable = static_cast<NSString*>(arguments->objectAtIndex(0))->UTF8String();
+        auto path = std::filesystem::path(executable).replace_filename(name->UTF8String());
+        if (!path.has_extension()) path += ".png";
+        return imageWithContentsOfFile(self, NSString::stringWithUTF8String(path.c_str()));
     }
 
     UIImage* imageWithRenderingMode(UIImageRenderingMode mode) {
@@ -144,6 +156,7 @@ OBJC_CLASS(UIImage, NSObject, Image,
            class_method<"imageWithData:", &Image::imageWithData>,
            class_method<"imageWithData:scale:", &Image::imageWithDataAndScale>,
            class_method<"imageWithContentsOfFile:", &Image::imageWithContentsOfFile>,
+           class_method<"imageNamed:", &Image::imageNamed>,
            method<"initWithCGImage:scale:orientation:", &Image::initWithCGImage>,
            method<"initWithData:", &Image::initWithDataAlone>,
            method<"initWithData:scale:", &Image::initWithData>,

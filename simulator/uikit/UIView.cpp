@@ -78,7 +78,7 @@ void View::resized_from(CGSize old) {
     if (self->contentMode() == UIViewContentModeRedraw) self->setNeedsDisplay();
 }
 
-// nil stands for the coordinates of the topmost view's superview: there are no windows.
+// nil stands for the coordinates of the window, or of whatever the topmost view would lie in.
 static CGAffineTransform conversion(UIView* from, UIView* to) { return between(from->layer(), to->layer()); }
 
 CGPoint View::convertPointToView(CGPoint point, UIView* view) { return apply(conversion(this, view), point); }
@@ -219,6 +219,14 @@ using Ivars = sim::View::Ivars;
 OBJC_CLASS(UIView, UIResponder, View,
            class_method<"layerClass", &View::layerClass>,
            class_method<"appearance", &View::appearance>,
+           class_method<"animateWithDuration:animations:", &View::animateBriefly>,
+           class_method<"animateWithDuration:animations:completion:", &View::animateWithCompletion>,
+           class_method<"animateWithDuration:delay:options:animations:completion:", &View::animateWithCurve>,
+           class_method<"animateWithDuration:delay:usingSpringWithDamping:initialSpringVelocity:options:animations:completion:",
+                        &View::animateWithSpring>,
+           class_method<"performWithoutAnimation:", &View::performWithoutAnimation>,
+           class_method<"setAnimationsEnabled:", &View::setAnimationsEnabled>,
+           class_method<"areAnimationsEnabled", &View::areAnimationsEnabled>,
            method<"init", &View::init>,
            method<"initWithFrame:", &View::initWithFrame>,
            ivar<"_layer", &Ivars::layer>,

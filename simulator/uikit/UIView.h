@@ -28,6 +28,15 @@ struct View : objc::Implements<View, UIView> {
 
     static Class layerClass(Class self);
     static id appearance(Class self);
+    static void animateBriefly(Class, double duration, id animations);
+    static void animateWithCompletion(Class, double duration, id animations, id completion);
+    static void animateWithCurve(Class, double duration, double delay, UIViewAnimationOptions options,
+                                 id animations, id completion);
+    static void animateWithSpring(Class, double duration, double delay, CGFloat damping, CGFloat velocity,
+                                  UIViewAnimationOptions options, id animations, id completion);
+    static void performWithoutAnimation(Class, id changes);
+    static void setAnimationsEnabled(Class, bool enabled);
+    static bool areAnimationsEnabled(Class);
     objc::strong<UIView> init();
     objc::strong<UIView> initWithFrame(CGRect frame);
     void dealloc();

@@ -7,6 +7,7 @@
 
 #include "coregraphics/CGContext.h"
 #include "coregraphics/picture_files.h"
+#include "quartzcore/animation/running_animations.h"
 
 namespace sim {
 
@@ -23,7 +24,10 @@ bool write_picture(UIView* view, PictureGround ground, CGFloat scale, const std:
         return false;
     }
     CGContextTranslateCTM(context, -bounds.origin.x, -bounds.origin.y);
-    view->layer()->renderInContext(context);
+    {
+        const AnimatedValues shown;
+        view->layer()->renderInContext(context);
+    }
 
     const auto png = encode_png(canvas_of(context).bitmap().surface());
     if (!png) {

@@ -3,7 +3,7 @@
 
 #include "model/HCCITool.h"
 #include "model/config_error.h"
-#include "model/property_values.h"
+#include "model/property_list_file.h"
 #include "objc/class.h"
 #include "objc/fast_enumeration.h"
 
@@ -44,9 +44,6 @@ UIColor* color_of(id value) {
     auto* text = as<NSString>(value);
     return text ? HCCITool::colorFromHexString(text) : nullptr;
 }
-
-/// From 11 on the system has a write that reports its error.
-bool system_reports_write_errors() { return int_value(UIDevice::currentDevice()->systemVersion(), 0) >= 11; }
 
 struct Theme : objc::Implements<Theme, HuecraftConfig> {
     struct Ivars {
@@ -179,9 +176,7 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
         NSString* path = path_of(interface()->sanitizeFileName(name))->stringByAppendingString(".plist"_ns);
         if (NSFileManager::defaultManager()->fileExistsAtPath(path))
             return fail(error, config_error::name_taken), false;
-        NSMutableDictionary* content = ivars().configuration;
-        if (system_reports_write_errors()) return content->writeToURL(NSURL::fileURLWithPath(path), error);
-        return content->writeToFile(path, true);
+        return write_property_list(ivars().configuration, path, error);
     }
 
     NSString* description() { return ivars().configuration->description(); }

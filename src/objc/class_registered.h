@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "objc/definition.h"
+#include "objc/protocol_registered.h"
 
 namespace objc {
 
@@ -55,9 +56,10 @@ class Registration {
             class_addMethod(metaclass, selector<"allocWithZone:">(), reinterpret_cast<IMP>(&allocate),
                             types.text);
         }
-        for_each(typename Definition::protocols{}, [&](auto protocol) {
-            if (id known = objc_getProtocol(protocol.name.text)) class_addProtocol(made, known);
-        });
+        for_each(typename Definition::protocols{},
+                 [&](auto protocol) { class_addProtocol(made, protocol_named(protocol.name.text)); });
+        for_each(typename Definition::declared_protocols{},
+                 [](auto protocol) { protocol_named(protocol.name.text); });
         objc_registerClassPair(made);
         find_variables(made);
         return made;

@@ -116,6 +116,11 @@ struct ProtocolTable<List<Protocols...>> {
     const ProtocolObject* entries[sizeof...(Protocols) + 1] = {NamedProtocol<Protocols::name>::get()...,
                                                                nullptr};
 };
+/// Puts protocols into the image that no class in it adopts.
+template <class... Protocols>
+constexpr void keep(List<Protocols...>) {
+    (NamedProtocol<Protocols::name>::get(), ...);
+}
 
 template <class Variable, VariableOffset* Slot>
 struct VariableEntry {
@@ -162,6 +167,11 @@ struct Metadata {
         return count_of(Items{}) ? &table : nullptr;
     }
 
+    static constexpr const void* adopted_protocols() {
+        keep(typename Definition::declared_protocols{});
+        return unless_empty<typename Definition::protocols>(protocols);
+    }
+
     static constexpr uint32_t metaclass_flag = 1;
     static constexpr auto name = Self::Implemented::runtime_name;
 
@@ -171,14 +181,14 @@ struct Metadata {
         .instance_size = sizeof(ClassObject),
         .name = MetadataText<name>::class_name.text,
         .methods = unless_empty<typename Definition::class_methods>(class_methods),
-        .protocols = unless_empty<typename Definition::protocols>(protocols),
+        .protocols = adopted_protocols(),
     };
     OBJC_CONST ClassReadOnly of_class{
         .instance_start = first_place,
         .instance_size = first_place + layout.size,
         .name = MetadataText<name>::class_name.text,
         .methods = unless_empty<typename Definition::methods>(methods),
-        .protocols = unless_empty<typename Definition::protocols>(protocols),
+        .protocols = adopted_protocols(),
         .variables = unless_empty<Variables>(variables),
         .properties = unless_empty<typename Definition::properties>(properties),
     };

@@ -40,6 +40,7 @@ struct Row {
     using class_methods = List<>;
     using properties = List<>;
     using protocols = List<>;
+    using declared_protocols = List<>;
 };
 
 /// One instance variable: `Member` points into the implementation's `Ivars`.
@@ -154,10 +155,27 @@ struct property : Row {
     using properties = List<PropertyOf<PropertyName, attributes()>>;
 };
 
+/// A property that is computed, under a getter of another name: `read_only_property<"value", "getValue",
+/// &Slider::getValue>`.
+template <Name PropertyName, Name GetterName, auto Function>
+struct read_only_property : method<GetterName, Function> {
+    template <class Owner, class Value>
+    static consteval auto attributes(Value (Owner::*)()) {
+        return Name("T") + encode_variable<Value>() + Name(",R,N,G") + GetterName;
+    }
+    using properties = List<PropertyOf<PropertyName, attributes(Function)>>;
+};
+
 /// The class says that it conforms to a protocol of the frameworks or of ours.
 template <Name ProtocolName>
 struct conforms : Row {
     using protocols = List<ProtocolOf<ProtocolName>>;
+};
+
+/// A protocol of ours that classes elsewhere conform to: the runtime knows it.
+template <Name ProtocolName>
+struct declares : Row {
+    using declared_protocols = List<ProtocolOf<ProtocolName>>;
 };
 
 }  // namespace definition
@@ -206,6 +224,7 @@ struct ClassDefinition {
     using class_methods = Concatenated<typename Rows::class_methods...>;
     using properties = Concatenated<typename Rows::properties...>;
     using protocols = Concatenated<typename Rows::protocols...>;
+    using declared_protocols = Concatenated<typename Rows::declared_protocols...>;
 
     /// Runs the implementation's own `dealloc`, if it has one, lets the variables go, last declared first,
     /// and passes on to the superclass.

@@ -54,4 +54,10 @@ struct Interface : SuperInterface {
     static Self* alloc() { return class_send<"alloc", Self*>(); }
 };
 
+/// The interface of the protocol `ProtocolName`: of objects of any class that conforms to it.
+template <Name ProtocolName>
+struct ProtocolInterface : Object {
+    static constexpr auto runtime_name = Name("<") + ProtocolName + Name(">");
+};
+
 }  // namespace objc

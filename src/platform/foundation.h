@@ -48,6 +48,8 @@ struct NSString : objc::Interface<NSString, "NSString", NSObject> {
     /// Copies the UTF-16 units of the range; raises NSRangeException beyond the end.
     void getCharacters(char16_t* units, NSRange range) { send<"getCharacters:range:">(units, range); }
     bool isEqualToString(NSString* other) { return send<"isEqualToString:", bool>(other); }
+    bool hasPrefix(NSString* head) { return send<"hasPrefix:", bool>(head); }
+    NSString* uppercaseString() { return send<"uppercaseString", NSString*>(); }
     NSString* stringByAppendingString(NSString* tail) {
         return send<"stringByAppendingString:", NSString*>(tail);
     }
@@ -78,6 +80,8 @@ struct NSArray : objc::Interface<NSArray, "NSArray", NSObject> {
     NSUInteger count() { return send<"count", NSUInteger>(); }
     /// Raises NSRangeException beyond the end.
     id objectAtIndex(NSUInteger index) { return send<"objectAtIndex:", id>(index); }
+    /// nil when there is none.
+    id lastObject() { return send<"lastObject", id>(); }
     id objectAtIndexedSubscript(NSUInteger index) { return send<"objectAtIndexedSubscript:", id>(index); }
     NSString* componentsJoinedByString(NSString* glue) {
         return send<"componentsJoinedByString:", NSString*>(glue);
@@ -91,6 +95,8 @@ struct NSMutableArray : objc::Interface<NSMutableArray, "NSMutableArray", NSArra
 
     /// Raises NSInvalidArgumentException for nil.
     void addObject(id object) { send<"addObject:">(object); }
+    /// Raises NSRangeException beyond the end.
+    void removeObjectAtIndex(NSUInteger index) { send<"removeObjectAtIndex:">(index); }
 };
 
 struct NSDictionary : objc::Interface<NSDictionary, "NSDictionary", NSObject> {
@@ -183,6 +189,8 @@ struct NSURL : objc::Interface<NSURL, "NSURL", NSObject> {
 };
 
 extern "C" {
+/// Variadic: what is written here has no arguments.
+void NSLog(NSString* format, ...);
 extern NSString* const NSLocalizedDescriptionKey;
 extern NSString* const NSLocalizedFailureReasonErrorKey;
 extern NSString* const NSLocalizedRecoverySuggestionErrorKey;

@@ -13,6 +13,8 @@ inline constexpr auto objc::structure_encoding<CATransform3D> =
     objc::Name("{CATransform3D=dddddddddddddddd}");
 constexpr CATransform3D identity_transform_3d{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
+struct CAAnimation;
+
 struct CALayer : objc::Interface<CALayer, "CALayer", NSObject> {
     static CALayer* layer() { return class_send<"layer", CALayer*>(); }
     objc::strong<CALayer> init() { return send<"init", objc::strong<CALayer>>(); }
@@ -103,6 +105,16 @@ struct CALayer : objc::Interface<CALayer, "CALayer", NSObject> {
     void setDrawsAsynchronously(bool draws) { send<"setDrawsAsynchronously:">(draws); }
     NSDictionary* actions() { return send<"actions", NSDictionary*>(); }
     void setActions(NSDictionary* actions) { send<"setActions:">(actions); }
+
+    /// Takes the place of the one under the same key; nil is a key of its own.
+    void addAnimation(CAAnimation* animation, NSString* key) { send<"addAnimation:forKey:">(animation, key); }
+    CAAnimation* animationForKey(NSString* key) { return send<"animationForKey:", CAAnimation*>(key); }
+    /// nil when there is none.
+    NSArray* animationKeys() { return send<"animationKeys", NSArray*>(); }
+    void removeAnimationForKey(NSString* key) { send<"removeAnimationForKey:">(key); }
+    void removeAllAnimations() { send<"removeAllAnimations">(); }
+    /// A copy with what is shown now, animations included.
+    CALayer* presentationLayer() { return send<"presentationLayer", CALayer*>(); }
 
     id delegate() { return send<"delegate", id>(); }
     void setDelegate(id delegate) { send<"setDelegate:">(delegate); }

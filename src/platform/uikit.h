@@ -109,6 +109,8 @@ struct UIImage : objc::Interface<UIImage, "UIImage", NSObject> {
     static UIImage* imageWithContentsOfFile(NSString* path) {
         return class_send<"imageWithContentsOfFile:", UIImage*>(path);
     }
+    /// From the application's bundle; a name without an ending is a PNG's. nil where there is none.
+    static UIImage* imageNamed(NSString* name) { return class_send<"imageNamed:", UIImage*>(name); }
     static UIImage* imageWithCGImage(CGImageRef image) {
         return class_send<"imageWithCGImage:", UIImage*>(image);
     }
@@ -189,6 +191,15 @@ struct UIDevice : objc::Interface<UIDevice, "UIDevice", NSObject> {
     NSString* systemVersion() { return send<"systemVersion", NSString*>(); }
 };
 
+/// How an animation of views goes; added to a curve.
+using UIViewAnimationOptions = NSUInteger;
+constexpr UIViewAnimationOptions UIViewAnimationOptionRepeat = 1 << 3;
+constexpr UIViewAnimationOptions UIViewAnimationOptionAutoreverse = 1 << 4;
+constexpr UIViewAnimationOptions UIViewAnimationOptionCurveEaseInOut = 0 << 16;
+constexpr UIViewAnimationOptions UIViewAnimationOptionCurveEaseIn = 1 << 16;
+constexpr UIViewAnimationOptions UIViewAnimationOptionCurveEaseOut = 2 << 16;
+constexpr UIViewAnimationOptions UIViewAnimationOptionCurveLinear = 3 << 16;
+
 struct UIEvent;
 struct UIWindow;
 
@@ -216,6 +227,20 @@ struct UIResponder : objc::Interface<UIResponder, "UIResponder", NSObject> {
 struct UIView : objc::Interface<UIView, "UIView", UIResponder> {
     /// The class of the views' layers.
     static Class layerClass() { return class_send<"layerClass", Class>(); }
+    /// What the first block changes is shown bit by bit, in seconds. The second one, or nil, is told whether
+    /// the animations went to their end.
+    static void animate(double duration, double delay, UIViewAnimationOptions options, id animations,
+                        id completion) {
+        class_send<"animateWithDuration:delay:options:animations:completion:">(duration, delay, options,
+                                                                               animations, completion);
+    }
+    /// Like a spring: damping 1 does not swing; the velocity is in whole ways per second.
+    static void animate(double duration, double delay, CGFloat damping, CGFloat velocity,
+                        UIViewAnimationOptions options, id animations, id completion) {
+        class_send<"animateWithDuration:delay:usingSpringWithDamping:initialSpringVelocity:options:"
+                   "animations:completion:">(duration, delay, damping, velocity, options, animations,
+                                             completion);
+    }
     objc::strong<UIView> init() { return send<"init", objc::strong<UIView>>(); }
     objc::strong<UIView> initWithFrame(CGRect frame) {
         return send<"initWithFrame:", objc::strong<UIView>>(frame);

@@ -109,11 +109,10 @@ class Difference {
 Size size_of(const std::filesystem::path& png) { return Picture(png).size(); }
 
 std::vector<Layer> write_layers(const std::filesystem::path& without, const std::filesystem::path& with,
-                                const std::filesystem::path& name) {
-    constexpr int within_a_word = 6;  // keys are twice as far apart
+                                const std::filesystem::path& name, int gap) {
     const Difference difference(without, with);
     std::vector<Layer> layers;
-    for (const Box& box : difference.boxes(within_a_word))
+    for (const Box& box : difference.boxes(gap))
         layers.push_back(difference.write(box, name.string() + std::to_string(layers.size()) + ".png"));
     return layers;
 }

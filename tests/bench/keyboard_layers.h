@@ -18,10 +18,10 @@ struct Size {
 Size size_of(const std::filesystem::path& png);
 
 /// Writes what the second picture shows and the first does not: a file for each part of it that stands by
-/// itself, transparent where the pictures are alike. The pictures are equally large. `name` begins the files'
-/// names.
+/// itself, transparent where the pictures are alike. What is no farther apart than `gap` pixels is one part.
+/// The pictures are equally large. `name` begins the files' names.
 std::vector<Layer> write_layers(const std::filesystem::path& without, const std::filesystem::path& with,
-                                const std::filesystem::path& name);
+                                const std::filesystem::path& name, int gap);
 
 /// Whether every pixel is the same.
 bool look_alike(const std::filesystem::path& a, const std::filesystem::path& b);

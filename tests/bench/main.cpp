@@ -57,6 +57,7 @@ int main() {
     bench::measure_startup(ratios);
     bench::measure_backdrops(ratios);
     bench::measure_keyboard_pictures(ratios);
+    bench::measure_command(ratios);
 
     test::Phone phone;
     test::arrange_theme(phone);

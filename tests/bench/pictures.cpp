@@ -3,53 +3,20 @@
 // The layers are what the simulator's own pictures differ in: the page with the keyboard's background, then a
 // file for each key cap, label and glyph. ImageMagick reads them and lays them over each other, where the
 // simulator has a system to boot and a keyboard to lay out; both write the same pixels as PNG.
-#include <spawn.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <chrono>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "check.h"
 #include "keyboard_layers.h"
+#include "process.h"
 #include "ratio.h"
 #include "support/themes.h"
 #include "timing.h"
 
-extern char** environ;
-
 namespace bench {
 
 namespace {
-
-using Command = std::vector<std::string>;
-
-struct Spent {
-    double wall, processor;
-};
-
-double seconds(const timeval& time) {
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
-}
-
-/// Runs the command to its end.
-Spent run(const Command& command) {
-    std::vector<char*> arguments;
-    for (const std::string& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
-    arguments.push_back(nullptr);
-    const auto begin = std::chrono::steady_clock::now();
-    pid_t child = 0;
-    const bool started = posix_spawnp(&child, arguments[0], nullptr, nullptr, arguments.data(), environ) == 0;
-    check(started, (command[0] + " can be started: ./dev bench installs what is needed").c_str());
-    int status = 0;
-    rusage usage{};
-    check(wait4(child, &status, 0, &usage) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0,
-          (command[0] + " ends well").c_str());
-    const std::chrono::duration<double> wall = std::chrono::steady_clock::now() - begin;
-    return {wall.count(), seconds(usage.ru_utime) + seconds(usage.ru_stime)};
-}
 
 /// A phone's folder, with a theme that shows key caps and labels or not. It is never booted here.
 class Look {
@@ -77,32 +44,18 @@ class Look {
     test::Phone phone_;
 };
 
-// By the name of its own: other programs may be called "convert".
-constexpr const char* image_magick = "convert-im6.q16";
-
-Command compose(const std::filesystem::path& background, const std::vector<Layer>& layers,
-                const Command& options, const std::filesystem::path& picture) {
-    Command command{image_magick, background.string()};
-    for (const Layer& layer : layers)
-        command.insert(command.end(),
-                       {layer.file.string(), "-geometry",
-                        "+" + std::to_string(layer.left) + "+" + std::to_string(layer.top), "-composite"});
-    command.insert(command.end(), options.begin(), options.end());
-    command.push_back(picture.string());
-    return command;
-}
-
 }  // namespace
 
 void measure_keyboard_pictures(std::vector<Ratio>& ratios) {
     const Look background(false, false), with_caps(true, false), whole(true, true);
     for (const Look* look : {&background, &with_caps, &whole}) run(look->command());
-    std::vector<Layer> layers = write_layers(background.picture(), with_caps.picture(), whole.beside("cap"));
-    const auto labels = write_layers(with_caps.picture(), whole.picture(), whole.beside("label"));
+    constexpr int within_a_word = 6;  // keys are twice as far apart
+    std::vector<Layer> layers =
+        write_layers(background.picture(), with_caps.picture(), whole.beside("cap"), within_a_word);
+    const auto labels =
+        write_layers(with_caps.picture(), whole.picture(), whole.beside("label"), within_a_word);
     layers.insert(layers.end(), labels.begin(), labels.end());
 
-    // The simulator's PNG is quick rather than small: ImageMagick is told to do the same.
-    const Command quick{"-define", "png:compression-level=3", "-define", "png:compression-filter=0"};
     const std::filesystem::path composed = whole.beside("composed.png");
     Command only_boots = whole.command();
     only_boots.pop_back();
@@ -111,7 +64,7 @@ void measure_keyboard_pictures(std::vector<Ratio>& ratios) {
         std::vector<double> wall = {}, processor = {};
     };
     Way simulator{whole.command()}, boots{only_boots},
-        composes{compose(background.picture(), layers, quick, composed)},
+        composes{compose(background.picture(), layers, quick_png, composed)},
         composes_small{compose(background.picture(), layers, {}, composed)};
     for (const Way* way : {&composes, &composes_small}) {
         run(way->command);

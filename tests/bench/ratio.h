@@ -35,6 +35,7 @@ struct Ratio {
 void measure_startup(std::vector<Ratio>&);
 void measure_backdrops(std::vector<Ratio>&);
 void measure_keyboard_pictures(std::vector<Ratio>&);
+void measure_command(std::vector<Ratio>&);
 
 void measure_colours(std::vector<Ratio>&);
 void measure_hooks(std::vector<Ratio>&);

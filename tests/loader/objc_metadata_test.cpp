@@ -15,6 +15,8 @@ using loader_test::Draft;
 using loader_test::message_of;
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::StrEq;
+using testing::UnorderedElementsAre;
 
 // What the metadata points to is found in the file at the address that it is to be rebased from.
 class ObjcMetadataTest : public testing::Test {
@@ -60,6 +62,7 @@ TEST_F(ObjcMetadataTest, IsReadWhole) {
     EXPECT_EQ(base.protocols.size(), 2u);
     EXPECT_STREQ(metadata.classes[1].name, "LTDerived");
     EXPECT_TRUE(metadata.classes[1].superclass_in_image);
+    EXPECT_THAT(metadata.protocols, UnorderedElementsAre(StrEq("LTNamed"), StrEq("LTDrawing")));
 }
 
 TEST_F(ObjcMetadataTest, AListOfClassesWithAnOddSizeIsRefused) {
@@ -274,6 +277,11 @@ TEST_F(ObjcMetadataTest, AReferenceToWhatIsNoClassIsRefused) {
 TEST_F(ObjcMetadataTest, ASuperReferenceToWhatIsNoClassIsRefused) {
     draft.set64(draft.content("__objc_superrefs"), kOutside);
     EXPECT_EQ(refusal(), "section __objc_superrefs refers to what is no class (found 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, AListedProtocolOutsideTheImageIsRefused) {
+    draft.set64(draft.content("__objc_protolist"), kOutside);
+    EXPECT_EQ(refusal(), "a protocol lies outside the image (found 24 bytes at 0x7000000)");
 }
 
 TEST_F(ObjcMetadataTest, AProtocolReferenceOutsideTheImageIsRefused) {

@@ -65,7 +65,7 @@ using namespace objc::definition;
 OBJC_CLASS(HCMeadow, NSObject, Meadow, ivar<"mown", &Meadow::Ivars::mown>,
            property<"name", &Meadow::Ivars::name>, property<"owner", &Meadow::Ivars::owner>,
            property<"area", &Meadow::Ivars::area>, ivar<"_state", &Meadow::Ivars::state>,
-           conforms<"NSCopying">, class_method<"version", &Meadow::version>,
+           conforms<"NSCopying">, conforms<"HCGrowing">, declares<"HCGrazing">, class_method<"version", &Meadow::version>,
            method<"initWithName:", &Meadow::initWithName>, method<"mown", &Meadow::mown>,
            method<"mix:b:c:d:e:", &Meadow::mix>, method<"notes", &Meadow::notes>,
            method<"description", &Meadow::description>)
@@ -171,6 +171,16 @@ TEST_F(SeamClass, ClassMethodsAndTheirSuperSendsWork) {
 
 TEST_F(SeamClass, ConformsToItsProtocols) {
     EXPECT_TRUE(class_conformsToProtocol(objc_getClass("HCMeadow"), objc_getProtocol("NSCopying")));
+}
+
+TEST_F(SeamClass, AProtocolThatTheSystemLacksIsMade) {
+    ASSERT_NE(objc_getProtocol("HCGrowing"), nullptr);
+    EXPECT_TRUE(class_conformsToProtocol(objc_getClass("HCMeadow"), objc_getProtocol("HCGrowing")));
+}
+
+TEST_F(SeamClass, ADeclaredProtocolIsForOthers) {
+    ASSERT_NE(objc_getProtocol("HCGrazing"), nullptr);
+    EXPECT_FALSE(class_conformsToProtocol(objc_getClass("HCMeadow"), objc_getProtocol("HCGrazing")));
 }
 
 TEST_F(SeamClass, NilAnswersZeroOfEveryKind) {

@@ -1,5 +1,13 @@
 // huecraft preview and huecraft gallery.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <charconv>
+#include <csignal>
+#include <future>
+#include <thread>
 
 #include "command_run.h"
 #include "png.h"
@@ -14,6 +22,44 @@ size_t count(const std::string& text, const std::string& part) {
     size_t found = 0;
     for (size_t at = 0; (at = text.find(part, at)) != text.npos; at += part.size()) ++found;
     return found;
+}
+
+std::string decoded(std::string_view base64) {
+    constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string bytes;
+    unsigned bits = 0;
+    int count = 0;
+    for (char digit : base64.substr(0, base64.find('='))) {
+        bits = bits << 6 | static_cast<unsigned>(digits.find(digit));
+        if ((count += 6) >= 8) bytes += static_cast<char>(bits >> (count -= 8) & 255);
+    }
+    return bytes;
+}
+
+/// The pictures on a page as files: of each theme the preview and then the keyboard.
+std::vector<std::string> pictures_in(const std::string& page) {
+    constexpr std::string_view mark = "base64,";
+    std::vector<std::string> pictures;
+    for (size_t at = 0; (at = page.find(mark, at)) != page.npos;) {
+        at += mark.size();
+        pictures.push_back(decoded(std::string_view(page).substr(at, page.find('"', at) - at)));
+    }
+    return pictures;
+}
+
+/// The process that has the pipe open, other than this one.
+pid_t reader_of(const std::filesystem::path& pipe) {
+    namespace fs = std::filesystem;
+    std::error_code ignored;
+    for (const auto& process : fs::directory_iterator("/proc")) {
+        const std::string name = process.path().filename();
+        pid_t number = 0;
+        std::from_chars(name.data(), name.data() + name.size(), number);
+        if (number <= 0 || number == getpid()) continue;
+        for (const auto& descriptor : fs::directory_iterator(process.path() / "fd", ignored))
+            if (fs::read_symlink(descriptor, ignored) == pipe) return number;
+    }
+    return 0;
 }
 
 TEST_F(Preview, ShowsLabelsAndBackgroundInTheThemesColours) {
@@ -59,15 +105,101 @@ TEST_F(Gallery, EachThemeIsShownInItsOwnColours) {
     ASSERT_EQ(run({"new", "Red", "--flat", "FF0000"}).status, 0);
     ASSERT_EQ(run({"new", "Blue", "--flat", "0000FF"}).status, 0);
     ASSERT_EQ(run({"gallery", "Red.plist", "Blue.plist", "Red.plist", "-o", "g.html"}).status, 0);
-    const std::string page = read("g.html");
-    std::vector<std::string> pictures;
-    for (size_t at = 0; (at = page.find("base64,", at)) != page.npos; at += 7)
-        pictures.push_back(page.substr(at, page.find('"', at) - at));
+    const std::vector<std::string> pictures = pictures_in(read("g.html"));
     ASSERT_EQ(pictures.size(), 6u);
     EXPECT_EQ(pictures[0], pictures[4]);
     EXPECT_EQ(pictures[1], pictures[5]);
     EXPECT_NE(pictures[0], pictures[2]);
     EXPECT_NE(pictures[1], pictures[3]);
+}
+
+TEST_F(Gallery, PicturesAreThoseOfKeyboardAndPreviewWhateverWasDrawnBefore) {
+    const std::string picture = BUILD_FOLDER "/share/huecraft/themes/Dusk.png";
+    using Options = std::vector<std::string>;
+    const std::vector<Options> kinds{
+        {"--flat", "102030"},
+        {"--gradient", "FF8040,2040FF", "--direction", "5"},
+        {"--image", picture, "--alpha", "0.4"},
+        {"--image", picture},
+        {"--flat", "FFFFFF80"},
+        {"--gradient", "FF804060,2040FF", "--direction", "4"},
+    };
+    std::vector<std::string> files;
+    for (const Options& kind : kinds)
+        for (bool caps : {false, true}) {
+            const std::string name = "Kind" + std::to_string(files.size());
+            Options arguments{"new", name, "--text", std::to_string(200000 + 40000 * files.size())};
+            arguments.insert(arguments.end(), kind.begin(), kind.end());
+            if (caps) arguments.push_back("--caps");
+            const Outcome made = run(arguments);
+            ASSERT_EQ(made.status, 0) << made.err;
+            files.push_back(name + ".plist");
+        }
+    write("None.plist", theme_file("<key>_BackgroundType</key><integer>0</integer>"
+                                   "<key>_TextColor</key><string>#A03010</string>"));
+    files.push_back("None.plist");
+    std::vector<std::string> alone;
+    for (const std::string& file : files)
+        for (const char* subcommand : {"preview", "keyboard"}) {
+            ASSERT_EQ(run({subcommand, file, "-o", "one.png", "--scale", "1"}).status, 0);
+            alone.push_back(read("one.png"));
+        }
+
+    // Every theme twice: no worker draws two of a kind one after the other, and each draws some of all.
+    for (bool backwards : {false, true}) {
+        std::vector<size_t> order;
+        for (size_t i = 0; i < 2 * files.size(); ++i) order.push_back(i % files.size());
+        if (backwards) std::ranges::reverse(order);
+        std::vector<std::string> arguments{"gallery", "-o", "g.html"};
+        for (size_t number : order) arguments.push_back(files[number]);
+        ASSERT_EQ(run(arguments).status, 0);
+        const std::vector<std::string> pictures = pictures_in(read("g.html"));
+        ASSERT_EQ(pictures.size(), 2 * order.size());
+        for (size_t i = 0; i < order.size(); ++i) {
+            EXPECT_TRUE(pictures[2 * i] == alone[2 * order[i]]) << "the preview of " << files[order[i]];
+            EXPECT_TRUE(pictures[2 * i + 1] == alone[2 * order[i] + 1])
+                << "the keyboard of " << files[order[i]];
+        }
+    }
+}
+
+TEST_F(Gallery, AThemeAtWhichItsPhoneStopsCostsNoOther) {
+    // All workers come to a pipe at first, and wait there for contents.
+    const size_t workers = std::max(1u, std::thread::hardware_concurrency());
+    std::vector<std::string> arguments{"gallery", "-o", "g.html"}, complaints;
+    for (size_t i = 0; i < workers; ++i) {
+        const std::string name = "stuck" + std::to_string(i) + ".plist";
+        ASSERT_EQ(mkfifo(path(name).c_str(), 0600), 0);
+        arguments.push_back(name);
+        complaints.push_back("huecraft: " + name + ": the simulated phone stopped: Killed\n");
+    }
+    ASSERT_EQ(run({"new", "Sound", "--flat", "102030"}).status, 0);
+    ASSERT_EQ(run({"new", "Capped", "--flat", "302010", "--caps"}).status, 0);
+    for (const char* name : {"Sound.plist", "Capped.plist", "Sound.plist"}) arguments.push_back(name);
+
+    auto running = std::async(std::launch::async, [&] { return this->run(arguments); });
+    for (size_t i = 0; i < workers; ++i) {
+        const auto pipe = path("stuck" + std::to_string(i) + ".plist");
+        const int writing = open(pipe.c_str(), O_WRONLY);  // waits for the reader
+        const pid_t worker = reader_of(pipe);
+        EXPECT_GT(worker, 0);
+        if (worker > 0) kill(worker, SIGKILL);
+        close(writing);
+    }
+    const Outcome outcome = running.get();
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(lines(outcome.err), workers) << outcome.err;
+    for (const std::string& complaint : complaints)
+        EXPECT_NE(outcome.err.find(complaint), outcome.err.npos) << complaint << outcome.err;
+    EXPECT_EQ(outcome.out, "g.html shows 3 themes\n");
+    EXPECT_EQ(pictures_in(read("g.html")).size(), 6u);
+}
+
+TEST_F(Gallery, AThemeWithVisibleCapsFromStandardInputIsReadOnce) {
+    ASSERT_EQ(run({"new", "Capped", "--flat", "302010", "--caps"}).status, 0);
+    const Outcome outcome = run({"gallery", "-", "-o", "g.html"}, read("Capped.plist"));
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.out, "g.html shows 1 theme\n");
 }
 
 TEST_F(Gallery, WhatCannotBeUsedIsNamedAndLeftOut) {

@@ -8,13 +8,12 @@
 #include <fstream>
 
 #include "files.h"
-#include "model/HCPreferences.h"
-#include "objc/instance_variable.h"
 #include "platform/keyboard.h"
 #include "support/phone.h"
 #include "support/pictures.h"
 #include "support/text.h"
 #include "support/theme_choice.h"
+#include "theme.h"
 
 namespace command {
 namespace {
@@ -81,12 +80,6 @@ sim_keyboard plain_keyboard() {
     keyboard.size = sizeof keyboard;
     keyboard.background = "light";
     return keyboard;
-}
-
-void wear(HuecraftConfig* config) {
-    auto& worn = objc::instance_variable<HuecraftConfig>(HCPreferences::sharedInstance(), "configCache");
-    objc::strong<HuecraftConfig>::adopt(worn);
-    worn = objc::strong<HuecraftConfig>(config).leak();
 }
 
 /// A keyboard of a phone that loads the library with or without visible caps, over black or white.

@@ -1,11 +1,10 @@
 // huecraft gallery: a page with the preview and the keyboard of many themes.
-#include <unistd.h>
+#include <malloc.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <thread>
+#include <numeric>
+#include <utility>
 
 #include "command_line.h"
 #include "files.h"
@@ -13,34 +12,29 @@
 #include "keyboard_picture.h"
 #include "support/phone.h"
 #include "support/text.h"
+#include "support/theme_choice.h"
 #include "terminal.h"
 #include "theme.h"
 #include "value.h"
+#include "worker_pool.h"
 
 namespace command {
 namespace {
 
 constexpr double picture_scale = 1;
 
-/// Where the pictures of the theme of a number lie until they are on the page.
-struct Drawn {
-    std::filesystem::path preview, keyboard, name;
+/// What a worker tells of a theme.
+enum class Answer { drawn, unusable, other_caps };
 
-    Drawn(const Workshop& workshop, size_t number)
-        : preview(workshop.scratch(std::to_string(number) + "-preview.png")),
-          keyboard(workshop.scratch(std::to_string(number) + "-keyboard.png")),
-          name(workshop.scratch(std::to_string(number) + "-name")) {}
+/// Where a theme's piece of the page lies until all are there.
+std::filesystem::path piece_of(const Workshop& workshop, size_t number) {
+    return workshop.scratch(std::to_string(number) + ".html");
+}
 
-    void remove() const {
-        for (const auto& file : {preview, keyboard, name}) std::filesystem::remove(file);
-    }
-};
-
-/// What a worker tells when a theme is done.
-struct Message {
-    size_t number;
-    Status status;
-};
+/// Where a theme lies that waits for the other workers. It may have come from a pipe, which is read once.
+std::filesystem::path put_aside(const Workshop& workshop, size_t number) {
+    return workshop.scratch(std::to_string(number) + ".plist");
+}
 
 struct Gallery {
     std::vector<std::string> files;
@@ -51,9 +45,8 @@ struct Gallery {
         return in_workshop([this](const Workshop& workshop) {
             Output{output};  // before the work, which would be lost without a place for it
             std::vector<Status> ends(files.size(), Status::unusable);
-            draw_all(workshop, ends);
+            Status all = draw_all(workshop, ends);
             write(workshop, ends);
-            Status all = Status::fine;
             for (Status one : ends) note(all, one);
             report(ends);
             return all;
@@ -61,60 +54,86 @@ struct Gallery {
     }
 
   private:
-    /// As many workers as processors, each with a phone of its own that is switched on once.
-    void draw_all(const Workshop& workshop, std::vector<Status>& ends) const {
-        int ends_of_pipe[2];
-        if (pipe(ends_of_pipe) != 0) throw Unusable("a pipe", std::strerror(errno));
-        const auto [reading, writing] = ends_of_pipe;
-        const size_t workers =
-            std::min<size_t>(files.size(), std::max(1u, std::thread::hardware_concurrency()));
-        std::vector<pid_t> children;
-        for (size_t worker = 0; worker < workers; ++worker)
-            children.push_back(start_child([&, worker] {
-                close(reading);
-                work(workshop, worker, workers, writing);
-                return Status::fine;
-            }));
-        close(writing);
+    /// The phone is switched on here, and every worker is a copy of it that loads the library. Which hooks
+    /// the library installs depends on the key caps, so there are workers for themes without visible caps
+    /// first, and then, if themes are left, others for those.
+    Status draw_all(const Workshop& workshop, std::vector<Status>& ends) const {
+        workshop.install_settings_pictures();
+        tools::boot(workshop.device, tools::notes);
         Progress progress("drawing", files.size());
-        size_t done = 0;
-        for (Message message; read(reading, &message, sizeof message) == sizeof message;) {
-            ends.at(message.number) = message.status;
-            progress.advance_to(++done);
+        size_t known = 0;
+        Status status = Status::fine;
+        std::deque<size_t> waiting(files.size());
+        std::iota(waiting.begin(), waiting.end(), size_t{0});
+        for (bool caps : {false, true}) {
+            std::deque<size_t> others;
+            SharedWork work;
+            work.begin = begin_to_draw;
+            work.piece = [&](size_t number) { return static_cast<int>(answer_for(number, workshop, caps)); };
+            work.done = [&](size_t number, int answer) {
+                const auto end = static_cast<Answer>(answer);
+                if (end == Answer::other_caps) return others.push_back(number);
+                if (end == Answer::drawn) ends.at(number) = Status::fine;
+                progress.advance_to(++known);
+            };
+            work.lost = [&](size_t number, const std::string& how) {
+                complain(files[number], how);
+                progress.advance_to(++known);
+            };
+            choose_caps(workshop, caps);
+            note(status, share_out(std::exchange(waiting, {}), work));
+            waiting = std::move(others);
         }
-        close(reading);
-        for (pid_t child : children) end_of_child(child);
+        return status;
     }
 
-    /// Every theme in a process that begins with the phone switched on: the library reads its theme once,
-    /// when it is loaded, and what a theme takes of memory goes with its process.
-    void work(const Workshop& workshop, size_t first, size_t step, int writing) const {
-        const Workshop own = workshop.another("device-" + std::to_string(first));
-        own.install_settings_pictures();
-        tools::boot(own.device, tools::notes);
-        for (size_t number = first; number < files.size(); number += step) {
-            const Status status = in_child([&] {
-                draw(files[number], own, Drawn(workshop, number));
-                return Status::fine;
-            });
-            const Message message{number, status};
-            if (write_message(writing, message)) return;
+    static void begin_to_draw() {
+        // What a theme's pictures took is kept for the next one's, which are as large.
+        constexpr int kept = 64 << 20;
+        mallopt(M_MMAP_THRESHOLD, kept);
+        mallopt(M_TRIM_THRESHOLD, kept);
+        tools::load(library());
+    }
+
+    /// Names a theme of which nothing but its key caps is ever shown.
+    static void choose_caps(const Workshop& workshop, bool caps) {
+        objc::AutoreleasePool pool;
+        workshop.place_theme("caps.plist",
+                             std::string("<plist version=\"1.0\"><dict><key>_VisibleKeycaps</key>") +
+                                 (caps ? "<true/>" : "<false/>") + "</dict></plist>");
+        tools::choose_theme("caps.plist");
+    }
+
+    Answer answer_for(size_t number, const Workshop& workshop, bool caps) const {
+        try {
+            return draw(number, workshop, caps);
+        } catch (const Unusable& unusable) {
+            complain(unusable.file(), unusable.what());
+        } catch (const std::exception& failure) {
+            complain(files[number], failure.what());
         }
+        return Answer::unusable;
     }
 
-    /// True when nobody listens any more.
-    static bool write_message(int writing, const Message& message) {
-        return ::write(writing, &message, sizeof message) != sizeof message;
-    }
-
-    static void draw(const std::string& file, const Workshop& own, const Drawn& drawn) {
-        put_on_theme(own, file);
-        write_output(drawn.preview, preview_picture(own, file, picture_scale));
+    Answer draw(size_t number, const Workshop& workshop, bool caps) const {
+        objc::AutoreleasePool pool;
+        const std::string& file = files[number];
+        const auto aside = put_aside(workshop, number);
+        const std::string contents = read_input(std::filesystem::exists(aside) ? aside.string() : file);
+        const LoadedTheme theme = load_theme(workshop, file, contents);
+        if (theme.config->getVisibleKeycaps() != caps) {
+            write_output(aside, contents);
+            return Answer::other_caps;
+        }
+        const std::string preview = preview_picture(workshop, theme.config, picture_scale);
+        wear(theme.config);
         sim_keyboard keyboard{};
         keyboard.size = sizeof keyboard;
-        write_output(drawn.keyboard, keyboard_picture(own, keyboard, picture_scale));
-        objc::AutoreleasePool pool;
-        write_output(drawn.name, tools::utf8(load_theme(own, file).config->getConfigName()));
+        write_output(piece_of(workshop, number),
+                     gallery_piece({file, tools::utf8(theme.config->getConfigName()), preview,
+                                    keyboard_picture(workshop, keyboard, picture_scale)}));
+        std::filesystem::remove(aside);
+        return Answer::drawn;
     }
 
     void write(const Workshop& workshop, const std::vector<Status>& ends) const {
@@ -122,10 +141,9 @@ struct Gallery {
         page.write(gallery_head(static_cast<size_t>(std::ranges::count(ends, Status::fine))));
         for (size_t number = 0; number < files.size(); ++number) {
             if (ends[number] != Status::fine) continue;
-            const Drawn drawn(workshop, number);
-            page.write(gallery_piece({files[number], read_input(drawn.name), read_input(drawn.preview),
-                                      read_input(drawn.keyboard)}));
-            drawn.remove();
+            const auto piece = piece_of(workshop, number);
+            page.write(read_input(piece));
+            std::filesystem::remove(piece);
         }
         page.write(gallery_end());
         page.finish();

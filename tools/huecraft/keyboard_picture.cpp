@@ -12,8 +12,7 @@
 namespace command {
 
 void put_on_theme(const Workshop& workshop, const std::string& file) {
-    // By process: several may draw at once.
-    const std::string name = "worn-" + std::to_string(getpid()) + ".plist";
+    const std::string name = "worn.plist";
     workshop.place_theme(name, read_input(file));
     objc::AutoreleasePool pool;
     tools::choose_theme(name);
@@ -40,10 +39,9 @@ std::string keyboard_picture(const Workshop& workshop, const sim_keyboard& keybo
     return taken(picture);
 }
 
-std::string preview_picture(const Workshop& workshop, const std::string& file, double scale) {
+std::string preview_picture(const Workshop& workshop, HuecraftConfig* theme, double scale) {
     objc::AutoreleasePool pool;
-    const LoadedTheme theme = load_theme(workshop, file);
-    UIView* preview = HCPreview::sharedInstance()->viewForConfig(theme.config);
+    UIView* preview = HCPreview::sharedInstance()->viewForConfig(theme);
     preview->setFrame({{0, 0}, HCPreview::keyboardPortraitSize()});
     const auto picture = workshop.scratch("preview-" + std::to_string(getpid()) + ".png");
     tools::require(sim_take_picture_of(preview, picture.c_str(), scale), "the preview");

@@ -2,6 +2,7 @@
 #pragma once
 #include <string>
 
+#include "model/HuecraftConfig.h"
 #include "simulator.h"
 #include "workshop.h"
 
@@ -16,8 +17,7 @@ void put_on_theme(const Workshop& workshop, const std::string& file);
 std::string keyboard_picture(const Workshop& workshop, const sim_keyboard& keyboard, double scale);
 
 /// The preview of the theme as PNG, drawn by the library. The scale is in pixels per point, 0 is the
-/// screen's. The phone has the pictures of the settings pane, and the library. Throws Unusable for what is no
-/// theme.
-std::string preview_picture(const Workshop& workshop, const std::string& file, double scale);
+/// screen's. The phone has the pictures of the settings pane, and the library.
+std::string preview_picture(const Workshop& workshop, HuecraftConfig* theme, double scale);
 
 }  // namespace command

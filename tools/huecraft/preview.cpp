@@ -6,6 +6,7 @@
 #include "keyboard_picture.h"
 #include "support/phone.h"
 #include "terminal.h"
+#include "theme.h"
 #include "value.h"
 
 namespace command {
@@ -21,7 +22,7 @@ struct Preview {
             workshop.install_settings_pictures();
             tools::boot(workshop.device, tools::settings);
             tools::load(library());
-            write_output(output, preview_picture(workshop, file, scale));
+            write_output(output, preview_picture(workshop, load_theme(workshop, file).config, scale));
             if (json && output != "-")
                 std::fputs(printed({{"theme", file}, {"picture", output}}).c_str(), stdout);
             return Status::fine;

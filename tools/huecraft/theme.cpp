@@ -1,12 +1,16 @@
 // Themes as the library has them.
 #include "theme.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <chrono>
 
 #include "files.h"
+#include "model/HCPreferences.h"
 #include "objc/exception.h"
 #include "objc/fast_enumeration.h"
+#include "objc/instance_variable.h"
 #include "support/text.h"
 #include "terminal.h"
 
@@ -72,14 +76,19 @@ std::vector<std::string> LoadedTheme::unknown_keys() const {
 }
 
 LoadedTheme load_theme(const Workshop& workshop, const std::string& file) {
-    const std::string contents = read_input(file);
-    workshop.place_theme("theme.plist", contents);
+    return load_theme(workshop, file, read_input(file));
+}
+
+LoadedTheme load_theme(const Workshop& workshop, const std::string& file, const std::string& contents) {
+    // By process: several may share a phone's folder.
+    const std::string name = "theme-" + std::to_string(getpid()) + ".plist";
+    workshop.place_theme(name, contents);
     LoadedTheme theme;
     theme.bytes = contents.size();
     NSError* error = nullptr;
     const auto start = std::chrono::steady_clock::now();
-    id raised = objc::caught(
-        [&] { theme.config = HuecraftConfig::alloc()->initWithFilename(text("theme.plist"), &error); });
+    id raised =
+        objc::caught([&] { theme.config = HuecraftConfig::alloc()->initWithFilename(text(name), &error); });
     theme.milliseconds =
         std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
     if (raised || !theme.config) throw Unusable(file, reason_of(error));
@@ -88,6 +97,12 @@ LoadedTheme load_theme(const Workshop& workshop, const std::string& file) {
     if (!any_known)
         throw Unusable(file, "it is a property list, but no theme: it has none of a theme's keys");
     return theme;
+}
+
+void wear(HuecraftConfig* config) {
+    auto& worn = objc::instance_variable<HuecraftConfig>(HCPreferences::sharedInstance(), "configCache");
+    objc::strong<HuecraftConfig>::adopt(worn);
+    worn = objc::strong<HuecraftConfig>(config).leak();
 }
 
 }  // namespace command

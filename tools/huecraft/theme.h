@@ -49,5 +49,11 @@ struct LoadedTheme {
 
 /// Needs a phone that is on, with the library. Throws Unusable for what is no theme.
 LoadedTheme load_theme(const Workshop& workshop, const std::string& file);
+/// The same of a file that has been read.
+LoadedTheme load_theme(const Workshop& workshop, const std::string& file, const std::string& contents);
+
+/// Puts the theme in force in a process that has the library with theming on: what is shown from now on wears
+/// it. Whether key caps are visible, which is settled when the library is loaded, stays.
+void wear(HuecraftConfig* config);
 
 }  // namespace command

@@ -122,12 +122,6 @@ void Workshop::furnish() const {
     fs::create_directories(device / "tmp");
 }
 
-Workshop Workshop::another(const std::string& name) const {
-    const Workshop other{device.parent_path() / name};
-    other.furnish();
-    return other;
-}
-
 void Workshop::install_settings_pictures() const {
     const fs::path bundle = data_folder() / "Huecraft.bundle",
                    place = device / "Library" / "PreferenceBundles";
@@ -146,19 +140,18 @@ pid_t start_child(const std::function<Status()>& work) {
     return child;
 }
 
-Status end_of_child(pid_t child) {
+ChildEnd await_child(pid_t child) {
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
     if (WIFEXITED(status) && WEXITSTATUS(status) <= static_cast<int>(Status::unusable))
-        return static_cast<Status>(WEXITSTATUS(status));
+        return {static_cast<Status>(WEXITSTATUS(status)), {}};
     const int signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
     const bool was_told_to =
         signal == SIGINT || signal == SIGTERM || signal == SIGHUP || signal == SIGQUIT || signal == SIGPIPE;
-    if (!was_told_to)
-        std::fprintf(stderr, "huecraft: the simulated phone stopped%s\n",
-                     signal ? (std::string(": ") + strsignal(signal)).c_str() : "");
-    return Status::unusable;
+    if (was_told_to) return {Status::unusable, {}};
+    const std::string stopped = "the simulated phone stopped";
+    return {Status::unusable, signal ? stopped + ": " + strsignal(signal) : stopped};
 }
 
 Status in_child(const std::function<Status()>& work) {
@@ -167,7 +160,9 @@ Status in_child(const std::function<Status()>& work) {
         staying.leave();
         return work();
     });
-    return end_of_child(working_child);
+    const auto [status, stopped] = await_child(working_child);
+    if (!stopped.empty()) std::fprintf(stderr, "huecraft: %s\n", stopped.c_str());
+    return status;
 }
 
 Status in_workshop(const std::function<Status(const Workshop&)>& work) {

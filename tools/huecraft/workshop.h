@@ -22,8 +22,6 @@ struct Workshop {
 
     /// Puts a theme's file into the folder of themes, in place of one of that name.
     void place_theme(const std::string& name, const std::string& contents) const;
-    /// A phone of its own, in a folder beside this one's.
-    Workshop another(const std::string& name) const;
     /// Gives the phone the folders that the library expects.
     void furnish() const;
     /// Gives the phone the pictures of the settings pane.
@@ -43,6 +41,11 @@ Status in_child(const std::function<Status()>& work);
 
 /// The same in two steps, for several at once. A child that was started this way ends with its parent.
 pid_t start_child(const std::function<Status()>& work);
-Status end_of_child(pid_t child);
+struct ChildEnd {
+    Status status;
+    /// How it stopped before its end; empty for a child that came to it, or was told to end.
+    std::string stopped;
+};
+ChildEnd await_child(pid_t child);
 
 }  // namespace command

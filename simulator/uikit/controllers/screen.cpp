@@ -39,6 +39,8 @@ void show_on_screen(UIView* page) {
     shown()->setRootViewController(root);
 }
 
+void lay_out_screen() { shown()->layoutIfNeeded(); }
+
 UIViewController* presented_on_screen() {
     UIViewController* top = shown()->rootViewController();
     UIViewController* presented = nullptr;

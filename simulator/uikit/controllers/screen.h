@@ -11,6 +11,9 @@ UIWindow* screen_window();
 /// What was there is gone: it is told nothing but that its views leave their window.
 void show_on_screen(UIView* page);
 
+/// Lays out what is on the screen, as the device does before it shows anything.
+void lay_out_screen();
+
 /// The controller that was presented last and is still there; nil when none is.
 UIViewController* presented_on_screen();
 

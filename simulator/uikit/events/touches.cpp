@@ -3,9 +3,10 @@
 
 #include <memory>
 
-#include "uikit/clock/clock.h"
+#include "quartzcore/animation/clock.h"
 #include "uikit/controllers/screen.h"
 #include "uikit/events/UITouch.h"
+#include "uikit/scrolling/drag.h"
 
 namespace sim {
 namespace {
@@ -16,6 +17,9 @@ using objc::strong;
 struct Contact {
     strong<UITouch> touch;
     strong<UIEvent> event;
+    /// A scroll view follows the finger, and what was touched is told no more.
+    bool drags = false;
+    Drag drag;
 };
 
 /// Shared, since whatever is told of a touch may take the finger away.
@@ -58,6 +62,17 @@ void move(Contact& contact, UITouchPhase phase, CGPoint point) {
     state.timestamp = clock_now();
 }
 
+/// A finger that has gone far enough drags a scroll view; what it touched is told that the touch is over.
+void drag_if_wanted(Contact& contact) {
+    if (contact.drags || !contact.drag.wants_to_begin(contact.touch)) return;
+    auto& phase = static_cast<Touch*>(contact.touch.get())->ivars().phase;
+    contact.drags = true;
+    phase = UITouchPhaseCancelled;
+    tell(contact);
+    phase = UITouchPhaseMoved;
+    contact.drag.begin(contact.touch);
+}
+
 }  // namespace
 
 bool move_finger(UITouchPhase phase, CGPoint point, std::string& error) {
@@ -86,9 +101,16 @@ bool move_finger(UITouchPhase phase, CGPoint point, std::string& error) {
         move(*contact(), phase, point);
     const std::shared_ptr<Contact> told = contact();
     // Lifted first: whatever is told of the end may raise, or touch again.
-    if (phase == UITouchPhaseEnded || phase == UITouchPhaseCancelled) contact() = nullptr;
-    tell(*told);
-    if (UIWindow* shown = screen_window()) shown->layoutIfNeeded();
+    const bool is_last = phase == UITouchPhaseEnded || phase == UITouchPhaseCancelled;
+    if (is_last) contact() = nullptr;
+    if (phase == UITouchPhaseMoved) drag_if_wanted(*told);
+    if (!told->drags)
+        tell(*told);
+    else if (is_last)
+        told->drag.end();
+    else
+        told->drag.go_on(told->touch);
+    lay_out_screen();
     return true;
 }
 
@@ -96,7 +118,10 @@ void cancel_touch() {
     const auto lifted = std::move(contact());
     if (!lifted) return;
     static_cast<Touch*>(lifted->touch.get())->ivars().phase = UITouchPhaseCancelled;
-    tell(*lifted);
+    if (lifted->drags)
+        lifted->drag.end();
+    else
+        tell(*lifted);
 }
 
 }  // namespace sim

@@ -21,7 +21,7 @@ TextField* typed_into(std::string& error) {
 }
 
 bool done() {
-    if (UIWindow* window = screen_window()) window->layoutIfNeeded();
+    lay_out_screen();
     return true;
 }
 

@@ -7,6 +7,7 @@
 #include <tuple>
 #include <unordered_map>
 
+#include "platform/scrolling.h"
 #include "uikit/UIView.h"
 #include "uikit/autoresizing.h"
 #include "uikit/layout/layout_reports.h"
@@ -34,6 +35,9 @@ struct Node {
     size_t above;
     /// By axis.
     Stretch stretch[2];
+    /// A scroll view's edges are those of its content to what is inside; this is how long that is.
+    bool scrolls = false;
+    Expression content[2];
 };
 
 /// What is asked of the solver, and what is said when it cannot be met.
@@ -63,7 +67,10 @@ class LayoutSystem {
         mark_who_takes_part();
         if (!has_constraints()) return state_of(top_).reported.clear();
         for (Node& node : nodes_)
-            if (state_of(node.view).takes_part) place(node);
+            if (state_of(node.view).takes_part) {
+                place(node);
+                place_content(node);
+            }
         for (const Node& node : nodes_) demand_constraints(node.view);
         hold_demands();
         settle_the_rest();
@@ -76,7 +83,7 @@ class LayoutSystem {
 
     void list(UIView* view, size_t above) {
         const size_t here = nodes_.size();
-        nodes_.push_back({view, above, {}});
+        nodes_.push_back({view, above, {}, false, {}});
         places_[view] = here;
         for (UIView* subview : static_cast<View*>(view)->ivars().subviews) list(subview, here);
     }
@@ -124,6 +131,12 @@ class LayoutSystem {
                                     .turn = demands_.size(),
                                     .view = node.view,
                                     .what = ", which cannot be smaller than nothing"});
+    }
+
+    void place_content(Node& node) {
+        node.scrolls = as<UIScrollView>(node.view);
+        if (!node.scrolls) return;
+        for (Expression& length : node.content) length = variable(0);
     }
 
     Expression variable(double start) {
@@ -178,6 +191,11 @@ class LayoutSystem {
         const Node& node = nodes_[places_.at(view)];
         const auto& [across, down] = node.stretch;
         const Expression &left = holder.stretch[0].start, &top = holder.stretch[1].start;
+        if (node.scrolls && &node == &holder) {
+            if (attribute == NSLayoutAttributeRight || attribute == NSLayoutAttributeTrailing)
+                return node.content[0];
+            if (attribute == NSLayoutAttributeBottom) return node.content[1];
+        }
         switch (attribute) {
             case NSLayoutAttributeLeft:
             case NSLayoutAttributeLeading: return across.start - left;
@@ -247,7 +265,11 @@ class LayoutSystem {
         };
         for (Node& node : nodes_) {
             LayoutState& state = state_of(node.view);
-            if (!state.takes_part || state.translates_mask) continue;
+            if (!state.takes_part) continue;
+            if (node.scrolls)
+                for (const Expression& length : node.content)
+                    if (!solver_.is_determined(length)) settle(length);
+            if (state.translates_mask) continue;
             if (node.above == none) {
                 const CGSize size = node.view->bounds().size;
                 settle(node.stretch[0].length - size.width);

@@ -1,6 +1,7 @@
 // Pictures of the controls, as a person sees them.
 #include "picture.h"
 
+#include "platform/scrolling.h"
 #include "screen_test.h"
 
 namespace test {
@@ -95,6 +96,32 @@ TEST_F(ControlPictures, TextFields) {
     expect_looks("controls-text-field-selection");
     centred->becomeFirstResponder();
     expect_looks("controls-text-field-caret");
+}
+
+TEST_F(ControlPictures, AScrolledColumn) {
+    shrink(220, 160);
+    auto* scroll_view = add<UIScrollView>({{10, 10}, {200, 140}});
+    scroll_view->setBackgroundColor(color(0.93, 0.93, 0.93));
+    scroll_view->layer()->setCornerRadius(20);
+    auto stack = objc::adopt(
+        static_cast<UIStackView*>(UIStackView::alloc()->initWithFrame({{0, 0}, {200, 300}}).leak()));
+    stack->setAxis(UILayoutConstraintAxisVertical);
+    stack->setDistribution(UIStackViewDistributionEqualSpacing);
+    stack->setAlignment(UIStackViewAlignmentCenter);
+    for (int i = 0; i < 5; ++i) {
+        auto bar = UIView::alloc()->init();
+        bar->setBackgroundColor(color(0.2 * i, 0.4, 1 - 0.2 * i));
+        bar->widthAnchor()->constraintEqualToConstant(60 + 20 * i)->setActive(true);
+        bar->heightAnchor()->constraintEqualToConstant(30)->setActive(true);
+        stack->addArrangedSubview(bar);
+    }
+    scroll_view->addSubview(stack);
+    scroll_view->setContentSize({200, 300});
+    press(100, 120);
+    move(100, 100);
+    move(100, 40);
+    lift(100, 40);
+    expect_looks("controls-scrolled-column");
 }
 
 }  // namespace

@@ -50,6 +50,15 @@ TEST_F(BackdropLayer, BlursWhatLiesBehindItWithinItsBounds) {
     EXPECT_GT(picture.at(edge + 30, 100).red, picture.at(edge + 10, 100).red);
 }
 
+TEST_F(BackdropLayer, BlursASpotInItsLastCornerOnAPageThatIsElseEven) {
+    page = view_with({{0, 0}, {side, side}}, UIColor::blackColor());
+    page->addSubview(view_with({{side - 1, 149}, {1, 1}}, UIColor::whiteColor()));
+    page->addSubview(pane);
+    auto backdrop = add_backdrop();
+    const Pixel plain = photographed(page).at(0, 60), near_the_spot = photographed(page).at(side - 3, 147);
+    EXPECT_GT(near_the_spot.red, plain.red);
+}
+
 TEST_F(BackdropLayer, IsLightAndTranslucent) {
     add_backdrop();
     const Picture picture = photographed(page);

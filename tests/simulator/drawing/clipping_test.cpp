@@ -1,4 +1,6 @@
 // Clipping: rectangles, paths and masks.
+#include <cmath>
+
 #include "drawing_test.h"
 
 namespace test {
@@ -97,6 +99,31 @@ TEST_F(Clipping, MasksMultiply) {
         fill(color(1, 1, 1), {{0, 0}, {1, 1}});
     }));
     EXPECT_TRUE(near(picture.at(0, 0), {64, 64, 64, 64}));
+}
+
+TEST_F(Clipping, AMaskMixesAColourIntoWhatIsThere) {
+    for (bool in_layer : {false, true})
+        for (double alpha : {1.0, 0.5}) {
+            const Picture picture(drawn({4, 1}, 1, [&](CGContextRef context) {
+                fill(color(0, 0, 1), {{0, 0}, {4, 1}});
+                CGContextClipToRect(context, {{1, 0}, {3, 1}});
+                if (in_layer) CGContextBeginTransparencyLayer(context, nullptr);
+                fill(color(0, 1, 0), {{0, 0}, {4, 1}});
+                // The right half of the row, to three quarters.
+                UIImage* right = drawn({4, 1}, 1, [](CGContextRef) {
+                    fill(UIColor::colorWithWhite(0, 0.75), {{2, 0}, {2, 1}});
+                });
+                CGContextClipToMask(context, {{0, 0}, {4, 1}}, right->CGImage());
+                fill(color(1, 0, 0, alpha), {{0, 0}, {3, 1}});
+                if (in_layer) CGContextEndTransparencyLayer(context);
+            }));
+            const auto share = static_cast<uint8_t>(std::lround(255 * 0.75 * alpha));
+            const auto rest = static_cast<uint8_t>(255 - share);
+            EXPECT_EQ(picture.at(0, 0), blue);
+            EXPECT_EQ(picture.at(1, 0), green);
+            EXPECT_TRUE(near(picture.at(2, 0), {share, rest, 0, 255}));
+            EXPECT_EQ(picture.at(3, 0), green);
+        }
 }
 
 TEST_F(Clipping, AMaskEndsWithItsState) {

@@ -1,4 +1,5 @@
 // Images drawn into contexts: which way up, how they are scaled, what they are mixed with.
+#include <cmath>
 #include <cstring>
 
 #include "drawing_test.h"
@@ -128,6 +129,20 @@ TEST_F(ImageDrawing, EachPixelOfASmallerPictureIsTheMeanOfItsArea) {
     const Picture small = shrunk(image, {3, 4});
     for (size_t y = 0; y < 4; ++y)
         for (size_t x = 0; x < 3; ++x) expect_near(small.at(x, y), mean_of(image, x * 20, y * 10, 20, 10));
+}
+
+TEST_F(ImageDrawing, APictureOfHalfTheSizeIsTheMeanOfFourPixelsToNearest) {
+    UIImage* image = noise(62, 40, true);
+    const Picture small = shrunk(image, {31, 20});
+    for (size_t y = 0; y < 20; ++y)
+        for (size_t x = 0; x < 31; ++x) {
+            const Mean mean = mean_of(image, 2 * x, 2 * y, 2, 2);
+            const Pixel pixel = small.at(x, y);
+            EXPECT_EQ(pixel.red, std::floor(mean.red + 0.5));
+            EXPECT_EQ(pixel.green, std::floor(mean.green + 0.5));
+            EXPECT_EQ(pixel.blue, std::floor(mean.blue + 0.5));
+            EXPECT_EQ(pixel.alpha, std::floor(mean.alpha + 0.5));
+        }
 }
 
 TEST_F(ImageDrawing, PixelsCoveredInPartCountInPart) {

@@ -190,6 +190,16 @@ TEST_F(Image, ANameThatSaysItsDensityIsTakenAsItIs) {
     EXPECT_EQ(image->size(), (CGSize{3, 3}));
 }
 
+TEST_F(Image, ANameIsThatOfAFileBesideTheExecutable) {
+    phone.write("/Applications/MobileNotes.app/a@2x.png", png(10, 10));
+    phone.write("/Applications/MobileNotes.app/b.jpg", png(4, 4));
+    EXPECT_EQ(UIImage::imageNamed(text("a"))->size(), (CGSize{5, 5}));
+    EXPECT_EQ(UIImage::imageNamed(text("a.png"))->size(), (CGSize{5, 5}));
+    EXPECT_EQ(UIImage::imageNamed(text("b.jpg"))->size(), (CGSize{4, 4}));
+    for (const char* name : {"b", "c", ""}) EXPECT_EQ(UIImage::imageNamed(text(name)), nullptr) << name;
+    EXPECT_EQ(UIImage::imageNamed(nullptr), nullptr);
+}
+
 TEST_F(Image, AFileThatIsMissingAFolderOrNoPictureIsNil) {
     phone.make_folder("/p/folder.png");
     phone.write("/p/text.png", "text");

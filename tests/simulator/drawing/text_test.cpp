@@ -80,9 +80,16 @@ TEST_F(Label, BeginsWithThePlatformsDefaults) {
     EXPECT_EQ(label->font()->pointSize(), 17);
     EXPECT_EQ(label->textColor(), UIColor::blackColor());
     EXPECT_EQ(label->numberOfLines(), 1);
+    EXPECT_EQ(label->lineBreakMode(), NSLineBreakByTruncatingTail);
     EXPECT_EQ(label->textAlignment(), NSTextAlignmentNatural);
     EXPECT_FALSE(label->isUserInteractionEnabled());
     EXPECT_EQ(label->backgroundColor(), nullptr);
+}
+
+TEST_F(Label, KeepsItsLineBreakMode) {
+    auto label = objc::adopt(static_cast<UILabel*>(UILabel::alloc()->initWithFrame({}).leak()));
+    label->setLineBreakMode(NSLineBreakByWordWrapping);
+    EXPECT_EQ(label->lineBreakMode(), NSLineBreakByWordWrapping);
 }
 
 TEST_F(Label, ShowsItsTextInItsColour) {

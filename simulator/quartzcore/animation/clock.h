@@ -1,0 +1,13 @@
+// The phone's time, which passes only when it is told to.
+#pragma once
+
+namespace sim {
+
+/// Seconds since boot.
+double clock_now();
+
+/// Lets time pass. What ends on the way ends in its order and at its time, and whoever waits for it is told
+/// then. False when ends and beginnings go on without time passing; the clock has stopped there.
+bool advance_clock(double seconds);
+
+}  // namespace sim

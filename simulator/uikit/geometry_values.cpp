@@ -1,0 +1,34 @@
+// Values that hold points and rectangles: see the header.
+#include "uikit/geometry_values.h"
+
+#include "platform/animation.h"
+#include "runtime/method_replacement.h"
+
+namespace sim {
+namespace {
+
+/// Foundation's own structures for the same have other names.
+struct GeometryValue : NSValue {
+    template <class T, objc::Name Selector>
+    static NSValue* with(Class self, T geometry) {
+        return objc::send<Selector, NSValue*>(reinterpret_cast<id>(self), geometry);
+    }
+    template <class T, objc::Name Selector>
+    T geometry() {
+        return send<Selector, T>();
+    }
+};
+
+}  // namespace
+
+void add_geometry_to_values() {
+    Class value = NSValue::class_object();
+    mend<"valueWithCGPoint:", &GeometryValue::with<CGPoint, "valueWithPoint:">>(value);
+    mend<"valueWithCGSize:", &GeometryValue::with<CGSize, "valueWithSize:">>(value);
+    mend<"valueWithCGRect:", &GeometryValue::with<CGRect, "valueWithRect:">>(value);
+    mend<"CGPointValue", &GeometryValue::geometry<CGPoint, "pointValue">>(value);
+    mend<"CGSizeValue", &GeometryValue::geometry<CGSize, "sizeValue">>(value);
+    mend<"CGRectValue", &GeometryValue::geometry<CGRect, "rectValue">>(value);
+}
+
+}  // namespace sim

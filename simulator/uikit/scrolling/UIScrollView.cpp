@@ -1,0 +1,88 @@
+// Scroll views: a part of their content, moved by a finger.
+#include "uikit/scrolling/UIScrollView.h"
+
+#include <algorithm>
+
+#include "platform/controls.h"
+
+namespace sim {
+
+using objc::strong;
+
+strong<UIScrollView> ScrollView::initWithFrame(CGRect frame) {
+    auto self = initialised_by_super<"initWithFrame:">(frame);
+    if (self) static_cast<UIView*>(self.get())->setClipsToBounds(true);
+    return self;
+}
+
+template <objc::Name Message, class... Arguments>
+void ScrollView::tell_delegate(Arguments... arguments) {
+    const auto delegate = ivars().delegate.get();
+    if (delegate->respondsToSelector(objc::selector<Message>()))
+        delegate->send<Message>(static_cast<UIScrollView*>(this), arguments...);
+}
+
+void ScrollView::setContentOffset(CGPoint offset) {
+    auto* self = static_cast<UIView*>(this);
+    if (self->bounds().origin == offset) return;
+    self->setBounds({offset, self->bounds().size});
+    self->setNeedsLayout();
+    tell_delegate<"scrollViewDidScroll:">();
+}
+
+CGPoint ScrollView::lowest_offset() { return {-ivars().contentInset.left, -ivars().contentInset.top}; }
+
+CGPoint ScrollView::highest_offset() {
+    const CGSize size = static_cast<UIView*>(this)->bounds().size, content = ivars().contentSize;
+    const UIEdgeInsets& inset = ivars().contentInset;
+    const CGPoint lowest = lowest_offset();
+    return {std::max(lowest.x, content.width + inset.right - size.width),
+            std::max(lowest.y, content.height + inset.bottom - size.height)};
+}
+
+bool ScrollView::scrolls_across() { return highest_offset().x > lowest_offset().x; }
+bool ScrollView::scrolls_down() { return highest_offset().y > lowest_offset().y; }
+
+bool ScrollView::touchesShouldCancelInContentView(UIView* view) {
+    return !as<UIControl>(view) || as<UIButton>(view);
+}
+
+void ScrollView::begin_drag() {
+    ivars().dragging = true;
+    tell_delegate<"scrollViewWillBeginDragging:">();
+}
+
+void ScrollView::drag_to(CGPoint offset) {
+    const CGPoint lowest = lowest_offset(), highest = highest_offset();
+    static_cast<UIScrollView*>(this)->setContentOffset(
+        {std::clamp(offset.x, lowest.x, highest.x), std::clamp(offset.y, lowest.y, highest.y)});
+}
+
+void ScrollView::end_drag() {
+    ivars().dragging = false;
+    tell_delegate<"scrollViewDidEndDragging:willDecelerate:">(false);
+}
+
+}  // namespace sim
+
+using namespace objc::definition;
+using sim::ScrollView;
+using Ivars = sim::ScrollView::Ivars;
+
+OBJC_CLASS(UIScrollView, UIView, ScrollView,
+           method<"initWithFrame:", &ScrollView::initWithFrame>,
+           property<"contentSize", &Ivars::contentSize>,
+           property<"contentInset", &Ivars::contentInset>,
+           ivar<"_scrollEnabled", &Ivars::scrollEnabled>,
+           ivar<"_dragging", &Ivars::dragging>,
+           property<"bounces", &Ivars::bounces>,
+           property<"showsVerticalScrollIndicator", &Ivars::showsVerticalScrollIndicator>,
+           property<"showsHorizontalScrollIndicator", &Ivars::showsHorizontalScrollIndicator>,
+           property<"delegate", &Ivars::delegate>,
+           method<"contentOffset", &ScrollView::contentOffset>,
+           method<"setContentOffset:", &ScrollView::setContentOffset>,
+           method<"setContentOffset:animated:", &ScrollView::setContentOffsetAnimated>,
+           method<"isScrollEnabled", &ScrollView::isScrollEnabled>,
+           method<"setScrollEnabled:", &ScrollView::setScrollEnabled>,
+           method<"isDragging", &ScrollView::isDragging>,
+           method<"touchesShouldCancelInContentView:", &ScrollView::touchesShouldCancelInContentView>)
