@@ -14,6 +14,7 @@
 #include "loader/slice.h"
 #include "objc_metadata_text.h"
 #include "platform/coregraphics.h"
+#include "protocols.h"
 #include "support/phone.h"
 #include "support/theme_choice.h"
 
@@ -63,30 +64,56 @@ Classes classes_of_device() {
 }
 
 struct Binary {
-    std::set<std::string> exports, texts;
+    std::set<std::string> exports, texts, selectors, protocols;
 };
 
-Binary read_device_slice() {
-    const std::string bytes = contents_of(device_slice);
-    const macho::Bytes file({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, "the dylib");
-    const macho::Bytes slice = macho::choose_slice(file, macho::Cpu::arm64);
-    const macho::Layout layout = macho::read_layout(slice);
-    Binary binary;
-    for (const auto& [name, where] :
-         macho::read_exports(slice.part(layout.exports.offset, layout.exports.size, "the export trie")))
-        binary.exports.insert(std::string(macho::c_name(name)));
-    for (const macho::Section& section : layout.sections) {
-        if (section.name != "__cstring") continue;
-        for (const macho::Segment& segment : layout.segments) {
-            if (segment.name != section.segment) continue;
-            const macho::Bytes texts = slice.part(segment.file_offset + section.address - segment.address,
-                                                  section.size, "the constant texts");
-            for (uint64_t at = 0; at < texts.size(); at += texts.text(at).size() + 1)
-                binary.texts.emplace(texts.text(at));
-        }
+class DeviceSlice {
+  public:
+    explicit DeviceSlice(const std::string& bytes)
+        : slice_(macho::choose_slice(
+              {{reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, "the dylib"},
+              macho::Cpu::arm64)),
+          layout_(macho::read_layout(slice_)) {}
+
+    Binary read() const {
+        Binary binary;
+        for (const auto& [name, where] : macho::read_exports(
+                 slice_.part(layout_.exports.offset, layout_.exports.size, "the export trie")))
+            binary.exports.insert(std::string(macho::c_name(name)));
+        binary.texts = texts_in("__cstring");
+        binary.selectors = texts_in("__objc_methname");
+        // A protocol's name is its second word. Until the image is loaded, pointers are addresses as in the
+        // file.
+        if (const macho::Section* list = layout_.section("__objc_protolist"))
+            for (uint64_t at = 0; at < list->size; at += macho::kPointerSize) {
+                const uint64_t protocol = slice_.u64(offset_of(list->address + at));
+                const uint64_t name = slice_.u64(offset_of(protocol + macho::kPointerSize));
+                binary.protocols.emplace(slice_.text(offset_of(name)));
+            }
+        return binary;
     }
-    return binary;
-}
+
+  private:
+    std::set<std::string> texts_in(const char* name) const {
+        std::set<std::string> found;
+        const macho::Section* section = layout_.section(name);
+        if (!section) return found;
+        const macho::Bytes texts = slice_.part(offset_of(section->address), section->size, "the texts");
+        for (uint64_t at = 0; at < texts.size(); at += texts.text(at).size() + 1)
+            found.emplace(texts.text(at));
+        return found;
+    }
+
+    uint64_t offset_of(uint64_t address) const {
+        for (const macho::Segment& segment : layout_.segments)
+            if (address >= segment.address && address - segment.address < segment.file_size)
+                return segment.file_offset + (address - segment.address);
+        throw Failure("the dylib points to " + macho::hex(address) + ", which it does not hold");
+    }
+
+    macho::Bytes slice_;
+    macho::Layout layout_;
+};
 
 // --- What it does when it is loaded ---
 
@@ -161,6 +188,19 @@ void write_classes(std::ostream& page, const Binary& binary) {
     }
 }
 
+void write_protocols(std::ostream& page, const Binary& binary) {
+    const auto protocols = protocols_declared_in(binary.protocols, binary.selectors);
+    if (protocols.empty()) return;
+    page << "## Protocols\n\n| protocol | of the delegate of | methods |\n|---|---|---|\n";
+    for (const Protocol& protocol : protocols) {
+        page << "| `" << protocol.name << "` | `" << protocol.of << "` | ";
+        for (size_t i = 0; i < protocol.methods.size(); ++i)
+            page << (i ? ", `" : "`") << protocol.methods[i] << "`";
+        page << " |\n";
+    }
+    page << "\n";
+}
+
 void write_constants_and_hooks(std::ostream& page, const Binary& binary) {
     std::set<std::string> points;
     for (const std::string& name : binary.exports) {
@@ -209,13 +249,15 @@ void write_files(std::ostream& page, const Binary& binary) {
 }
 
 void write(const fs::path& path) {
-    const Binary binary = read_device_slice();
+    const std::string bytes = contents_of(device_slice);
+    const Binary binary = DeviceSlice(bytes).read();
     std::ostringstream page;
     page << "# The contract\n\n"
             "What others may rely on. Made from the dylib that ships; do not edit it: `./dev contract` "
             "writes it "
             "anew, and a test fails\nwhen page and dylib part.\n\n";
     write_classes(page, binary);
+    write_protocols(page, binary);
     write_constants_and_hooks(page, binary);
     write_files(page, binary);
     std::ofstream file(path, std::ios::binary);
