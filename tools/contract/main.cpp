@@ -12,6 +12,7 @@
 #include "loader/fault.h"
 #include "loader/layout.h"
 #include "loader/slice.h"
+#include "objc/strong.h"
 #include "objc_metadata_text.h"
 #include "platform/coregraphics.h"
 #include "protocols.h"
@@ -130,6 +131,7 @@ std::vector<std::string> observed(Phone kind, const std::set<std::string>& point
         << "; }\n";
     tools::in_child_process("watching the library being loaded", [&] {
         tools::boot(device, kind == Phone::daemon ? "/usr/libexec/keyboardd" : springboard);
+        objc::AutoreleasePool pool;
         tools::choose_theme(kind == Phone::theming_off ? "" : "Theme.plist");
         sim_library* library = nullptr;
         tools::require(sim_load(running_slice, &library), "loading the library");
