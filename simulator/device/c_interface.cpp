@@ -171,7 +171,7 @@ Wanted* object_of(void* given, const char* function, const char* parameter) {
                                   object_getClassName(object) + ", which is no " + class_getName(wanted));
 }
 
-UITouchPhase phase_of(sim_touch_phase phase) {
+UITouchPhase phase_of(int phase) {
     switch (phase) {
         case SIM_TOUCH_BEGAN: return UITouchPhaseBegan;
         case SIM_TOUCH_MOVED: return UITouchPhaseMoved;
@@ -302,7 +302,7 @@ sim_status sim_presented(void** controller) {
     });
 }
 
-sim_status sim_touch(sim_touch_phase phase, double x, double y) {
+sim_status sim_touch(int phase, double x, double y) {
     return answer([&] { touch("sim_touch", phase_of(phase), x, y); });
 }
 

@@ -208,9 +208,9 @@ typedef enum sim_touch_phase {
 } sim_touch_phase;
 
 /* Puts the one finger down at a point of the screen, moves it there, lifts it there or takes the touch back.
- * The point is in points from the upper left corner. Views are laid out, and what the finger landed on is
- * told, as hit testing finds it. */
-SIM_API sim_status sim_touch(sim_touch_phase phase, double x, double y);
+ * `phase` is a sim_touch_phase. The point is in points from the upper left corner. Views are laid out, and
+ * what the finger landed on is told, as hit testing finds it. */
+SIM_API sim_status sim_touch(int phase, double x, double y);
 
 /* Puts the finger down and lifts it. */
 SIM_API sim_status sim_tap(double x, double y);
