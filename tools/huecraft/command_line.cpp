@@ -46,6 +46,7 @@ std::unique_ptr<CLI::App> make_command_line(Request& request) {
     add_convert(*command, request);
     add_import(*command, request);
     add_package_check(*command, request);
+    add_doctor(*command, request);
     add_completions(*command, request);
     return command;
 }

@@ -23,6 +23,7 @@ std::unique_ptr<CLI::App> make_command_line(Request& request);
 void add_new(CLI::App& command, Request& request);
 void add_completions(CLI::App& command, Request& request);
 void add_convert(CLI::App& command, Request& request);
+void add_doctor(CLI::App& command, Request& request);
 void add_gallery(CLI::App& command, Request& request);
 void add_import(CLI::App& command, Request& request);
 void add_keyboard(CLI::App& command, Request& request);
