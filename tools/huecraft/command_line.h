@@ -47,6 +47,9 @@ inline void add_json(CLI::App* subcommand, bool& json) {
     subcommand->add_flag("--json", json, "Answer in JSON, for other programs");
 }
 
+/// The option that names the build of the library to draw with.
+void add_library(CLI::App* subcommand, std::string& library);
+
 /// Has the option take hex colours as a theme keeps them.
 CLI::Option* taking_colour(CLI::Option* option);
 /// Has the option take one of these words, which the help lists.
