@@ -27,7 +27,7 @@ struct Keyboard {
 
     Status operator()() const {
         return in_workshop([this](const Workshop& workshop) {
-            tools::boot(workshop.device, tools::notes, screens.at(device));
+            tools::boot(workshop.device, tools::notes, screens.at(device).for_pictures(scale));
             put_on_theme(workshop, file);
             sim_keyboard keyboard{};
             keyboard.size = sizeof keyboard;

@@ -20,7 +20,7 @@ struct Preview {
     Status operator()() const {
         return in_workshop([this](const Workshop& workshop) {
             workshop.install_settings_pictures();
-            tools::boot(workshop.device, tools::settings);
+            tools::boot(workshop.device, tools::settings, tools::Screen().for_pictures(scale));
             tools::load(library());
             write_output(output, preview_picture(workshop, load_theme(workshop, file).config, scale));
             if (json && output != "-")
