@@ -1,4 +1,5 @@
-// A settings pane's backgrounds: the library's views in a row, and a gradient of the pane's own between exported points.
+// A settings pane's backgrounds: the library's views in a row, and a gradient of the pane's own between
+// exported points.
 #import "huecraft.h"
 
 @interface PaneBackgrounds : UIView
@@ -13,7 +14,7 @@
 - (instancetype)initWithFrame:(CGRect)frame {
     if (!(self = [super initWithFrame:frame])) return nil;
     UIColor *red = [HCCITool colorFromHexString:@"#E04030"], *blue = [HCCITool colorFromHexString:@"#3050E0"];
-    UIImage *picture = [HCCITool imageFromColor:blue withSize:(CGSize){8, 8}];
+    UIImage *picture = [HCCITool imageFromColor:blue withSize:CGSizeMake(8, 8)];
     _colour = [[HCColourView alloc] initWithColor:red];
     _gradient = [[HCGradientView alloc] initWithColors:@[ red, blue ] direction:4];
     _image = [[HCImageView alloc] initWithImage:picture alpha:1];
@@ -30,7 +31,7 @@
 }
 
 - (CGRect)frameAt:(NSUInteger)index {
-    return (CGRect){{10 + 90 * (CGFloat)index, 10}, {80, 80}};
+    return CGRectMake(10 + 90 * (CGFloat)index, 10, 80, 80);
 }
 
 /// The library's views fill what they are in.

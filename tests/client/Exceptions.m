@@ -32,11 +32,13 @@
 @property(nonatomic, readonly) NSUInteger finallys;
 @end
 
-@implementation PaneExceptions
+@implementation PaneExceptions {
+    __weak PaneRefusal *_held;
+}
 
 /// A slider without a channel must not be given a colour.
 - (void)colourASliderWithoutAChannel {
-    HCColorSlider *slider = [[HCColorSlider alloc] initWithFrame:(CGRect){{0, 0}, {100, 20}} withType:0];
+    HCColorSlider *slider = [[HCColorSlider alloc] initWithFrame:CGRectMake(0, 0, 100, 20) withType:0];
     [slider minMaxOfColor:[UIColor whiteColor]];
 }
 
@@ -133,19 +135,22 @@
     return @"none";
 }
 
-/// What a frame holds is let go of when an exception passes it.
+/// A frame without a handler, which holds an object while an exception passes.
+- (void)colourWhileHolding {
+    PaneRefusal *held = [PaneRefusal new];
+    _held = held;
+    [self colourASliderWithoutAChannel];
+    held.why = @"still here";
+}
+
 - (BOOL)framesAreCleanedUp {
-    __weak PaneRefusal *seen = nil;
     @autoreleasepool {
         @try {
-            PaneRefusal *held = [PaneRefusal new];
-            seen = held;
-            [self colourASliderWithoutAChannel];
-            held.why = @"still here";
+            [self colourWhileHolding];
         } @catch (NSException *) {
         }
     }
-    return seen == nil;
+    return _held == nil;
 }
 
 @end

@@ -27,12 +27,12 @@
 
 - (instancetype)init {
     if ((self = [super init])) {
-        HCModalOptions *options = [[HCModalOptions alloc] initWithModalFrame:(CGRect){{20, 111}, {335, 445}}
+        HCModalOptions *options = [[HCModalOptions alloc] initWithModalFrame:CGRectMake(20, 111, 335, 445)
                                                                 cornerRadius:24
                                                                     delegate:self
                                                                    isLightUI:YES
                                                         selectTitleForButton:@"APPLY"];
-        _panel = [[PanePanel alloc] initWithFrame:(CGRect){{0, 0}, {375, 667}} modalOptions:options];
+        _panel = [[PanePanel alloc] initWithFrame:CGRectMake(0, 0, 375, 667) modalOptions:options];
         UILabel *label = [[UILabel alloc] initWithFrame:_panel.contentView.bounds];
         label.autoresizingMask = UIViewAutoresizingFlexibleSize;
         label.text = @"Apply this theme?";

@@ -1,5 +1,6 @@
-// A settings pane's editor of themes, in Objective-C as panes are written: the one language here that calls the library as
-// others do, through what their compiler makes of the contract. With automatic reference counting, as theirs is.
+// A settings pane's editor of themes, in Objective-C as panes are written: the one language here that calls
+// the library as others do, through what their compiler makes of the contract. With automatic reference
+// counting, as theirs is.
 #import "huecraft.h"
 
 /// A category of a class of the system, as panes have them.
@@ -35,7 +36,8 @@
     [theme setHighlightColor:[UIColor paneColor:@"#40506070"]];
     [theme setBackgroundType:2];
     NSMutableArray *colours = [NSMutableArray new];
-    for (NSString *text in @[ @"#FF0000", @"#00FF0080", @"#0000FF" ]) [colours addObject:[UIColor paneColor:text]];
+    for (NSString *text in @[ @"#FF0000", @"#00FF0080", @"#0000FF" ])
+        [colours addObject:[UIColor paneColor:text]];
     [theme setColors:colours];
     [theme setGradientDirection:6];
     [theme setImageData:image];

@@ -27,7 +27,7 @@
 - (void)addViewsInOrder {
     [super addViewsInOrder];
     self.scrollViewStack.spacing = 10;
-    _line = [[UILabel alloc] initWithFrame:(CGRect){{0, 0}, {250, 16}}];
+    _line = [[UILabel alloc] initWithFrame:CGRectMake(0, 0, 250, 16)];
     _line.text = @"The pane's own line";
     _line.font = [UIFont systemFontOfSize:12];
     [self.scrollViewStack addArrangedSubview:_line];
@@ -79,7 +79,8 @@
 - (void)showPreview {
     [_preview removeFromSuperview];
     UIView *preview = [[HCPreview sharedInstance] viewForConfig:self.theme];
-    preview.frame = (CGRect){{0, 100}, [HCPreview keyboardPortraitSize]};
+    const CGSize size = [HCPreview keyboardPortraitSize];
+    preview.frame = CGRectMake(0, 100, size.width, size.height);
     [self.view addSubview:preview];
     _preview = preview;
 }

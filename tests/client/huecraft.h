@@ -1,5 +1,6 @@
-// What the client knows of the library: written from docs/contract.md alone, as someone would who has the page and the
-// dylib. Nothing of src/ is included here, so that both can be wrong together only where the page is.
+// What the client knows of the library: written from docs/contract.md alone, as someone would who has the
+// page and the dylib. Nothing of src/ is included here, so that both can be wrong together only where the
+// page is.
 #pragma once
 #include "system.h"
 
@@ -73,8 +74,8 @@
 @property(nonatomic) CGFloat oldAlpha;
 @end
 
-extern const CGPoint kGradientBottom, kGradientBottomLeft, kGradientBottomRight, kGradientLeft, kGradientRight,
-    kGradientTop, kGradientTopLeft, kGradientTopRight;
+extern const CGPoint kGradientBottom, kGradientBottomLeft, kGradientBottomRight, kGradientLeft,
+    kGradientRight, kGradientTop, kGradientTopLeft, kGradientTopRight;
 extern const CGPoint kHCGradientBottom, kHCGradientBottomLeft, kHCGradientBottomRight, kHCGradientLeft,
     kHCGradientRight, kHCGradientTop, kHCGradientTopLeft, kHCGradientTopRight;
 
@@ -123,7 +124,7 @@ extern const CGPoint kHCGradientBottom, kHCGradientBottomLeft, kHCGradientBottom
 - (void)updateToColor:(UIColor *)color;
 - (void)addViewsInOrder;
 - (void)shakeWrong;
-// Named as if it handed the icon over, which it does not. A compiler that counts references has to be told, or lets go
-// of an icon that is not the caller's.
+// Named as if it handed the icon over, which it does not. A compiler that counts references has to be told,
+// or lets go of an icon that is not the caller's.
 - (UIImage *)copyImage __attribute__((ns_returns_not_retained));
 @end

@@ -24,6 +24,11 @@ typedef struct {
 } CGRect;
 typedef struct CGColor *CGColorRef;
 
+static inline CGSize CGSizeMake(CGFloat width, CGFloat height) { return (CGSize){width, height}; }
+static inline CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
+    return (CGRect){{x, y}, {width, height}};
+}
+
 @class NSArray, NSDictionary, NSError, NSString, UIView, UIWindow;
 
 // ---- Foundation
@@ -32,7 +37,7 @@ typedef struct CGColor *CGColorRef;
 @end
 
 __attribute__((objc_root_class))
-@interface NSObject <NSObject> {
+@interface NSObject<NSObject> {
     Class isa;
 }
 + (instancetype)alloc;
@@ -180,4 +185,8 @@ __attribute__((objc_exception))
 - (void)dismissViewControllerAnimated:(BOOL)animated completion:(void (^)(void))completion;
 @end
 
-enum { UIModalPresentationOverFullScreen = 5, UIViewAutoresizingFlexibleSize = 18, NSTextAlignmentCenter = 1 };
+enum {
+    UIModalPresentationOverFullScreen = 5,
+    UIViewAutoresizingFlexibleSize = 18,
+    NSTextAlignmentCenter = 1
+};

@@ -1,5 +1,5 @@
-// A variable that is aligned to more bytes than the class's first one is, right below NSObject. There the compiler itself
-// counts on where variables are.
+// A variable that is aligned to more bytes than the class's first one is, right below NSObject. There the
+// compiler itself counts on where variables are.
 #import "root.h"
 
 typedef long LTVector __attribute__((vector_size(16)));
