@@ -82,6 +82,21 @@
     return [HuecraftConfig configWithFilename:file];
 }
 
+/// Whether the images whose makers' names begin with "new" are the caller's, and go with it.
+- (BOOL)newImagesAreTheCallers:(UIImage *)image {
+    __weak UIImage *scaled = nil;
+    __weak UIImage *tinted = nil;
+    BOOL were_there = NO;
+    @autoreleasepool {
+        UIImage *large = [HCCITool newScale:CGSizeMake(30, 20) forImage:image];
+        UIImage *red = [HCCITool newColor:[UIColor paneColor:@"FF0000"] forImage:large];
+        scaled = large;
+        tinted = red;
+        were_there = large.size.width == 30 && red.size.width == 30;
+    }
+    return were_there && scaled == nil && tinted == nil;
+}
+
 /// Whether a theme is there as long as someone holds it, and no longer.
 - (BOOL)themesGoWithTheirOwners {
     __weak HuecraftConfig *seen = nil;

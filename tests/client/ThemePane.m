@@ -85,6 +85,11 @@
     _preview = preview;
 }
 
+/// The preview is the process's, and is needed elsewhere.
+- (void)leavePreview {
+    [[HCPreview sharedInstance] cleanup];
+}
+
 /// The picker belongs to its screen; what it tells the pane through the block must not keep the pane.
 - (void)editTextColour {
     PanePicker *picker = [PanePicker new];

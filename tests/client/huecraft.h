@@ -1,6 +1,6 @@
 // What the client knows of the library: written from docs/contract.md alone, as someone would who has the
 // page and the dylib. Nothing of src/ is included here, so that both can be wrong together only where the
-// page is.
+// page is. What is declared is in use.
 #pragma once
 #include "system.h"
 
@@ -8,7 +8,6 @@
 
 @interface HuecraftConfig : NSObject
 + (HuecraftConfig *)configWithFilename:(NSString *)file;
-+ (HuecraftConfig *)defaultConfig;
 - (instancetype)initWithFilename:(NSString *)file error:(NSError **)error;
 - (instancetype)initWithTextColor:(UIColor *)text
                    backgroundType:(NSUInteger)type
@@ -42,12 +41,12 @@
 + (UIColor *)colorFromHexString:(NSString *)hex;
 + (UIImage *)imageFromColor:(UIColor *)color withSize:(CGSize)size;
 + (UIImage *)newColor:(UIColor *)color forImage:(UIImage *)image;
++ (UIImage *)newScale:(CGSize)size forImage:(UIImage *)image;
 @end
 
 // ---- Previews and backgrounds
 
 @interface HCPreview : NSObject
-+ (CGSize)keyboardLandscapeSize;
 + (CGSize)keyboardPortraitSize;
 + (HCPreview *)sharedInstance;
 - (UIView *)viewForConfig:(HuecraftConfig *)theme;
@@ -55,7 +54,6 @@
 @end
 
 @interface HCView : UIView
-@property(nonatomic, strong) UIView *backgroundBlur;
 @end
 
 @interface HCColourView : HCView
@@ -65,13 +63,11 @@
 
 @interface HCGradientView : HCView
 - (instancetype)initWithColors:(NSArray *)colors direction:(NSInteger)direction;
-- (void)setDirection:(NSInteger)direction;
 @end
 
 @interface HCImageView : HCView
 - (instancetype)initWithImage:(UIImage *)image alpha:(CGFloat)alpha;
 - (void)setImageAlpha:(CGFloat)alpha;
-@property(nonatomic) CGFloat oldAlpha;
 @end
 
 extern const CGPoint kGradientBottom, kGradientBottomLeft, kGradientBottomRight, kGradientLeft,
@@ -92,21 +88,18 @@ extern const CGPoint kHCGradientBottom, kHCGradientBottomLeft, kHCGradientBottom
                           delegate:(id<HCModalDelegate>)delegate
                          isLightUI:(BOOL)light
               selectTitleForButton:(NSString *)title;
-@property(nonatomic, weak) id<HCModalDelegate> delegate;
 @end
 
 @interface HCModalView : UIView
 - (instancetype)initWithFrame:(CGRect)frame modalOptions:(HCModalOptions *)options;
 - (void)applyColor;
-@property(nonatomic, strong) HCModalOptions *modalOptions;
-@property(nonatomic, strong) UIView *contentView, *topView;
-@property(nonatomic, strong) UIColor *primaryColor, *secondaryColor, *primaryTextColor, *secondaryTextColor;
+@property(nonatomic, strong) UIView *contentView;
+@property(nonatomic, strong) UIColor *primaryColor, *secondaryColor, *secondaryTextColor;
 @end
 
 @interface HCColorSlider : UIView
 - (instancetype)initWithFrame:(CGRect)frame withType:(NSUInteger)type;
 - (void)minMaxOfColor:(UIColor *)color;
-@property(nonatomic, readonly, getter=getValue) CGFloat value;
 @end
 
 @protocol HCColorPickerDelegate
@@ -117,7 +110,6 @@ extern const CGPoint kHCGradientBottom, kHCGradientBottomLeft, kHCGradientBottom
 @interface HCColorPickerController : UIViewController <HCModalDelegate>
 @property(nonatomic, weak) id<HCColorPickerDelegate> delegate;
 @property(nonatomic) BOOL lightUI;
-@property(nonatomic, strong) HCModalView *modal;
 @property(nonatomic, strong) UIStackView *scrollViewStack;
 @property(nonatomic, strong) UITextField *hexTextField;
 - (void)setInitialColor:(UIColor *)color;

@@ -53,5 +53,17 @@ TEST(ClientAlone, WithoutTheLibraryItIsRefusedByName) {
     EXPECT_NE(error.find("kHCGradientTop (from "), std::string::npos) << error;
 }
 
+TEST(ClientAlone, WhatTheLibraryHasNotIsNotTakenFromTheSystem) {
+    Phone phone;
+    phone.start();
+    sim_library* misdirected = nullptr;
+    EXPECT_EQ(sim_load(MISDIRECTED_IMAGE, &misdirected), SIM_BAD_FILE);
+    const std::string error = sim_last_error();
+    EXPECT_NE(error.find("1 symbol is missing: UIGraphicsEndImageContext (from /Library/MobileSubstrate/"
+                         "DynamicLibraries/HuecraftiOS12.dylib)"),
+              std::string::npos)
+        << error;
+}
+
 }  // namespace
 }  // namespace test

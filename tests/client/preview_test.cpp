@@ -53,6 +53,12 @@ TEST_F(ClientPreview, ShownAnewLeavesTheOldContainerEmpty) {
     EXPECT_EQ(layers().size(), 4u);
 }
 
+TEST_F(ClientPreview, IsTakenApartWhenTheClientLeaves) {
+    present(screen);
+    ask<"leavePreview", void>(screen);
+    EXPECT_TRUE(layers().empty());
+}
+
 TEST_F(ClientPreview, LooksLikeTheTheme) {
     present(screen);
     expect_picture("client-preview");

@@ -65,6 +65,11 @@ TEST_F(ClientThemes, AnErrorOfLoadingReachesTheClient) {
     EXPECT_EQ(ask<"themeInFile:">(editor, text("Nowhere.plist")), nullptr);
 }
 
+TEST_F(ClientThemes, NewImagesAreTheCallers) {
+    UIImage* image = filled_image(color(0, 0, 1), 12, 4);
+    EXPECT_TRUE((ask<"newImagesAreTheCallers:", bool>(editor, static_cast<id>(image))));
+}
+
 TEST_F(ClientThemes, GoWithTheirOwners) { EXPECT_TRUE((ask<"themesGoWithTheirOwners", bool>(editor))); }
 
 }  // namespace
