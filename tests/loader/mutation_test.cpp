@@ -103,7 +103,8 @@ TEST_P(MutationTest, AnImageCutShortAnywhereIsRefused) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Images, MutationTest,
-                         testing::Values("plain", "shared", "frames", "frameless", "registers", "classes"),
+                         testing::Values("plain", "shared", "frames", "frameless", "registers", "classes",
+                                         "category"),
                          [](const auto& info) { return std::string(info.param); });
 
 }  // namespace
