@@ -56,6 +56,16 @@ class Picker : public Command {
         for (const std::string& each : colours) list += "<string>" + each + "</string>";
         return theme_file("<key>Colors</key><array>" + list + "</array>");
     }
+    /// Pixels that differ clearly.
+    static int strays(const std::vector<unsigned>& a, const std::vector<unsigned>& b) {
+        constexpr int tolerance = 8;
+        int count = 0;
+        for (size_t i = 0; i < a.size(); ++i)
+            for (const int shift : {0, 8, 16})
+                count += std::abs(static_cast<int>(a[i] >> shift & 255) -
+                                  static_cast<int>(b[i] >> shift & 255)) > tolerance;
+        return count;
+    }
     const std::vector<std::string> six{"#FF3B30", "#FF9500", "#FFCC00", "#4CD964", "#007AFF80", "#000000"};
 };
 
@@ -252,6 +262,22 @@ TEST_F(Picker, ARecordingHasThePicturesOfItsMoments) {
     EXPECT_TRUE(way.at(0.25).pixels == pixels_of(path("p/c.png")));
     EXPECT_TRUE(way.frames.back().pixels == pixels_of(path("p/d.png")));
     EXPECT_FALSE(way.at(0.125).pixels == way.at(0.25).pixels);
+}
+
+TEST_F(Picker, ThePictureInTheDocsIsWhatTheDemosTouchesMake) {
+    const std::string demo = SOURCE_FOLDER "/tools/demo/picker/";
+    ASSERT_EQ(run({"picker", "--script", demo + "touches.txt", "--recent", demo + "recent.plist", "--palette",
+                   "dark", "--width", "320", "--scale", "1", "-o", "p"})
+                  .status,
+              0);
+    const Animation made = read_animation(path("p/picker.png")),
+                    shown = read_animation(SOURCE_FOLDER "/docs/pictures/picker.png");
+    ASSERT_EQ(made.frames.size(), shown.frames.size());
+    for (size_t i = 0; i < made.frames.size(); ++i) {
+        EXPECT_EQ(made.frames[i].seconds, shown.frames[i].seconds) << i;
+        ASSERT_EQ(made.frames[i].pixels.size(), shown.frames[i].pixels.size()) << i;
+        EXPECT_LT(strays(made.frames[i].pixels, shown.frames[i].pixels), 20) << i;
+    }
 }
 
 TEST_F(Picker, PicturesNeedAFolder) {
