@@ -7,8 +7,8 @@
 namespace sim {
 
 /// Takes the first picture, at `scale` pixels per point (0 is the screen's), and from then on so many in each
-/// second of the phone's time. False when there is nothing to draw; `error` then says so in
-/// one line, as below. There may be no recording yet.
+/// second of the phone's time. There may be no recording yet. False when there is nothing to draw; `error`
+/// then says so in one line, as below.
 bool start_recording(CGFloat scale, unsigned frames_per_second, std::string& error);
 
 bool is_recording();
