@@ -165,7 +165,8 @@ NSString* text_on(UIView* view) {
     return nullptr;
 }
 
-/// The views with a text, the frontmost last; what is in a button is the button's.
+/// The views with a text that can be seen, parents before their children; what is in a button is the
+/// button's.
 void add_labelled(UIView* view, std::vector<Labelled>& found) {
     constexpr CGFloat visible = 0.01;
     if (view->isHidden() || view->alpha() < visible) return;
