@@ -50,6 +50,16 @@ class Importer {
                 refuse(std::string("a class named ") + each.name + " exists already");
     }
 
+    /// What a pointer is bound to is the file's to say: it need not be a class.
+    void check_superclasses() const {
+        std::vector<Class> known(static_cast<size_t>(objc_getClassList(nullptr, 0)));
+        known.resize(static_cast<size_t>(objc_getClassList(known.data(), static_cast<int>(known.size()))));
+        for (const ClassDescription& each : metadata_.classes)
+            if (each.superclass && !each.superclass_in_image &&
+                std::ranges::find(known, reinterpret_cast<Class>(each.superclass)) == known.end())
+                refuse(std::string("class ") + each.name + ": its superclass is bound to what is no class");
+    }
+
     ImportedClasses run() {
         for (const auto& [slot, name] : metadata_.selectors) point(slot, sel_registerName(name));
         for (const ClassDescription& each : metadata_.classes) import(each);
@@ -198,6 +208,7 @@ ImportedClasses import_classes(Image& image) {
     try {
         Importer importer(image);
         importer.check_names();
+        importer.check_superclasses();
         image.stay_mapped();
         return importer.run();
     } catch (const Fault& fault) {

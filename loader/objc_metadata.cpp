@@ -37,6 +37,7 @@ constexpr uint64_t kMethodRowSize = 24, kVariableRowSize = 32, kPropertyRowSize 
 constexpr uint64_t kProtocolSize = 24;         // of the fields read here: isa, name, protocols
 constexpr uint64_t kCategorySize = 48;         // without the class's own properties, which old files lack
 constexpr uint32_t kLargestLog2Alignment = 4;  // objects themselves are aligned to 16 bytes
+constexpr int64_t kLargestInstance = 1 << 20;  // bytes
 constexpr uint32_t kRowSizeMask = ~3u;         // the two lowest bits are flags
 
 // What no code of ours needs, and libobjc cannot be told about.
@@ -265,6 +266,7 @@ class MetadataReader {
     std::vector<VariableDescription> variables(uintptr_t list) {
         const Bytes all = rows(list, kVariableRowSize, "the list of variables");
         std::vector<VariableDescription> found;
+        uint64_t room = kLargestInstance;
         for (uint64_t at = 0; at < all.size(); at += kVariableRowSize) {
             VariableDescription variable{.name = mapping_.text(all.u64(at + 8), "a variable's name"),
                                          .types = mapping_.text(all.u64(at + 16), "a variable's type"),
@@ -278,6 +280,12 @@ class MetadataReader {
             const Bytes slot = mapping_.read(variable.offset_slot, offset_width_, "a variable's offset");
             mapping_.require_writable(variable.offset_slot, offset_width_, "a variable's offset");
             variable.offset = offset_width_ == 8 ? static_cast<int64_t>(slot.u64(0)) : int32_t(slot.u32(0));
+            // libobjc counts in less than 32 bits.
+            room -= std::min<uint64_t>(room, variable.size);
+            if (room == 0 || variable.offset > kLargestInstance || variable.offset < -kLargestInstance)
+                refuse(std::string("the variable ") + variable.name + " makes objects too large (found " +
+                       std::to_string(variable.size) + " bytes at " + std::to_string(variable.offset) +
+                       ", expected all within " + std::to_string(kLargestInstance) + ")");
             found.push_back(variable);
         }
         return found;
@@ -299,12 +307,12 @@ class MetadataReader {
 
     std::vector<const char*> protocols(uintptr_t list) const {
         std::vector<const char*> names;
-        std::set<uintptr_t> known;
+        std::set<uintptr_t> known, read;
         std::vector<uintptr_t> lists{list};
         while (!lists.empty()) {
             const uintptr_t next = lists.back();
             lists.pop_back();
-            if (!next) continue;
+            if (!next || !read.insert(next).second) continue;
             const uint64_t count = mapping_.read(next, 8, "a list of protocols").u64(0);
             const Bytes onwards = mapping_.read_onwards(next, "a list of protocols");
             for (uint64_t i = 1; i <= count; ++i) {

@@ -128,6 +128,9 @@ sim::BootOptions boot_options(const sim_options& given) {
     if (options.screen_height != 0) wanted.device.screen_height = options.screen_height;
     if (options.screen_scale != 0) wanted.device.screen_scale = options.screen_scale;
     for (auto* name = options.left_out_classes; name && *name; ++name) wanted.left_out_classes.insert(*name);
+    for (auto* name = options.unfound_methods; name && *name; ++name) wanted.unfound_methods.insert(*name);
+    for (auto* name = options.methods_without_previous; name && *name; ++name)
+        wanted.methods_without_previous.insert(*name);
     return wanted;
 }
 

@@ -51,15 +51,12 @@ static_assert(sizeof(DeviceString) == 32 && sizeof(FoundationString) <= sizeof(D
 /// compares strings of other classes unit by unit, by message; on the device no string is compared faster
 /// than these.
 void adopt_strings(const macho::Image& image) {
-    const auto& layout = image.layout();
-    const macho::Section* section = layout.section("__cfstring");
-    const bool writable =
-        section && std::ranges::any_of(layout.segments, [section](const macho::Segment& segment) {
-            return segment.name == section->segment && segment.writable;
-        });
-    if (!writable) return;
-    const std::span strings(reinterpret_cast<DeviceString*>(image.mapping().address_of(section->address)),
-                            section->size / sizeof(DeviceString));
+    const macho::Section* section = image.layout().section("__cfstring");
+    if (!section) return;
+    const macho::Mapping& mapping = image.mapping();
+    const uintptr_t start = mapping.address_of(section->address);
+    if (start % alignof(DeviceString) || !mapping.is_writable(start, section->size)) return;
+    const std::span strings(reinterpret_cast<DeviceString*>(start), section->size / sizeof(DeviceString));
     Class own = objc_getClass("NSConstantString");
     for (DeviceString& string : strings) {
         const DeviceString found = string;

@@ -71,6 +71,13 @@ typedef struct sim_options {
     /* Classes of the system to leave out, together with their subclasses; ends with NULL. The caller may
      * register classes of its own under their names. */
     const char* const* left_out_classes;
+    /* Methods that the injection framework does not find, "-[UIKBEdgeEffect edges]" or "+[UIKBGradient
+     * gradientWithName:]", though the model has and uses them; ends with NULL. A hook of one does nothing,
+     * and the caller's slot for the previous implementation stays as it was. */
+    const char* const* unfound_methods;
+    /* The same, and the replacement is put in the method's place: a framework that adds what it does not
+     * find. */
+    const char* const* methods_without_previous;
 } sim_options;
 
 /* Switches the phone on: once per process. */

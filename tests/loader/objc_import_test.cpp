@@ -319,6 +319,24 @@ TEST(ObjcImportErrorTest, CategoriesWithALoadMethodAreRefused) {
               "+load method, which are not supported");
 }
 
+TEST(ObjcImportErrorTest, ASuperclassThatIsBoundToWhatIsNoClassIsRefused) {
+    define_host_classes();
+    static const uint64_t noise[16] = {~uint64_t{0}, 7, ~uint64_t{0}, 0x1234567812345678};
+    void* const wrong[] = {object_getClass(as_object(class_named("LTHostOdd"))),
+                           reinterpret_cast<char*>(class_named("LTHostOdd")) + 8,
+                           const_cast<uint64_t*>(noise)};
+    for (void* target : wrong) {
+        Image image = Image::load_bytes(
+            loader_test::image_bytes("unaligned"), "unaligned.dylib", [&](const macho::Import& import) {
+                return import.symbol == "OBJC_CLASS_$_LTHostOdd" ? target : loader_test::host_symbol(import);
+            });
+        EXPECT_EQ(
+            message_of<Error>([&] { macho::import_classes(image); }),
+            "unaligned.dylib: cannot import: class LTUnaligned: its superclass is bound to what is no class");
+    }
+    EXPECT_EQ(class_named("LTUnaligned"), nullptr) << "nothing was registered";
+}
+
 TEST(ObjcImportErrorTest, LoadMethodsAreRefused) {
     EXPECT_EQ(
         import_error("load_method"),

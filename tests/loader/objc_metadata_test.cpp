@@ -194,6 +194,31 @@ TEST_F(ObjcMetadataTest, AVariableAlignedBeyondItsObjectIsRefused) {
     EXPECT_EQ(refusal(), "class LTBase: the variable _small is aligned to 2^5 bytes (expected at most 16)");
 }
 
+TEST_F(ObjcMetadataTest, AVariableThatMakesObjectsTooLargeIsRefused) {
+    const size_t size = variables(base()) + 8 + 28;
+    draft.set32(size, 0x7fffffff);
+    EXPECT_EQ(refusal(),
+              "class LTBase: the variable _small makes objects too large (found 2147483647 bytes "
+              "at 16, expected all within 1048576)");
+    draft.set32(size, 1).set32(size + 32, 0xfffff);
+    EXPECT_THAT(refusal(),
+                HasSubstr("class LTBase: the variable _wide makes objects too large (found 1048575"))
+        << "with the others before it";
+}
+
+TEST_F(ObjcMetadataTest, AVariableFarFromItsObjectIsRefused) {
+    const size_t slots = draft.content("__objc_ivar");
+    const auto intact = draft.u32(slots);
+    for (const uint32_t wrong : {0x100001u, 0x7fffffffu, 0x80000000u, 0xffefffffu}) {
+        // The slots are 8 bytes on one processor and 4 on the other.
+        draft.set32(slots, wrong);
+        if (draft.u32(4) == static_cast<uint32_t>(macho::Cpu::x86_64))
+            draft.set32(slots + 4, wrong >> 31 ? ~0u : 0);
+        EXPECT_THAT(refusal(), HasSubstr("makes objects too large (found ")) << wrong;
+    }
+    draft.set32(slots, intact);
+}
+
 TEST_F(ObjcMetadataTest, AVariableOffsetOutsideTheImageIsRefused) {
     draft.set64(variables(base()) + 8, kOutside);
     EXPECT_THAT(refusal(), HasSubstr("class LTBase: a variable's offset lies outside the image"));
