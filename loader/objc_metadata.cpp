@@ -23,10 +23,19 @@ enum DataField : uint64_t {
     kProperties = 64,
     kDataSize = 72,
 };
+enum CategoryField : uint64_t {
+    kCategoryName = 0,
+    kExtended = 8,
+    kInstanceMethods = 16,
+    kClassMethods = 24,
+    kCategoryProtocols = 32,
+    kCategoryProperties = 40,
+};
 constexpr uint32_t kIsMetaclass = 1;
 
 constexpr uint64_t kMethodRowSize = 24, kVariableRowSize = 32, kPropertyRowSize = 16;
 constexpr uint64_t kProtocolSize = 24;         // of the fields read here: isa, name, protocols
+constexpr uint64_t kCategorySize = 48;         // without the class's own properties, which old files lack
 constexpr uint32_t kLargestLog2Alignment = 4;  // objects themselves are aligned to 16 bytes
 constexpr int64_t kLargestInstance = 1 << 20;  // bytes
 constexpr uint32_t kRowSizeMask = ~3u;         // the two lowest bits are flags
@@ -34,8 +43,7 @@ constexpr uint32_t kRowSizeMask = ~3u;         // the two lowest bits are flags
 // What no code of ours needs, and libobjc cannot be told about.
 constexpr const char* kRefusedSections[][2] = {
     {"__objc_nlclslist", "classes with a +load method"},
-    {"__objc_catlist", "categories"},
-    {"__objc_catlist2", "categories"},
+    {"__objc_catlist2", "categories of Swift classes"},
     {"__objc_nlcatlist", "categories with a +load method"},
 };
 
@@ -57,6 +65,7 @@ class MetadataReader {
         found.offset_width = offset_width_;
         found.selectors = selectors();
         found.classes = classes();
+        found.categories = categories(found.classes);
         found.class_references = class_references(found.classes);
         for (const uintptr_t slot : slots("__objc_protolist"))
             found.protocols.push_back(protocol_name(pointed_to(slot)));
@@ -168,6 +177,35 @@ class MetadataReader {
         } catch (const Fault& fault) {
             const std::string name = *found.name ? found.name : "at " + hex(address - mapping_.slide());
             refuse("class " + name + ": " + fault.what());
+        }
+        return found;
+    }
+
+    std::vector<CategoryDescription> categories(const std::vector<ClassDescription>& classes) {
+        std::unordered_set<uintptr_t> own;
+        for (const ClassDescription& each : classes) own.insert(each.address);
+        std::vector<CategoryDescription> found;
+        for (const uintptr_t slot : slots("__objc_catlist"))
+            found.push_back(read_category(pointed_to(slot), own));
+        return found;
+    }
+
+    CategoryDescription read_category(uintptr_t address, const std::unordered_set<uintptr_t>& own) {
+        const Bytes fields = mapping_.read(address, kCategorySize, "a category");
+        if (!claimed_.insert(address).second) refuse("a category is listed twice");
+        CategoryDescription found{};
+        found.name = mapping_.text(fields.u64(kCategoryName), "a category's name");
+        try {
+            found.extended = fields.u64(kExtended);
+            found.extended_in_image = own.contains(found.extended);
+            if (!found.extended_in_image && !bound_.contains(address + kExtended))
+                refuse("it extends what is no class (found " + hex(found.extended - mapping_.slide()) + ")");
+            found.instance_methods = methods(fields.u64(kInstanceMethods));
+            found.class_methods = methods(fields.u64(kClassMethods));
+            found.protocols = protocols(fields.u64(kCategoryProtocols));
+            check_properties(fields.u64(kCategoryProperties));
+        } catch (const Fault& fault) {
+            refuse(std::string("category ") + found.name + ": " + fault.what());
         }
         return found;
     }

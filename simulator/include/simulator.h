@@ -249,6 +249,17 @@ SIM_API sim_status sim_take_picture(const char* host_path, double scale);
  * is drawn. */
 SIM_API sim_status sim_take_picture_of(void* view, const char* host_path, double scale);
 
+/* ---- Recording ---------------------------------------------------------------------------------------- */
+
+/* Records the screen: the first picture is taken now, and as many as wanted, 1 to 60, in each second that
+ * sim_advance_clock lets pass, each at its time; by at most 600 seconds at once. `scale` is in pixels per
+ * point; 0 is the screen's. The pictures have the size of the first. */
+SIM_API sim_status sim_start_recording(double scale, int frames_per_second);
+
+/* Stops, and writes the recording to a host path: an animated PNG, which is played again and again. Pictures
+ * that are the same are one frame. When it cannot be written, the recording goes on; NULL throws it away. */
+SIM_API sim_status sim_stop_recording(const char* host_path);
+
 /* ---- Layout ------------------------------------------------------------------------------------------- */
 
 typedef enum sim_layout_problem {

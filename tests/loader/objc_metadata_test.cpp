@@ -314,4 +314,63 @@ TEST_F(ObjcMetadataTest, AProtocolReferenceOutsideTheImageIsRefused) {
     EXPECT_EQ(refusal(), "a protocol lies outside the image (found 24 bytes at 0x7000000)");
 }
 
+/// category.m lists the category of LTExtended first.
+class CategoryMetadataTest : public testing::Test {
+  protected:
+    CategoryMetadataTest() { loader_test::define_host_classes(); }
+
+    Draft draft{"category"};
+
+    size_t category(size_t index) const {
+        return draft.at_address(draft.u64(draft.content("__objc_catlist") + 8 * index));
+    }
+    std::string refusal() {
+        const macho::Image image = draft.load();
+        return message_of<macho::Fault>([&] { macho::read_objc_metadata(image); });
+    }
+};
+
+TEST_F(CategoryMetadataTest, IsReadWhole) {
+    const macho::Image image = draft.load();
+    const auto metadata = macho::read_objc_metadata(image);
+    ASSERT_EQ(metadata.categories.size(), 3u);
+    const macho::CategoryDescription& more = metadata.categories[0];
+    EXPECT_STREQ(more.name, "LTMore");
+    EXPECT_TRUE(more.extended_in_image);
+    EXPECT_EQ(more.instance_methods.size(), 2u);
+    EXPECT_EQ(more.class_methods.size(), 1u);
+    ASSERT_EQ(more.protocols.size(), 1u);
+    EXPECT_STREQ(more.protocols[0], "LTCounting");
+    EXPECT_FALSE(metadata.categories[1].extended_in_image);
+    EXPECT_NE(metadata.categories[1].extended, 0u) << "of the host";
+    EXPECT_EQ(metadata.categories[2].extended, 0u) << "of no one";
+}
+
+TEST_F(CategoryMetadataTest, OutsideTheImageIsRefused) {
+    draft.set64(draft.content("__objc_catlist"), kOutside);
+    EXPECT_EQ(refusal(), "a category lies outside the image (found 48 bytes at 0x7000000)");
+}
+
+TEST_F(CategoryMetadataTest, ListedTwiceIsRefused) {
+    const size_t list = draft.content("__objc_catlist");
+    draft.set64(list, draft.u64(list + 8));
+    EXPECT_EQ(refusal(), "a category is listed twice");
+}
+
+TEST_F(CategoryMetadataTest, OfWhatIsNoClassIsRefused) {
+    draft.set64(category(0) + 8, kOutside);
+    EXPECT_EQ(refusal(), "category LTMore: it extends what is no class (found 0x7000000)");
+}
+
+TEST_F(CategoryMetadataTest, MethodsOutsideTheImageAreRefused) {
+    draft.set64(category(0) + 16, kOutside);
+    EXPECT_EQ(refusal(),
+              "category LTMore: the list of methods lies outside the image (found 8 bytes at 0x7000000)");
+}
+
+TEST_F(CategoryMetadataTest, ANameOutsideTheImageIsRefused) {
+    draft.set64(category(0), kOutside);
+    EXPECT_EQ(refusal(), "a category's name lies outside the image (found 1 bytes at 0x7000000)");
+}
+
 }  // namespace

@@ -29,6 +29,7 @@ void add_import(CLI::App& command, Request& request);
 void add_keyboard(CLI::App& command, Request& request);
 void add_lint(CLI::App& command, Request& request);
 void add_package_check(CLI::App& command, Request& request);
+void add_picker(CLI::App& command, Request& request);
 void add_preview(CLI::App& command, Request& request);
 void add_show(CLI::App& command, Request& request);
 

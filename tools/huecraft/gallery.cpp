@@ -69,7 +69,7 @@ struct Gallery {
     /// first, and then, if themes are left, others for those.
     Status draw_all(const Workshop& workshop, const Build& build, std::vector<Status>& ends) const {
         workshop.install_settings_pictures();
-        tools::boot(workshop.device, tools::notes);
+        tools::boot(workshop.device, tools::notes, tools::Screen().for_pictures(picture_scale));
         Progress progress("drawing", files.size());
         size_t known = 0;
         Status status = Status::fine;

@@ -31,7 +31,7 @@ struct Keyboard {
             const auto build = command::library(library);
             const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")),
                                                tools::sha256_of(theme)};
-            tools::boot(workshop.device, tools::notes, screens.at(device));
+            tools::boot(workshop.device, tools::notes, screens.at(device).for_pictures(scale));
             put_on_theme(workshop, file, theme, build);
             sim_keyboard keyboard{};
             keyboard.size = sizeof keyboard;

@@ -24,7 +24,7 @@ struct Preview {
             const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")),
                                                tools::sha256_of(theme)};
             workshop.install_settings_pictures();
-            tools::boot(workshop.device, tools::settings);
+            tools::boot(workshop.device, tools::settings, tools::Screen().for_pictures(scale));
             tools::load(build);
             write_output(output, preview_picture(workshop, load_theme(workshop, file, theme).config, scale,
                                                  provenance));
