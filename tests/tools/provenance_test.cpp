@@ -97,6 +97,17 @@ TEST_F(Provenance, EveryPictureOfAGalleryTellsIt) {
     for (const std::string& picture : pictures) EXPECT_EQ(texts_in(picture), told_by(shipped_library));
 }
 
+TEST_F(Provenance, PicturesOfThePickerTellTheLibraryAlone) {
+    const Outcome run = this->run({"picker", "--script", "-", "-o", "p", "--library", shipped_library},
+                                  "wait 1\npicture still\nrecord moving 4\nwait 0.5\n");
+    ASSERT_EQ(run.status, 0) << run.err;
+    for (const char* picture : {"p/still.png", "p/moving.png"}) {
+        const auto texts = texts_in(read(picture));
+        EXPECT_EQ(texts.size(), 1u) << picture;
+        EXPECT_EQ(texts.at("Huecraft-Library-SHA256"), sha256_of_file(shipped_library)) << picture;
+    }
+}
+
 TEST_F(Provenance, TheTextsStandBetweenTheHeaderAndThePicture) {
     ASSERT_EQ(run({"keyboard", "sound.plist", "-o", "k.png"}).status, 0);
     std::vector<std::string> names;

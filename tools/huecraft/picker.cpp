@@ -8,6 +8,7 @@
 #include "picker_files.h"
 #include "picker_session.h"
 #include "support/phone.h"
+#include "support/provenance.h"
 #include "support/text.h"
 #include "terminal.h"
 
@@ -32,7 +33,7 @@ const char* name_of(Kind kind) {
 }
 
 struct Picker {
-    std::string script, output, width = "375", palette = "light", colour, theme, key = "text";
+    std::string script, output, library, width = "375", palette = "light", colour, theme, key = "text";
     PickerFiles files;
     double scale = 0;
     bool save = false, json = false;
@@ -46,13 +47,15 @@ struct Picker {
         if (!output.empty() && fs::exists(output) && !fs::is_directory(output))
             throw Unusable(output, "it is no folder; the pictures need one");
         return in_workshop([&](const Workshop& workshop) {
+            const auto build = command::library(library);
+            const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")), ""};
             workshop.install_settings_pictures();
             files.lend(workshop);
             if (palette == "eclipse") install_eclipse(workshop);
             tools::boot(workshop.device, tools::settings, screens.at(width));
-            tools::load(library());
+            tools::load(build);
             objc::AutoreleasePool pool;
-            return show(workshop, played);
+            return show(workshop, played, provenance);
         });
     }
 
@@ -63,7 +66,7 @@ struct Picker {
         return parse_script("the script", output.empty() ? "wait 1" : "wait 1\npicture picker");
     }
 
-    Status show(const Workshop& workshop, const Script& played) const {
+    Status show(const Workshop& workshop, const Script& played, const tools::Provenance& provenance) const {
         std::unique_ptr<EditedTheme> edited;
         if (!theme.empty()) edited = std::make_unique<EditedTheme>(workshop, theme, key);
         PickerSetup setup{.dark = palette == "dark",
@@ -80,7 +83,8 @@ struct Picker {
         // From here on the user's files are written, each of them whole.
         if (!run.pictures.empty()) fs::create_directories(output);
         for (const std::string& picture : run.pictures)
-            write_output(fs::path(output) / picture, read_input(setup.pictures / picture, "picture"));
+            write_output(fs::path(output) / picture,
+                         tools::with_provenance(read_input(setup.pictures / picture, "picture"), provenance));
         if (save) {
             if (!files.device.empty() || !files.recent.empty()) files.take_back(workshop);
             if (edited && edited->has_changed()) edited->save(workshop);
@@ -180,6 +184,7 @@ void add_picker(CLI::App& command, Request& request) {
     sub->add_flag("--save", options->save, "Write what has changed back to --recent, --device and --theme");
     taking_number(sub->add_option("--scale", options->scale, "Pixels per point; the screen's without it"),
                   0.1, 8);
+    add_library(sub, options->library);
     add_json(sub, options->json);
     sub->footer(
         "Instructions:\n"
