@@ -25,9 +25,9 @@ class ShippedSlice : public testing::Test {
         return value;
     }
     bool has_code_at(IMP implementation) const {
-        constexpr size_t four_instructions = 16;
+        constexpr size_t sixteen_instructions = 64;
         return bytes.find(std::string_view(reinterpret_cast<const char*>(implementation),
-                                           four_instructions)) != bytes.npos;
+                                           sixteen_instructions)) != bytes.npos;
     }
 
     std::string bytes;
