@@ -2,6 +2,7 @@
 #include "loader/bind_opcodes.h"
 
 #include "loader/cursor.h"
+#include "loader/exports.h"
 #include "loader/fault.h"
 #include "loader/fixup_location.h"
 
@@ -46,8 +47,13 @@ class BindOpcodes {
     }
 
     std::vector<BindRow> read() {
-        while (!cursor_.at_end())
-            if (!one(cursor_.u8())) break;
+        try {
+            while (!cursor_.at_end())
+                if (!one(cursor_.u8())) break;
+        } catch (const Fault& fault) {
+            if (!has_symbol_) throw;
+            refuse(std::string(fault.what()) + ", at the symbol " + std::string(c_name(state_.symbol)));
+        }
         return std::move(found_);
     }
 

@@ -21,11 +21,20 @@ inline constexpr uint32_t kSubtypeArm64e = 2;
 inline constexpr uint32_t kFileTypeDylib = 6;
 
 enum class Command : uint32_t {
+    segment = 0x1,
+    thread = 0x4,
+    unix_thread = 0x5,
+    load_fixed_library = 0x6,
+    id_fixed_library = 0x7,
+    fixed_file = 0x9,
     load_dylib = 0xc,
     id_dylib = 0xd,
+    routines = 0x11,
     segment_64 = 0x19,
+    routines_64 = 0x1a,
     code_signature = 0x1d,
     lazy_load_dylib = 0x20,
+    encryption_info = 0x21,
     dyld_info = 0x22,
     version_min_iphoneos = 0x25,
     encryption_info_64 = 0x2c,
@@ -49,6 +58,8 @@ enum class SectionType : uint8_t {
     initialisers = 0x09,
     terminators = 0x0a,
     large_zero_fill = 0x0c,
+    interposing = 0x0d,
+    lazy_library_pointers = 0x10,
     thread_local_regular = 0x11,
     thread_local_zero_fill = 0x12,
     thread_local_variables = 0x13,
@@ -56,5 +67,6 @@ enum class SectionType : uint8_t {
     thread_local_initialisers = 0x15,
     initialiser_offsets = 0x16,
 };
+inline constexpr SectionType kLastSectionType = SectionType::initialiser_offsets;
 
 }  // namespace macho

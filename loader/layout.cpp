@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "loader/command_names.h"
 #include "loader/fault.h"
 
 namespace macho {
@@ -17,6 +18,8 @@ struct Unsupported {
 
 constexpr Unsupported kUnsupported[] = {
     {SectionType::terminators, "terminators"},
+    {SectionType::interposing, "interposed functions"},
+    {SectionType::lazy_library_pointers, "pointers into libraries that are loaded when used"},
     {SectionType::initialiser_offsets, "initialisers by offset"},
     {SectionType::thread_local_regular, "thread-local variables"},
     {SectionType::thread_local_zero_fill, "thread-local variables"},
@@ -46,6 +49,8 @@ Section read_section(const Bytes& row, const Segment& segment) {
     for (const auto& [type, what] : kUnsupported)
         if (section.type == type) refuse(subject + " holds " + what + ", which are not supported");
     const uint64_t room = has_no_bytes(section.type) ? segment.size : segment.file_size;
+    if (section.type > kLastSectionType)
+        refuse(subject + " has the unknown type " + hex(static_cast<uint8_t>(section.type)));
     if (!inside(section.address, section.size, segment.address, room))
         refuse(subject + " leaves segment " + segment.name + " (found " +
                range(section.address, section.size) + ", expected within " + range(segment.address, room) +
@@ -66,9 +71,11 @@ class LoadCommands {
         for (uint32_t i = 0; i < count; ++i) {
             const uint32_t number = all.u32(at), size = all.u32(at + 4);
             if (size < 8 || size % 8)
-                refuse("load command " + std::to_string(i) + " (" + hex(number) + ") has size " +
+                refuse("load command " + std::to_string(i) + " (" + name_of_command(number) + ") has size " +
                        std::to_string(size) + ", expected a multiple of 8");
-            one(number, all.part(at, size, "a load command"));
+            // The views of its bytes name it while it is read.
+            const std::string name = "load command " + name_of_command(number);
+            one(number, all.part(at, size, name));
             at += size;
         }
         if (!has_tables_) refuse("no fix-up tables (expected the load command LC_DYLD_INFO_ONLY)");
@@ -98,6 +105,15 @@ class LoadCommands {
                 layout_.platform = kPlatformIos;
                 layout_.minimum_version = command.u32(8);
                 return;
+            case Command::segment:
+            case Command::thread:
+            case Command::unix_thread:
+            case Command::load_fixed_library:
+            case Command::id_fixed_library:
+            case Command::fixed_file:
+            case Command::routines:
+            case Command::routines_64: refuse(std::string(command.name()) + " is not supported in a library");
+            case Command::encryption_info:
             case Command::encryption_info_64:
                 if (const uint32_t scheme = command.u32(16))
                     refuse("the file is encrypted (found scheme " + std::to_string(scheme) + ", expected 0)");
@@ -105,12 +121,12 @@ class LoadCommands {
             case Command::dyld_chained_fixups:
             case Command::dyld_exports_trie:
                 refuse("linked with chained fix-ups, which iOS 12 cannot load either (found load command " +
-                       hex(number) + ", expected LC_DYLD_INFO_ONLY)");
+                       name_of_command(number) + ", expected LC_DYLD_INFO_ONLY)");
             case Command::code_signature: layout_.signature = {command.u32(8), command.u32(12)}; return;
             case Command::rpath: return;
         }
         if (number & kRequiredByDyld)
-            refuse("load command " + hex(number) + " must be understood by the loader, but is not");
+            refuse(std::string(command.name()) + " must be understood by the loader, but is not");
     }
 
     void segment(const Bytes& command) {

@@ -85,6 +85,11 @@ bool Mapping::is_code(uintptr_t address, uint64_t size) const {
            address - address_of(segment->address) + size <= segment->file_size;
 }
 
+bool Mapping::is_writable(uintptr_t address, uint64_t size) const {
+    const Segment* segment = find(address, size);
+    return segment && segment->writable;
+}
+
 Bytes Mapping::read(uintptr_t address, uint64_t size, std::string_view what) const {
     const Segment* segment = find(address, size);
     if (!segment || !segment->readable)
@@ -122,8 +127,7 @@ const char* Mapping::text(uintptr_t address, std::string_view what) const {
 }
 
 void Mapping::require_writable(uintptr_t address, uint64_t size, std::string_view what) const {
-    const Segment* segment = find(address, size);
-    if (!segment || !segment->writable)
+    if (!is_writable(address, size))
         refuse(std::string(what) + " is not in a writable part of the image (found " + hex(address - slide_) +
                ")");
 }

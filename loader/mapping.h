@@ -31,6 +31,8 @@ class Mapping {
     bool contains(uintptr_t address) const { return find(address, 1) != nullptr; }
     /// Whether that is code which the file itself holds.
     bool is_code(uintptr_t address, uint64_t size = 1) const;
+    /// Whether that is in one segment that can be written.
+    bool is_writable(uintptr_t address, uint64_t size) const;
 
     /// Bytes of one readable segment. `what` names them in the Fault that anything else is, and in later
     /// ones.

@@ -2,6 +2,7 @@
 #include "loader/objc_import.h"
 
 #include <algorithm>
+#include <bit>
 #include <map>
 #include <unordered_map>
 
@@ -49,9 +50,20 @@ class Importer {
                 refuse(std::string("a class named ") + each.name + " exists already");
     }
 
+    /// What a pointer is bound to is the file's to say: it need not be a class.
+    void check_superclasses() const {
+        std::vector<Class> known(static_cast<size_t>(objc_getClassList(nullptr, 0)));
+        known.resize(static_cast<size_t>(objc_getClassList(known.data(), static_cast<int>(known.size()))));
+        for (const ClassDescription& each : metadata_.classes)
+            if (each.superclass && !each.superclass_in_image &&
+                std::ranges::find(known, reinterpret_cast<Class>(each.superclass)) == known.end())
+                refuse(std::string("class ") + each.name + ": its superclass is bound to what is no class");
+    }
+
     ImportedClasses run() {
         for (const auto& [slot, name] : metadata_.selectors) point(slot, sel_registerName(name));
         for (const ClassDescription& each : metadata_.classes) import(each);
+        for (const CategoryDescription& each : metadata_.categories) import(each);
         for (const uintptr_t slot : metadata_.class_references) {
             const auto own = host_class_.find(mapping_.read_pointer(slot, "a class reference"));
             if (own != host_class_.end()) point(slot, own->second);
@@ -63,6 +75,11 @@ class Importer {
     }
 
   private:
+    /// The number of times that two divides it.
+    static uint32_t alignment_of(int64_t offset) {
+        return static_cast<uint32_t>(std::countr_zero(static_cast<uint64_t>(offset)));
+    }
+
     void point(uintptr_t slot, const void* target) {
         mapping_.write_pointer(slot, reinterpret_cast<uintptr_t>(target), "a reference");
     }
@@ -79,6 +96,30 @@ class Importer {
         }
         host_class_[description.address] = made;
         host_class_[description.metaclass] = object_getClass(as_object(made));
+    }
+
+    void import(const CategoryDescription& description) {
+        Class extended = description.extended_in_image ? host_class_.at(description.extended)
+                                                       : reinterpret_cast<Class>(description.extended);
+        if (!extended) {
+            result_.dropped_categories.emplace_back(description.name);
+            return;
+        }
+        put_methods(extended, description.instance_methods);
+        put_methods(object_getClass(as_object(extended)), description.class_methods);
+        for (const char* protocol : description.protocols)
+            class_addProtocol(extended, objc::protocol_named(protocol));
+    }
+
+    /// A category's methods stand in for the class's own of the same selectors.
+    static void put_methods(Class to, const std::vector<MethodDescription>& methods) {
+        for (const auto& [name, types, code] : methods) {
+            const SEL selector = sel_registerName(name);
+            const auto implementation = reinterpret_cast<IMP>(code);
+            if (class_addMethod(to, selector, implementation, types)) continue;
+            method_setImplementation(class_getInstanceMethod(to, selector), implementation);
+            __objc_update_dispatch_table_for_class(to);  // of subclasses that have been used, too
+        }
     }
 
     Class make(const ClassDescription& description, Class superclass) {
@@ -102,6 +143,12 @@ class Importer {
         uint32_t log2_alignment = 0;
         for (const auto& variable : description.variables)
             log2_alignment = std::max(log2_alignment, variable.log2_alignment);
+        // Not further than as compiled: below a superclass that has kept its size, everything keeps its
+        // place, and Objective-C compilers count on that of NSObject.
+        if (!description.variables.empty())
+            log2_alignment =
+                std::min(log2_alignment, std::max(description.variables[0].log2_alignment,
+                                                  alignment_of(description.variables[0].offset)));
         for (const VariableDescription& variable : description.variables) {
             std::string name = variable.name;
             if (class_getInstanceVariable(superclass, variable.name)) {
@@ -161,6 +208,7 @@ ImportedClasses import_classes(Image& image) {
     try {
         Importer importer(image);
         importer.check_names();
+        importer.check_superclasses();
         image.stay_mapped();
         return importer.run();
     } catch (const Fault& fault) {

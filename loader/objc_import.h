@@ -10,6 +10,7 @@ namespace macho {
 struct ImportedClasses {
     std::vector<std::string> registered;  ///< superclasses first
     std::vector<std::string> dropped;  ///< their superclass is a weak import that is missing, or was dropped
+    std::vector<std::string> dropped_categories;  ///< their class is
     /// Instance variables named as one of a superclass, which the runtime refuses. They are called
     /// "Class.name" instead, so that key-value coding does not find them.
     std::vector<std::string> renamed_variables;
@@ -19,8 +20,9 @@ struct ImportedClasses {
 /// protocols to the runtime's. To be called once for an image, before its initialisers.
 ///
 /// Throws Error. Metadata that is at fault and classes that exist already are found out before anything is
-/// registered. Two methods or variables of one name in a class, or variables that cannot keep their distances
-/// from each other, are found out when that class's turn comes; the classes before it stay.
+/// registered. Categories come after the classes, in the file's order. Two methods or variables of one name
+/// in a class, or variables that cannot keep their distances from each other, are found out when that class's
+/// turn comes; the classes before it stay.
 ImportedClasses import_classes(Image& image);
 
 }  // namespace macho

@@ -23,18 +23,27 @@ enum DataField : uint64_t {
     kProperties = 64,
     kDataSize = 72,
 };
+enum CategoryField : uint64_t {
+    kCategoryName = 0,
+    kExtended = 8,
+    kInstanceMethods = 16,
+    kClassMethods = 24,
+    kCategoryProtocols = 32,
+    kCategoryProperties = 40,
+};
 constexpr uint32_t kIsMetaclass = 1;
 
 constexpr uint64_t kMethodRowSize = 24, kVariableRowSize = 32, kPropertyRowSize = 16;
 constexpr uint64_t kProtocolSize = 24;         // of the fields read here: isa, name, protocols
+constexpr uint64_t kCategorySize = 48;         // without the class's own properties, which old files lack
 constexpr uint32_t kLargestLog2Alignment = 4;  // objects themselves are aligned to 16 bytes
+constexpr int64_t kLargestInstance = 1 << 20;  // bytes
 constexpr uint32_t kRowSizeMask = ~3u;         // the two lowest bits are flags
 
 // What no code of ours needs, and libobjc cannot be told about.
 constexpr const char* kRefusedSections[][2] = {
     {"__objc_nlclslist", "classes with a +load method"},
-    {"__objc_catlist", "categories"},
-    {"__objc_catlist2", "categories"},
+    {"__objc_catlist2", "categories of Swift classes"},
     {"__objc_nlcatlist", "categories with a +load method"},
 };
 
@@ -56,6 +65,7 @@ class MetadataReader {
         found.offset_width = offset_width_;
         found.selectors = selectors();
         found.classes = classes();
+        found.categories = categories(found.classes);
         found.class_references = class_references(found.classes);
         for (const uintptr_t slot : slots("__objc_protolist"))
             found.protocols.push_back(protocol_name(pointed_to(slot)));
@@ -171,6 +181,35 @@ class MetadataReader {
         return found;
     }
 
+    std::vector<CategoryDescription> categories(const std::vector<ClassDescription>& classes) {
+        std::unordered_set<uintptr_t> own;
+        for (const ClassDescription& each : classes) own.insert(each.address);
+        std::vector<CategoryDescription> found;
+        for (const uintptr_t slot : slots("__objc_catlist"))
+            found.push_back(read_category(pointed_to(slot), own));
+        return found;
+    }
+
+    CategoryDescription read_category(uintptr_t address, const std::unordered_set<uintptr_t>& own) {
+        const Bytes fields = mapping_.read(address, kCategorySize, "a category");
+        if (!claimed_.insert(address).second) refuse("a category is listed twice");
+        CategoryDescription found{};
+        found.name = mapping_.text(fields.u64(kCategoryName), "a category's name");
+        try {
+            found.extended = fields.u64(kExtended);
+            found.extended_in_image = own.contains(found.extended);
+            if (!found.extended_in_image && !bound_.contains(address + kExtended))
+                refuse("it extends what is no class (found " + hex(found.extended - mapping_.slide()) + ")");
+            found.instance_methods = methods(fields.u64(kInstanceMethods));
+            found.class_methods = methods(fields.u64(kClassMethods));
+            found.protocols = protocols(fields.u64(kCategoryProtocols));
+            check_properties(fields.u64(kCategoryProperties));
+        } catch (const Fault& fault) {
+            refuse(std::string("category ") + found.name + ": " + fault.what());
+        }
+        return found;
+    }
+
     Bytes class_data(const Bytes& fields, bool of_metaclass) {
         const uintptr_t at = fields.u64(kData);
         const Bytes data = mapping_.read(at, kDataSize, "the class's data");
@@ -227,6 +266,7 @@ class MetadataReader {
     std::vector<VariableDescription> variables(uintptr_t list) {
         const Bytes all = rows(list, kVariableRowSize, "the list of variables");
         std::vector<VariableDescription> found;
+        uint64_t room = kLargestInstance;
         for (uint64_t at = 0; at < all.size(); at += kVariableRowSize) {
             VariableDescription variable{.name = mapping_.text(all.u64(at + 8), "a variable's name"),
                                          .types = mapping_.text(all.u64(at + 16), "a variable's type"),
@@ -240,6 +280,12 @@ class MetadataReader {
             const Bytes slot = mapping_.read(variable.offset_slot, offset_width_, "a variable's offset");
             mapping_.require_writable(variable.offset_slot, offset_width_, "a variable's offset");
             variable.offset = offset_width_ == 8 ? static_cast<int64_t>(slot.u64(0)) : int32_t(slot.u32(0));
+            // libobjc counts in less than 32 bits.
+            room -= std::min<uint64_t>(room, variable.size);
+            if (room == 0 || variable.offset > kLargestInstance || variable.offset < -kLargestInstance)
+                refuse(std::string("the variable ") + variable.name + " makes objects too large (found " +
+                       std::to_string(variable.size) + " bytes at " + std::to_string(variable.offset) +
+                       ", expected all within " + std::to_string(kLargestInstance) + ")");
             found.push_back(variable);
         }
         return found;
@@ -261,12 +307,12 @@ class MetadataReader {
 
     std::vector<const char*> protocols(uintptr_t list) const {
         std::vector<const char*> names;
-        std::set<uintptr_t> known;
+        std::set<uintptr_t> known, read;
         std::vector<uintptr_t> lists{list};
         while (!lists.empty()) {
             const uintptr_t next = lists.back();
             lists.pop_back();
-            if (!next) continue;
+            if (!next || !read.insert(next).second) continue;
             const uint64_t count = mapping_.read(next, 8, "a list of protocols").u64(0);
             const Bytes onwards = mapping_.read_onwards(next, "a list of protocols");
             for (uint64_t i = 1; i <= count; ++i) {

@@ -37,6 +37,15 @@ struct ClassDescription {
     std::vector<const char*> protocols;  ///< adopted, and those that they adopt in turn
 };
 
+/// Methods for a class that is defined elsewhere, in the image or not.
+struct CategoryDescription {
+    const char* name;
+    uintptr_t extended;  ///< the class: in the image or of the host; 0 if it is missing
+    bool extended_in_image;
+    std::vector<MethodDescription> instance_methods, class_methods;
+    std::vector<const char*> protocols;
+};
+
 /// A pointer of the image that stands for something with a name.
 struct NamedReference {
     uintptr_t slot;
@@ -45,9 +54,10 @@ struct NamedReference {
 
 struct ObjcMetadata {
     std::vector<NamedReference> selectors;
-    std::vector<ClassDescription> classes;    ///< superclasses first
-    std::vector<uintptr_t> class_references;  ///< pointers to classes, of the image or of the host
-    std::vector<const char*> protocols;       ///< that the image defines
+    std::vector<ClassDescription> classes;        ///< superclasses first
+    std::vector<CategoryDescription> categories;  ///< as listed: a later one's methods win
+    std::vector<uintptr_t> class_references;      ///< pointers to classes, of the image or of the host
+    std::vector<const char*> protocols;           ///< that the image defines
     std::vector<NamedReference> protocol_references;
     uint64_t offset_width;  ///< of an offset slot, in bytes
 };

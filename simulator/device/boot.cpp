@@ -73,6 +73,18 @@ bool is_platform_class(std::string_view name) {
     return false;
 }
 
+void check_method(const std::string& name) {
+    const size_t space = name.find(' ');
+    if (!(name.starts_with("-[") || name.starts_with("+[")) || !name.ends_with(']') || space == name.npos ||
+        space + 2 >= name.size() || name.find(' ', space + 1) != name.npos)
+        throw Refusal(SIM_MISUSE, "cannot hide \"" + name +
+                                      "\" from hooks: a method is written -[Class selector] or +[Class "
+                                      "selector]");
+    const std::string owner = name.substr(2, space - 2);
+    if (!is_platform_class(owner))
+        throw Refusal(SIM_NOT_FOUND, "cannot hide " + name + " from hooks: the model has no class " + owner);
+}
+
 bool is_wanted(const BootOptions& options, std::string_view class_name) {
     // The home screen's class is part of its executable, and so of no other process.
     if (class_name == "SpringBoard" && !options.executable.ends_with("/SpringBoard")) return false;
@@ -88,6 +100,8 @@ void check(const BootOptions& options) {
         if (!is_platform_class(name))
             throw Refusal(SIM_NOT_FOUND,
                           "cannot leave out " + name + ": the model has no class of this name");
+    for (const MethodNames* names : {&options.unfound_methods, &options.methods_without_previous})
+        for (const std::string& name : *names) check_method(name);
     for (auto* record = __start_objc_classes; record != __stop_objc_classes; ++record)
         if (is_wanted(options, (*record)->name) && objc_lookUpClass((*record)->name))
             throw Refusal(SIM_MISUSE,
@@ -113,6 +127,7 @@ void boot(const BootOptions& options) {
     booted_device() = options.device;
     start_foundation(options.executable, options.arguments);
     install_reference_counting();
+    hide_from_hooks(options.unfound_methods, options.methods_without_previous);
     mount_root(root);
     objc_autoreleasePoolPush();  // the main thread's outermost pool, which is never drained
     mend_foundation();

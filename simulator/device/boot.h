@@ -5,6 +5,7 @@
 
 #include "device/device.h"
 #include "device/process_arguments.h"
+#include "runtime/hooks.h"
 
 namespace sim {
 
@@ -17,6 +18,8 @@ struct BootOptions {
     Device device;
     /// Names of classes that the model has and this phone has not.
     std::set<std::string, std::less<>> left_out_classes;
+    /// Methods, "-[Class selector]", that the injection framework does not find.
+    MethodNames unfound_methods, methods_without_previous;
 };
 
 /// Once per process. Throws a Refusal before anything has been done, if the options cannot be met.

@@ -13,7 +13,6 @@
 #include "keyboard/show.h"
 #include "objc/exception.h"
 #include "platform/keyboard.h"
-#include "quartzcore/animation/clock.h"
 #include "runtime/installing_calls.h"
 #include "simulator.h"
 #include "uikit/controllers/screen.h"
@@ -21,6 +20,7 @@
 #include "uikit/events/typing.h"
 #include "uikit/layout/layout_reports.h"
 #include "uikit/picture.h"
+#include "uikit/recording.h"
 
 struct sim_library {
     std::unique_ptr<sim::Library> library;
@@ -128,6 +128,9 @@ sim::BootOptions boot_options(const sim_options& given) {
     if (options.screen_height != 0) wanted.device.screen_height = options.screen_height;
     if (options.screen_scale != 0) wanted.device.screen_scale = options.screen_scale;
     for (auto* name = options.left_out_classes; name && *name; ++name) wanted.left_out_classes.insert(*name);
+    for (auto* name = options.unfound_methods; name && *name; ++name) wanted.unfound_methods.insert(*name);
+    for (auto* name = options.methods_without_previous; name && *name; ++name)
+        wanted.methods_without_previous.insert(*name);
     return wanted;
 }
 
@@ -170,6 +173,9 @@ Wanted* object_of(void* given, const char* function, const char* parameter) {
     throw Refusal(SIM_MISUSE, std::string(function) + ": the object is of the class " +
                                   object_getClassName(object) + ", which is no " + class_getName(wanted));
 }
+
+/// A picture is drawn for every frame, so a slip of the pen would keep the phone busy for days.
+constexpr double longest_recorded_step = 600;
 
 UITouchPhase phase_of(int phase) {
     switch (phase) {
@@ -335,10 +341,39 @@ sim_status sim_advance_clock(double seconds) {
         if (!(seconds >= 0 && seconds <= 1e9))
             throw Refusal(SIM_MISUSE, "sim_advance_clock: " + std::to_string(seconds) +
                                           " seconds; time goes forwards, by at most 1e9 at once");
-        if (!sim::advance_clock(seconds))
-            throw Refusal(SIM_FAILED,
-                          "sim_advance_clock: animations end and begin again without time passing");
-        sim::lay_out_screen();
+        if (sim::is_recording() && seconds > longest_recorded_step)
+            throw Refusal(SIM_MISUSE, "sim_advance_clock: " + std::to_string(seconds) +
+                                          " seconds; while the screen is recorded time goes forwards by at "
+                                          "most 600 seconds at once");
+        std::string error;
+        if (!sim::pass_time(seconds, error)) throw Refusal(SIM_FAILED, "sim_advance_clock: " + error);
+    });
+}
+
+sim_status sim_start_recording(double scale, int frames_per_second) {
+    return answer([&] {
+        require_boot("sim_start_recording");
+        require_scale(scale, "sim_start_recording");
+        if (frames_per_second < 1 || frames_per_second > 60)
+            throw Refusal(SIM_MISUSE, "sim_start_recording: " + std::to_string(frames_per_second) +
+                                          " frames per second; expected 1 to 60");
+        if (sim::is_recording())
+            throw Refusal(SIM_MISUSE, "sim_start_recording: the screen is being recorded already");
+        std::string error;
+        if (!sim::start_recording(scale, static_cast<unsigned>(frames_per_second), error))
+            throw Refusal(SIM_FAILED, "sim_start_recording: " + error);
+    });
+}
+
+sim_status sim_stop_recording(const char* host_path) {
+    return answer([&] {
+        if (!sim::is_recording())
+            throw Refusal(SIM_MISUSE, "sim_stop_recording: the screen is not being recorded");
+        std::string error;
+        if (!host_path)
+            sim::discard_recording();
+        else if (!sim::stop_recording(host_path, error))
+            throw Refusal(SIM_BAD_FILE, "sim_stop_recording: " + error);
     });
 }
 

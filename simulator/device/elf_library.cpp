@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <iterator>
 
 #include "device/library.h"
@@ -44,9 +45,14 @@ const char* fault_of(std::string_view contents) {
 
 class ElfLibrary final : public Library {
   public:
-    ElfLibrary(void* handle, std::vector<std::string> classes, double initialiser_seconds)
+    ElfLibrary(std::string name, void* handle, std::vector<std::string> classes, double initialiser_seconds)
         : Library(std::move(classes), initialiser_seconds),
+          name_(std::move(name)),
           handle_(handle) {}
+
+    bool is_installed_as(std::string_view install_name) const override {
+        return std::filesystem::path(install_name).stem() == name_;
+    }
 
   private:
     // The handle's search goes on to the libraries that it needs; what is found there is not its export.
@@ -61,6 +67,7 @@ class ElfLibrary final : public Library {
         return found;
     }
 
+    std::string name_;  ///< the file's without its ending: what the build for the device is called, too
     void* handle_;
 };
 
@@ -77,7 +84,8 @@ std::unique_ptr<Library> load_elf(const std::string& host_path, std::string_view
     const auto after = class_names();
     std::vector<std::string> made;
     std::set_difference(after.begin(), after.end(), before.begin(), before.end(), std::back_inserter(made));
-    return std::make_unique<ElfLibrary>(handle, std::move(made), seconds);
+    return std::make_unique<ElfLibrary>(std::filesystem::path(host_path).stem(), handle, std::move(made),
+                                        seconds);
 }
 
 }  // namespace sim

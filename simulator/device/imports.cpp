@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "objc/runtime.h"
+#include "runtime/exceptions.h"
 #include "runtime/exported.h"
 #include "runtime/not_modelled.h"
 
@@ -73,6 +74,10 @@ void* resolve_import(const std::string& symbol) {
     // A class's symbol is the class: its address goes into the slots that refer to it.
     if (Class found = class_after("OBJC_CLASS_$_")) return found;
     if (Class found = class_after("OBJC_METACLASS_$_")) return object_getClass(reinterpret_cast<id>(found));
+
+    constexpr std::string_view caught = "OBJC_EHTYPE_$_";
+    if (symbol.starts_with(caught))
+        return const_cast<CaughtType*>(caught_type(std::string_view(symbol).substr(caught.size())));
 
     static const Import imports[] = {
         {"__CFConstantStringClassReference", constant_string_class()},

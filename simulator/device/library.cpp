@@ -8,7 +8,7 @@
 #include <cstring>
 #include <ctime>
 #include <fstream>
-#include <set>
+#include <map>
 #include <utility>
 
 #include "device/refusal.h"
@@ -40,9 +40,10 @@ std::string read_whole(const std::string& path) {
     return contents;
 }
 
-std::set<std::string>& loaded_paths() {
-    static std::set<std::string> paths;
-    return paths;
+/// By the paths of their files.
+std::map<std::string, const Library*>& loaded_libraries() {
+    static std::map<std::string, const Library*> libraries;
+    return libraries;
 }
 
 Class class_behind(std::string_view symbol, std::string_view prefix, const std::vector<std::string>& own) {
@@ -85,11 +86,17 @@ std::unique_ptr<Library> load_library(const std::string& host_path) {
     char* real = realpath(host_path.c_str(), nullptr);
     const std::string path = real ? real : host_path;
     std::free(real);
-    if (loaded_paths().contains(path))
+    if (loaded_libraries().contains(path))
         throw Refusal(SIM_MISUSE, "cannot load " + host_path + ": it is loaded already");
     auto library = is(elf_magic) ? load_elf(path, contents) : load_macho(path, std::move(contents));
-    loaded_paths().insert(path);
+    loaded_libraries().emplace(path, library.get());
     return library;
+}
+
+const Library* library_installed_as(std::string_view install_name) {
+    for (const auto& [path, library] : loaded_libraries())
+        if (library->is_installed_as(install_name)) return library;
+    return nullptr;
 }
 
 }  // namespace sim

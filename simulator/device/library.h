@@ -23,6 +23,9 @@ class Library {
     /// The processor time that its initialisers took, in seconds.
     double initialiser_seconds() const { return initialiser_seconds_; }
 
+    /// Whether other libraries ask for its symbols under that name.
+    virtual bool is_installed_as(std::string_view install_name) const = 0;
+
   protected:
     Library(std::vector<std::string> classes, double initialiser_seconds)
         : classes_(std::move(classes)),
@@ -42,6 +45,10 @@ std::unique_ptr<Library> load_library(const std::string& host_path);
 /// The two kinds. `contents` are the file's.
 std::unique_ptr<Library> load_elf(const std::string& host_path, std::string_view contents);
 std::unique_ptr<Library> load_macho(const std::string& host_path, std::string contents);
+
+/// The library that others ask for under that name; null when none was loaded, and for the system's own.
+/// Whoever loaded it keeps it for good.
+const Library* library_installed_as(std::string_view install_name);
 
 /// The processor time that the process has taken so far, in seconds.
 double processor_seconds();

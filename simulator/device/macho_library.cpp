@@ -10,6 +10,7 @@
 #include "loader/image.h"
 #include "loader/objc_import.h"
 #include "objc/runtime.h"
+#include "runtime/installing_calls.h"
 
 namespace sim {
 namespace {
@@ -19,6 +20,10 @@ class MachoLibrary final : public Library {
     MachoLibrary(macho::Image image, std::vector<std::string> classes, double initialiser_seconds)
         : Library(std::move(classes), initialiser_seconds),
           image_(std::move(image)) {}
+
+    bool is_installed_as(std::string_view install_name) const override {
+        return image_.layout().install_name == install_name;
+    }
 
   private:
     void* exported(const std::string& name) const override { return image_.symbol(name); }
@@ -46,15 +51,12 @@ static_assert(sizeof(DeviceString) == 32 && sizeof(FoundationString) <= sizeof(D
 /// compares strings of other classes unit by unit, by message; on the device no string is compared faster
 /// than these.
 void adopt_strings(const macho::Image& image) {
-    const auto& layout = image.layout();
-    const macho::Section* section = layout.section("__cfstring");
-    const bool writable =
-        section && std::ranges::any_of(layout.segments, [section](const macho::Segment& segment) {
-            return segment.name == section->segment && segment.writable;
-        });
-    if (!writable) return;
-    const std::span strings(reinterpret_cast<DeviceString*>(image.mapping().address_of(section->address)),
-                            section->size / sizeof(DeviceString));
+    const macho::Section* section = image.layout().section("__cfstring");
+    if (!section) return;
+    const macho::Mapping& mapping = image.mapping();
+    const uintptr_t start = mapping.address_of(section->address);
+    if (start % alignof(DeviceString) || !mapping.is_writable(start, section->size)) return;
+    const std::span strings(reinterpret_cast<DeviceString*>(start), section->size / sizeof(DeviceString));
     Class own = objc_getClass("NSConstantString");
     for (DeviceString& string : strings) {
         const DeviceString found = string;
@@ -66,8 +68,11 @@ void adopt_strings(const macho::Image& image) {
 /// The image, mapped and bound. The file's contents are gone by the time that anything of it runs.
 macho::Image image_of(const std::string& host_path, std::string contents) {
     const std::span file(reinterpret_cast<const uint8_t*>(contents.data()), contents.size());
-    return macho::Image::load_bytes(
-        file, host_path, [](const macho::Import& import) { return resolve_import(import.symbol); });
+    return macho::Image::load_bytes(file, host_path, [](const macho::Import& import) {
+        // An import names its library. What another one has under the name is not meant.
+        const Library* library = library_installed_as(import.library);
+        return library ? library->symbol(import.symbol) : resolve_import(import.symbol);
+    });
 }
 
 }  // namespace
@@ -75,7 +80,10 @@ macho::Image image_of(const std::string& host_path, std::string contents) {
 std::unique_ptr<Library> load_macho(const std::string& host_path, std::string contents) try {
     auto image = image_of(host_path, std::move(contents));
     adopt_strings(image);
-    auto classes = macho::import_classes(image).registered;
+    auto classes = [&] {
+        const AddingCategories adding;
+        return macho::import_classes(image).registered;
+    }();
     std::sort(classes.begin(), classes.end());
     const double seconds = processor_seconds_of([&] { image.run_initialisers(); });
     return std::make_unique<MachoLibrary>(std::move(image), std::move(classes), seconds);

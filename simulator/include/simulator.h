@@ -71,6 +71,13 @@ typedef struct sim_options {
     /* Classes of the system to leave out, together with their subclasses; ends with NULL. The caller may
      * register classes of its own under their names. */
     const char* const* left_out_classes;
+    /* Methods that the injection framework does not find, "-[UIKBEdgeEffect edges]" or "+[UIKBGradient
+     * gradientWithName:]", though the model has and uses them; ends with NULL. A hook of one does nothing,
+     * and the caller's slot for the previous implementation stays as it was. */
+    const char* const* unfound_methods;
+    /* The same, and the replacement is put in the method's place: a framework that adds what it does not
+     * find. */
+    const char* const* methods_without_previous;
 } sim_options;
 
 /* Switches the phone on: once per process. */
@@ -241,6 +248,17 @@ SIM_API sim_status sim_take_picture(const char* host_path, double scale);
 /* The same of a view alone, on the screen or not: laid out, as large as its bounds, transparent where nothing
  * is drawn. */
 SIM_API sim_status sim_take_picture_of(void* view, const char* host_path, double scale);
+
+/* ---- Recording ---------------------------------------------------------------------------------------- */
+
+/* Records the screen: the first picture is taken now, and as many as wanted, 1 to 60, in each second that
+ * sim_advance_clock lets pass, each at its time; by at most 600 seconds at once. `scale` is in pixels per
+ * point; 0 is the screen's. The pictures have the size of the first. */
+SIM_API sim_status sim_start_recording(double scale, int frames_per_second);
+
+/* Stops, and writes the recording to a host path: an animated PNG, which is played again and again. Pictures
+ * that are the same are one frame. When it cannot be written, the recording goes on; NULL throws it away. */
+SIM_API sim_status sim_stop_recording(const char* host_path);
 
 /* ---- Layout ------------------------------------------------------------------------------------------- */
 

@@ -35,7 +35,8 @@ bool is_registered(Class owner) {
 // Stands before libobjc's function of the name for every module that has this one among its libraries.
 SIM_EXPORTED BOOL class_addMethod(Class owner, SEL selector, IMP implementation, const char* types) {
     const bool added = owner && sim::add_method(owner, selector, implementation, types);
-    if ((!owner || sim::is_registered(owner)) && !sim::is_in_foundation(__builtin_return_address(0)))
+    if ((!owner || sim::is_registered(owner)) && !sim::AddingCategories::now() &&
+        !sim::is_in_foundation(__builtin_return_address(0)))
         sim::record({.kind = sim::InstallingCall::Kind::add_method,
                      .owner = owner,
                      .selector = selector,

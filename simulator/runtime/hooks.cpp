@@ -1,4 +1,8 @@
 // The injection framework's two operations: replacing a method of one class, and replacing a function.
+#include "runtime/hooks.h"
+
+#include <utility>
+
 #include "platform/substrate.h"
 #include "runtime/exported.h"
 #include "runtime/hookable_function.h"
@@ -21,16 +25,40 @@ Hookable& hookable_at(const void* address) {
     not_modelled("MSHookFunction", "this function cannot be replaced in the model");
 }
 
+MethodNames& unfound_methods() {
+    static MethodNames names;
+    return names;
+}
+
+MethodNames& methods_without_previous() {
+    static MethodNames names;
+    return names;
+}
+
+bool names(const MethodNames& methods, Class owner, SEL selector) {
+    if (methods.empty() || !owner) return false;
+    return methods.contains(std::string(class_isMetaClass(owner) ? "+[" : "-[") + class_getName(owner) + " " +
+                            sel_getName(selector) + "]");
+}
+
 }  // namespace
+
+void hide_from_hooks(MethodNames unfound, MethodNames without_previous) {
+    unfound_methods() = std::move(unfound);
+    methods_without_previous() = std::move(without_previous);
+}
+
 }  // namespace sim
 
 using sim::InstallingCall;
 
 SIM_EXPORTED void MSHookMessageEx(Class owner, SEL selector, IMP replacement, IMP* previous) {
-    Method method = owner ? class_getInstanceMethod(owner, selector) : nullptr;
+    const bool found = owner && !sim::names(sim::unfound_methods(), owner, selector);
+    Method method = found ? class_getInstanceMethod(owner, selector) : nullptr;
     const char* types = method ? method_getTypeEncoding(method) : nullptr;
     // The slot is filled before the replacement can run.
-    if (method && previous) *previous = method_getImplementation(method);
+    if (method && previous && !sim::names(sim::methods_without_previous(), owner, selector))
+        *previous = method_getImplementation(method);
     if (method) sim::replace_method(owner, method, replacement);
     sim::record({.kind = InstallingCall::Kind::hook_message,
                  .owner = owner,

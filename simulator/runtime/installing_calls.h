@@ -30,6 +30,17 @@ struct InstallingCall {
 
 void record(const InstallingCall&);
 
+/// While it lives added methods are not to be recorded: a library's categories are put in place, which is no
+/// call of its own.
+class AddingCategories {
+  public:
+    AddingCategories();
+    AddingCategories(const AddingCategories&) = delete;
+    ~AddingCategories();
+
+    static bool now();
+};
+
 /// All recorded so far. A call stays where it is when others follow.
 const std::deque<InstallingCall>& installing_calls();
 

@@ -10,39 +10,39 @@ namespace {
 
 using objc::strong;
 
-/// Reads a string's UTF-16 units in order, a chunk at a time, so that no text is copied whole.
+/// Reads a string's UTF-16 units in order, a chunk at a time, so that no text is copied whole. There is a
+/// unit to peek at after `at_end` has said no.
 class Units {
   public:
     explicit Units(NSString* text) : text_(text), length_(text->length()) {}
 
-    bool at_end() const { return next_ == length_; }
-    char16_t peek() {
-        if (next_ == loaded_) load();
-        return chunk_[next_ - first_];
-    }
+    bool at_end() { return next_ == loaded_ && !load(); }
+    char16_t peek() const { return *next_; }
     void advance() { ++next_; }
     NSUInteger length() const { return length_; }
 
   private:
-    void load() {
-        first_ = next_;
-        NSUInteger left = length_ - first_;
-        loaded_ = first_ + (left < chunk_size ? left : chunk_size);
-        text_->getCharacters(chunk_, {first_, loaded_ - first_});
+    bool load() {
+        const NSUInteger left = length_ - read_, count = left < chunk_size ? left : chunk_size;
+        if (!count) return false;
+        text_->getCharacters(chunk_, {read_, count});
+        read_ += count;
+        next_ = chunk_;
+        loaded_ = chunk_ + count;
+        return true;
     }
 
     static constexpr NSUInteger chunk_size = 32;
     NSString* text_;
-    NSUInteger length_, next_ = 0, first_ = 0, loaded_ = 0;
+    NSUInteger length_, read_ = 0;
+    const char16_t *next_ = nullptr, *loaded_ = nullptr;
     char16_t chunk_[chunk_size];
 };
 
 /// The value of a hexadecimal digit, or -1.
 constexpr int digit_value(char16_t unit) {
-    if (unit >= '0' && unit <= '9') return unit - '0';
-    if (unit >= 'A' && unit <= 'F') return unit - 'A' + 10;
-    if (unit >= 'a' && unit <= 'f') return unit - 'a' + 10;
-    return -1;
+    const unsigned digit = unit - '0', letter = (unit | 0x20) - 'a';
+    return digit < 10 ? static_cast<int>(digit) : letter < 6 ? static_cast<int>(letter) + 10 : -1;
 }
 
 /// What a scanner skips before a number unless it is told otherwise: Unicode's spaces, tab and line ends.
@@ -105,15 +105,14 @@ struct ColorAndImageTool : objc::Implements<ColorAndImageTool, HCCITool> {
         auto skipped = [&](char16_t unit) { return room_for_hash ? unit == '#' : is_space(unit); };
         while (!units.at_end() && skipped(units.peek())) units.advance();
 
+        if (!units.at_end() && units.peek() == '0') {  // alone, or of "0x1F"
+            units.advance();
+            if (!units.at_end() && (units.peek() | 0x20) == 'x') units.advance();
+        }
         uint64_t value = 0;
-        bool zero_first = false;
-        for (NSUInteger index = 0; !units.at_end(); units.advance(), ++index) {
-            const char16_t unit = units.peek();
-            const bool prefix = index == 1 && zero_first && (unit == 'x' || unit == 'X');  // "0x1F"
-            if (prefix) continue;
-            const int digit = digit_value(unit);
+        for (; !units.at_end(); units.advance()) {
+            const int digit = digit_value(units.peek());
             if (digit < 0) break;
-            zero_first = index == 0 && digit == 0;
             value = value << 4 | static_cast<unsigned>(digit);
             if (value > UINT32_MAX) return UINT32_MAX;
         }

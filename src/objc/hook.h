@@ -37,7 +37,8 @@ struct MethodName {
 template <class Signature>
 class Previous;
 
-/// What a replaced method was, for this receiver: called like a function, with the method's arguments.
+/// What a replaced method was, for this receiver: called like a function, with the method's arguments. Where
+/// the injection framework left the slot empty, there was nothing, and the answer is nil, zero or nothing.
 template <class Result, class... Arguments>
 class Previous<Result(Arguments...)> {
   public:
@@ -47,6 +48,8 @@ class Previous<Result(Arguments...)> {
           selector_(selector) {}
 
     Result operator()(Arguments... arguments) const {
+        if (!implementation_) [[unlikely]]
+            return Result();
         using Prototype = Crossing<Result> (*)(id, SEL, Crossing<Arguments>...);
         auto function = reinterpret_cast<Prototype>(implementation_);
         if constexpr (std::is_void_v<Result>)

@@ -77,7 +77,7 @@ struct Preview : objc::Implements<Preview, HCPreview> {
         container->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
         // The places are fixed: one past the end is in front, so without key caps the order is the same.
         container->insertSubview(ivars().keyboardBackground, 0);
-        container->insertSubview(backdrop_for(theme), 1);
+        if (UIView* backdrop = backdrop_for(theme)) container->insertSubview(backdrop, 1);
         if (theme->getVisibleKeycaps()) container->insertSubview(ivars().keycapsImageView, 2);
         tint(ivars().keyboardHighlight, theme->getHighlightColor());
         container->insertSubview(ivars().keyboardHighlight, 3);
@@ -106,14 +106,16 @@ struct Preview : objc::Implements<Preview, HCPreview> {
         return static_cast<Backdrop*>(ivars().cachedBackdrops->objectForKey(key));
     }
 
+    /// There is none where the system lacks the backdrops' superclass: the preview is shown without.
+    void keep(UIView* backdrop, NSString* key) {
+        if (backdrop) ivars().cachedBackdrops->setObject(backdrop, key);
+    }
+
     void make_backdrops() {
-        auto& cached = ivars().cachedBackdrops;
-        cached = NSMutableDictionary::alloc()->initWithCapacity(3);
-        cached->setObject(_UIBackdropImageView::backdropWithStyle(themed_backdrop_style), "ImageView"_ns);
-        cached->setObject(_UIBackdropGradientView::backdropWithStyle(themed_backdrop_style),
-                          "GradientView"_ns);
-        cached->setObject(_UIBackdropColouredView::backdropWithStyle(themed_backdrop_style),
-                          "ColouredView"_ns);
+        ivars().cachedBackdrops = NSMutableDictionary::alloc()->initWithCapacity(3);
+        keep(_UIBackdropImageView::backdropWithStyle(themed_backdrop_style), "ImageView"_ns);
+        keep(_UIBackdropGradientView::backdropWithStyle(themed_backdrop_style), "GradientView"_ns);
+        keep(_UIBackdropColouredView::backdropWithStyle(themed_backdrop_style), "ColouredView"_ns);
     }
 
     void load_pictures() {

@@ -2,18 +2,22 @@
 #include "allocations.h"
 
 #include <atomic>
+#include <cerrno>
 #include <cstdlib>
 
 namespace {
-std::atomic<size_t> count;
+std::atomic<size_t> count, freed;
 }
 
 size_t bench::allocations() { return count; }
+size_t bench::live_allocations() { return count - freed; }
 
 extern "C" {
 void* __libc_malloc(size_t);
 void* __libc_calloc(size_t, size_t);
 void* __libc_realloc(void*, size_t);
+void* __libc_memalign(size_t, size_t);
+void __libc_free(void*);
 
 // Visible, so that the libraries' calls come here as well.
 [[gnu::visibility("default")]] void* malloc(size_t size) {
@@ -26,6 +30,19 @@ void* __libc_realloc(void*, size_t);
 }
 [[gnu::visibility("default")]] void* realloc(void* memory, size_t size) {
     ++count;
+    if (memory) freed += size ? 1 : 2;  // to nothing: only freed
     return __libc_realloc(memory, size);
+}
+[[gnu::visibility("default")]] void* aligned_alloc(size_t alignment, size_t size) {
+    ++count;
+    return __libc_memalign(alignment, size);
+}
+[[gnu::visibility("default")]] int posix_memalign(void** memory, size_t alignment, size_t size) {
+    *memory = aligned_alloc(alignment, size);
+    return *memory ? 0 : ENOMEM;
+}
+[[gnu::visibility("default")]] void free(void* memory) {
+    if (memory) ++freed;
+    __libc_free(memory);
 }
 }

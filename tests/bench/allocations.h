@@ -8,6 +8,8 @@ namespace bench {
 
 /// Allocations of this process so far.
 size_t allocations();
+/// Those that have not been freed.
+size_t live_allocations();
 
 /// Allocations that one call of the work makes, after a first one has filled every cache. Pools are not
 /// counted.

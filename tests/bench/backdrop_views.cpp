@@ -1,6 +1,10 @@
 // Building a backdrop view in three ways.
 #include "backdrop_views.h"
 
+#include <array>
+#include <utility>
+#include <vector>
+
 #include "objc/fast_enumeration.h"
 #include "objc/string.h"
 #include "objc/strong.h"
@@ -13,19 +17,59 @@ using objc::strong;
 
 namespace {
 
+using ColourText = std::array<char16_t, 7>;  // "#RRGGBB"
+
 constexpr CGRect frame{{0, 0}, {375, 260}};
 constexpr NSInteger system_style = 0, themed_style = 2;
 
 using Init = UIKBBackdropView* (*)(UIKBBackdropView*, SEL, CGRect, NSInteger);
 Init init_without_hook = nullptr;
-id receiver = nullptr;
+Class doing_nothing = nullptr;
 Background background;
 NSMutableDictionary* values = nullptr;  // the theme's, as it keeps them
+std::vector<ColourText> texts;          // of its colours
+size_t sends_that_must_be = 0;
 
 strong<UIKBBackdropView> unthemed() {
     UIKBBackdropView* allocated = UIKBBackdropView::alloc();
     return objc::adopt(
         init_without_hook(allocated, objc::selector<"initWithFrame:style:">(), frame, system_style));
+}
+
+// ---- Sends, as they are made in the building of a view: each of a selector of its own ------------------
+
+template <size_t Number>
+consteval auto nothing() {
+    const char text[] = {'n', 'o', 't', 'h', 'i', 'n', 'g', 'A' + Number, 0};
+    return objc::Name(text);
+}
+
+template <size_t... Numbers>
+Class make_class_that_does_nothing(std::index_sequence<Numbers...>) {
+    Class made = objc_allocateClassPair(NSObject::class_object(), "HCDoingNothing", 0);
+    (class_addMethod(object_getClass(reinterpret_cast<id>(made)), objc::selector<nothing<Numbers>()>(),
+                     reinterpret_cast<IMP>(+[](id self, SEL) { return self; }), "@16@0:8"),
+     ...);
+    objc_registerClassPair(made);
+    return made;
+}
+
+template <size_t... Numbers>
+void send_each(std::index_sequence<Numbers...>, size_t count) {
+    ((Numbers < count && objc::send<nothing<Numbers>(), id>(reinterpret_cast<id>(doing_nothing))), ...);
+}
+
+/// Checks the digits of a colour's text and reads them, which the library does for each colour of the theme.
+bool read_digits(const ColourText& text) {
+    auto value_of = [](char16_t unit) {
+        return unit >= '0' && unit <= '9' ? unit - '0' : unit >= 'A' && unit <= 'F' ? unit - 'A' + 10 : -1;
+    };
+    uint32_t value = 0;
+    for (int i = 1; i < 7; ++i)
+        if (value_of(text[i]) < 0) return false;
+    for (int i = 1; i < 7; ++i) value = value << 4 | static_cast<uint32_t>(value_of(text[i]));
+    const volatile uint32_t kept = value;
+    return kept;
 }
 
 // ---- The theme's operations of the system -------------------------------------------------------
@@ -139,13 +183,18 @@ void know_system() {
     objc::adopt_strings();
     init_without_hook = reinterpret_cast<Init>(class_getMethodImplementation(
         UIKBBackdropView::class_object(), objc::selector<"initWithFrame:style:">()));
-    receiver = reinterpret_cast<id>(NSObject::class_object());
+    doing_nothing = make_class_that_does_nothing(std::make_index_sequence<sends_allowed>());
 }
 
 void know_theme(Background wanted, NSMutableDictionary* theme) {
     background = wanted;
     values = theme;
+    objc::for_each<NSString>(as<NSArray>(values->objectForKey("_Colors"_ns)), [](NSString* text) {
+        text->getCharacters(texts.emplace_back().data(), {0, text->length()});
+    });
 }
+
+void know_sends(size_t count) { sends_that_must_be = count; }
 
 strong<UIKBBackdropView> themed_view() {
     return UIKBBackdropView::alloc()->initWithFrame(frame, system_style);
@@ -156,12 +205,22 @@ strong<UIKBBackdropView> view_themed_by_hand() {
     theme_by_hand(backdrop);
     return backdrop;
 }
+strong<UIKBBackdropView> view_themed_by_hand_with_sends() {
+    strong<UIKBBackdropView> backdrop = view_themed_by_hand();
+    send_each(std::make_index_sequence<sends_allowed>(), sends_allowed);
+    return backdrop;
+}
+strong<UIKBBackdropView> view_themed_by_hand_with_what_must_be() {
+    strong<UIKBBackdropView> backdrop = view_themed_by_hand();
+    send_each(std::make_index_sequence<sends_allowed>(), sends_that_must_be);
+    for (const auto& text : texts) read_digits(text);
+    return backdrop;
+}
 
 void build_themed_views() { a_hundred_times<themed_view>(); }
 void build_unthemed_views() { a_hundred_times<unthemed_view>(); }
 void build_views_by_hand() { a_hundred_times<view_themed_by_hand>(); }
-void send_often() {
-    for (int i = 0; i < 10000; ++i) objc::send<"self", id>(receiver);
-}
+void build_views_by_hand_with_what_must_be() { a_hundred_times<view_themed_by_hand_with_what_must_be>(); }
+void build_views_by_hand_and_send() { a_hundred_times<view_themed_by_hand_with_sends>(); }
 
 }  // namespace bench

@@ -7,6 +7,9 @@
 
 namespace bench {
 
+/// How many sends' worth of time the library may take for itself.
+constexpr size_t sends_allowed = 25;
+
 /// What a theme puts into the view.
 enum class Background { flat, gradient };
 
@@ -16,6 +19,8 @@ enum class Background { flat, gradient };
 void know_system();
 /// The theme's values, as the theme keeps them.
 void know_theme(Background, NSMutableDictionary* values);
+/// The sends that the library makes beyond the system's operations.
+void know_sends(size_t);
 
 objc::strong<UIKBBackdropView> themed_view();
 objc::strong<UIKBBackdropView> unthemed_view();
@@ -23,13 +28,17 @@ objc::strong<UIKBBackdropView> unthemed_view();
 /// same order: reading the theme's values, making the colours and the view that is put in. The library's own
 /// methods are left out.
 objc::strong<UIKBBackdropView> view_themed_by_hand();
+/// The same and `sends_allowed` sends, each to another method that does nothing.
+objc::strong<UIKBBackdropView> view_themed_by_hand_with_sends();
+/// The same with as many sends as the library makes, and the digits of the theme's colours read.
+objc::strong<UIKBBackdropView> view_themed_by_hand_with_what_must_be();
 
 // A hundred of each, one after the other.
 void build_themed_views();
 void build_unthemed_views();
 void build_views_by_hand();
-/// Sends something that does nothing, ten thousand times.
-void send_often();
+void build_views_by_hand_and_send();
+void build_views_by_hand_with_what_must_be();
 
 #pragma GCC visibility pop
 

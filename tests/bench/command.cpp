@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "check.h"
+#include "figure.h"
 #include "keyboard_layers.h"
 #include "process.h"
 #include "ratio.h"
@@ -205,18 +206,6 @@ void measure_gallery(std::vector<Ratio>& ratios, const Folder& folder,
                       .cost_against = undisturbed(composing.processor)});
 }
 
-/// The command's processor time against a figure in seconds.
-Ratio against_figure(const std::string& what, double seconds, const Command& command, int worst_status) {
-    constexpr int rounds = 11;
-    Costs costs;
-    for (int round = 0; round < rounds; ++round) costs.add(run(command, worst_status));
-    return {.what = what,
-            .against = "a figure, which is not measured",
-            .limit = 1,
-            .cost = undisturbed(costs.processor),
-            .cost_against = seconds};
-}
-
 }  // namespace
 
 void measure_command(std::vector<Ratio>& ratios) {
@@ -236,7 +225,7 @@ void measure_command(std::vector<Ratio>& ratios) {
     const std::string picture = (folder / "preview.png").string();
     constexpr double preview_seconds = 0.120, lint_seconds = 2;
     ratios.push_back(against_figure("huecraft preview, processor time", preview_seconds,
-                                    huecraft("preview", {shipped[0]}, {"-o", picture}), 0));
+                                    huecraft("preview", {shipped[0]}, {"-o", picture})));
     constexpr int findings = 1;
     ratios.push_back(against_figure("huecraft lint of 1000 themes, processor time", lint_seconds,
                                     huecraft("lint", folder.write_themes(without_image, checked_themes), {}),

@@ -5,8 +5,9 @@
 #include "simulator.h"
 
 int main(int argc, char** argv) {
+    if (argc == 1) return 0;  // the libraries are loaded, which takes a while
     if (argc != 3 && argc != 4) {
-        std::fprintf(stderr, "usage: %s <library> <root folder> [picture]\n", argv[0]);
+        std::fprintf(stderr, "usage: %s [<library> <root folder> [picture]]\n", argv[0]);
         return 2;
     }
     sim_options options{};

@@ -58,6 +58,7 @@ int main() {
     bench::measure_backdrops(ratios);
     bench::measure_keyboard_pictures(ratios);
     bench::measure_command(ratios);
+    bench::measure_opening(ratios);
 
     test::Phone phone;
     test::arrange_theme(phone);
@@ -67,6 +68,7 @@ int main() {
     bench::measure_hooks(ratios);
     bench::measure_gradients(ratios);
     bench::measure_averages(ratios);
+    bench::measure_picker(ratios);
 
     bench::print_heading();
     for (const bench::Ratio& ratio : ratios) bench::print(ratio);

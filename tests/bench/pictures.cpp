@@ -3,6 +3,8 @@
 // The layers are what the simulator's own pictures differ in: the page with the keyboard's background, then a
 // file for each key cap, label and glyph. ImageMagick reads them and lays them over each other, where the
 // simulator has a system to boot and a keyboard to lay out; both write the same pixels as PNG.
+#include <png.h>
+
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -44,6 +46,39 @@ class Look {
     test::Phone phone_;
 };
 
+/// Compresses the picture once more, as the simulator did.
+class Compression {
+  public:
+    explicit Compression(const std::filesystem::path& picture) {
+        png_image png{};
+        png.version = PNG_IMAGE_VERSION;
+        check(png_image_begin_read_from_file(&png, picture.c_str()), "the picture is a PNG");
+        png.format = PNG_FORMAT_RGB;
+        pixels_.resize(PNG_IMAGE_SIZE(png));
+        check(png_image_finish_read(&png, nullptr, pixels_.data(), 0, nullptr), "the picture is whole");
+        width_ = png.width;
+        height_ = png.height;
+    }
+    double seconds() const {
+        png_image png{};
+        png.version = PNG_IMAGE_VERSION;
+        png.width = width_;
+        png.height = height_;
+        png.format = PNG_FORMAT_RGB;
+        png.flags = PNG_IMAGE_FLAG_FAST;
+        png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(png);
+        std::vector<uint8_t> file(size);
+        const double before = processor_seconds();
+        check(png_image_write_to_memory(&png, file.data(), &size, 0, pixels_.data(), 0, nullptr),
+              "the picture can be written");
+        return processor_seconds() - before;
+    }
+
+  private:
+    png_uint_32 width_, height_;
+    std::vector<uint8_t> pixels_;
+};
+
 }  // namespace
 
 void measure_keyboard_pictures(std::vector<Ratio>& ratios) {
@@ -59,11 +94,12 @@ void measure_keyboard_pictures(std::vector<Ratio>& ratios) {
     const std::filesystem::path composed = whole.beside("composed.png");
     Command only_boots = whole.command();
     only_boots.pop_back();
+    const Command only_starts{HUECRAFT_KEYBOARD_PICTURE};
     struct Way {
         Command command;
         std::vector<double> wall = {}, processor = {};
     };
-    Way simulator{whole.command()}, boots{only_boots},
+    Way simulator{whole.command()}, boots{only_boots}, starts{only_starts},
         composes{compose(background.picture(), layers, quick_png, composed)},
         composes_small{compose(background.picture(), layers, {}, composed)};
     for (const Way* way : {&composes, &composes_small}) {
@@ -71,20 +107,24 @@ void measure_keyboard_pictures(std::vector<Ratio>& ratios) {
         check(look_alike(whole.picture(), composed), "ImageMagick composes the simulator's picture");
     }
 
+    const Compression compression(whole.picture());
+    std::vector<double> compressing;
     constexpr int rounds = 21;
-    for (int round = 0; round < rounds; ++round)
-        for (Way* way : {&simulator, &composes, &composes_small, &boots}) {
+    for (int round = 0; round < rounds; ++round) {
+        for (Way* way : {&simulator, &composes, &composes_small, &boots, &starts}) {
             const Spent spent = run(way->command);
             way->wall.push_back(spent.wall);
             way->processor.push_back(spent.processor);
         }
+        compressing.push_back(compression.seconds());
+    }
     const auto [width, height] = size_of(whole.picture());
     const std::string what =
         "a keyboard's picture, " + std::to_string(width) + " x " + std::to_string(height);
     const std::string against =
         "ImageMagick composing it from " + std::to_string(layers.size() + 1) + " files";
     constexpr double half = 0.5;
-    constexpr const char* why = "loading Foundation and booting take most of that";
+    constexpr const char* why = "loading the libraries and compressing the PNG take most of that";
     auto rows = [&](const std::string& of, const std::string& than, std::optional<double> limit,
                     const Way& way, const Way& other) {
         ratios.push_back({.what = of + ", wall time",
@@ -101,7 +141,12 @@ void measure_keyboard_pictures(std::vector<Ratio>& ratios) {
                           .known = why});
     };
     rows(what, against, half, simulator, composes);
-    rows("  booting and loading alone", against, std::nullopt, boots, composes);
+    rows("  loading the system's libraries alone", against, std::nullopt, starts, composes);
+    rows("  that, booting and loading the library", against, std::nullopt, boots, composes);
+    ratios.push_back({.what = "  compressing the PNG alone, processor time",
+                      .against = against,
+                      .cost = undisturbed(compressing),
+                      .cost_against = undisturbed(composes.processor)});
     rows("  the picture", against + ", with its own PNG settings", std::nullopt, simulator, composes_small);
 }
 

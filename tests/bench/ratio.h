@@ -36,10 +36,12 @@ void measure_startup(std::vector<Ratio>&);
 void measure_backdrops(std::vector<Ratio>&);
 void measure_keyboard_pictures(std::vector<Ratio>&);
 void measure_command(std::vector<Ratio>&);
+void measure_opening(std::vector<Ratio>&);
 
 void measure_colours(std::vector<Ratio>&);
 void measure_hooks(std::vector<Ratio>&);
 void measure_gradients(std::vector<Ratio>&);
 void measure_averages(std::vector<Ratio>&);
+void measure_picker(std::vector<Ratio>&);  // which it leaves on the screen
 
 }  // namespace bench

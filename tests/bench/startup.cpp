@@ -83,6 +83,36 @@ double in_child(double (*measure)(Theming, Foundation), Theming theming, Foundat
     return bench::in_child(1, [=] { return std::vector{measure(theming, foundation)}; })[0];
 }
 
+/// What it takes to load a build: map it, bind it, make its classes and run its initializers, which find
+/// theming off.
+double loading(const char* library) {
+    setenv("HUECRAFT_LIBRARY", library, 1);
+    test::Phone phone;
+    phone.write(test::preference_file, test::property_list("<dict><key>_Enabled</key><false/></dict>"));
+    phone.boot();
+    processor_seconds();
+    const double before = processor_seconds();
+    phone.load();
+    const double seconds = processor_seconds() - before;
+    check(phone.library(), "the library is loaded");
+    return seconds;
+}
+
+Ratio loading_compared(Ratio ratio) {
+    constexpr int runs = 121;
+    auto in_child = [](const char* library) {
+        return bench::in_child(1, [=] { return std::vector{loading(library)}; })[0];
+    };
+    std::vector<double> costs, costs_against;
+    for (int i = 0; i < runs; ++i) {
+        costs.push_back(in_child(HUECRAFT_DYLIB));
+        costs_against.push_back(in_child(HUECRAFT_SHARED_OBJECT));
+    }
+    ratio.cost = undisturbed(costs);
+    ratio.cost_against = undisturbed(costs_against);
+    return ratio;
+}
+
 Ratio measured(Ratio ratio, Theming theming, Foundation foundation) {
     const int runs = ratio.limit ? 121 : 31;
     std::vector<double> costs, costs_against;
@@ -110,6 +140,8 @@ void measure_startup(std::vector<Ratio>& ratios) {
                               Theming::off, Foundation::has_parsed));
     ratios.push_back(measured({.what = "  on, where a list was parsed before", .against = both_files_alone},
                               Theming::on, Foundation::has_parsed));
+    ratios.push_back(loading_compared(
+        {.what = "loading the dylib, theming off", .against = "loading the ELF build", .limit = 1.3}));
 }
 
 }  // namespace bench

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 
+#include "hooks/hook_rows.h"
 #include "support/runtime.h"
 #include "support/themes.h"
 
@@ -11,59 +12,6 @@ namespace {
 constexpr const char* springboard = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
 constexpr const char* daemon_path = "/usr/libexec/keyboardd";
 
-using Rows = std::vector<std::string>;
-
-const Rows render_factory_rows{
-    "-[UIKBRenderFactory controlKeyShadowColorName]",
-    "-[UIKBRenderFactory defaultKeyShadowColorName]",
-    "-[UIKBRenderFactory controlKeyForegroundColorName]",
-    "-[UIKBRenderFactory _controlKeyBackgroundColorName]",
-    "-[UIKBRenderFactory controlKeyBackgroundColorName]",
-    "-[UIKBRenderFactory defaultKeyBackgroundColorName]",
-};
-
-const Rows rows_from_8{
-    "-[UIKBBlurredKeyView initWithFrame:keyplane:key:]",
-    "-[UIInputSwitcherTableView layoutSubviews]",
-    "-[UIInputSwitcherTableCell initWithStyle:reuseIdentifier:]",
-    "-[UIInputSwitcherTableCellSegmentView layoutSubviews]",
-    "-[UIKeyboardEmojiSectionHeader setHeaderTextColor:]",
-    "-[UIKeyboardEmojiSectionHeader setHeaderOpacity:]",
-    "-[UIKeyboardEmojiSectionHeader headerTextColor]",
-    "-[UIKeyboardEmojiSectionHeader headerOpacity]",
-    "-[UIKeyboardEmojiSectionHeader setUseVibrantBlend:]",
-    "-[UIKeyboardEmojiSectionHeader useVibrantBlend]",
-    "-[UIKeyboardEmojiCategoryBar displayLayer:]",
-    "-[UIKeyboardPredictionCell textColor]",
-    "-[UIKeyboardPredictionCell layoutSubviews]",
-    "-[UIKeyboardDockItemButton layoutSubviews]",
-    "-[UIKBBackdropView initWithFrame:style:]",
-    "-[UIKBBackdropView activeBackgroundView] added as @@:",
-    "-[UIKBBackdropView setActiveBackgroundView:] added as v@:@",
-    "-[UIKBVisualEffectView initWithFrame:style:]",
-    "-[UIKBInputBackdropView inputBackdropFullView]",
-    "-[UIKBInputBackdropView inputBackdropLeftView]",
-    "-[UIKBInputBackdropView inputBackdropRightView]",
-    "-[UIKBInputBackdropView layoutSubviews]",
-    "-[UIKBInputBackdropView removeKBBackdropEffects:] added as v@:@",
-    "-[UIKBTextStyle textColor]",
-    "+[UIKBRenderConfig backdropStyleForStyle:quality:]",
-    "-[UIKBRenderConfig lightKeyboard]",
-    "+[UIKBGradient gradientWithFlatColor:]",
-    "+[UIKBGradient gradientWithName:]",
-    "-[UIKBGradient initWithFlatColor:]",
-    "-[UIKBGradient initWithName:]",
-    "-[UIWebFormAccessory layoutSubviews]",
-    "-[UIKBEdgeEffect edges]",
-    "+[UIKBEdgeEffect effectWithColor:edges:inset:weight:]",
-    "+[UIKBEdgeEffect effectWithColor:edges:insets:weight:]",
-    "-[UIKBEdgeEffect initWithColor:edges:insets:weight:]",
-    "+[UIKBShadowEffect effectWithColor:offset:insets:weight:]",
-    "-[UIKBShadowEffect initWithColor:offset:insets:weight:]",
-};
-
-const std::string named_colour_row = "function UIKBGetNamedColor";
-const std::string springboard_row = "-[SpringBoard applicationDidFinishLaunching:]";
 const std::string springboard_row_without_class = "-[nil applicationDidFinishLaunching:]";
 
 Rows joined(std::initializer_list<Rows> parts) {

@@ -103,12 +103,13 @@ TEST(BindOpcodesTest, APointerBeforeAnySymbolIsRefused) {
 }
 
 TEST(BindOpcodesTest, APointerBeforeAnySegmentIsRefused) {
-    EXPECT_EQ(refusal(joined({kFoo, {0x90}})), "the bind table fixes a pointer up before it names a segment");
+    EXPECT_EQ(refusal(joined({kFoo, {0x90}})),
+              "the bind table fixes a pointer up before it names a segment, at the symbol f");
 }
 
 TEST(BindOpcodesTest, APointerInAReadOnlySegmentIsRefused) {
     EXPECT_EQ(refusal(joined({kFoo, {0x70, 0x00, 0x90}})),
-              "the bind table fixes a pointer up in segment __TEXT, which is not writable");
+              "the bind table fixes a pointer up in segment __TEXT, which is not writable, at the symbol f");
 }
 
 TEST(BindOpcodesTest, ACountBeyondTheSegmentIsRefused) {
@@ -117,7 +118,7 @@ TEST(BindOpcodesTest, ACountBeyondTheSegmentIsRefused) {
 
 TEST(BindOpcodesTest, ACountWithoutEndInOnePlaceIsRefused) {
     EXPECT_EQ(refusal(joined({kFoo, kData, {0xc0}, huge, back})),
-              "the bind table has more entries than the image has pointers");
+              "the bind table has more entries than the image has pointers, at the symbol f");
 }
 
 TEST(BindOpcodesTest, ASymbolThatDoesNotEndIsRefused) {

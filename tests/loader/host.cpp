@@ -108,6 +108,10 @@ void define_host_classes() {
                     reinterpret_cast<IMP>(kinds), "q@:");
     objc_registerClassPair(shape);
 
+    Class open = objc_allocateClassPair(objc_lookUpClass("NSObject"), "LTHostOpen", 0);
+    class_addMethod(open, sel_registerName("sides"), reinterpret_cast<IMP>(sides), "q@:");
+    objc_registerClassPair(open);
+
     Class odd = objc_allocateClassPair(objc_lookUpClass("NSObject"), "LTHostOdd", 0);
     class_addIvar(odd, "_bytes", 3, bytes, "[3c]");
     objc_registerClassPair(odd);

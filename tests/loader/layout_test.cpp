@@ -71,19 +71,19 @@ TEST_F(LayoutTest, AListOfLoadCommandsThatLeavesTheFileIsRefused) {
 TEST_F(LayoutTest, ALoadCommandWithAnOddSizeIsRefused) {
     for (const uint32_t size : {0, 4, 9}) {
         draft.set32(32 + 4, size);
-        EXPECT_THAT(draft.load_error(), HasSubstr("load command 0 (0x19) has size " + std::to_string(size) +
-                                                  ", expected a multiple of 8"));
+        EXPECT_THAT(draft.load_error(), HasSubstr("load command 0 (LC_SEGMENT_64) has size " +
+                                                  std::to_string(size) + ", expected a multiple of 8"));
     }
 }
 
 TEST_F(LayoutTest, ALoadCommandTooShortForItsFieldsIsRefused) {
     draft.set32(32 + 4, 16);
-    EXPECT_THAT(draft.load_error(), HasSubstr("a read leaves a load command"));
+    EXPECT_THAT(draft.load_error(), HasSubstr("a read leaves load command LC_SEGMENT_64 (found 16 bytes"));
 }
 
 TEST_F(LayoutTest, ALibraryNameOutsideItsCommandIsRefused) {
     draft.set32(draft.command(Command::load_dylib) + 8, 0x1000);
-    EXPECT_THAT(draft.load_error(), HasSubstr("a read leaves a load command"));
+    EXPECT_THAT(draft.load_error(), HasSubstr("a read leaves load command LC_LOAD_DYLIB (found "));
 }
 
 TEST_F(LayoutTest, AnUnknownLoadCommandIsRefusedOnlyIfTheFileRequiresIt) {
@@ -93,6 +93,38 @@ TEST_F(LayoutTest, AnUnknownLoadCommandIsRefusedOnlyIfTheFileRequiresIt) {
     draft.set32(at, 0x80007777);
     EXPECT_THAT(draft.load_error(),
                 HasSubstr("load command 0x80007777 must be understood by the loader, but is not"));
+}
+
+TEST_F(LayoutTest, WhatTheLoaderCannotRunIsRefusedByItsName) {
+    const size_t at = draft.command(Command::id_dylib);
+    const std::pair<uint32_t, const char*> commands[] = {
+        {0x1, "LC_SEGMENT"},     {0x4, "LC_THREAD"},
+        {0x5, "LC_UNIXTHREAD"},  {0x6, "LC_LOADFVMLIB"},
+        {0x7, "LC_IDFVMLIB"},    {0x9, "LC_FVMFILE"},
+        {0x11, "LC_ROUTINES"},   {0x1a, "LC_ROUTINES_64"},
+        {0x80000028, "LC_MAIN"}, {0x80000035, "LC_FILESET_ENTRY"}};
+    for (const auto& [number, name] : commands) {
+        draft.set32(at, number);
+        EXPECT_THAT(draft.load_error(),
+                    StartsWith("plain.dylib: cannot load: load command " + std::string(name) + " "))
+            << name;
+    }
+}
+
+TEST_F(LayoutTest, ACommandThatOnlyInformsIsRead) {
+    const size_t at = draft.command(Command::id_dylib);
+    for (const uint32_t number : {0x26, 0x29, 0x2a, 0x31}) {
+        draft.set32(at, number);
+        EXPECT_EQ(draft.load_error(), "") << number;
+    }
+}
+
+TEST_F(LayoutTest, ControlCharactersOfAFileAreWrittenOut) {
+    const size_t data = draft.section("__data");
+    draft.set_text(data, "__a\n\x1b[31m\x7f").set8(data + kSectionFlags, 0x11);
+    EXPECT_EQ(draft.load_error(),
+              "plain.dylib: cannot load: section __a\\x0a\\x1b[31m\\x7f holds "
+              "thread-local variables, which are not supported");
 }
 
 TEST_F(LayoutTest, AnEncryptedFileIsRefused) {
@@ -106,7 +138,7 @@ TEST_F(LayoutTest, AnEncryptedFileIsRefused) {
 TEST_F(LayoutTest, ChainedFixupsAreRefused) {
     EXPECT_THAT(Draft("chained").load_error(),
                 AllOf(StartsWith("chained.dylib: cannot load: linked with chained fix-ups"),
-                      HasSubstr("(found load command 0x8000003"), HasSubstr("expected LC_DYLD_INFO_ONLY)")));
+                      HasSubstr("(found load command LC_DYLD_"), HasSubstr("expected LC_DYLD_INFO_ONLY)")));
 }
 
 TEST_F(LayoutTest, AFileWithoutFixupTablesIsRefused) {
@@ -177,7 +209,7 @@ TEST_F(LayoutTest, AHeaderThatNoSegmentMapsIsRefused) {
 
 TEST_F(LayoutTest, TooManySectionsForTheirCommandAreRefused) {
     draft.set32(draft.segment("__DATA") + kSectionCount, 0xffffffff);
-    EXPECT_THAT(draft.load_error(), HasSubstr("a read leaves a load command"));
+    EXPECT_THAT(draft.load_error(), HasSubstr("a read leaves load command LC_SEGMENT_64 (found "));
 }
 
 TEST_F(LayoutTest, ASectionOutsideItsSegmentIsRefused) {
@@ -211,6 +243,18 @@ TEST_F(LayoutTest, InitialisersByOffsetAndTerminatorsAreRefused) {
                 HasSubstr("section __data holds initialisers by offset, which are not supported"));
     draft.set8(data + kSectionFlags, 0x0a);
     EXPECT_THAT(draft.load_error(), HasSubstr("section __data holds terminators, which are not supported"));
+}
+
+TEST_F(LayoutTest, SectionsOfUnknownAndOfOtherUnsupportedTypesAreRefused) {
+    const size_t data = draft.section("__data");
+    draft.set8(data + kSectionFlags, 0x0d);
+    EXPECT_THAT(draft.load_error(),
+                HasSubstr("section __data holds interposed functions, which are not supported"));
+    draft.set8(data + kSectionFlags, 0x10);
+    EXPECT_THAT(draft.load_error(), HasSubstr("section __data holds pointers into libraries that are loaded "
+                                              "when used, which are not supported"));
+    draft.set8(data + kSectionFlags, 0x17);
+    EXPECT_THAT(draft.load_error(), HasSubstr("section __data has the unknown type 0x17"));
 }
 
 // The linker writes the older command for the simulator's slice, and the newer one for the device's.

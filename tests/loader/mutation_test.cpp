@@ -1,109 +1,193 @@
-// Damaged images at large: each loads or is refused, and nothing else happens.
-#include <gtest/gtest.h>
+// Damaged images at large: each loads and is imported, or is refused in one line, and nothing else happens.
+#include "mutation.h"
 
-#include <random>
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
 
 #include "host.h"
 #include "loader/fault.h"
 #include "loader/image.h"
+#include "loader/objc_import.h"
 #include "loader/objc_metadata.h"
+#include "objc/runtime.h"
+
+#if __has_feature(address_sanitizer)
+// Every process that is made copies what lies in the quarantine.
+extern "C" const char* __asan_default_options() { return "quarantine_size_mb=4"; }
+#endif
 
 namespace {
 
-using loader_test::image_bytes;
+using loader_test::Mutator;
 
-// Resolves everything: what is behind a name does not matter to an image that is not run.
-void* anything(const macho::Import&) {
+#if __has_feature(address_sanitizer)
+constexpr uint32_t mutants_of_one = 2560;  // above 20,000 in all
+#else
+constexpr uint32_t mutants_of_one = 256;
+#endif
+constexpr const char* images[] = {"plain",   "shared",   "frames", "frameless",    "registers",
+                                  "classes", "category", "widths", "HuecraftiOS12"};
+constexpr uint32_t batch = 128;
+constexpr unsigned longest_seconds = 20;
+
+std::vector<uint8_t> bytes_of(const std::string& image) {
+    if (image != "HuecraftiOS12") return loader_test::image_bytes(image);
+    std::ifstream file(SHIPPED_LIBRARY, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// Resolves everything: what is behind a name does not matter to an image that is not run, unless it is a
+// class.
+void* anything(const macho::Import& import) {
     static char somewhere[64];
-    return somewhere;
+    constexpr std::string_view class_prefix = "OBJC_CLASS_$_", metaclass_prefix = "OBJC_METACLASS_$_";
+    const std::string_view symbol = import.symbol;
+    const bool is_class = symbol.starts_with(class_prefix),
+               is_metaclass = symbol.starts_with(metaclass_prefix);
+    if (!is_class && !is_metaclass) return somewhere;
+    const auto start = is_class ? class_prefix.size() : metaclass_prefix.size();
+    Class found = objc_lookUpClass(import.symbol.c_str() + start);
+    if (!found) found = objc_lookUpClass("NSObject");
+    return is_class ? found : object_getClass(reinterpret_cast<id>(found));
 }
 
-/// Loads the bytes and reads their classes. False if they are refused.
-bool loads(const std::vector<uint8_t>& bytes) {
+enum class Outcome { loaded, refused, badly_refused };
+
+/// One line that names the file.
+Outcome judged(const char* message) {
+    const std::string_view line = message;
+    const bool is_line = line.starts_with("mutated.dylib: cannot ") && std::ranges::all_of(line, [](char c) {
+                             return static_cast<unsigned char>(c) >= 0x20;
+                         });
+    if (!is_line) std::fprintf(stderr, "refused badly: %s\n", message);
+    return is_line ? Outcome::refused : Outcome::badly_refused;
+}
+
+/// In a process of its own: a class cannot be registered twice.
+Outcome imported(macho::Image& image) {
+    const pid_t child = fork();
+    if (child == 0) {
+        alarm(longest_seconds);
+        try {
+            macho::import_classes(image);
+            _exit(static_cast<int>(Outcome::loaded));
+        } catch (const macho::Error& error) {
+            _exit(static_cast<int>(judged(error.what())));
+        }
+    }
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    if (WIFEXITED(status) && WEXITSTATUS(status) <= static_cast<int>(Outcome::badly_refused))
+        return static_cast<Outcome>(WEXITSTATUS(status));
+    std::raise(WIFSIGNALED(status) ? WTERMSIG(status) : SIGABRT);
+    return Outcome::badly_refused;
+}
+
+Outcome load(const std::vector<uint8_t>& bytes) {
     try {
-        const macho::Image image = macho::Image::load_bytes(bytes, "mutated.dylib", anything);
-        macho::read_objc_metadata(image);
-        return true;
-    } catch (const macho::Error&) {
-        return false;
-    } catch (const macho::Fault&) {  // which import_classes would have given the file's name
-        return false;
+        macho::Image image = macho::Image::load_bytes(bytes, "mutated.dylib", anything);
+        try {
+            const macho::ObjcMetadata metadata = macho::read_objc_metadata(image);
+            if (metadata.classes.empty()) return Outcome::loaded;
+        } catch (const macho::Fault&) {
+            return Outcome::refused;  // import_classes gives it the file's name
+        }
+        return imported(image);
+    } catch (const macho::Error& error) {
+        return judged(error.what());
     }
 }
 
-/// Seeded changes to an image, of the kinds that hurt: single bits, extreme numbers, and pieces of the file
-/// in the wrong place. Bytes that are zero are mostly padding, so that places which hold something are
-/// preferred.
-class Mutator {
-  public:
-    explicit Mutator(uint32_t seed) : random_(seed) {}
-
-    void mutate(std::vector<uint8_t>& bytes) {
-        for (uint32_t left = 1 + below(4); left > 0; --left) change(bytes);
-    }
-
-  private:
-    // The standard distributions differ between libraries.
-    uint32_t below(uint64_t limit) { return static_cast<uint32_t>(random_() % limit); }
-
-    size_t place(const std::vector<uint8_t>& bytes) {
-        size_t at = 0;
-        for (int tries = 0; tries < 50 && bytes[at = below(bytes.size())] == 0; ++tries) {
-        }
-        return at;
-    }
-
-    void change(std::vector<uint8_t>& bytes) {
-        constexpr uint64_t extremes[] = {
-            0, 1, 0x7f, 0x80, 0xff, 0x7fffffff, 0xffffffff, uint64_t{1} << 60, ~uint64_t{0}};
-        const size_t at = place(bytes);
-        const auto put = [&](uint64_t value, size_t width) {
-            for (size_t i = 0; i < width && at + i < bytes.size(); ++i)
-                bytes[at + i] = static_cast<uint8_t>(value >> (8 * i));
-        };
-        switch (below(6)) {
-            case 0: bytes[at] ^= static_cast<uint8_t>(1 << below(8)); break;
-            case 1: bytes[at] = static_cast<uint8_t>(below(256)); break;
-            case 2: put(extremes[below(std::size(extremes))], 4); break;
-            case 3: put(extremes[below(std::size(extremes))], 8); break;
-            case 4:
-                for (size_t i = 0, from = place(bytes);
-                     i < 8 && at + i < bytes.size() && from + i < bytes.size(); ++i)
-                    bytes[at + i] = bytes[from + i];
-                break;
-            case 5:
-                if (below(8) == 0) bytes.resize(1 + at);
-                break;
-        }
-    }
-
-    std::mt19937 random_;
+/// What a batch has come to, for the process that watches it.
+struct Progress {
+    uint32_t seed, loaded, refused, badly_refused;
 };
 
-class MutationTest : public testing::TestWithParam<const char*> {};
+class MutationTest : public testing::TestWithParam<const char*> {
+  protected:
+    static void SetUpTestSuite() { loader_test::define_host_classes(); }
 
-TEST_P(MutationTest, EachOf200DamagedImagesLoadsOrIsRefused) {
-    const std::vector<uint8_t> intact = image_bytes(GetParam());
-    ASSERT_TRUE(loads(intact));
-    int loaded = 0, refused = 0;
-    for (uint32_t seed = 0; seed < 200; ++seed) {
-        std::vector<uint8_t> bytes = intact;
-        Mutator(seed).mutate(bytes);
-        (loads(bytes) ? loaded : refused) += 1;
+    void SetUp() override {
+        void* shared =
+            mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+        ASSERT_NE(shared, MAP_FAILED);
+        progress = new (shared) Progress{};
     }
+    void TearDown() override { munmap(progress, sizeof(Progress)); }
+
+    /// Damages and loads in a child process. A crash ends that alone.
+    void run(Mutator& mutator, uint32_t from, uint32_t to) const {
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            for (progress->seed = from; progress->seed < to; ++progress->seed) {
+                alarm(longest_seconds);
+                switch (load(mutator.mutated(progress->seed))) {
+                    case Outcome::loaded: ++progress->loaded; break;
+                    case Outcome::refused: ++progress->refused; break;
+                    case Outcome::badly_refused: _exit(2);
+                }
+            }
+            _exit(0);
+        }
+        int status = 0;
+        while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+        }
+        EXPECT_EQ(status, 0) << GetParam() << ", seed " << progress->seed << ": "
+                             << (WIFSIGNALED(status) ? strsignal(WTERMSIG(status)) : "it ended badly");
+    }
+
+    Progress* progress = nullptr;
+};
+
+TEST_P(MutationTest, EachDamagedImageIsImportedOrRefused) {
+    const std::vector<uint8_t> intact = bytes_of(GetParam());
+    ASSERT_EQ(load(intact), Outcome::loaded);
+    Mutator mutator(intact);
+    for (uint32_t seed = 0; seed < mutants_of_one && !HasFailure(); seed += batch)
+        run(mutator, seed, std::min(seed + batch, mutants_of_one));
     // Were all of them refused, or none, this would have tested little.
-    EXPECT_GT(loaded, 20);
-    EXPECT_GT(refused, 20);
+    EXPECT_GT(progress->loaded, mutants_of_one / 10);
+    EXPECT_GT(progress->refused, mutants_of_one / 10);
+    EXPECT_EQ(progress->loaded + progress->refused, mutants_of_one);
 }
 
 TEST_P(MutationTest, AnImageCutShortAnywhereIsRefused) {
-    const std::vector<uint8_t> intact = image_bytes(GetParam());
+    const std::vector<uint8_t> intact = bytes_of(GetParam());
     for (size_t size = 0; size < intact.size(); size += 1 + size / 16)
-        EXPECT_FALSE(loads({intact.begin(), intact.begin() + static_cast<ptrdiff_t>(size)})) << size;
+        EXPECT_NE(load({intact.begin(), intact.begin() + static_cast<ptrdiff_t>(size)}), Outcome::loaded)
+            << size;
 }
 
-INSTANTIATE_TEST_SUITE_P(Images, MutationTest,
-                         testing::Values("plain", "shared", "frames", "frameless", "registers", "classes"),
+INSTANTIATE_TEST_SUITE_P(Images, MutationTest, testing::ValuesIn(images),
                          [](const auto& info) { return std::string(info.param); });
+
+TEST(MutatorTest, TheSameSeedIsTheSameDamage) {
+    const std::vector<uint8_t> intact = bytes_of("classes");
+    Mutator one(intact), other(intact);
+    one.mutated(3);
+    for (uint32_t seed = 0; seed < 20; ++seed) EXPECT_EQ(one.mutated(seed), other.mutated(seed)) << seed;
+    EXPECT_NE(one.mutated(1), one.mutated(2));
+}
+
+TEST(MutatorTest, EveryPartOfTheFormatIsGoneFor) {
+    std::vector<std::string> names;
+    for (const auto& region : loader_test::regions_of(bytes_of("classes"))) names.push_back(region.name);
+    for (const char* part :
+         {"header", "load command", "segment", "section row", "fix-ups", "symbols", "symbol names",
+          "__objc_classlist", "__objc_const", "__objc_data", "__objc_selrefs", "__objc_methname", "__cstring",
+          "__objc_ivar", "__unwind_info"})
+        EXPECT_NE(std::ranges::find(names, part), names.end()) << part;
+}
 
 }  // namespace

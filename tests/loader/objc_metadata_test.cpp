@@ -194,6 +194,31 @@ TEST_F(ObjcMetadataTest, AVariableAlignedBeyondItsObjectIsRefused) {
     EXPECT_EQ(refusal(), "class LTBase: the variable _small is aligned to 2^5 bytes (expected at most 16)");
 }
 
+TEST_F(ObjcMetadataTest, AVariableThatMakesObjectsTooLargeIsRefused) {
+    const size_t size = variables(base()) + 8 + 28;
+    draft.set32(size, 0x7fffffff);
+    EXPECT_EQ(refusal(),
+              "class LTBase: the variable _small makes objects too large (found 2147483647 bytes "
+              "at 16, expected all within 1048576)");
+    draft.set32(size, 1).set32(size + 32, 0xfffff);
+    EXPECT_THAT(refusal(),
+                HasSubstr("class LTBase: the variable _wide makes objects too large (found 1048575"))
+        << "with the others before it";
+}
+
+TEST_F(ObjcMetadataTest, AVariableFarFromItsObjectIsRefused) {
+    const size_t slots = draft.content("__objc_ivar");
+    const auto intact = draft.u32(slots);
+    for (const uint32_t wrong : {0x100001u, 0x7fffffffu, 0x80000000u, 0xffefffffu}) {
+        // The slots are 8 bytes on one processor and 4 on the other.
+        draft.set32(slots, wrong);
+        if (draft.u32(4) == static_cast<uint32_t>(macho::Cpu::x86_64))
+            draft.set32(slots + 4, wrong >> 31 ? ~0u : 0);
+        EXPECT_THAT(refusal(), HasSubstr("makes objects too large (found ")) << wrong;
+    }
+    draft.set32(slots, intact);
+}
+
 TEST_F(ObjcMetadataTest, AVariableOffsetOutsideTheImageIsRefused) {
     draft.set64(variables(base()) + 8, kOutside);
     EXPECT_THAT(refusal(), HasSubstr("class LTBase: a variable's offset lies outside the image"));
@@ -287,6 +312,65 @@ TEST_F(ObjcMetadataTest, AListedProtocolOutsideTheImageIsRefused) {
 TEST_F(ObjcMetadataTest, AProtocolReferenceOutsideTheImageIsRefused) {
     draft.set64(draft.content("__objc_protorefs"), kOutside);
     EXPECT_EQ(refusal(), "a protocol lies outside the image (found 24 bytes at 0x7000000)");
+}
+
+/// category.m lists the category of LTExtended first.
+class CategoryMetadataTest : public testing::Test {
+  protected:
+    CategoryMetadataTest() { loader_test::define_host_classes(); }
+
+    Draft draft{"category"};
+
+    size_t category(size_t index) const {
+        return draft.at_address(draft.u64(draft.content("__objc_catlist") + 8 * index));
+    }
+    std::string refusal() {
+        const macho::Image image = draft.load();
+        return message_of<macho::Fault>([&] { macho::read_objc_metadata(image); });
+    }
+};
+
+TEST_F(CategoryMetadataTest, IsReadWhole) {
+    const macho::Image image = draft.load();
+    const auto metadata = macho::read_objc_metadata(image);
+    ASSERT_EQ(metadata.categories.size(), 3u);
+    const macho::CategoryDescription& more = metadata.categories[0];
+    EXPECT_STREQ(more.name, "LTMore");
+    EXPECT_TRUE(more.extended_in_image);
+    EXPECT_EQ(more.instance_methods.size(), 2u);
+    EXPECT_EQ(more.class_methods.size(), 1u);
+    ASSERT_EQ(more.protocols.size(), 1u);
+    EXPECT_STREQ(more.protocols[0], "LTCounting");
+    EXPECT_FALSE(metadata.categories[1].extended_in_image);
+    EXPECT_NE(metadata.categories[1].extended, 0u) << "of the host";
+    EXPECT_EQ(metadata.categories[2].extended, 0u) << "of no one";
+}
+
+TEST_F(CategoryMetadataTest, OutsideTheImageIsRefused) {
+    draft.set64(draft.content("__objc_catlist"), kOutside);
+    EXPECT_EQ(refusal(), "a category lies outside the image (found 48 bytes at 0x7000000)");
+}
+
+TEST_F(CategoryMetadataTest, ListedTwiceIsRefused) {
+    const size_t list = draft.content("__objc_catlist");
+    draft.set64(list, draft.u64(list + 8));
+    EXPECT_EQ(refusal(), "a category is listed twice");
+}
+
+TEST_F(CategoryMetadataTest, OfWhatIsNoClassIsRefused) {
+    draft.set64(category(0) + 8, kOutside);
+    EXPECT_EQ(refusal(), "category LTMore: it extends what is no class (found 0x7000000)");
+}
+
+TEST_F(CategoryMetadataTest, MethodsOutsideTheImageAreRefused) {
+    draft.set64(category(0) + 16, kOutside);
+    EXPECT_EQ(refusal(),
+              "category LTMore: the list of methods lies outside the image (found 8 bytes at 0x7000000)");
+}
+
+TEST_F(CategoryMetadataTest, ANameOutsideTheImageIsRefused) {
+    draft.set64(category(0), kOutside);
+    EXPECT_EQ(refusal(), "a category's name lies outside the image (found 1 bytes at 0x7000000)");
 }
 
 }  // namespace

@@ -89,8 +89,9 @@ std::string Phone::read(std::string_view device_path) const {
 }
 
 void Phone::boot(const Options& wanted) {
-    std::vector<const char*> left_out = wanted.left_out;
-    left_out.push_back(nullptr);
+    std::vector<const char*> left_out = wanted.left_out, unfound = wanted.unfound,
+                             without_previous = wanted.without_previous;
+    for (auto* list : {&left_out, &unfound, &without_previous}) list->push_back(nullptr);
     const auto root = root_.string();
     sim_options options{};
     options.size = sizeof options;
@@ -102,6 +103,8 @@ void Phone::boot(const Options& wanted) {
     options.screen_height = wanted.screen_height;
     options.screen_scale = wanted.screen_scale;
     options.left_out_classes = left_out.data();
+    options.unfound_methods = unfound.data();
+    options.methods_without_previous = without_previous.data();
     ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
     pool_ = objc_autoreleasePoolPush();
 }

@@ -80,7 +80,7 @@ class Phone {
         const char* executable = notes;
         sim_arguments arguments = SIM_ARGUMENTS_EXECUTABLE;
         const char* system_version = nullptr;
-        std::vector<const char*> left_out = {};
+        std::vector<const char*> left_out = {}, unfound = {}, without_previous = {};
         double screen_width = 0, screen_height = 0;
         int screen_scale = 0;
     };

@@ -19,8 +19,8 @@ class Describe : public Command {
 };
 
 TEST_F(Describe, HelpOfEverySubcommandHasAnExample) {
-    for (const char* name : {"new", "show", "lint", "keyboard", "preview", "gallery", "convert", "import",
-                             "package-check", "completions", "man"}) {
+    for (const char* name : {"new", "show", "lint", "keyboard", "preview", "gallery", "picker", "convert",
+                             "import", "package-check", "doctor", "completions", "man"}) {
         const Outcome run = this->run({name, "--help"});
         EXPECT_EQ(run.status, 0) << name;
         EXPECT_NE(run.out.find("Example"), run.out.npos) << name;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <future>
@@ -23,29 +24,6 @@ size_t count(const std::string& text, const std::string& part) {
     size_t found = 0;
     for (size_t at = 0; (at = text.find(part, at)) != text.npos; at += part.size()) ++found;
     return found;
-}
-
-std::string decoded(std::string_view base64) {
-    constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string bytes;
-    unsigned bits = 0;
-    int count = 0;
-    for (char digit : base64.substr(0, base64.find('='))) {
-        bits = bits << 6 | static_cast<unsigned>(digits.find(digit));
-        if ((count += 6) >= 8) bytes += static_cast<char>(bits >> (count -= 8) & 255);
-    }
-    return bytes;
-}
-
-/// The pictures on a page as files: of each theme the preview and then the keyboard.
-std::vector<std::string> pictures_in(const std::string& page) {
-    constexpr std::string_view mark = "base64,";
-    std::vector<std::string> pictures;
-    for (size_t at = 0; (at = page.find(mark, at)) != page.npos;) {
-        at += mark.size();
-        pictures.push_back(decoded(std::string_view(page).substr(at, page.find('"', at) - at)));
-    }
-    return pictures;
 }
 
 /// The process that has the pipe open, other than this one.
@@ -182,7 +160,12 @@ TEST_F(Gallery, AThemeAtWhichItsPhoneStopsCostsNoOther) {
     for (size_t i = 0; i < workers; ++i) {
         const auto pipe = path("stuck" + std::to_string(i) + ".plist");
         const int writing = open(pipe.c_str(), O_WRONLY);  // waits for the reader
-        const pid_t worker = reader_of(pipe);
+        // Which may have it open before it has a number for it.
+        pid_t worker = reader_of(pipe);
+        for (int tries = 0; worker == 0 && tries < 500; ++tries) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            worker = reader_of(pipe);
+        }
         EXPECT_GT(worker, 0);
         if (worker > 0) kill(worker, SIGKILL);
         close(writing);

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace test {
@@ -27,5 +29,29 @@ struct Png {
 
     unsigned at(int x, int y) const { return pixels.at(static_cast<size_t>(y * width + x)); }
 };
+
+/// The bytes that are written as base64.
+inline std::string decoded(std::string_view base64) {
+    constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string bytes;
+    unsigned bits = 0;
+    int count = 0;
+    for (char digit : base64.substr(0, base64.find('='))) {
+        bits = bits << 6 | static_cast<unsigned>(digits.find(digit));
+        if ((count += 6) >= 8) bytes += static_cast<char>(bits >> (count -= 8) & 255);
+    }
+    return bytes;
+}
+
+/// The pictures on a page as files: of each theme the preview and then the keyboard.
+inline std::vector<std::string> pictures_in(const std::string& page) {
+    constexpr std::string_view mark = "base64,";
+    std::vector<std::string> pictures;
+    for (size_t at = 0; (at = page.find(mark, at)) != page.npos;) {
+        at += mark.size();
+        pictures.push_back(decoded(std::string_view(page).substr(at, page.find('"', at) - at)));
+    }
+    return pictures;
+}
 
 }  // namespace test

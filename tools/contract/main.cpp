@@ -176,9 +176,9 @@ void table(std::ostream& page, const std::string& what, const std::string& of,
     page << "\n";
 }
 
-void write_classes(std::ostream& page, const Binary& binary) {
+void write_classes(std::ostream& page, const Binary& binary, const Classes& classes) {
     page << "## Classes\n\nTypes are the runtime's encodings on arm64.\n\n";
-    for (const auto& [name, facts] : classes_of_device()) {
+    for (const auto& [name, facts] : classes) {
         page << "### " << name << "\n\nSuperclass `" << facts.superclass << "`";
         for (size_t i = 0; i < facts.protocols.size(); ++i)
             page << (i ? ", `" : "; adopts `") << facts.protocols[i] << "`";
@@ -190,16 +190,31 @@ void write_classes(std::ostream& page, const Binary& binary) {
     }
 }
 
-void write_protocols(std::ostream& page, const Binary& binary) {
+/// A protocol's method as a class of the dylib has it that adopts the protocol; nothing where none does.
+std::string types_of(const std::string& method, const std::string& protocol, const Classes& classes) {
+    for (const auto& [name, facts] : classes) {
+        if (std::ranges::find(facts.protocols, protocol) == facts.protocols.end()) continue;
+        const auto found = facts.methods.lower_bound(method + " ");
+        if (found != facts.methods.end() && found->starts_with(method + " "))
+            return found->substr(method.size() + 1);
+    }
+    return "";
+}
+
+void write_protocols(std::ostream& page, const Binary& binary, const Classes& classes) {
     const auto protocols = protocols_declared_in(binary.protocols, binary.selectors);
     if (protocols.empty()) return;
-    page << "## Protocols\n\n| protocol | of the delegate of | methods |\n|---|---|---|\n";
-    for (const Protocol& protocol : protocols) {
-        page << "| `" << protocol.name << "` | `" << protocol.of << "` | ";
-        for (size_t i = 0; i < protocol.methods.size(); ++i)
-            page << (i ? ", `" : "`") << protocol.methods[i] << "`";
-        page << " |\n";
-    }
+    page << "## Protocols\n\nOf an optional method the sender asks `respondsToSelector:` first. Types are "
+            "those of a "
+            "class in the dylib that adopts the\nprotocol, where one does.\n\n"
+            "| protocol | of the delegate of | method | needed | types |\n|---|---|---|---|---|\n";
+    for (const Protocol& protocol : protocols)
+        for (const ProtocolMethod& method : protocol.methods) {
+            const std::string types = types_of(method.name, protocol.name, classes);
+            page << "| `" << protocol.name << "` | `" << protocol.of << "` | `" << method.name << "` | "
+                 << (method.optional ? "optional" : "required") << " | "
+                 << (types.empty() ? "" : "`" + types + "`") << " |\n";
+        }
     page << "\n";
 }
 
@@ -258,8 +273,9 @@ void write(const fs::path& path) {
             "What others may rely on. Made from the dylib that ships; do not edit it: `./dev contract` "
             "writes it "
             "anew, and a test fails\nwhen page and dylib part.\n\n";
-    write_classes(page, binary);
-    write_protocols(page, binary);
+    const Classes classes = classes_of_device();
+    write_classes(page, binary, classes);
+    write_protocols(page, binary, classes);
     write_constants_and_hooks(page, binary);
     write_files(page, binary);
     std::ofstream file(path, std::ios::binary);

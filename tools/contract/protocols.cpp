@@ -9,8 +9,10 @@ namespace contract {
 namespace {
 
 const std::vector<Protocol> described{
-    {"HCColorPickerDelegate", "HCColorPickerController", {"-colorPickerReturnedWithColor:andHexString:"}},
-    {"HCModalDelegate", "HCModalView", {"-closeButtonPressed", "-selectButtonPressed"}},
+    {"HCColorPickerDelegate",
+     "HCColorPickerController",
+     {{.name = "-colorPickerReturnedWithColor:andHexString:", .optional = true}}},
+    {"HCModalDelegate", "HCModalView", {{.name = "-closeButtonPressed"}, {.name = "-selectButtonPressed"}}},
 };
 
 }  // namespace
@@ -24,10 +26,10 @@ std::vector<Protocol> protocols_declared_in(const std::set<std::string>& names,
         if (known == described.end())
             throw std::runtime_error("the dylib declares the protocol " + name +
                                      ", which tools/contract/protocols.cpp does not describe");
-        for (const std::string& method : known->methods)
-            if (!selectors.contains(method.substr(1)))
-                throw std::runtime_error("the dylib does not hold the selector of " + method + " in " + name +
-                                         ", which tools/contract/protocols.cpp describes");
+        for (const ProtocolMethod& method : known->methods)
+            if (!selectors.contains(method.name.substr(1)))
+                throw std::runtime_error("the dylib does not hold the selector of " + method.name + " in " +
+                                         name + ", which tools/contract/protocols.cpp describes");
         found.push_back(*known);
     }
     return found;

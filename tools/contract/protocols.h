@@ -6,9 +6,16 @@
 
 namespace contract {
 
+struct ProtocolMethod {
+    /// "-selector"
+    std::string name;
+    /// An object may do without it: whoever sends it asks first.
+    bool optional = false;
+};
+
 struct Protocol {
     std::string name, of;
-    std::vector<std::string> methods;
+    std::vector<ProtocolMethod> methods;
 };
 
 /// Those that the dylib declares, among the system's. Throws a runtime_error, naming it, for one of ours that

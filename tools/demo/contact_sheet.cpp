@@ -10,6 +10,7 @@
 #include "objc/strong.h"
 #include "support/phone.h"
 #include "support/pictures.h"
+#include "support/provenance.h"
 
 namespace demo {
 
@@ -53,12 +54,14 @@ void draw(const Session& session, const fs::path& folder, const fs::path& device
         objc::AutoreleasePool pool;
         choose(session.look.name);
     });
+    const Provenance provenance = provenance_of(library, file_of(device, session.look.name));
     in_child_process("drawing the contact sheet's " + session.look.description, [&] {
         boot(device, notes);
         load(library);
         for (const auto& [picture, keyboard] : session.pictures) {
             require(sim_show_keyboard(&keyboard), "showing the keyboard for " + picture);
             require(sim_take_picture((folder / picture).c_str(), 0), "drawing " + picture);
+            tell_provenance(folder / picture, provenance);
         }
     });
 }

@@ -10,6 +10,7 @@
 #include "objc/strong.h"
 #include "overview.h"
 #include "support/phone.h"
+#include "support/provenance.h"
 #include "themes.h"
 
 namespace demo {
@@ -45,7 +46,8 @@ struct Demo {
     void arrange() const;
     void make_themes() const;
     void choose(const Theme& theme) const;
-    void draw(const std::string& look, const std::string& description, bool with_hook_table) const;
+    void draw(const std::string& look, const std::string& description, const std::string& theme,
+              bool with_hook_table) const;
     void draw_overview() const;
 };
 
@@ -81,7 +83,9 @@ void Demo::choose(const Theme& theme) const {
 }
 
 /// The application's keyboard in every state, as the phone's files say it looks.
-void Demo::draw(const std::string& look, const std::string& description, bool with_hook_table) const {
+void Demo::draw(const std::string& look, const std::string& description, const std::string& theme,
+                bool with_hook_table) const {
+    const Provenance provenance = provenance_of(library, file_of(device(), theme));
     in_child_process("drawing the keyboard: " + description, [&] {
         boot(device(), notes);
         load(library);
@@ -99,6 +103,7 @@ void Demo::draw(const std::string& look, const std::string& description, bool wi
             const std::string doing = std::string("showing the keyboard: ") + state.description;
             require(sim_show_keyboard(&keyboard), doing);
             require(sim_take_picture(picture(look, state).c_str(), 0), doing);
+            tell_provenance(picture(look, state), provenance);
             std::printf("  %-32s %s\n", picture(look, state).c_str(), state.description);
         }
     });
@@ -119,12 +124,13 @@ void Demo::draw_overview() const {
 void run(const Demo& demo) {
     std::printf("The library is %s.\n", demo.library.c_str());
     demo.arrange();
-    demo.draw("system", "The system's own keyboard, with the library loaded and switched off", false);
+    demo.draw("system", "The system's own keyboard, with the library loaded and switched off", "", false);
     demo.make_themes();
     bool first = true;
     for (const Theme& theme : themes) {
         demo.choose(theme);
-        demo.draw(look_of(theme), std::string("The theme ") + theme.name + ": " + theme.description, first);
+        demo.draw(look_of(theme), std::string("The theme ") + theme.name + ": " + theme.description,
+                  theme.name, first);
         first = false;
     }
     demo.draw_overview();

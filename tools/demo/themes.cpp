@@ -90,6 +90,11 @@ void make_theme(const Look& look) {
     save(config, look.name);
 }
 
+std::filesystem::path file_of(const std::filesystem::path& device, const std::string& theme) {
+    if (theme.empty()) return {};
+    return device / "var/mobile/Library/Preferences/HuecraftConfiguration" / (theme + ".plist");
+}
+
 void choose(const std::string& theme) { choose_theme(theme.empty() ? "" : theme + ".plist"); }
 
 }  // namespace demo

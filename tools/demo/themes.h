@@ -1,5 +1,6 @@
 // The demo's themes: what each is called, and how it is made and chosen on the phone.
 #pragma once
+#include <filesystem>
 #include <string>
 
 namespace demo {
@@ -34,6 +35,9 @@ struct Look {
 
 /// Makes and saves its theme file.
 void make_theme(const Look& look);
+
+/// Where the theme's file lies in the folder that plays the phone's file system; nowhere for no theme.
+std::filesystem::path file_of(const std::filesystem::path& device, const std::string& theme);
 
 /// Makes the phone wear the theme of that name; with none, the library is off.
 void choose(const std::string& theme);

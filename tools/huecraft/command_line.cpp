@@ -8,6 +8,13 @@
 
 namespace command {
 
+void add_library(CLI::App* subcommand, std::string& library) {
+    subcommand
+        ->add_option("--library", library,
+                     "The build of the library that draws, ELF or Mach-O; the command's own without it")
+        ->type_name("FILE");
+}
+
 CLI::Option* taking_colour(CLI::Option* option) {
     auto refusal = [](const std::string& text) -> std::string {
         if (colour_of(text)) return "";
@@ -43,9 +50,11 @@ std::unique_ptr<CLI::App> make_command_line(Request& request) {
     add_keyboard(*command, request);
     add_preview(*command, request);
     add_gallery(*command, request);
+    add_picker(*command, request);
     add_convert(*command, request);
     add_import(*command, request);
     add_package_check(*command, request);
+    add_doctor(*command, request);
     add_completions(*command, request);
     return command;
 }

@@ -23,11 +23,13 @@ std::unique_ptr<CLI::App> make_command_line(Request& request);
 void add_new(CLI::App& command, Request& request);
 void add_completions(CLI::App& command, Request& request);
 void add_convert(CLI::App& command, Request& request);
+void add_doctor(CLI::App& command, Request& request);
 void add_gallery(CLI::App& command, Request& request);
 void add_import(CLI::App& command, Request& request);
 void add_keyboard(CLI::App& command, Request& request);
 void add_lint(CLI::App& command, Request& request);
 void add_package_check(CLI::App& command, Request& request);
+void add_picker(CLI::App& command, Request& request);
 void add_preview(CLI::App& command, Request& request);
 void add_show(CLI::App& command, Request& request);
 
@@ -45,6 +47,9 @@ CLI::App* add_subcommand(CLI::App& command, Request& request, const std::string&
 inline void add_json(CLI::App* subcommand, bool& json) {
     subcommand->add_flag("--json", json, "Answer in JSON, for other programs");
 }
+
+/// The option that names the build of the library to draw with.
+void add_library(CLI::App* subcommand, std::string& library);
 
 /// Has the option take hex colours as a theme keeps them.
 CLI::Option* taking_colour(CLI::Option* option);

@@ -38,14 +38,15 @@ std::filesystem::path put_aside(const Workshop& workshop, size_t number) {
 
 struct Gallery {
     std::vector<std::string> files;
-    std::string output;
+    std::string output, library;
     bool json = false;
 
     Status operator()() const {
         return in_workshop([this](const Workshop& workshop) {
             Output{output};  // before the work, which would be lost without a place for it
+            const Build build(command::library(library));
             std::vector<Status> ends(files.size(), Status::unusable);
-            Status all = draw_all(workshop, ends);
+            Status all = draw_all(workshop, build, ends);
             write(workshop, ends);
             for (Status one : ends) note(all, one);
             report(ends);
@@ -54,12 +55,21 @@ struct Gallery {
     }
 
   private:
+    /// The library that draws, and what tells which it was.
+    struct Build {
+        explicit Build(const std::filesystem::path& path)
+            : file(path),
+              digest(tools::sha256_of(read_input(path, "library"))) {}
+        std::filesystem::path file;
+        std::string digest;
+    };
+
     /// The phone is switched on here, and every worker is a copy of it that loads the library. Which hooks
     /// the library installs depends on the key caps, so there are workers for themes without visible caps
     /// first, and then, if themes are left, others for those.
-    Status draw_all(const Workshop& workshop, std::vector<Status>& ends) const {
+    Status draw_all(const Workshop& workshop, const Build& build, std::vector<Status>& ends) const {
         workshop.install_settings_pictures();
-        tools::boot(workshop.device, tools::notes);
+        tools::boot(workshop.device, tools::notes, tools::Screen().for_pictures(picture_scale));
         Progress progress("drawing", files.size());
         size_t known = 0;
         Status status = Status::fine;
@@ -68,8 +78,10 @@ struct Gallery {
         for (bool caps : {false, true}) {
             std::deque<size_t> others;
             SharedWork work;
-            work.begin = begin_to_draw;
-            work.piece = [&](size_t number) { return static_cast<int>(answer_for(number, workshop, caps)); };
+            work.begin = [&] { begin_to_draw(build); };
+            work.piece = [&](size_t number) {
+                return static_cast<int>(answer_for(number, workshop, build, caps));
+            };
             work.done = [&](size_t number, int answer) {
                 const auto end = static_cast<Answer>(answer);
                 if (end == Answer::other_caps) return others.push_back(number);
@@ -87,12 +99,12 @@ struct Gallery {
         return status;
     }
 
-    static void begin_to_draw() {
+    static void begin_to_draw(const Build& build) {
         // What a theme's pictures took is kept for the next one's, which are as large.
         constexpr int kept = 64 << 20;
         mallopt(M_MMAP_THRESHOLD, kept);
         mallopt(M_TRIM_THRESHOLD, kept);
-        tools::load(library());
+        tools::load(build.file);
     }
 
     /// Names a theme of which nothing but its key caps is ever shown.
@@ -104,9 +116,9 @@ struct Gallery {
         tools::choose_theme("caps.plist");
     }
 
-    Answer answer_for(size_t number, const Workshop& workshop, bool caps) const {
+    Answer answer_for(size_t number, const Workshop& workshop, const Build& build, bool caps) const {
         try {
-            return draw(number, workshop, caps);
+            return draw(number, workshop, build, caps);
         } catch (const Unusable& unusable) {
             complain(unusable.file(), unusable.what());
         } catch (const std::exception& failure) {
@@ -115,7 +127,7 @@ struct Gallery {
         return Answer::unusable;
     }
 
-    Answer draw(size_t number, const Workshop& workshop, bool caps) const {
+    Answer draw(size_t number, const Workshop& workshop, const Build& build, bool caps) const {
         objc::AutoreleasePool pool;
         const std::string& file = files[number];
         const auto aside = put_aside(workshop, number);
@@ -125,13 +137,14 @@ struct Gallery {
             write_output(aside, contents);
             return Answer::other_caps;
         }
-        const std::string preview = preview_picture(workshop, theme.config, picture_scale);
+        const tools::Provenance provenance{build.digest, tools::sha256_of(contents)};
+        const std::string preview = preview_picture(workshop, theme.config, picture_scale, provenance);
         wear(theme.config);
         sim_keyboard keyboard{};
         keyboard.size = sizeof keyboard;
         write_output(piece_of(workshop, number),
                      gallery_piece({file, tools::utf8(theme.config->getConfigName()), preview,
-                                    keyboard_picture(workshop, keyboard, picture_scale)}));
+                                    keyboard_picture(workshop, keyboard, picture_scale, provenance)}));
         std::filesystem::remove(aside);
         return Answer::drawn;
     }
@@ -174,6 +187,7 @@ void add_gallery(CLI::App& command, Request& request) {
     sub->add_option("-o,--output", options->output, "The page to write, as HTML; - is standard output")
         ->required()
         ->type_name("FILE");
+    add_library(sub, options->library);
     add_json(sub, options->json);
     sub->footer(
         "The page is one file, with the pictures in it.\n\n"

@@ -20,22 +20,26 @@ const std::map<std::string, tools::Screen> screens{
 };
 
 struct Keyboard {
-    std::string file, output, state = "letters", press, orientation = "portrait", device = "iphone-8",
-                              background = "notes";
+    std::string file, output, library, state = "letters", press, orientation = "portrait",
+                                       device = "iphone-8", background = "notes";
     double scale = 0;
     bool json = false;
 
     Status operator()() const {
         return in_workshop([this](const Workshop& workshop) {
-            tools::boot(workshop.device, tools::notes, screens.at(device));
-            put_on_theme(workshop, file);
+            const std::string theme = read_input(file);
+            const auto build = command::library(library);
+            const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")),
+                                               tools::sha256_of(theme)};
+            tools::boot(workshop.device, tools::notes, screens.at(device).for_pictures(scale));
+            put_on_theme(workshop, file, theme, build);
             sim_keyboard keyboard{};
             keyboard.size = sizeof keyboard;
             keyboard.plane = state.c_str();
             keyboard.pressed_key = press.empty() ? nullptr : press.c_str();
             keyboard.landscape = orientation == "landscape";
             keyboard.background = background.c_str();
-            write_output(output, keyboard_picture(workshop, keyboard, scale));
+            write_output(output, keyboard_picture(workshop, keyboard, scale, provenance));
             if (json && output != "-")
                 std::fputs(printed({{"theme", file}, {"picture", output}}).c_str(), stdout);
             return Status::fine;
@@ -67,6 +71,7 @@ void add_keyboard(CLI::App& command, Request& request) {
                   0.1, 8);
     taking_one_of(sub->add_option("--background", options->background, "The application's page behind it"),
                   {"notes", "light", "busy"});
+    add_library(sub, options->library);
     add_json(sub, options->json);
     sub->footer(
         "Examples:\n"

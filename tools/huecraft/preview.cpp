@@ -13,16 +13,21 @@ namespace command {
 namespace {
 
 struct Preview {
-    std::string file, output;
+    std::string file, output, library;
     double scale = 0;
     bool json = false;
 
     Status operator()() const {
         return in_workshop([this](const Workshop& workshop) {
+            const std::string theme = read_input(file);
+            const auto build = command::library(library);
+            const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")),
+                                               tools::sha256_of(theme)};
             workshop.install_settings_pictures();
-            tools::boot(workshop.device, tools::settings);
-            tools::load(library());
-            write_output(output, preview_picture(workshop, load_theme(workshop, file).config, scale));
+            tools::boot(workshop.device, tools::settings, tools::Screen().for_pictures(scale));
+            tools::load(build);
+            write_output(output, preview_picture(workshop, load_theme(workshop, file, theme).config, scale,
+                                                 provenance));
             if (json && output != "-")
                 std::fputs(printed({{"theme", file}, {"picture", output}}).c_str(), stdout);
             return Status::fine;
@@ -41,6 +46,7 @@ void add_preview(CLI::App& command, Request& request) {
         ->required()
         ->type_name("FILE");
     taking_number(sub->add_option("--scale", options->scale, "Pixels per point; 2 without it"), 0.1, 8);
+    add_library(sub, options->library);
     add_json(sub, options->json);
     sub->footer(
         "Examples:\n"

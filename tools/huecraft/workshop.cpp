@@ -89,7 +89,8 @@ class StayingToTidyUp {
 
 }  // namespace
 
-fs::path library() {
+fs::path library(const std::string& named) {
+    if (!named.empty()) return named;
     const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
     const fs::path installed = folder / "lib" / "huecraft" / "HuecraftiOS12.so";
     if (fs::exists(installed)) return installed;

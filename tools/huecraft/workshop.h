@@ -10,8 +10,9 @@
 
 namespace command {
 
-/// The library that is put on the phones: beside the command as it was built, or under its installation.
-std::filesystem::path library();
+/// The library that is put on the phones: the build that was named or, without a name, the one beside the
+/// command as it was built, or under its installation.
+std::filesystem::path library(const std::string& named = {});
 
 /// What lies beside the library: the pictures of the settings pane, the themes.
 std::filesystem::path data_folder();

@@ -38,6 +38,12 @@ void in_child_process(const std::string& doing, const std::function<void()>& bod
     if (WEXITSTATUS(status) != EXIT_SUCCESS) throw Failure(doing + " failed");
 }
 
+Screen Screen::for_pictures(double pixels_per_point) const {
+    for (int screens : {1, 2, 3})
+        if (pixels_per_point == screens) return {width, height, screens};
+    return *this;
+}
+
 void boot(const std::filesystem::path& device, const char* executable, const Screen& screen) {
     const std::string root = device.string();
     sim_options options{};

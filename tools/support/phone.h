@@ -25,6 +25,10 @@ void in_child_process(const std::string& doing, const std::function<void()>& bod
 struct Screen {
     double width = 375, height = 667;
     int scale = 2;
+
+    /// For pictures of that many pixels per point: the same screen with as many, where such screens exist, so
+    /// that nothing is scaled once it is drawn. 0 asks for nothing.
+    Screen for_pictures(double pixels_per_point) const;
 };
 
 /// Switches this process's phone on over the folder that plays its file system.

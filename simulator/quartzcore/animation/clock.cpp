@@ -17,17 +17,16 @@ double& now() {
 
 double clock_now() { return now(); }
 
-bool advance_clock(double seconds) {
+bool advance_clock_to(double moment) {
     constexpr int most_at_once = 100'000;
-    const double target = now() + seconds;
     int at_once = 0;
-    for (double next = next_ending(); next <= target; next = next_ending()) {
+    for (double next = next_ending(); next <= moment; next = next_ending()) {
         at_once = next > now() ? 0 : at_once + 1;
         if (at_once > most_at_once) return false;
         now() = std::max(now(), next);
         end_one();
     }
-    now() = target;
+    now() = moment;
     return true;
 }
 

@@ -6,8 +6,9 @@ namespace sim {
 /// Seconds since boot.
 double clock_now();
 
-/// Lets time pass. What ends on the way ends in its order and at its time, and whoever waits for it is told
-/// then. False when ends and beginnings go on without time passing; the clock has stopped there.
-bool advance_clock(double seconds);
+/// Lets time pass until that moment. What ends on the way ends in its order and at its time, and whoever
+/// waits for it is told then. False when ends and beginnings go on without time passing; the clock has
+/// stopped there.
+bool advance_clock_to(double moment);
 
 }  // namespace sim

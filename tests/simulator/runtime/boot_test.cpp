@@ -143,6 +143,25 @@ TEST_F(Boot, RefusesToLeaveOutWhatTheModelLacks) {
     expect_refused(SIM_NOT_FOUND, "UIDevise");
 }
 
+TEST_F(Boot, RefusesToHideFromHooksWhatIsNoMethodsName) {
+    for (const char* name :
+         {"", "UIKBEdgeEffect edges", "-[UIKBEdgeEffect]", "-[ edges]", "-[UIKBEdgeEffect ]",
+          "-[UIKBEdgeEffect edges now]", "*[UIKBEdgeEffect edges]"}) {
+        const char* hidden[] = {name, nullptr};
+        options.unfound_methods = hidden;
+        EXPECT_NE(sim_boot(&options), SIM_OK) << name;
+        options.unfound_methods = nullptr;
+        options.methods_without_previous = hidden;
+        EXPECT_NE(sim_boot(&options), SIM_OK) << name;
+    }
+}
+
+TEST_F(Boot, RefusesToHideMethodsOfAClassThatTheModelLacks) {
+    const char* hidden[] = {"-[UIKBEdgyEffect edges]", nullptr};
+    options.unfound_methods = hidden;
+    expect_refused(SIM_NOT_FOUND, "no class UIKBEdgyEffect");
+}
+
 TEST_F(Boot, RefusesNoOptions) {
     EXPECT_EQ(sim_boot(nullptr), SIM_MISUSE);
     EXPECT_NE(std::string(sim_last_error()).find("options is NULL"), std::string::npos);

@@ -255,5 +255,52 @@ TEST_F(Hooks, WhatFoundationAddsToItsOwnClassesIsNotRecorded) {
     EXPECT_EQ(installed_rows(), std::vector<std::string>{});
 }
 
+/// A framework that does not find everything.
+class HidingHooks : public testing::Test {
+  protected:
+    static constexpr const char* method = "-[UIKBEdgeEffect edges]";
+    static inline IMP slot = nullptr;
+
+    static NSUInteger seven(id, SEL) { return 7; }
+    static IMP edges() {
+        return class_getMethodImplementation(objc_getClass("UIKBEdgeEffect"), sel_registerName("edges"));
+    }
+    static void hook() {
+        MSHookMessageEx(objc_getClass("UIKBEdgeEffect"), sel_registerName("edges"),
+                        reinterpret_cast<IMP>(&seven), &slot);
+    }
+    static bool took_effect() {
+        sim_installing_call call{};
+        EXPECT_EQ(sim_installing_call_at(0, &call), SIM_OK) << sim_last_error();
+        return call.took_effect;
+    }
+    void SetUp() override { slot = reinterpret_cast<IMP>(&seven); }
+
+    Phone phone;
+};
+
+TEST_F(HidingHooks, AnUnfoundMethodStaysAndItsSlotIsNotWritten) {
+    phone.boot({.unfound = {method}});
+    const IMP before = edges();
+    hook();
+    EXPECT_EQ(edges(), before);
+    EXPECT_EQ(slot, reinterpret_cast<IMP>(&seven));
+    EXPECT_FALSE(took_effect());
+}
+
+TEST_F(HidingHooks, AMethodWithoutPreviousIsReplacedAndItsSlotIsNotWritten) {
+    phone.boot({.without_previous = {method}});
+    hook();
+    EXPECT_EQ(edges(), reinterpret_cast<IMP>(&seven));
+    EXPECT_EQ(slot, reinterpret_cast<IMP>(&seven));
+    EXPECT_TRUE(took_effect());
+}
+
+TEST_F(HidingHooks, ClassMethodsAndInstanceMethodsAreToldApart) {
+    phone.boot({.unfound = {"+[UIKBEdgeEffect edges]"}});
+    hook();
+    EXPECT_TRUE(took_effect());
+}
+
 }  // namespace
 }  // namespace test

@@ -95,6 +95,14 @@ TEST_F(ShownView, APictureOfAViewAloneIsAsLargeAsItsBounds) {
     EXPECT_EQ(picture()->size(), (CGSize{40, 20})) << "at the screen's scale";
 }
 
+TEST_F(ShownView, TheLastPixelsOfAPictureAreFilledToo) {
+    auto view = view_with({{0, 0}, {15, 7}}, UIColor::redColor());
+    ASSERT_EQ(sim_take_picture_of(view.get(), path().c_str(), 0.5), SIM_OK) << sim_last_error();
+    EXPECT_EQ(picture()->size(), (CGSize{8, 4})) << "7.5 by 3.5";
+    EXPECT_EQ(pixel(picture(), 7, 0), red);
+    EXPECT_EQ(pixel(picture(), 0, 3), red);
+}
+
 TEST_F(ShownView, APictureOfAViewAloneIsLaidOut) {
     auto view = view_with({{0, 0}, {0, 0}}, nullptr);
     auto child = view_with({{0, 0}, {0, 0}}, UIColor::redColor());

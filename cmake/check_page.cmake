@@ -1,4 +1,4 @@
-# Fails unless the contact sheet's page shows at least COUNT pictures, each of which exists beside it.
+# Fails unless PAGE shows at least COUNT pictures, each of which exists beside it, as do the files of BESIDE.
 file(READ ${PAGE} page)
 string(REGEX MATCHALL "src=\"[^\"]+\"" sources "${page}")
 list(LENGTH sources count)
@@ -6,8 +6,8 @@ if(count LESS COUNT)
     message(FATAL_ERROR "${PAGE} shows ${count} pictures, expected are at least ${COUNT}")
 endif()
 get_filename_component(folder ${PAGE} DIRECTORY)
-foreach(source ${sources} "src=\"contact-sheet.png\"")
-    string(REGEX REPLACE "src=\"([^\"]+)\"" "\\1" source ${source})
+string(REGEX REPLACE "src=\"([^\"]+)\"" "\\1" sources "${sources}")
+foreach(source ${sources} ${BESIDE})
     if(NOT EXISTS ${folder}/${source})
         message(FATAL_ERROR "${PAGE} shows ${source}, which does not exist")
     endif()
