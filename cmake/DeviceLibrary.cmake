@@ -3,7 +3,7 @@
 
 find_program(DEVICE_LINKER ld64.lld-19 REQUIRED)
 find_program(DEVICE_LIPO llvm-lipo-19 REQUIRED)
-find_path(DEVICE_LIBCXX version PATHS /usr/lib/llvm-19/include/c++/v1 NO_DEFAULT_PATH REQUIRED)
+find_path(DEVICE_LIBCXX version PATHS /usr/lib/llvm-19/include/c++/v1 NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 get_filename_component(DEVICE_ROOT ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
 
 set(DEVICE_MINIMUM_VERSION 12.0)
