@@ -196,6 +196,11 @@ TEST_F(BackdropThatHasAView, ShowsItUnderAnImageTheme) {
     expect_installed(owner, view);
 }
 
+TEST_F(BackdropThatHasAView, GivesItUpWhereItIsAVisualEffectViewUnderAnImageTheme) {
+    start("3", "");
+    expect_no_themed_view(effect());
+}
+
 // ---- All of them -----------------------------------------------------------------------------------------
 
 TEST_F(Background, EveryThemedViewIsMadeWithStyle2) {
@@ -230,7 +235,17 @@ TEST_F(Background, EveryThemedViewIsMadeWithStyle2) {
     EXPECT_EQ(styles, std::vector<NSInteger>(6, 2));
 }
 
-// ---- What the system answers -----------------------------------------------------------------------------
+// ---- What the system is asked for, and what it answers ----------------------------------------------------
+
+TEST_F(Background, TheSystemIsAskedForTheSameFrameAndStyle) {
+    start("1", half_red);
+    for (const char* name : {"UIKBBackdropView", "UIKBVisualEffectView"}) {
+        auto* view = static_cast<UIView*>(
+            made<"initWithFrame:style:">(name, CGRect{{5, 6}, {70, 80}}, NSInteger{3901}));
+        EXPECT_EQ(view->frame(), (CGRect{{5, 6}, {70, 80}})) << name;
+        EXPECT_EQ((view->send<"style", NSInteger>()), 3901) << name;
+    }
+}
 
 TEST_F(Background, ABackdropThatCannotBeMadeIsNil) {
     auto none = [](id self, SEL, CGRect, NSInteger) -> id { return objc_release(self), nullptr; };
