@@ -159,11 +159,14 @@ TEST_F(Background, AnUnknownTypeIsLikeNone) {
     EXPECT_EQ(class_of(backdrop()->activeBackgroundView()), "_UIBackdropColouredView");
 }
 
-TEST_F(Background, TheClearBackdropIsGivenFullAlpha) {
-    static std::vector<double> alphas;
+TEST_F(Background, TheClearBackdropIsGivenTheClearColourAndFullAlpha) {
+    static std::vector<double> alphas, colour_alphas;
     start("0", red_and_blue);
+    stand_in("_UIBackdropColouredView",
+             "setColor:", [](id, SEL, id colour) { colour_alphas.push_back(rgba(colour).alpha); });
     stand_in("_UIBackdropColouredView", "setAlpha:", [](id, SEL, double alpha) { alphas.push_back(alpha); });
     backdrop();
+    EXPECT_EQ(colour_alphas, std::vector<double>{0.0});
     EXPECT_EQ(alphas, std::vector<double>{1.0});
 }
 
