@@ -252,7 +252,6 @@ TEST_F(GradientBackdrop, TheLayerIsReleasedBeforeTheView) {
     static std::vector<std::string> gone;
     static id layer_gone, view_gone;
     static IMP dealloc;
-    objc::AutoreleasePool outer;
     {
         objc::AutoreleasePool pool;
         id backdrop = with_style("_UIBackdropGradientView");
