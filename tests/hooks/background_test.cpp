@@ -159,11 +159,14 @@ TEST_F(Background, AnUnknownTypeIsLikeNone) {
     EXPECT_EQ(class_of(backdrop()->activeBackgroundView()), "_UIBackdropColouredView");
 }
 
-TEST_F(Background, TheClearBackdropIsGivenFullAlpha) {
-    static std::vector<double> alphas;
+TEST_F(Background, TheClearBackdropIsGivenTheClearColourAndFullAlpha) {
+    static std::vector<double> alphas, colour_alphas;
     start("0", red_and_blue);
+    stand_in("_UIBackdropColouredView",
+             "setColor:", [](id, SEL, id colour) { colour_alphas.push_back(rgba(colour).alpha); });
     stand_in("_UIBackdropColouredView", "setAlpha:", [](id, SEL, double alpha) { alphas.push_back(alpha); });
     backdrop();
+    EXPECT_EQ(colour_alphas, std::vector<double>{0.0});
     EXPECT_EQ(alphas, std::vector<double>{1.0});
 }
 
@@ -194,6 +197,11 @@ TEST_F(BackdropThatHasAView, ShowsItUnderAnImageTheme) {
     UIView* view = owner->activeBackgroundView();
     EXPECT_EQ(class_of(view), "UIView") << "which the theme does not replace";
     expect_installed(owner, view);
+}
+
+TEST_F(BackdropThatHasAView, GivesItUpWhereItIsAVisualEffectViewUnderAnImageTheme) {
+    start("3", "");
+    expect_no_themed_view(effect());
 }
 
 // ---- All of them -----------------------------------------------------------------------------------------
@@ -230,7 +238,17 @@ TEST_F(Background, EveryThemedViewIsMadeWithStyle2) {
     EXPECT_EQ(styles, std::vector<NSInteger>(6, 2));
 }
 
-// ---- What the system answers -----------------------------------------------------------------------------
+// ---- What the system is asked for, and what it answers ----------------------------------------------------
+
+TEST_F(Background, TheSystemIsAskedForTheSameFrameAndStyle) {
+    start("1", half_red);
+    for (const char* name : {"UIKBBackdropView", "UIKBVisualEffectView"}) {
+        auto* view = static_cast<UIView*>(
+            made<"initWithFrame:style:">(name, CGRect{{5, 6}, {70, 80}}, NSInteger{3901}));
+        EXPECT_EQ(view->frame(), (CGRect{{5, 6}, {70, 80}})) << name;
+        EXPECT_EQ((view->send<"style", NSInteger>()), 3901) << name;
+    }
+}
 
 TEST_F(Background, ABackdropThatCannotBeMadeIsNil) {
     auto none = [](id self, SEL, CGRect, NSInteger) -> id { return objc_release(self), nullptr; };

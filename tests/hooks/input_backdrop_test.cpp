@@ -1,4 +1,6 @@
 // The pieces of the input backdrop: the theme's image behind them, and what takes it away.
+#include <array>
+
 #include "hooks/background_test.h"
 
 namespace test {
@@ -59,6 +61,7 @@ TEST_F(ImageBackground, AnImageThatIsShownIsNotRefreshed) {
     view->inputBackdropFullView();
     stand_in("HCPreferences", "getImage", [](id, SEL) -> id { return filled_image(color(1, 0, 0), 2, 2); });
     EXPECT_EQ(shown_in(view->inputBackdropFullView()), image);
+    EXPECT_EQ(shown_in(input()->inputBackdropFullView())->size(), (CGSize{2, 2})) << "a piece made later";
 }
 
 TEST_F(ImageBackground, APieceThatHeldAColourShowsTheImageInstead) {
@@ -75,6 +78,18 @@ TEST_F(ImageBackground, APieceThatHeldAColourShowsTheImageInstead) {
     EXPECT_EQ(coloured->superview(), nullptr);
 }
 
+TEST_F(ImageBackground, APieceThatHoldsAKindOfImageBackdropKeepsIt) {
+    start_with_alpha("<real>1.0</real>");
+    objc_registerClassPair(
+        objc_allocateClassPair(objc_getClass("_UIBackdropImageView"), "HCKindOfImageView", 0));
+    auto* view = input();
+    auto* piece = view->inputBackdropFullView();
+    auto* kind = objc::send<"backdropWithStyle:", UIView*>(class_named("HCKindOfImageView"), NSInteger{2});
+    EXPECT_EQ(class_of(kind), "HCKindOfImageView");
+    piece->setActiveBackgroundView(kind);
+    EXPECT_EQ(view->inputBackdropFullView()->activeBackgroundView(), kind);
+}
+
 TEST_F(Background, AnImageThemeWithoutAnImageShowsNoneInThePieces) {
     start("3", "");
     auto* piece = input()->inputBackdropFullView();
@@ -84,10 +99,24 @@ TEST_F(Background, AnImageThemeWithoutAnImageShowsNoneInThePieces) {
 
 TEST_F(Background, OtherTypesLeaveThePiecesUntouched) {
     start("2", red_and_blue);
-    auto* piece = input()->inputBackdropFullView();
-    ASSERT_NE(piece, nullptr);
-    EXPECT_EQ(class_of(piece->activeBackgroundView()), "_UIBackdropGradientView")
-        << "made with the piece itself";
+    for (NSUInteger type : {0u, 1u, 2u, 4u}) {
+        set_type(type);
+        auto* view = input();
+        const auto pieces = [view] {
+            return std::array{view->inputBackdropFullView(), view->inputBackdropLeftView(),
+                              view->inputBackdropRightView()};
+        };
+        for (auto* piece : pieces()) {
+            ASSERT_NE(piece, nullptr);
+            UIView* themed = piece->activeBackgroundView();  // made with the piece itself
+            piece->setBackgroundColor(color(1, 0, 0));
+            pieces();
+            EXPECT_EQ(class_of(themed), type == 2 ? "_UIBackdropGradientView" : "_UIBackdropColouredView");
+            EXPECT_EQ(piece->activeBackgroundView(), themed) << type;
+            EXPECT_EQ(piece->contentView()->subviews()->count(), 1u) << type;
+            EXPECT_EQ(rgba(piece->backgroundColor()), (Rgba{1, 0, 0, 1})) << type;
+        }
+    }
 }
 
 class ImageBackgroundWithoutLeftPiece : public ImageBackground {
@@ -131,6 +160,13 @@ TEST_F(ImageAlpha, AStored99IsUntouched) {
 }
 TEST_F(ImageAlpha, AStored98IsBakedInOnce) {
     EXPECT_EQ(alphas_of_piece("<real>0.98</real>"), std::vector<double>{static_cast<double>(0.98f)});
+}
+TEST_F(ImageAlpha, ATranslucentOneIsInTheImageThatIsShown) {
+    start_with_alpha("<real>0.5</real>");
+    UIImage* shown = shown_in(input()->inputBackdropFullView());
+    EXPECT_NE(shown, image);
+    id average = objc::send<"averageColorWithAlphaForImage:", id>(class_named("HCCITool"), shown);
+    EXPECT_NEAR(rgba(average).alpha, 0.5, 1 / 255.0);
 }
 TEST_F(ImageAlpha, OneThatIsNoNumberLeavesTheImageUntouched) {
     EXPECT_EQ(alphas_of_piece("<real>nan</real>"), std::vector<double>{});
@@ -206,6 +242,31 @@ TEST_F(Stripping, WithoutSuchASiblingNothingIsStripped) {
     for (auto* piece : owners) expect_installed(piece, piece->activeBackgroundView());
 }
 
+TEST_F(Stripping, WithoutASuperviewNothingIsStripped) {
+    answer_init_for_ucb(objc_getClass("UIKBInputBackdropView"));
+    const auto owners = pieces();
+    view->removeFromSuperview();
+    view->layoutSubviews();
+    for (auto* piece : owners) expect_installed(piece, piece->activeBackgroundView());
+}
+
+class StrippingAfterTheSystem : public Stripping {
+  protected:
+    void before_load() override {
+        stand_in("UIKBInputBackdropView", "layoutSubviews", [](id self, SEL) {
+            auto* piece = static_cast<UIKBInputBackdropView*>(self)->inputBackdropFullView();
+            laid_out.push_back(class_of(piece->activeBackgroundView()));
+        });
+    }
+    static inline std::vector<std::string> laid_out;
+};
+
+TEST_F(StrippingAfterTheSystem, ThePiecesAreLaidOutOnceAndWithTheirImages) {
+    parent->addSubview(sibling_that_answers());
+    expect_layout_strips_every_piece();
+    EXPECT_EQ(laid_out, std::vector<std::string>{"_UIBackdropImageView"});
+}
+
 TEST_F(Stripping, EachMatchingSiblingFetchesAndStripsEachPieceOnce) {
     static std::vector<std::string> fetched;
     static std::vector<id> stripped;
@@ -259,6 +320,13 @@ TEST_F(Stripping, ABackdropGivesItsThemedViewUpAndThenHasNoneToGive) {
     EXPECT_EQ(themed->superview(), nullptr);
     EXPECT_EQ(raised_by([&] { view->removeKBBackdropEffects(piece); }), "");
     EXPECT_EQ(piece->activeBackgroundView(), nullptr);
+}
+
+TEST_F(Stripping, AnyKindOfBackdropGivesItsThemedViewUp) {
+    auto* kind = effect();
+    kind->setActiveBackgroundView(static_cast<UIView*>(made("UIView")));
+    view->removeKBBackdropEffects(kind);
+    EXPECT_EQ(kind->activeBackgroundView(), nullptr);
 }
 
 }  // namespace

@@ -26,8 +26,10 @@ class Switcher : public testing::Test {
         auto value = [&](const char* key) { return filter->send<"valueForKey:", id>(text(key)); };
         EXPECT_EQ(utf8(filter->send<"name", NSString*>()), "colorMonochrome");
         EXPECT_EQ(rgba(UIColor::colorWithCGColor(reinterpret_cast<CGColorRef>(value("inputColor")))), colour);
-        EXPECT_EQ((objc::send<"floatValue", float>(value("inputBias"))), 1.0f);
-        EXPECT_EQ((objc::send<"floatValue", float>(value("inputAmount"))), 1.0f);
+        for (const char* key : {"inputBias", "inputAmount"}) {
+            EXPECT_EQ((objc::send<"floatValue", float>(value(key))), 1.0f) << key;
+            EXPECT_STREQ((objc::send<"objCType", const char*>(value(key))), "f") << key;
+        }
     }
     static CAFilter* preset_filter(CALayer* layer) {
         auto* preset = CAFilter::filterWithName(text("gaussianBlur"));
@@ -87,6 +89,18 @@ TEST_F(SystemsSwitcher, AFilterOfTheLabelIsReplaced) {
     EXPECT_NE(only_filter(layer), preset);
 }
 
+TEST_F(SystemsSwitcher, TheCellThatTheSystemAnswersIsTheOneThatIsFiltered) {
+    static UIInputSwitcherTableCell* instead;
+    instead = cell();
+    stand_in("UIInputSwitcherTableCell", "initWithStyle:reuseIdentifier:", [](id self, SEL, NSInteger, id) {
+        objc_release(self);
+        return objc_retain(instead);
+    });
+    phone.load();
+    EXPECT_EQ(cell(), instead);
+    expect_monochrome(instead->textLabel()->layer(), theme_text);
+}
+
 TEST_F(SystemsSwitcher, TheTableIsLaidOutByTheSystemFirst) {
     stand_in("UIInputSwitcherTableView", "layoutSubviews",
              [](id self, SEL) { static_cast<UIView*>(self)->setTintColor(color(1, 0, 0)); });
@@ -96,10 +110,12 @@ TEST_F(SystemsSwitcher, TheTableIsLaidOutByTheSystemFirst) {
     EXPECT_EQ(rgba(table->tintColor()), theme_highlight);
 }
 
-TEST_F(SystemsSwitcher, TheSegmentsImageIsTakenAfterTheSystemsLayout) {
+TEST_F(SystemsSwitcher, TheSegmentsImagesAreTakenAfterTheSystemsLayout) {
     stand_in("UIInputSwitcherTableCellSegmentView", "layoutSubviews", [](id self, SEL) {
-        static_cast<UIInputSwitcherTableCellSegmentView*>(self)->imageView()->setImage(
-            filled_image(color(1, 0, 0), 7, 5));
+        auto* view = static_cast<UIInputSwitcherTableCellSegmentView*>(self);
+        view->setOriginalImage(filled_image(color(1, 0, 0), 3, 2));
+        view->setInvertedImage(filled_image(color(1, 0, 0), 2, 3));
+        view->imageView()->setImage(filled_image(color(1, 0, 0), 7, 5));
     });
     phone.load();
     auto* view =
@@ -107,6 +123,24 @@ TEST_F(SystemsSwitcher, TheSegmentsImageIsTakenAfterTheSystemsLayout) {
     view->layoutSubviews();
     EXPECT_EQ(view->imageView()->image()->size(), (CGSize{7, 5}));
     EXPECT_EQ(view->imageView()->image()->renderingMode(), UIImageRenderingModeAlwaysTemplate);
+    for (const char* name : {"_originalImage", "_invertedImage"})
+        EXPECT_EQ(variable<UIImage*>(view, name)->renderingMode(), UIImageRenderingModeAlwaysTemplate)
+            << name;
+}
+
+TEST_F(SystemsSwitcher, TheFormsBarIsLaidOutByTheSystemFirst) {
+    stand_in("UIWebFormAccessory", "layoutSubviews", [](id self, SEL) {
+        static_cast<UIView*>(self)->setTintColor(color(1, 0, 0));
+        variable<UIView*>(self, "_leftToolbar")
+            ->addSubview(static_cast<UIView*>(made("_UIToolbarContentView")));
+    });
+    phone.load();
+    id bar = made("UIWebFormAccessory");
+    static_cast<UIView*>(bar)->layoutSubviews();
+    NSArray* contents = variable<UIView*>(bar, "_leftToolbar")->subviews();
+    ASSERT_EQ(contents->count(), 2u) << "the system's own, and the one of its layout";
+    for (NSUInteger i = 0; i < contents->count(); ++i)
+        expect_monochrome(static_cast<UIView*>(contents->objectAtIndex(i))->layer(), {1, 0, 0, 1});
 }
 
 class SwitcherWithoutColours : public Switcher {
@@ -175,18 +209,21 @@ TEST_F(SegmentView, NilImagesStayNil) {
     view->layoutSubviews();
     EXPECT_EQ(variable<UIImage*>(view, "_originalImage"), nullptr);
     EXPECT_EQ(variable<UIImage*>(view, "_invertedImage"), nullptr);
+    EXPECT_EQ(view->imageView()->image(), nullptr);
 }
 
-TEST_F(SegmentView, TheOldImageIsReleased) {
-    UIImage* old = variable<UIImage*>(view, "_originalImage");
-    objc::strong<UIImage> kept = old;
-    {
-        objc::AutoreleasePool pool;
-        view->layoutSubviews();
+TEST_F(SegmentView, TheOldImagesAreReleased) {
+    for (const char* name : {"_originalImage", "_invertedImage"}) {
+        UIImage* old = variable<UIImage*>(view, name);
+        const auto held_by_view = old->send<"retainCount", NSUInteger>();
+        {
+            objc::AutoreleasePool pool;
+            view->layoutSubviews();
+        }
+        EXPECT_EQ((old->send<"retainCount", NSUInteger>()), held_by_view - 1) << name;
+        view->setOriginalImage(filled_image(color(1, 0, 0), 4, 4));
+        view->setInvertedImage(filled_image(color(0, 1, 0), 6, 3));
     }
-    const auto with_view = kept->send<"retainCount", NSUInteger>();
-    view->setOriginalImage(nullptr);
-    EXPECT_EQ((kept->send<"retainCount", NSUInteger>()), with_view) << "the view no longer holds it";
 }
 
 class FormAccessory : public Switcher {
@@ -213,18 +250,30 @@ TEST_F(FormAccessory, ToolbarContentsAreMonochromeInTheBarsOwnTint) {
     expect_monochrome(right->layer(), {0, 0, 1, 1});
 }
 
-TEST_F(FormAccessory, OtherSubviewsGetNoFilter) {
-    UIView* plain = add("UIView", "_leftToolbar");
+TEST_F(FormAccessory, ASubclassOfTheContentViewIsMonochromeToo) {
+    objc_registerClassPair(
+        objc_allocateClassPair(objc_getClass("_UIToolbarContentView"), "HCContentView", 0));
+    UIView* left = add("HCContentView", "_leftToolbar");
     bar->layoutSubviews();
-    EXPECT_EQ(plain->layer()->filters()->count(), 0u);
+    expect_monochrome(left->layer(), {0, 0, 1, 1});
 }
 
-TEST_F(FormAccessory, EachPassMakesAFilterOfItsOwn) {
+TEST_F(FormAccessory, OtherSubviewsGetNoFilter) {
+    for (const char* name : {"_leftToolbar", "_rightToolbar"}) {
+        UIView* plain = add("UIView", name);
+        bar->layoutSubviews();
+        EXPECT_EQ(plain->layer()->filters()->count(), 0u) << name;
+    }
+}
+
+TEST_F(FormAccessory, EachPassMakesAFilterOfItsOwnInTheTintOfItsTime) {
     UIView* left = add("_UIToolbarContentView", "_leftToolbar");
     bar->layoutSubviews();
     objc::strong<NSObject> first = static_cast<NSObject*>(only_filter(left->layer()));
+    bar->setTintColor(color(1, 0, 0));
     bar->layoutSubviews();
     EXPECT_NE(only_filter(left->layer()), first.get());
+    expect_monochrome(left->layer(), {1, 0, 0, 1});
 }
 
 TEST_F(FormAccessory, AFilterThatWasThereIsReplaced) {

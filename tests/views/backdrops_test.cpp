@@ -45,6 +45,8 @@ TEST_F(ColouredBackdrop, NilShowsNoColour) {
     id backdrop = with_style("_UIBackdropColouredView");
     objc::send<"setColor:">(backdrop, id{});
     EXPECT_EQ(content(backdrop)->backgroundColor(), nullptr);
+    objc::send<"setColorAlpha:">(backdrop, 0.5);
+    EXPECT_EQ(content(backdrop)->backgroundColor(), nullptr) << "no colour has no alpha to replace";
 }
 
 // ---- Image -----------------------------------------------------------------------------------------------
@@ -170,11 +172,57 @@ TEST_F(ImageBackdrop, AlphasOutOfRangeAreTakenAsTheNearestThatCounts) {
 
 // ---- All three -------------------------------------------------------------------------------------------
 
-TEST_F(Backdrop, ASystemBackdropThatCannotBeMadeGivesNothing) {
+TEST_F(Backdrop, ASystemBackdropThatCannotBeMadeGivesNothingAndMakesNoContentView) {
+    static IMP previous;
+    static int views = 0;
     stand_in("_UIBackdropView",
              "initWithStyle:", [](id self, SEL, NSInteger) -> id { return objc_release(self), nullptr; });
+    previous = stand_in("UIView", "initWithFrame:", [](id self, SEL selector, CGRect frame) -> id {
+        ++views;
+        return call<id>(previous, self, selector, frame);
+    });
     for (const char* name : {"_UIBackdropColouredView", "_UIBackdropImageView", "_UIBackdropGradientView"})
         EXPECT_EQ(with_style(name), nullptr) << name;
+    EXPECT_EQ(views, 0);
+}
+
+TEST_F(Backdrop, TheContentViewLiesOverWhatTheSystemsBackdropMade) {
+    static IMP previous;
+    previous =
+        stand_in("_UIBackdropView", "initWithStyle:", [](id self, SEL selector, NSInteger style) -> id {
+            id made = call<id>(previous, self, selector, style);
+            static_cast<UIView*>(made)->addSubview(UIView::alloc()->init());
+            return made;
+        });
+    for (const auto& [name, content] : {std::pair("_UIBackdropColouredView", "colouredView"),
+                                        std::pair("_UIBackdropImageView", "imageView"),
+                                        std::pair("_UIBackdropGradientView", "gradientView")}) {
+        id backdrop = with_style(name);
+        EXPECT_EQ(static_cast<UIView*>(backdrop)->subviews()->count(), 2u) << name;
+        expect_content_set_up(backdrop, variable<UIView*>(backdrop, content));
+    }
+}
+
+class BackdropOnADenserScreen : public Backdrop {
+  protected:
+    void SetUp() override { phone.start({.screen_scale = 3}); }
+};
+
+TEST_F(BackdropOnADenserScreen, TheContentViewIsRasterisedAtThatScale) {
+    for (const auto& [name, content] : {std::pair("_UIBackdropColouredView", "colouredView"),
+                                        std::pair("_UIBackdropImageView", "imageView"),
+                                        std::pair("_UIBackdropGradientView", "gradientView")})
+        EXPECT_EQ(variable<UIView*>(with_style(name), content)->layer()->rasterizationScale(), 3.0) << name;
+}
+
+TEST_F(BackdropOnADenserScreen, BakedImagesAndPicturesHaveThatScale) {
+    id image = made<"initWithStyle:image:alpha:">("_UIBackdropImageView", NSInteger{2},
+                                                  filled_image(color(1, 0, 0), 8, 6), 0.5);
+    EXPECT_EQ(variable<UIImageView*>(image, "imageView")->image()->scale(), 3.0);
+    auto* picture =
+        objc::send<"imageFromGradientOfSize:", UIImage*>(with_style("_UIBackdropGradientView"), CGSize{4, 2});
+    EXPECT_EQ(picture->scale(), 3.0);
+    EXPECT_EQ(picture->size(), (CGSize{4, 2}));
 }
 
 TEST_F(Backdrop, TheStyleIsPassedOn) {

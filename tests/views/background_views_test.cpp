@@ -148,6 +148,13 @@ TEST_F(GradientView, AnEmptyListStaysEmpty) {
     EXPECT_EQ(layer(view)->colors()->count(), 0u);
 }
 
+TEST_F(GradientView, NilColoursAreAnEmptyList) {
+    auto view = made(array({clear_red()}));
+    set(view, nullptr);
+    EXPECT_FALSE(has_blur(view));
+    EXPECT_EQ(layer(view)->colors()->count(), 0u);
+}
+
 TEST_F(GradientView, WithoutColoursNoneAreSet) {
     auto view = made(nullptr, 4);
     EXPECT_EQ(layer(view)->colors(), nullptr);
@@ -269,6 +276,28 @@ TEST_F(ImageView, TheSameAlphaTwiceIsBakedOnce) {
     strong<UIImage> baked = shown(view);
     set_alpha(view, 0.5);
     EXPECT_EQ(shown(view), baked);
+}
+
+TEST_F(ImageView, TheSameAlphaIsExactlyTheSame) {
+    auto view = made(red());
+    set_alpha(view, 0.5);
+    strong<UIImage> baked = shown(view);
+    set_alpha(view, 0.5000001);
+    EXPECT_NE(shown(view), baked);
+    set_alpha(view, NAN);
+    baked = shown(view);
+    set_alpha(view, NAN);
+    EXPECT_NE(shown(view), baked) << "no number equals itself";
+}
+
+TEST_F(ImageView, TheBlurIsSwitchedBeforeTheImageIsBaked) {
+    auto view = made(red());
+    observe<"enableBlur">("HCImageView");
+    observe<"disableBlur">("HCImageView");
+    observe<"setImage:", void, id>("UIImageView");
+    set_alpha(view, 0.5);
+    set_alpha(view, 1.0);
+    EXPECT_EQ(heard, (Selectors{"enableBlur", "setImage:", "disableBlur", "setImage:"}));
 }
 
 TEST_F(ImageView, AlphasCompound) {

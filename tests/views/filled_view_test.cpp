@@ -10,11 +10,12 @@ using objc::strong;
 class FilledView : public testing::Test {
   protected:
     void SetUp() override {
-        phone.start();
+        phone.start(options());
         view = objc::adopt(objc::send<"init", UIView*>(allocated("HCView")));
         heard.clear();
     }
     void TearDown() override { view = nullptr; }
+    virtual Phone::Options options() { return {}; }
 
     static strong<UIView> plain(CGRect frame = {}) { return UIView::alloc()->initWithFrame(frame); }
     UIView* blur() const { return objc::send<"backgroundBlur", UIView*>(view); }
@@ -104,6 +105,17 @@ TEST_F(FilledView, ASubviewIsAsynchronousOpaqueAndRasterised) {
     EXPECT_TRUE(child->isOpaque());
     EXPECT_TRUE(child->layer()->shouldRasterize());
     EXPECT_EQ(child->layer()->rasterizationScale(), 2.0);
+}
+
+class FilledViewOnADenserScreen : public FilledView {
+  protected:
+    Phone::Options options() override { return {.screen_scale = 3}; }
+};
+
+TEST_F(FilledViewOnADenserScreen, ASubviewIsRasterisedAtThatScale) {
+    auto child = plain();
+    view->addSubview(child);
+    EXPECT_EQ(child->layer()->rasterizationScale(), 3.0);
 }
 
 TEST_F(FilledView, AnAddedSubviewIsSetUpInOrder) {

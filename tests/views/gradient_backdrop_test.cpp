@@ -51,6 +51,22 @@ TEST_F(GradientBackdrop, EachDirectionHasItsPoints) {
     }
 }
 
+TEST_F(GradientBackdrop, TheStartIsSetBeforeTheEnd) {
+    static std::vector<std::string> set;
+    static IMP start, end;
+    id backdrop = with_style("_UIBackdropGradientView");
+    start = stand_in("CAGradientLayer", "setStartPoint:", [](id self, SEL selector, CGPoint point) {
+        set.push_back("start");
+        call(start, self, selector, point);
+    });
+    end = stand_in("CAGradientLayer", "setEndPoint:", [](id self, SEL selector, CGPoint point) {
+        set.push_back("end");
+        call(end, self, selector, point);
+    });
+    objc::send<"setDirection:">(backdrop, NSInteger{4});
+    EXPECT_EQ(set, (std::vector<std::string>{"start", "end"}));
+}
+
 TEST_F(GradientBackdrop, UnknownDirectionsRunTopToBottom) {
     id backdrop = with_style("_UIBackdropGradientView");
     for (NSInteger direction : {NSInteger{0}, NSInteger{9}, NSInteger{-1}, INTPTR_MAX, INTPTR_MIN}) {
@@ -163,6 +179,28 @@ TEST_F(GradientBackdrop, APictureHasTheAskedSizeAndShowsTheGradient) {
     EXPECT_NEAR(mean.blue, 0.5, 3 / 255.0);
 }
 
+TEST_F(GradientBackdrop, TheLayerIsLaidOutBeforeAPictureIsDrawn) {
+    static std::vector<std::string> sent;
+    static IMP needs, lay_out, draw;
+    id backdrop = with_style("_UIBackdropGradientView");
+    layer(backdrop)->setFrame({{0, 0}, {40, 20}});  // or the new size asks for a layout, too
+    needs = stand_in("CAGradientLayer", "setNeedsLayout", [](id self, SEL selector) {
+        sent.push_back("setNeedsLayout");
+        call(needs, self, selector);
+    });
+    lay_out = stand_in("CAGradientLayer", "layoutIfNeeded", [](id self, SEL selector) {
+        EXPECT_EQ(static_cast<CALayer*>(self)->frame(), (CGRect{{0, 0}, {40, 20}}));
+        sent.push_back("layoutIfNeeded");
+        call(lay_out, self, selector);
+    });
+    draw = stand_in("CAGradientLayer", "renderInContext:", [](id self, SEL selector, CGContextRef context) {
+        sent.push_back("renderInContext:");
+        call(draw, self, selector, context);
+    });
+    objc::send<"imageFromGradientOfSize:", id>(backdrop, CGSize{40, 20});
+    EXPECT_EQ(sent, (std::vector<std::string>{"setNeedsLayout", "layoutIfNeeded", "renderInContext:"}));
+}
+
 TEST_F(GradientBackdrop, APictureLeavesTheLayerForTheNextLayoutToPutBack) {
     auto* backdrop = static_cast<UIView*>(with_style("_UIBackdropGradientView"));
     backdrop->setFrame({{0, 0}, {320, 216}});
@@ -208,6 +246,28 @@ TEST_F(GradientBackdrop, TheSystemsLayoutRunsFirst) {
     backdrop->layoutSubviews();
     EXPECT_EQ(frames, (std::vector<CGRect>{{{0, 0}, {1, 1}}}));
     EXPECT_EQ(layer(backdrop)->frame(), (CGRect{{0, 0}, {320, 216}}));
+}
+
+TEST_F(GradientBackdrop, TheLayerIsReleasedBeforeTheView) {
+    static std::vector<std::string> gone;
+    static id layer_gone, view_gone;
+    static IMP dealloc;
+    {
+        objc::AutoreleasePool pool;
+        id backdrop = with_style("_UIBackdropGradientView");
+        layer_gone = layer(backdrop);
+        view_gone = content(backdrop);
+        // Nobody but the backdrop holds them any more.
+        layer(backdrop)->removeFromSuperlayer();
+        content(backdrop)->removeFromSuperview();
+        dealloc = stand_in("NSObject", "dealloc", [](id self, SEL selector) {
+            if (self == layer_gone) gone.push_back("gradientLayer");
+            if (self == view_gone) gone.push_back("gradientView");
+            call(dealloc, self, selector);
+        });
+    }
+    EXPECT_EQ(gone, (std::vector<std::string>{"gradientLayer", "gradientView"}));
+    layer_gone = view_gone = nullptr;  // other objects may come to lie there
 }
 
 TEST_F(GradientBackdrop, APictureIsOpaqueExactlyWhenTheLayerIs) {

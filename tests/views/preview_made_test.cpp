@@ -55,7 +55,7 @@ TEST_F(Preview, KeyCapsAreDarkenedOnce) {
 
 TEST_F(Preview, IsMadeInOrder) {
     static std::vector<std::string> made;
-    made.clear();
+    static std::vector<id> views;
     static IMP image = nullptr, backdrop = nullptr;
     MSHookMessageEx(object_getClass(class_named("UIImage")), sel_registerName("imageWithContentsOfFile:"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector, NSString* path) -> id {
@@ -78,8 +78,12 @@ TEST_F(Preview, IsMadeInOrder) {
                     &size);
     MSHookMessageEx(objc_getClass("UIImageView"), sel_registerName("initWithFrame:"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector, CGRect wanted) -> id {
-                        if (wanted.size.width) made.emplace_back("picture view");
-                        return reinterpret_cast<id (*)(id, SEL, CGRect)>(frame)(self, selector, wanted);
+                        id view = reinterpret_cast<id (*)(id, SEL, CGRect)>(frame)(self, selector, wanted);
+                        if (wanted.size.width) {
+                            made.emplace_back("picture view");
+                            views.push_back(view);
+                        }
+                        return view;
                     }),
                     &frame);
     auto other = objc::adopt(objc::send<"init", NSObject*>(allocated("HCPreview")));
@@ -88,6 +92,10 @@ TEST_F(Preview, IsMadeInOrder) {
                                path + "Background.png", path + "Text.png", path + "Highlight.png",
                                path + "KeyCaps.png", "keyboardPortraitSize", "picture view", "picture view",
                                "picture view", "picture view"}));
+    std::vector<id> expected;
+    for (const char* name : {"keyboardBackground", "keyboardText", "keyboardHighlight", "keycapsImageView"})
+        expected.push_back(variable<UIImageView>(other, name));
+    EXPECT_EQ(views, expected);
 }
 
 TEST_F(Preview, GoesInOrder) {

@@ -1,6 +1,9 @@
 // HCPreview: a still picture of a themed keyboard, put together and taken apart.
 #include "views/preview.h"
 
+#include <algorithm>
+#include <array>
+
 namespace test {
 namespace {
 
@@ -125,8 +128,8 @@ TEST_F(Preview, AFlatBackgroundLeavesTheBackdropsAlpha) {
 }
 
 TEST_F(Preview, AnOpaqueImageIsShownUntouched) {
+    observe<"setImageAlpha:", void, double>("_UIBackdropImageView");
     for (double alpha : {0.99, 1.0}) {  // 0.99 is stored in single precision
-        observe<"setImageAlpha:", void, double>("_UIBackdropImageView");
         UIView* container = view_for(with_image(filled_image(color(1, 0, 0), 8, 6), alpha));
         EXPECT_EQ(subviews_of(container)[1], cached("ImageView"));
         EXPECT_EQ(heard, Selectors{}) << alpha;
@@ -135,8 +138,9 @@ TEST_F(Preview, AnOpaqueImageIsShownUntouched) {
 }
 
 TEST_F(Preview, AnImageAlphaIsBakedInOnceInEveryPreview) {
+    const Configuration theme = with_image(filled_image(color(1, 0, 0), 8, 6), 0.5);
     for (int times = 0; times < 3; ++times) {
-        view_for(with_image(filled_image(color(1, 0, 0), 8, 6), 0.5));
+        view_for(theme);
         UIImage* image = variable<UIImageView>(cached("ImageView"), "imageView")->image();
         EXPECT_NEAR(average_alpha(image), 0.5, 1 / 255.0) << times;
     }
@@ -186,6 +190,53 @@ TEST_F(Preview, IsBuiltInOrder) {
     EXPECT_EQ(heard, (Selectors{"cleanup", "insertSubview:atIndex:", "setDirection:", "setColors:",
                                 "insertSubview:atIndex:", "insertSubview:atIndex:", "newColor:forImage:",
                                 "insertSubview:atIndex:", "newColor:forImage:", "insertSubview:atIndex:"}));
+}
+
+TEST_F(Preview, TheViewsArePlacedByFixedNumbers) {
+    static std::vector<std::pair<id, NSInteger>> placed;
+    static IMP previous = nullptr;
+    MSHookMessageEx(UIView::class_object(), sel_registerName("insertSubview:atIndex:"),
+                    reinterpret_cast<IMP>(+[](id self, SEL selector, id view, NSInteger index) {
+                        placed.emplace_back(view, index);
+                        reinterpret_cast<void (*)(id, SEL, id, NSInteger)>(previous)(self, selector, view,
+                                                                                     index);
+                    }),
+                    &previous);
+    using Placed = std::vector<std::pair<id, NSInteger>>;
+    Placed expected{{picture_view("keyboardBackground"), 0},
+                    {cached("GradientView"), 1},
+                    {picture_view("keyboardHighlight"), 3},
+                    {picture_view("keyboardText"), 4}};
+    view_for(of_type(2));
+    EXPECT_EQ(placed, expected);
+    expected.insert(expected.begin() + 2, {picture_view("keycapsImageView"), 2});
+    placed.clear();
+    view_for(of_type(2, "<key>_VisibleKeycaps</key><true/>"));
+    EXPECT_EQ(placed, expected);
+}
+
+TEST_F(Preview, TheBackdropKeepsItsFrame) {
+    static id backdrops[3];
+    static int framed = 0;
+    static IMP previous = nullptr;
+    std::ranges::copy(std::array{cached("ColouredView"), cached("GradientView"), cached("ImageView")},
+                      backdrops);
+    const Configuration themes[] = {of_type(0), of_type(1), of_type(2),
+                                    with_image(filled_image(color(1, 0, 0), 8, 6), 0.5)};
+    // The system's backdrop takes its superview's frame by itself.
+    MSHookMessageEx(objc_getClass("_UIBackdropView"), sel_registerName("didMoveToSuperview"),
+                    reinterpret_cast<IMP>(+[](id, SEL) {}), nullptr);
+    MSHookMessageEx(UIView::class_object(), sel_registerName("setFrame:"),
+                    reinterpret_cast<IMP>(+[](id self, SEL selector, CGRect frame) {
+                        framed += std::ranges::count(backdrops, self);
+                        reinterpret_cast<void (*)(id, SEL, CGRect)>(previous)(self, selector, frame);
+                    }),
+                    &previous);
+    for (const Configuration& theme : themes) {
+        UIView* container = view_for(theme);
+        EXPECT_EQ(static_cast<UIView*>(subviews_of(container)[1])->frame(), (CGRect{}));
+    }
+    EXPECT_EQ(framed, 0);
 }
 
 TEST_F(Preview, TheViewsGoToTheNextContainer) {
@@ -253,6 +304,28 @@ TEST_F(Preview, CleansUpInOrder) {
                     &setting);
     objc::send<"cleanup">(preview);
     EXPECT_EQ(order, (std::vector<int>{0, 1, 11, 2, 12, 3, 4, 14}));
+}
+
+TEST_F(Preview, EachBackdropIsTakenOutTheColouredOneFirst) {
+    const char* names[] = {"ColouredView", "GradientView", "ImageView"};
+    static id parts[3];
+    static std::vector<int> order;
+    auto container = UIView::alloc()->init();
+    for (int i = 0; i < 3; ++i) {
+        parts[i] = cached(names[i]);
+        container->addSubview(cached(names[i]));
+    }
+    static IMP previous = nullptr;
+    MSHookMessageEx(UIView::class_object(), sel_registerName("removeFromSuperview"),
+                    reinterpret_cast<IMP>(+[](id self, SEL selector) {
+                        for (int i = 0; i < 3; ++i)
+                            if (parts[i] == self) order.push_back(i);
+                        reinterpret_cast<void (*)(id, SEL)>(previous)(self, selector);
+                    }),
+                    &previous);
+    objc::send<"cleanup">(preview);
+    EXPECT_EQ(order, (std::vector<int>{0, 1, 2}));
+    EXPECT_EQ(subviews_of(container).size(), 0u);
 }
 
 TEST_F(Preview, CleaningUpTwiceIsHarmless) {
