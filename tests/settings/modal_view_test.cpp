@@ -26,6 +26,8 @@ TEST_F(ModalView, IsAShadowBelowACardThatHoldsFourParts) {
 TEST_F(ModalView, ShadowAndCardGoBehindWhatIsThereAlready) {
     UIView* made = panel(true);
     auto before = objc::adopt(UIView::alloc()->initWithFrame({}).leak());
+    part<"shadowView">(made)->removeFromSuperview();
+    part<"panelView">(made)->removeFromSuperview();
     made->addSubview(before);
     made->send<"addSubviewsInOrder">();
     EXPECT_EQ(subviews_of(made),

@@ -262,11 +262,23 @@ TEST_F(RecordingOnOtherSystems, TheWriteToAUrlIsUsedFromIos11On) {
     EXPECT_EQ(in_file().back(), "#FF0000");
 }
 
-TEST_F(Recording, TheWriteToAUrlIsUsedOnIos12) {
+TEST_F(Recording, TheWriteToAUrlIsUsedOnIos12AndAskedForNoError) {
     picker->view();
-    observe<"writeToURL:error:", int, id, id*>(object_getClass(part<"recentColorDictionary", NSObject>()));
+    static std::string file;
+    static bool asks_for_error = true;
+    static IMP previous = nullptr;
+    MSHookMessageEx(
+        object_getClass(part<"recentColorDictionary", NSObject>()), sel_registerName("writeToURL:error:"),
+        reinterpret_cast<IMP>(+[](id self, SEL selector, id url, id* error) -> int {
+            file = utf8(objc::send<"path", id>(url));
+            asks_for_error = error != nullptr;
+            return reinterpret_cast<int (*)(id, SEL, id, id*)>(previous)(self, selector, url, error);
+        }),
+        &previous);
     confirm("#FF0000");
-    EXPECT_EQ(heard, (Selectors{"writeToURL:error:"}));
+    EXPECT_EQ(file, recent_file);
+    EXPECT_FALSE(asks_for_error);
+    EXPECT_EQ(in_file().back(), "#FF0000");
 }
 
 }  // namespace
