@@ -79,11 +79,33 @@ TEST_F(Clipboard, AnImageOnThePasteboardShakes) {
     EXPECT_EQ(board()->image(), image);
 }
 
-TEST_F(Clipboard, AMegabyteOfHexDigitsShakes) {
-    board()->setString(text(std::string(1 << 20, 'a')));
-    paste();
-    EXPECT_EQ(hex_text(), "#000000");
-    EXPECT_TRUE(shook());
+TEST_F(Clipboard, AMegabyteOfTextShakes) {
+    for (const char letter : {'a', '#', ' ', 'x'}) {
+        board()->setString(text(std::string(1 << 20, letter)));
+        paste();
+        EXPECT_EQ(hex_text(), "#000000") << letter;
+        EXPECT_TRUE(shook()) << letter;
+    }
+}
+
+TEST_F(Clipboard, ACopyReplacesAnImageAndARefusedOneLeavesIt) {
+    UIImage* image = filled_image(color(1, 0, 0), 2, 2);
+    board()->setImage(image);
+    set_text("#12");
+    copy();
+    EXPECT_EQ(board()->image(), image);
+    set_text("#123456");
+    copy();
+    EXPECT_EQ(board()->image(), nullptr);
+    EXPECT_EQ(utf8(board()->string()), "#123456");
+}
+
+TEST_F(Clipboard, ATypedTextIsCopiedBeforeItIsReturned) {
+    tap(field());
+    ASSERT_EQ(sim_type_text("80"), SIM_OK) << sim_last_error();
+    copy();
+    EXPECT_EQ(utf8(board()->string()), "#00000080");
+    EXPECT_EQ(current(), (Rgba{0, 0, 0, 1})) << "which the sliders do not have yet";
 }
 
 TEST_F(Clipboard, ExchangesByMessage) {
@@ -160,6 +182,18 @@ TEST_F(Icons, WithoutTheirFilesAreTheApplicationsOwn) {
     EXPECT_EQ(opaque_points(icon_of<"copyImage">()), 25);
     EXPECT_EQ(icon_of<"copyImage">()->renderingMode(), 2);
     EXPECT_EQ(opaque_points(icon_of<"pasteImage">()), 8 * 16);
+}
+
+TEST_F(Icons, WhoseFilesCannotBeReadAreTheApplicationsOwn) {
+    for (const char* file : {copy_icon_file, paste_icon_file}) {
+        std::filesystem::remove(phone.host(file));
+        phone.make_folder(file);
+    }
+    phone.write("/Applications/MobileNotes.app/copy.png", icon({{0, 0}, {5, 5}}));
+    phone.write("/Applications/MobileNotes.app/paste.png", icon({{0, 0}, {6, 6}}));
+    EXPECT_EQ(opaque_points(icon_of<"copyImage">()), 25);
+    EXPECT_EQ(opaque_points(icon_of<"pasteImage">()), 36);
+    EXPECT_EQ(icon_of<"pasteImage">()->renderingMode(), 2);
 }
 
 TEST_F(Icons, WithoutAnyTheButtonsShowNone) {

@@ -245,29 +245,31 @@ TEST_F(BuiltPicker, IsLaidOutByTheseConstraints) {
                       {part<"redSlider">(), "red"},        {part<"greenSlider">(), "green"},
                       {part<"blueSlider">(), "blue"},      {part<"alphaSlider">(), "alpha"}};
     auto lines = constraints_in(picker->view(), names);
-    std::erase_if(lines, [](const std::string& line) { return line.find('?') != std::string::npos; });
-    for (const char* expected : {"recent.top = top.top",
-                                 "recent.width = 215",
-                                 "recent.right = top.right",
-                                 "recent.centerY = top.centerY",
-                                 "stack.top = scroll.top",
-                                 "stack.leading = scroll.leading",
-                                 "stack.trailing = scroll.trailing",
-                                 "stack.bottom = scroll.bottom",
-                                 "stack.centerX = scroll.centerX",
-                                 "preview.height = 55",
-                                 "preview.width = 120",
-                                 "field.height = 40",
-                                 "field.width = 250",
-                                 "red.height = 20",
-                                 "red.width = 305",
-                                 "green.height = 20",
-                                 "green.width = 305",
-                                 "blue.height = 20",
-                                 "blue.width = 305",
-                                 "alpha.height = 20",
-                                 "alpha.width = 305"})
-        EXPECT_EQ(std::count(lines.begin(), lines.end(), expected), 1) << expected;
+    std::erase_if(lines, [](const std::string& line) {  // the panel's, and those that the stack makes itself
+        return line.find('?') != std::string::npos || line.find("= stack.") != std::string::npos ||
+               line.find("(not a plain equation)") != std::string::npos;
+    });
+    EXPECT_EQ(lines, (std::vector<std::string>{"alpha.height = 20",
+                                               "alpha.width = 305",
+                                               "blue.height = 20",
+                                               "blue.width = 305",
+                                               "field.height = 40",
+                                               "field.width = 250",
+                                               "green.height = 20",
+                                               "green.width = 305",
+                                               "preview.height = 55",
+                                               "preview.width = 120",
+                                               "recent.centerY = top.centerY",
+                                               "recent.right = top.right",
+                                               "recent.top = top.top",
+                                               "recent.width = 215",
+                                               "red.height = 20",
+                                               "red.width = 305",
+                                               "stack.bottom = scroll.bottom",
+                                               "stack.centerX = scroll.centerX",
+                                               "stack.leading = scroll.leading",
+                                               "stack.top = scroll.top",
+                                               "stack.trailing = scroll.trailing"}));
     EXPECT_FALSE(recent->translatesAutoresizingMaskIntoConstraints());
     EXPECT_FALSE(stack->translatesAutoresizingMaskIntoConstraints());
 }
@@ -291,7 +293,7 @@ class PickerColours : public ColorPicker {
         EXPECT_EQ(hex(part<"canEditMessageBorder", CALayer>()->borderColor()), found.text);
         for (UIButton* button : {part<"duplicateButton", UIButton>(), part<"pasteButton", UIButton>()}) {
             EXPECT_EQ(hex(button->tintColor()), found.text);
-            EXPECT_EQ(hex(average(button->imageForState(UIControlStateNormal))), found.text.substr(0));
+            EXPECT_EQ(hex(average(button->imageForState(UIControlStateNormal))), found.text);
         }
         return found;
     }
@@ -341,10 +343,14 @@ TEST_F(PickerColours, TheLightCaseIsTheControllersOwn) {
 }
 
 TEST_F(PickerColours, EveryTextFieldMadeAfterwardsHasTheTint) {
-    picker->view();
-    auto field = objc::adopt(UITextField::alloc()->initWithFrame({{0, 0}, {100, 30}}).leak());
-    ASSERT_EQ(sim_show_view(field), SIM_OK) << sim_last_error();
-    EXPECT_EQ(hex(field->tintColor()), "#ECECEC");
+    for (bool light : {true, false}) {
+        picker = made_picker();
+        picker->send<"setLightUI:">(light);
+        picker->view();
+        auto field = objc::adopt(UITextField::alloc()->initWithFrame({{0, 0}, {100, 30}}).leak());
+        ASSERT_EQ(sim_show_view(field), SIM_OK) << sim_last_error();
+        EXPECT_EQ(hex(field->tintColor()), light ? "#ECECEC" : "#22313F");
+    }
 }
 
 // ---- Geometry

@@ -94,6 +94,23 @@ TEST_F(ColorPicker, AKnobMakesAnotherColour) {
     EXPECT_EQ(hex_text().size(), 9u);
 }
 
+TEST_F(ColorPicker, EachKnobMovesItsOwnChannelAlone) {
+    show();
+    for (int i = 0; i < 4; ++i) {
+        update(color(0.5, 0.5, 0.5, 0.5));
+        drag(knob_of(sliders()[i]), 0.5, 0.75);
+        const Rgba found = current();
+        const double channels[] = {found.red, found.green, found.blue, found.alpha};
+        for (int channel = 0; channel < 4; ++channel) {
+            if (channel == i)
+                EXPECT_NEAR(channels[channel], 0.75, 0.01) << i;
+            else
+                EXPECT_EQ(channels[channel], 0.5) << i << " " << channel;
+        }
+        EXPECT_EQ(hex_text(), hex(color(found.red, found.green, found.blue, found.alpha)));
+    }
+}
+
 TEST_F(ColorPicker, EachSliderIsItsChannel) {
     picker->view();
     const Rgba expected[] = {{half, 0, 0, 1}, {0, half, 0, 1}, {0, 0, half, 1}, {0, 0, 0, half}};
@@ -112,6 +129,12 @@ TEST_F(ColorPicker, AKnobsColourGoesByMessage) {
     observe<"updateToColor:", void, id>("HCColorPickerController");
     picker->send<"sliderValueChanged">();
     EXPECT_EQ(heard, (Selectors{"updateToColor:"}));
+}
+
+TEST_F(ColorPicker, NoColourIsNoError) {
+    show();
+    EXPECT_EQ(raised_by([&] { picker->send<"setInitialColor:">(id{}); }), "");
+    EXPECT_EQ(hex_text(), "") << "and no text";
 }
 
 // ---- Coming, shaking
@@ -160,6 +183,26 @@ TEST_F(ColorPicker, ThePanelsSpringIsAskedForAsItIs) {
     EXPECT_EQ(panel()->frame().origin.y, 667) << "below, until the animation moves it";
 }
 
+TEST_F(ColorPicker, ThePanelSpringsUpEachTimeThePickerAppears) {
+    show();
+    picker->viewDidAppear(true);
+    EXPECT_EQ(panel()->frame().origin.y, 0);
+    EXPECT_EQ(shown_at(panel()), 667);
+    wait(1.1);
+    EXPECT_EQ(shown_at(panel()), 0);
+}
+
+TEST_F(ColorPicker, ItsSuperclassHearsOfLoadingAppearingAndLayout) {
+    observe<"viewDidLoad">("UIViewController");
+    observe<"viewDidAppear:", void, int>("UIViewController");
+    observe<"viewDidLayoutSubviews">("UIViewController");
+    picker->view();
+    EXPECT_EQ(heard, (Selectors{"viewDidLoad"}));
+    picker->viewDidAppear(true);
+    picker->viewDidLayoutSubviews();
+    EXPECT_EQ(heard, (Selectors{"viewDidLoad", "viewDidAppear:", "viewDidLayoutSubviews"}));
+}
+
 TEST_F(ColorPicker, AWrongInputShakesThePanelAndLeavesItWhereItIs) {
     show();
     picker->send<"shakeWrong">();
@@ -202,6 +245,24 @@ TEST_F(ColorPicker, CloseDismissesAndTellsNobody) {
     EXPECT_EQ(presented(), nullptr);
     EXPECT_EQ(told, std::vector<Told>{});
     EXPECT_FALSE(phone.exists(recent_file));
+}
+
+TEST_F(ColorPicker, DismissesItselfAnimatedAndWaitsForNothing) {
+    static std::vector<std::pair<id, bool>> dismissed;
+    static bool has_completion = false;
+    dismissed.clear();
+    MSHookMessageEx(objc_getClass("UIViewController"),
+                    sel_registerName("dismissViewControllerAnimated:completion:"),
+                    reinterpret_cast<IMP>(+[](id self, SEL, int animated, id completion) {
+                        dismissed.emplace_back(self, animated & 0xff);
+                        has_completion |= completion != nullptr;
+                    }),
+                    nullptr);
+    show();
+    tap(panel_part<"closeButton">());
+    tap(panel_part<"selectButton">());
+    EXPECT_EQ(dismissed, (std::vector<std::pair<id, bool>>{{picker, true}, {picker, true}}));
+    EXPECT_FALSE(has_completion);
 }
 
 TEST_F(ColorPicker, SelectTellsTheDelegateTheColourAndItsTextAndDismisses) {
@@ -250,6 +311,49 @@ TEST_F(ColorPicker, WithADelegateWithoutTheMethodSelectOnlyCloses) {
     EXPECT_EQ(presented(), nullptr);
     EXPECT_FALSE(phone.exists(recent_file));
     EXPECT_EQ(utf8(part<"recentColors", NSArray>()->lastObject()), "#00000000") << "nothing is recorded";
+}
+
+TEST_F(ColorPicker, TheDelegateAtTheTimeOfThePressIsTold) {
+    id first = made("NSObject"), second = noting_delegate();
+    set_delegate(first);
+    show();
+    set_delegate(second);
+    tap(panel_part<"selectButton">());
+    EXPECT_EQ(told.size(), 1u);
+}
+
+TEST_F(ColorPicker, ADelegateThatGoesWhileThePickerIsShownIsNotTold) {
+    show();
+    {
+        objc::AutoreleasePool pool;
+        set_delegate(noting_delegate());
+    }
+    tap(panel_part<"selectButton">());
+    EXPECT_EQ(presented(), nullptr);
+    EXPECT_EQ(told, std::vector<Told>{});
+    EXPECT_FALSE(phone.exists(recent_file));
+}
+
+TEST_F(ColorPicker, ADelegateThatSaysItDoesNotRespondIsNotTold) {
+    noting_delegate();
+    noting_class(
+        "RefusingPickerDelegate",
+        {{"respondsToSelector:", reinterpret_cast<IMP>(+[](id, SEL, SEL) { return BOOL{}; }), "c@::"}},
+        "NotingPickerDelegate");
+    id delegate = made("RefusingPickerDelegate");
+    set_delegate(delegate);
+    show();
+    tap(panel_part<"selectButton">());
+    EXPECT_EQ(presented(), nullptr);
+    EXPECT_EQ(told, std::vector<Told>{});
+    EXPECT_FALSE(phone.exists(recent_file));
+}
+
+TEST_F(ColorPicker, ASubclassMayReplaceItsIcons) {
+    observe<"copyImage", id>("HCColorPickerController");
+    observe<"pasteImage", id>("HCColorPickerController");
+    picker->view();
+    EXPECT_EQ(heard, (Selectors{"copyImage", "pasteImage"}));
 }
 
 TEST_F(ColorPicker, ASubclassMayReplaceItsParts) {

@@ -1,7 +1,7 @@
 // The colour slider, through its selectors and by touch.
 #include "picture.h"
 #include "platform/controls.h"
-#include "support/runtime.h"
+#include "views/observing.h"
 
 namespace test {
 namespace {
@@ -16,6 +16,7 @@ class ColorSlider : public testing::Test {
     void SetUp() override {
         phone.start();
         actions = {};
+        heard.clear();
     }
     static id slider_of_type(NSUInteger type, CGRect frame = {{0, 0}, {300, 30}}) {
         return made<"initWithFrame:withType:">("HCColorSlider", frame, type);
@@ -82,6 +83,54 @@ TEST_F(ColorSlider, TheInnerSlidersOwnTrackIsInvisible) {
     EXPECT_EQ(inner(control)->maximumValue(), 1);
 }
 
+TEST_F(ColorSlider, EveryPropertyCanBeSet) {
+    id control = slider_of_type(1);
+    for (const char* name : {"slider", "backgroundView", "gradientLayer"}) {
+        id value = made("NSObject");
+        objc::send<"setValue:forKey:">(control, value, text(name));
+        EXPECT_EQ(variable<NSObject>(control, (std::string("_") + name).c_str()), value) << name;
+        EXPECT_EQ((objc::send<"valueForKey:", id>(control, text(name))), value) << name;
+    }
+    objc::send<"setType:">(control, NSUInteger{3});
+    EXPECT_EQ((objc::send<"type", NSUInteger>(control)), 3u);
+    objc::send<"setBackgroundFrame:">(control, CGRect{{1, 2}, {3, 4}});
+    EXPECT_EQ((objc::send<"backgroundFrame", CGRect>(control)), (CGRect{{1, 2}, {3, 4}}));
+}
+
+TEST_F(ColorSlider, TheValueIsReadByItsOwnGetterAndNeverSet) {
+    auto* control = static_cast<NSObject*>(slider_of_type(1));
+    EXPECT_TRUE(control->respondsToSelector(sel_registerName("getValue")));
+    EXPECT_FALSE(control->respondsToSelector(sel_registerName("value")));
+    EXPECT_FALSE(control->respondsToSelector(sel_registerName("setValue:")));
+    inner(control)->setValue(0.25f);
+    EXPECT_EQ(value(control), 0.25);
+}
+
+TEST_F(ColorSlider, AnotherTypeIsAnotherChannelForTheNextColour) {
+    id control = slider_of_type(1);
+    objc::send<"setType:">(control, NSUInteger{2});
+    show_colour(control, color(0, 0.5, 1));
+    EXPECT_EQ(value(control), 0.5);
+    EXPECT_EQ(track(control), (Track{{0, 0, 1, 1}, {0, 1, 1, 1}}));
+}
+
+TEST_F(ColorSlider, WithoutAViewThereIsNoSlider) {
+    MSHookMessageEx(objc_getClass("UIView"), sel_registerName("initWithFrame:"),
+                    reinterpret_cast<IMP>(+[](id self, SEL, CGRect) -> id {
+                        objc_release(self);
+                        return nullptr;
+                    }),
+                    nullptr);
+    EXPECT_EQ(slider_of_type(1), nullptr);
+}
+
+TEST_F(ColorSlider, ItsSuperclassLaysOutToo) {
+    id control = slider_of_type(1);
+    observe<"layoutSubviews">("UIView");
+    objc::send<"layoutSubviews">(control);
+    EXPECT_EQ(heard, (std::vector<std::string>{"layoutSubviews"}));
+}
+
 TEST_F(ColorSlider, LayoutPutsTrackGradientAndSliderInTheirPlaces) {
     auto* control = static_cast<UIView*>(slider_of_type(2, {{10, 20}, {300, 30}}));
     control->layoutIfNeeded();
@@ -125,6 +174,35 @@ TEST_F(ColorSlider, OpaqueRedOnTheRedSliderGoesFromBlackToRed) {
     EXPECT_EQ(track(control), (Track{{0, 0, 0, 1}, {1, 0, 0, 1}}));
 }
 
+TEST_F(ColorSlider, AHalfTransparentGreyOnTheRedSliderKeepsTheOtherChannels) {
+    id control = slider_of_type(1);
+    show_colour(control, color(0.5, 0.5, 0.5, 0.5));
+    EXPECT_EQ(track(control), (Track{{0, 0.5, 0.5, 0.5}, {1, 0.5, 0.5, 0.5}}));
+}
+
+TEST_F(ColorSlider, AColourGoesToTheKnobAndThenToTheTrackByMessage) {
+    id control = slider_of_type(1);
+    observe<"setValue:", void, float>("UISlider");
+    observe<"setStartColor:andEndColor:", void, id, id>("HCColorSlider");
+    show_colour(control, color(1, 0, 0));
+    EXPECT_EQ(heard, (std::vector<std::string>{"setValue:", "setStartColor:andEndColor:"}));
+}
+
+TEST_F(ColorSlider, ASubclassMayPaintTheTrack) {
+    static Track asked_for;
+    Class own = objc_allocateClassPair(objc_getClass("HCColorSlider"), "OwnSlider", 0);
+    class_addMethod(
+        own, sel_registerName("setStartColor:andEndColor:"),
+        reinterpret_cast<IMP>(+[](id, SEL, id start, id end) { asked_for = {rgba(start), rgba(end)}; }),
+        "v@:@@");
+    objc_registerClassPair(own);
+    id control = made<"initWithFrame:withType:">("OwnSlider", CGRect{{0, 0}, {300, 30}}, NSUInteger{3});
+    show_colour(control, color(1, 0, 0.5));
+    EXPECT_EQ(asked_for, (Track{{1, 0, 0, 1}, {1, 0, 1, 1}}));
+    EXPECT_EQ(value(control), 0.5);
+    EXPECT_EQ(track(control), Track{}) << "nothing is painted";
+}
+
 TEST_F(ColorSlider, TheAlphaTrackGoesFromTransparentToOpaqueWhateverTheAlpha) {
     id control = slider_of_type(4);
     show_colour(control, color(0.5, 0.5, 0.5, 0.25));
@@ -151,8 +229,30 @@ TEST_F(ColorSlider, StartAndEndColoursAreTheTracksInThatOrder) {
     EXPECT_EQ(track(control), (Track{{0, 1, 0, 1}, {0, 0, 1, 0.5}}));
 }
 
+TEST_F(ColorSlider, ATracksColourThatIsNilRaisesAndChangesNothing) {
+    id control = slider_of_type(1);
+    show_colour(control, color(1, 0, 0));
+    UIColor* const blue = color(0, 0, 1);
+    for (const auto& [start, end] :
+         {std::pair{blue, static_cast<UIColor*>(nullptr)}, std::pair{static_cast<UIColor*>(nullptr), blue}}) {
+        EXPECT_EQ(raised_by([&, from = start, to = end] {
+                      objc::send<"setStartColor:andEndColor:">(control, from, to);
+                  }),
+                  "NSInvalidArgumentException");
+        EXPECT_EQ(track(control), (Track{{0, 0, 0, 1}, {1, 0, 0, 1}}));
+    }
+}
+
+TEST_F(ColorSlider, WithoutAChannelNothingIsPainted) {
+    id control = slider_of_type(0);
+    observe<"setStartColor:andEndColor:", void, id, id>("HCColorSlider");
+    raised_by([&] { show_colour(control, color(1, 0, 0)); });
+    EXPECT_EQ(heard, (std::vector<std::string>{"setStartColor:andEndColor:"}));
+    EXPECT_EQ(track(control), Track{});
+}
+
 TEST_F(ColorSlider, WithoutAChannelAColourIsLoggedAndRaises) {
-    for (NSUInteger type : {0ul, 5ul}) {
+    for (NSUInteger type : {NSUInteger{0}, NSUInteger{5}, ~NSUInteger{0}}) {
         id control = slider_of_type(type);
         inner(control)->setValue(0.5f);
         testing::internal::CaptureStderr();

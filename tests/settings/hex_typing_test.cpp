@@ -65,20 +65,22 @@ TEST_F(HexTyping, AtEveryLengthEveryLetterIsTakenOrRefused) {
             const bool taken = allowed.find(letter) != std::string::npos && length < longest.size();
             const std::string hash = length == 0 && letter != '#' ? "#" : "";
             set_text(before.c_str());
-            EXPECT_FALSE(ask(field(), {length, 0}, std::string{letter}.c_str()));
+            type({letter});
             EXPECT_EQ(hex_text(), taken ? before + hash + static_cast<char>(std::toupper(letter)) : before)
                 << letter;
             EXPECT_EQ(shook(), !taken) << before << " " << letter;
         }
 }
 
-TEST_F(HexTyping, LettersBeyondAsciiAreRefused) {
-    for (const char* letter : {"é", "Ａ", "٣", "😀", "\u00a0"}) {
-        set_text("#1");
-        type(letter);
-        EXPECT_EQ(hex_text(), "#1") << letter;
-        EXPECT_TRUE(shook()) << letter;
-    }
+TEST_F(HexTyping, ControlCharactersAndLettersBeyondAsciiAreRefusedAtEveryLength) {
+    const std::string longest = "#12345678";
+    for (size_t length = 0; length <= longest.size(); ++length)
+        for (const char* letter : {"\t", "\x01", "\x7f", "é", "Ａ", "٣", "😀", "\u00a0"}) {
+            set_text(longest.substr(0, length).c_str());
+            type(letter);
+            EXPECT_EQ(hex_text(), longest.substr(0, length)) << letter;
+            EXPECT_TRUE(shook()) << letter;
+        }
 }
 
 TEST_F(HexTyping, NineCharactersAreTheMost) {
@@ -127,6 +129,14 @@ TEST_F(HexTyping, WhatIsSelectedIsNotReplaced) {
     EXPECT_FALSE(shook());
 }
 
+TEST_F(HexTyping, ASelectionMakesNoRoom) {
+    set_text("#12345678");
+    select(0, 9);
+    type("a");
+    EXPECT_EQ(hex_text(), "#12345678");
+    EXPECT_TRUE(shook());
+}
+
 TEST_F(HexTyping, OneCharacterIsDeleted) {
     set_text("#12345678");
     press_delete();
@@ -162,6 +172,16 @@ TEST_F(HexTyping, NineLettersAtOnceInAnEmptyFieldMakeTen) {
     set_text("");
     EXPECT_FALSE(ask(field(), {0, 0}, "123456789"));
     EXPECT_EQ(hex_text(), "#123456789") << "the hash is not counted";
+}
+
+TEST_F(HexTyping, OfATextThatIsTooLongACharacterIsDeletedThoughItShakes) {
+    set_text("#123456789");
+    press_delete();
+    EXPECT_EQ(hex_text(), "#12345678");
+    EXPECT_TRUE(shook());
+    press_delete();
+    EXPECT_EQ(hex_text(), "#1234567");
+    EXPECT_FALSE(shook());
 }
 
 TEST_F(HexTyping, NothingTypedIntoAnEmptyFieldIsAHash) {

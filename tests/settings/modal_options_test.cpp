@@ -1,5 +1,5 @@
 // The modal panel's options, through their selectors.
-#include "support/phone.h"
+#include "views/observing.h"
 
 namespace test {
 namespace {
@@ -23,6 +23,30 @@ TEST_F(ModalOptions, KeepWhatTheyAreMadeOf) {
     EXPECT_EQ(utf8(objc::send<"selectButtonTitle", id>(made_of)), "SELECT");
     EXPECT_FALSE((objc::send<"lightUI", bool>(options(delegate, false, nullptr))));
     EXPECT_EQ((objc::send<"selectButtonTitle", id>(options(delegate, false, nullptr))), nullptr);
+}
+
+TEST_F(ModalOptions, AreFilledThroughTheirSettersInOrder) {
+    observe<"setModalFrame:", void, CGRect>("HCModalOptions");
+    observe<"setCornerRadius:", void, double>("HCModalOptions");
+    observe<"setDelegate:", void, id>("HCModalOptions");
+    observe<"setLightUI:", void, int>("HCModalOptions");
+    observe<"setSelectButtonTitle:", void, id>("HCModalOptions");
+    options(nullptr, true, nullptr);
+    EXPECT_EQ(heard, (std::vector<std::string>{"setModalFrame:", "setCornerRadius:", "setDelegate:",
+                                               "setLightUI:", "setSelectButtonTitle:"}));
+}
+
+TEST_F(ModalOptions, WithoutAnObjectThereAreNone) {
+    static IMP previous = nullptr;
+    MSHookMessageEx(objc_getClass("NSObject"), sel_registerName("init"),
+                    reinterpret_cast<IMP>(+[](id self, SEL selector) -> id {
+                        if (object_getClass(self) != objc_getClass("HCModalOptions"))
+                            return reinterpret_cast<id (*)(id, SEL)>(previous)(self, selector);
+                        objc_release(self);
+                        return nullptr;
+                    }),
+                    &previous);
+    EXPECT_EQ(options(nullptr, true, nullptr), nullptr);
 }
 
 TEST_F(ModalOptions, CanBeChanged) {

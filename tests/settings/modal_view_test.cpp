@@ -23,6 +23,17 @@ TEST_F(ModalView, IsAShadowBelowACardThatHoldsFourParts) {
     EXPECT_EQ(subviews_of(part<"extraTopView">(made)), (std::vector<id>{part<"topView">(made)}));
 }
 
+TEST_F(ModalView, ShadowAndCardGoBehindWhatIsThereAlready) {
+    UIView* made = panel(true);
+    auto before = objc::adopt(UIView::alloc()->initWithFrame({}).leak());
+    part<"shadowView">(made)->removeFromSuperview();
+    part<"panelView">(made)->removeFromSuperview();
+    made->addSubview(before);
+    made->send<"addSubviewsInOrder">();
+    EXPECT_EQ(subviews_of(made),
+              (std::vector<id>{part<"shadowView">(made), part<"panelView">(made), before.get()}));
+}
+
 TEST_F(ModalView, TheShadowIsCastByATransparentViewWhereTheCardIs) {
     auto* shadow = part<"shadowView">(panel(true));
     EXPECT_EQ(shadow->frame(), (CGRect{{5, 111}, {365, 445}}));
@@ -106,6 +117,9 @@ TEST_F(ModalView, WithoutABoldFaceTitlesKeepTheirDefaultFont) {
     EXPECT_EQ(asked_for, ".SFUIText-Bold");
     EXPECT_EQ(utf8(close_button(made)->titleLabel()->font()->fontName()), ".SFUIText");
     EXPECT_EQ(utf8(select_button(made)->titleLabel()->font()->fontName()), ".SFUIText");
+    const CGFloat size = static_cast<UILabel*>(test::made("UILabel"))->font()->pointSize();
+    EXPECT_EQ(close_button(made)->titleLabel()->font()->pointSize(), size);
+    EXPECT_EQ(select_button(made)->titleLabel()->font()->pointSize(), size);
 }
 
 TEST_F(ModalView, WithoutATitleTheConfirmButtonHasNone) {
@@ -215,10 +229,26 @@ TEST_F(ModalView, AButtonReleasedOutsideTellsNothing) {
     id delegate = noting_delegate();
     UIView* made = panel(true, delegate);
     show(made);
-    touch(SIM_TOUCH_BEGAN, 40, 148);
-    touch(SIM_TOUCH_MOVED, 300, 500);
-    touch(SIM_TOUCH_ENDED, 300, 500);
+    for (UIButton* button : {close_button(made), select_button(made)}) {
+        const auto [x, y] = middle_of(button);
+        touch(SIM_TOUCH_BEGAN, x, y);
+        touch(SIM_TOUCH_MOVED, 300, 350);
+        touch(SIM_TOUCH_ENDED, 300, 350);
+    }
     EXPECT_EQ(heard, Selectors{});
+}
+
+TEST_F(ModalView, AButtonTellsNothingBeforeItIsReleased) {
+    id delegate = noting_delegate();
+    UIView* made = panel(true, delegate);
+    show(made);
+    for (UIButton* button : {close_button(made), select_button(made)}) {
+        const auto [x, y] = middle_of(button);
+        touch(SIM_TOUCH_BEGAN, x, y);
+        EXPECT_EQ(heard, Selectors{});
+        touch(SIM_TOUCH_CANCELLED, x, y);
+        EXPECT_EQ(heard, Selectors{});
+    }
 }
 
 TEST_F(ModalView, ADelegateSetAfterwardsIsNotUsed) {

@@ -118,7 +118,19 @@ TEST_F(PanelColours, EclipseIsOnWhereItsPreferencesSaySo) {
         {"<plist><dict><key>enabled</key><integer>3</integer>"
          "<key>EnabledApps-com.apple.Preferences</key><real>0.5</real></dict></plist>",
          true},
+        {"<plist><dict><key>enabled</key><integer>-1</integer>"
+         "<key>EnabledApps-com.apple.Preferences</key><string>YES</string></dict></plist>",
+         true},
         {"{ enabled = 1; " + settings + "0; }", false},
+        {"{ enabled = NO; " + settings + "1; }", false},
+        {"{ enabled = 1; " + settings + "false; }", false},
+        {"{ enabled = \"\"; " + settings + "1; }", false},
+        {"<plist><dict><key>enabled</key><false/><key>EnabledApps-com.apple.Preferences</key><true/></dict></"
+         "plist>",
+         false},
+        {"<plist><dict><key>enabled</key><true/><key>EnabledApps-com.apple.Preferences</key><false/></dict></"
+         "plist>",
+         false},
         {"{ enabled = 0; " + settings + "1; }", false},
         {"{ enabled = 0; " + settings + "0; }", false},
         {"{ " + settings + "1; }", false},
@@ -130,11 +142,18 @@ TEST_F(PanelColours, EclipseIsOnWhereItsPreferencesSaySo) {
         {"{ enabled = (1); " + settings + "1; }", false},
         {"{ enabled = { a = 1; }; " + settings + "1; }", false},
         {"{ enabled = <01>; " + settings + "1; }", false},
+        {"<plist><dict><key>enabled</key><date>2020-01-01T00:00:00Z</date>"
+         "<key>EnabledApps-com.apple.Preferences</key><true/></dict></plist>",
+         false},
         {"{ enabled = 1; " + settings + "(1); }", false},
         {"{ enabled = 1; " + settings + "<01>; }", false},
         // no dictionary
         {"(enabled, " + std::string("\"EnabledApps-com.apple.Preferences\")"), false},
         {"enabled", false},
+        {"<plist><true/></plist>", false},
+        {"<plist><integer>1</integer></plist>", false},
+        {"<plist><date>2020-01-01T00:00:00Z</date></plist>", false},
+        {"<01>", false},
         {"", false},
         {"{ enabled = 1; " + settings + "1;", false},
         {"bplist00", false},
@@ -152,7 +171,32 @@ TEST_F(PanelColours, EclipseIsOnWhereItsPreferencesSaySo) {
 TEST_F(PanelColours, PreferencesThatCannotBeReadMakeNoEclipse) {
     phone.write(eclipse_library, "");
     phone.make_folder(eclipse_preferences);
-    EXPECT_FALSE(is_eclipse(panel(true)));
+    EXPECT_EQ(raised_by([&] { EXPECT_FALSE(is_eclipse(panel(true))); }), "");
+}
+
+TEST_F(PanelColours, PreferencesWithoutTheLibraryMakeNoEclipse) {
+    install_eclipse();
+    std::filesystem::remove(phone.host(eclipse_library));
+    EXPECT_EQ(palette_of(panel(true)), light);
+    EXPECT_EQ(palette_of(panel(false)), dark);
+}
+
+TEST_F(PanelColours, BinaryPreferencesMakeEclipse) {
+    phone.write(eclipse_library, "");
+    for (bool on : {true, false}) {
+        id number = objc::send<"numberWithBool:", id>(class_named("NSNumber"), on);
+        auto* values = NSMutableDictionary::alloc()->initWithCapacity(2).leak();
+        values->setObject(number, text("enabled"));
+        values->setObject(number, text("EnabledApps-com.apple.Preferences"));
+        auto* bytes = objc::send<"dataWithPropertyList:format:options:error:", NSData*>(
+            class_named("NSPropertyListSerialization"), values, NSUInteger{200}, NSUInteger{0},
+            static_cast<id*>(nullptr));
+        objc_release(values);
+        const std::string file{static_cast<const char*>(bytes->bytes()), bytes->length()};
+        ASSERT_EQ(file.substr(0, 8), "bplist00");
+        phone.write(eclipse_preferences, file);
+        EXPECT_EQ(is_eclipse(panel(true)), on);
+    }
 }
 
 TEST_F(PanelColours, EclipseIsReadOncePerPanel) {
