@@ -196,10 +196,7 @@ void measure_gallery(std::vector<Ratio>& ratios, const Folder& folder,
                       .cost = undisturbed(gallery.wall),
                       .cost_against = undisturbed(composing.wall),
                       .counted = Counted{"MB more at the most than with 50 themes",
-                                         static_cast<size_t>((growth + 1023) / 1024), 20},
-                      .known =
-                          "compressing the PNGs is a quarter of it, and takes either the same; drawing is "
-                          "most of the rest"});
+                                         static_cast<size_t>((growth + 1023) / 1024), 20}});
     ratios.push_back({.what = "  the same, processor time",
                       .against = against,
                       .cost = undisturbed(gallery.processor),
