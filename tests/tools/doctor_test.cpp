@@ -148,7 +148,8 @@ TEST_F(Doctor, WhatIsLookedUpIsNamedInTheLibrary) {
     bytes << std::ifstream(BUILD_FOLDER "/lib/HuecraftiOS12.so", std::ios::binary).rdbuf();
     const std::string library = bytes.str();
     ASSERT_GT(library.size(), 10000u);
-    for (const auto& one : json_of(simulated()).at("lookUps")) {
+    const auto report = json_of(simulated());
+    for (const auto& one : report.at("lookUps")) {
         std::istringstream words(one.at("target").get<std::string>());
         for (std::string word; words >> word;) {
             if (word.starts_with("+[")) word.erase(0, 2);
