@@ -43,7 +43,7 @@ class BindOpcodes {
           table_(table),
           layout_(layout),
           location_(layout, name_of(table)) {
-        if (table == BindTable::weak) state_.library = kScopeCoalesced;
+        if (table == BindTable::weak) state_.ordinal = kScopeCoalesced;
     }
 
     std::vector<BindRow> read() {
@@ -96,14 +96,14 @@ class BindOpcodes {
         if (ordinal > layout_.libraries.size())
             refuse(table_name() + " names library " + std::to_string(ordinal) + " (expected at most " +
                    std::to_string(layout_.libraries.size()) + ")");
-        state_.library = static_cast<int64_t>(ordinal);
+        state_.ordinal = static_cast<int64_t>(ordinal);
     }
 
     void set_scope(uint8_t immediate) {
         const int64_t scope = immediate ? static_cast<int8_t>(0xf0 | immediate) : kScopeSelf;
         if (scope < kScopeCoalesced)
             refuse(table_name() + " has the unknown scope " + std::to_string(scope) + " (expected -3 to 0)");
-        state_.library = scope;
+        state_.ordinal = scope;
     }
 
     void bind(uint64_t times, uint64_t skip) {

@@ -24,7 +24,7 @@ enum Scope : int64_t {
 
 struct BindRow {
     std::string_view symbol;  ///< as in the file, with the leading underscore
-    int64_t library;          ///< from 1 an index into Layout::libraries, otherwise a Scope
+    int64_t ordinal;          ///< from 1 an index into Layout::libraries, otherwise a Scope
     bool weak_import;         ///< may be missing
     uint64_t address;         ///< of the pointer, as in the file
     int64_t addend;

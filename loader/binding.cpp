@@ -36,7 +36,7 @@ class Binder {
         for (const Import& import : result_.imports) {
             if (import.target || import.weak) continue;
             missing += (count++ ? ", " : "") + import.symbol;
-            if (!import.library.empty()) missing += " (from " + import.library + ")";
+            if (!import.install_name.empty()) missing += " (from " + import.install_name + ")";
         }
         if (count)
             refuse(std::to_string(count) + (count == 1 ? " symbol is missing: " : " symbols are missing: ") +
@@ -49,25 +49,26 @@ class Binder {
         // A definition to be shared is there already: the image's own, until another is found.
         const bool weak = row.weak_import || table == BindTable::weak;
         const auto [known, is_new] =
-            index_.try_emplace({row.symbol, row.library, weak}, result_.imports.size());
+            index_.try_emplace({row.symbol, row.ordinal, weak}, result_.imports.size());
         if (is_new) {
-            Import import{
-                .symbol = std::string(c_name(row.symbol)), .library = library_of(row), .weak = weak};
+            Import import{.symbol = std::string(c_name(row.symbol)),
+                          .install_name = install_name_of(row),
+                          .weak = weak};
             import.target = resolve(row, import);
             result_.imports.push_back(std::move(import));
         }
         return known->second;
     }
 
-    std::string library_of(const BindRow& row) const {
-        return row.library > 0 ? layout_.libraries[static_cast<size_t>(row.library - 1)] : "";
+    std::string install_name_of(const BindRow& row) const {
+        return row.ordinal > 0 ? layout_.libraries[static_cast<size_t>(row.ordinal - 1)] : "";
     }
 
     void* resolve(const BindRow& row, const Import& import) const {
         if (import.symbol == "dyld_stub_binder") return reinterpret_cast<void*>(&stub_binder);
-        if (row.library != kScopeSelf)
+        if (row.ordinal != kScopeSelf)
             if (void* found = resolver_(import)) return found;
-        const bool own_counts = row.library <= 0 && row.library != kScopeMainProgram;
+        const bool own_counts = row.ordinal <= 0 && row.ordinal != kScopeMainProgram;
         const auto own = own_counts ? exports_.find(row.symbol) : exports_.end();
         return own == exports_.end() ? nullptr : address_of(own->second, layout_, mapping_);
     }

@@ -14,9 +14,9 @@ namespace macho {
 
 /// A symbol that an image asks for.
 struct Import {
-    std::string symbol;   ///< as a C programmer writes it
-    std::string library;  ///< the install name of the library it should be in; empty where any will do
-    bool weak;            ///< the image copes without it
+    std::string symbol;        ///< as a C programmer writes it
+    std::string install_name;  ///< of the library it should be in; empty where any will do
+    bool weak;                 ///< the image copes without it
     void* target = nullptr;
 };
 

@@ -70,7 +70,7 @@ macho::Image image_of(const std::string& host_path, std::string contents) {
     const std::span file(reinterpret_cast<const uint8_t*>(contents.data()), contents.size());
     return macho::Image::load_bytes(file, host_path, [](const macho::Import& import) {
         // An import names its library. What another one has under the name is not meant.
-        const Library* library = library_installed_as(import.library);
+        const Library* library = library_installed_as(import.install_name);
         return library ? library->symbol(import.symbol) : resolve_import(import.symbol);
     });
 }

@@ -44,7 +44,7 @@ TEST_F(ShippedSlice, IsForTheProcessorOfTheDeviceAlone) {
 TEST_F(ShippedSlice, EveryMethodOfItsClassesRunsTheCodeInTheFile) {
     phone.start();
     size_t methods_seen = 0;
-    for (size_t i = 0; const char* name = sim_class_name(phone.library(), i); ++i) {
+    for (size_t i = 0; const char* name = sim_class_name(phone.loaded_library(), i); ++i) {
         const auto one_class = class_named(name);
         for (Class side : {reinterpret_cast<Class>(one_class), object_getClass(one_class)}) {
             unsigned count = 0;

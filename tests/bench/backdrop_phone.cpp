@@ -26,7 +26,7 @@ BackdropPhone::BackdropPhone(Background wanted) {
     phone_.boot();
     know_system();
     phone_.load();
-    check(phone_.library(), "the library is loaded");
+    check(phone_.loaded_library(), "the library is loaded");
 
     objc::AutoreleasePool pool;
     auto* parsed = as<NSDictionary>(NSPropertyListSerialization::propertyListWithData(

@@ -63,7 +63,7 @@ int main() {
     test::Phone phone;
     test::arrange_theme(phone);
     phone.start();
-    bench::check(phone.library(), "the library is loaded");
+    bench::check(phone.loaded_library(), "the library is loaded");
     bench::measure_colours(ratios);
     bench::measure_hooks(ratios);
     bench::measure_gradients(ratios);

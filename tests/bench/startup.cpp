@@ -48,11 +48,12 @@ class LoadedPhone {
         phone_.boot({.arguments = arguments});
         if (foundation == Foundation::has_parsed) parse(test::data(test::property_list("<dict/>")));
         phone_.load();
-        check(phone_.library(), "the library is loaded");
+        check(phone_.loaded_library(), "the library is loaded");
     }
     double initializer_seconds() const {
         double seconds = 0;
-        check(sim_initialiser_time(phone_.library(), &seconds) == SIM_OK, "the initializers were timed");
+        check(sim_initialiser_time(phone_.loaded_library(), &seconds) == SIM_OK,
+              "the initializers were timed");
         return seconds;
     }
 
@@ -99,7 +100,7 @@ double loading(const char* library) {
     const double before = processor_seconds();
     phone.load();
     const double seconds = processor_seconds() - before;
-    check(phone.library(), "the library is loaded");
+    check(phone.loaded_library(), "the library is loaded");
     return seconds;
 }
 

@@ -92,11 +92,11 @@ class Metadata : public testing::Test {
 };
 
 TEST_F(Metadata, TheArm64SliceSaysWhatTheDefinitionsSay) {
-    expect_same(classes_of_slice("arm64"), registered_classes(phone.library()));
+    expect_same(classes_of_slice("arm64"), registered_classes(phone.loaded_library()));
 }
 
 TEST_F(Metadata, TheX8664SliceSaysWhatTheDefinitionsSay) {
-    expect_same(classes_of_slice("x86_64"), registered_classes(phone.library()));
+    expect_same(classes_of_slice("x86_64"), registered_classes(phone.loaded_library()));
 }
 
 // What callers were compiled against: whatever of the interface is not plain objects, written out.
@@ -188,7 +188,7 @@ const struct {
 };
 
 TEST_F(Metadata, TheInterfacesTypesAreThoseThatCallersWereCompiledAgainst) {
-    Classes classes = registered_classes(phone.library());
+    Classes classes = registered_classes(phone.loaded_library());
     for (const auto& [class_name, variables, methods] : interface) {
         EXPECT_EQ(classes[class_name].variables, variables) << class_name;
         for (const std::string& method : methods)
@@ -198,7 +198,7 @@ TEST_F(Metadata, TheInterfacesTypesAreThoseThatCallersWereCompiledAgainst) {
 
 TEST_F(Metadata, TheLibraryDefinesItsClassesAndNoOthers) {
     std::vector<std::string> names;
-    for (const auto& [name, facts] : registered_classes(phone.library())) names.push_back(name);
+    for (const auto& [name, facts] : registered_classes(phone.loaded_library())) names.push_back(name);
     EXPECT_EQ(names, (std::vector<std::string>{"HCCITool", "HCColorPickerController", "HCColorSlider",
                                                "HCColourView", "HCGradientView", "HCImageView",
                                                "HCModalOptions", "HCModalView", "HCPreferences", "HCPreview",

@@ -29,7 +29,7 @@ std::vector<std::string> binds(const Opcodes& opcodes, BindTable table = BindTab
     std::vector<std::string> found;
     for (const auto& row : macho::read_binds(macho::Bytes(opcodes, "the table"), table, layout))
         found.push_back(std::string(row.symbol) + (row.weak_import ? "? " : " ") +
-                        std::to_string(row.library) + " " + macho::hex(row.address) +
+                        std::to_string(row.ordinal) + " " + macho::hex(row.address) +
                         (row.addend < 0 ? "" : "+") + std::to_string(row.addend));
     return found;
 }

@@ -101,7 +101,7 @@ TEST(ImageTest, ExportsAreNamedAsInC) {
 TEST(ImageTest, TheResolverIsAskedOnceForEachImport) {
     std::vector<std::string> asked;
     Image::load(image_path("plain"), [&](const Import& import) {
-        asked.push_back(import.symbol + (import.weak ? " weak from " : " from ") + import.library);
+        asked.push_back(import.symbol + (import.weak ? " weak from " : " from ") + import.install_name);
         EXPECT_EQ(import.target, nullptr);
         return host_symbol(import);
     });
@@ -113,7 +113,7 @@ TEST(ImageTest, TheResolverIsAskedOnceForEachImport) {
 TEST(ImageTest, WhereAnySymbolWillDoNoLibraryIsNamed) {
     std::vector<std::string> libraries;
     Image::load(image_path("shared"), [&](const Import& import) {
-        libraries.push_back(import.library);
+        libraries.push_back(import.install_name);
         return nullptr;
     });
     EXPECT_THAT(libraries, testing::Each(""));

@@ -94,7 +94,7 @@ class Phone {
     }
     void start() { start(Options{}); }
 
-    sim_library* library() const { return library_; }
+    sim_library* loaded_library() const { return library_; }
 
   private:
     std::filesystem::path root_;

@@ -18,7 +18,7 @@ TEST_P(GradientPoints, IsExportedUnderBothNames) {
     for (const char* prefix : {"kGradient", "kHCGradient"}) {
         const std::string name = std::string(prefix) + GetParam().name;
         void* address = nullptr;
-        ASSERT_EQ(sim_symbol(phone.library(), name.c_str(), &address), SIM_OK) << sim_last_error();
+        ASSERT_EQ(sim_symbol(phone.loaded_library(), name.c_str(), &address), SIM_OK) << sim_last_error();
         EXPECT_EQ(*static_cast<const CGPoint*>(address), GetParam().point) << name;
     }
 }

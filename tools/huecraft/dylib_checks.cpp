@@ -149,7 +149,7 @@ class DylibChecks {
             for (const macho::BindRow& row : macho::read_binds(part(range, "a bind table"), table, *layout_))
                 taken.emplace(
                     std::string(row.symbol),
-                    row.library > 0 ? layout_->libraries.at(static_cast<size_t>(row.library - 1)) : "");
+                    row.ordinal > 0 ? layout_->libraries.at(static_cast<size_t>(row.ordinal - 1)) : "");
         for (const auto& [symbol, library] : taken) {
             const auto offer = offers.find(library);
             if (offer == offers.end() || !offer->second.contains(symbol))

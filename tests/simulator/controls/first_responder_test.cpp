@@ -6,13 +6,13 @@ namespace {
 
 class FirstResponder : public Screen {
   protected:
-    /// A view that can become it; with `stubborn` it does not give it up.
-    UIView* add_willing(NSInteger tag, bool stubborn = false) {
+    /// A view that can become it; with `clinging` it does not give it up.
+    UIView* add_willing(NSInteger tag, bool clinging = false) {
         std::vector<RecordedMethod> methods = {
             recorded("canBecomeFirstResponder", +[](id, SEL) { return 1; }, "B@:")};
-        if (stubborn)
+        if (clinging)
             methods.push_back(recorded("canResignFirstResponder", +[](id, SEL) { return 0; }, "B@:"));
-        Class made = recording_class(stubborn ? "StubbornView" : "WillingView", "UIView", methods);
+        Class made = recording_class(clinging ? "ClingingView" : "WillingView", "UIView", methods);
         auto view = objc::send<"alloc", UIView*>(reinterpret_cast<id>(made))->initWithFrame({});
         view->setTag(tag);
         root->addSubview(view);
@@ -37,11 +37,11 @@ TEST_F(FirstResponder, PassesFromOneToTheNext) {
 }
 
 TEST_F(FirstResponder, StaysWithOneThatDoesNotResign) {
-    UIView *stubborn = add_willing(1, true), *other = add_willing(2);
-    EXPECT_TRUE(stubborn->becomeFirstResponder());
-    EXPECT_FALSE(stubborn->resignFirstResponder());
+    UIView *clinging = add_willing(1, true), *other = add_willing(2);
+    EXPECT_TRUE(clinging->becomeFirstResponder());
+    EXPECT_FALSE(clinging->resignFirstResponder());
     EXPECT_FALSE(other->becomeFirstResponder());
-    EXPECT_TRUE(stubborn->isFirstResponder());
+    EXPECT_TRUE(clinging->isFirstResponder());
 }
 
 TEST_F(FirstResponder, IsInAWindow) {

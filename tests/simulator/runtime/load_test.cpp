@@ -40,9 +40,9 @@ class Load : public testing::Test {
 
 TEST_F(Load, RegistersItsClasses) {
     phone.load();
-    ASSERT_EQ(sim_class_count(phone.library()), 1u);
-    EXPECT_STREQ(sim_class_name(phone.library(), 0), "SampleThing");
-    EXPECT_EQ(sim_class_name(phone.library(), 1), nullptr);
+    ASSERT_EQ(sim_class_count(phone.loaded_library()), 1u);
+    EXPECT_STREQ(sim_class_name(phone.loaded_library(), 0), "SampleThing");
+    EXPECT_EQ(sim_class_name(phone.loaded_library(), 1), nullptr);
     auto thing = objc::send<"new", objc::strong<NSObject>>(class_named("SampleThing"));
     EXPECT_EQ((thing->send<"number", long>()), 42);
     EXPECT_EQ(utf8(thing->send<"constant", id>()), "constant");
@@ -85,11 +85,12 @@ TEST(LoadOfABrokenLibrary, NamesTheExceptionThatAnInitializerRaised) {
 TEST_F(Load, ExportsAreFoundByName) {
     phone.load();
     void* address = nullptr;
-    ASSERT_EQ(sim_symbol(phone.library(), "kSamplePoint", &address), SIM_OK) << sim_last_error();
+    ASSERT_EQ(sim_symbol(phone.loaded_library(), "kSamplePoint", &address), SIM_OK) << sim_last_error();
     EXPECT_EQ(*static_cast<const CGPoint*>(address), (CGPoint{0.25, 0.75}));
-    ASSERT_EQ(sim_symbol(phone.library(), "OBJC_CLASS_$_SampleThing", &address), SIM_OK) << sim_last_error();
+    ASSERT_EQ(sim_symbol(phone.loaded_library(), "OBJC_CLASS_$_SampleThing", &address), SIM_OK)
+        << sim_last_error();
     EXPECT_EQ(address, objc_getClass("SampleThing"));
-    ASSERT_EQ(sim_symbol(phone.library(), "OBJC_METACLASS_$_SampleThing", &address), SIM_OK)
+    ASSERT_EQ(sim_symbol(phone.loaded_library(), "OBJC_METACLASS_$_SampleThing", &address), SIM_OK)
         << sim_last_error();
     EXPECT_EQ(address, object_getClass(reinterpret_cast<id>(objc_getClass("SampleThing"))));
 }
@@ -99,12 +100,12 @@ TEST_F(Load, OnlyItsOwnExportsAreFound) {
     for (const char* name :
          {"malloc", "OBJC_CLASS_$_NSObject", "OBJC_CLASS_$_UIView", "kMissing", "", "install"}) {
         void* address = this;
-        EXPECT_EQ(sim_symbol(phone.library(), name, &address), SIM_NOT_FOUND) << name;
+        EXPECT_EQ(sim_symbol(phone.loaded_library(), name, &address), SIM_NOT_FOUND) << name;
         EXPECT_EQ(address, nullptr) << name;
     }
     void* address;
-    EXPECT_EQ(sim_symbol(phone.library(), nullptr, &address), SIM_MISUSE);
-    EXPECT_EQ(sim_symbol(phone.library(), "kSamplePoint", nullptr), SIM_MISUSE);
+    EXPECT_EQ(sim_symbol(phone.loaded_library(), nullptr, &address), SIM_MISUSE);
+    EXPECT_EQ(sim_symbol(phone.loaded_library(), "kSamplePoint", nullptr), SIM_MISUSE);
 }
 
 TEST_F(Load, TwiceIsRefused) {
