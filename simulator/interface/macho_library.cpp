@@ -4,9 +4,9 @@
 #include <new>
 #include <span>
 
-#include "device/imports.h"
-#include "device/library.h"
-#include "device/refusal.h"
+#include "interface/imports.h"
+#include "interface/library.h"
+#include "interface/refusal.h"
 #include "loader/image.h"
 #include "loader/objc_import.h"
 #include "objc/runtime.h"

@@ -3,8 +3,8 @@
 #include <set>
 #include <string>
 
-#include "device/device.h"
-#include "device/process_arguments.h"
+#include "foundation/process_arguments.h"
+#include "phone/device.h"
 #include "runtime/hooks.h"
 
 namespace sim {

@@ -1,5 +1,5 @@
 // What an application shows above its keyboard, and behind it.
-#include "keyboard/app_content.h"
+#include "screen/app_content.h"
 
 #include "keyboard/make.h"
 

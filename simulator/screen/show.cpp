@@ -1,14 +1,12 @@
 // Puts a keyboard, a view or a view controller on the screen, and takes pictures of it.
-#include "keyboard/show.h"
+#include "screen/show.h"
 
 #include <algorithm>
 #include <iterator>
 #include <optional>
 #include <utility>
 
-#include "device/device.h"
 #include "keyboard/UIKBKeyplaneView.h"
-#include "keyboard/app_content.h"
 #include "keyboard/backdrop_styles.h"
 #include "keyboard/bars.h"
 #include "keyboard/emoji_plane.h"
@@ -19,8 +17,10 @@
 #include "keyboard/pop_up.h"
 #include "keyboard/split.h"
 #include "keyboard/switcher.h"
+#include "phone/device.h"
+#include "screen/app_content.h"
+#include "screen/picture.h"
 #include "uikit/controllers/screen.h"
-#include "uikit/picture.h"
 
 namespace sim {
 namespace {

@@ -1,6 +1,6 @@
 // What the imports of a library built for the device are bound to: classes, the few symbols that have another
 // form here, and otherwise what stands under the name in this module or in one that it is linked with.
-#include "device/imports.h"
+#include "interface/imports.h"
 
 #include <dlfcn.h>
 #include <strings.h>

@@ -1,5 +1,5 @@
 // Pictures of the screen: see the header.
-#include "uikit/picture.h"
+#include "screen/picture.h"
 
 #include <cerrno>
 #include <cstring>

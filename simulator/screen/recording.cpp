@@ -1,13 +1,13 @@
 // Moving pictures of the screen: see the header.
-#include "uikit/recording.h"
+#include "screen/recording.h"
 
 #include <memory>
 
 #include "coregraphics/CGContext.h"
 #include "coregraphics/animated_png.h"
 #include "quartzcore/animation/clock.h"
+#include "screen/picture.h"
 #include "uikit/controllers/screen.h"
-#include "uikit/picture.h"
 
 namespace sim {
 namespace {

@@ -8,8 +8,8 @@
 #include <filesystem>
 #include <iterator>
 
-#include "device/library.h"
-#include "device/refusal.h"
+#include "interface/library.h"
+#include "interface/refusal.h"
 
 namespace sim {
 namespace {

@@ -1,6 +1,6 @@
 // The device's file system: paths are walked here, component by component, because the host would take an
 // absolute link to its own root.
-#include "device/file_system.h"
+#include "phone/file_system.h"
 
 #include <fcntl.h>
 #include <linux/openat2.h>

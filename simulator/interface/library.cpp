@@ -1,5 +1,5 @@
 // Loading a library, whatever its format.
-#include "device/library.h"
+#include "interface/library.h"
 
 #include <sys/stat.h>
 
@@ -11,7 +11,7 @@
 #include <map>
 #include <utility>
 
-#include "device/refusal.h"
+#include "interface/refusal.h"
 #include "objc/runtime.h"
 
 namespace sim {

@@ -1,5 +1,5 @@
 // The argument vector that the process claims to have.
-#include "device/process_arguments.h"
+#include "foundation/process_arguments.h"
 
 #include <unistd.h>
 

@@ -7,20 +7,20 @@
 #include <string>
 #include <vector>
 
-#include "device/boot.h"
-#include "device/library.h"
-#include "device/refusal.h"
-#include "keyboard/show.h"
+#include "interface/boot.h"
+#include "interface/library.h"
+#include "interface/refusal.h"
 #include "objc/exception.h"
 #include "platform/keyboard.h"
 #include "runtime/installing_calls.h"
+#include "screen/picture.h"
+#include "screen/recording.h"
+#include "screen/show.h"
 #include "simulator.h"
 #include "uikit/controllers/screen.h"
 #include "uikit/events/touches.h"
 #include "uikit/events/typing.h"
 #include "uikit/layout/layout_reports.h"
-#include "uikit/picture.h"
-#include "uikit/recording.h"
 
 struct sim_library {
     std::unique_ptr<sim::Library> library;

@@ -1,5 +1,5 @@
 // Switching the simulated phone on.
-#include "device/boot.h"
+#include "interface/boot.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,12 +9,12 @@
 #include <memory>
 #include <string_view>
 
-#include "device/file_system.h"
-#include "device/leak_checking.h"
-#include "device/refusal.h"
 #include "foundation/mends.h"
+#include "interface/leak_checking.h"
+#include "interface/refusal.h"
 #include "objc/class.h"
 #include "objc/string.h"
+#include "phone/file_system.h"
 #include "runtime/reference_counting.h"
 #include "uikit/geometry_values.h"
 #include "uikit/scrolling/index_paths.h"
