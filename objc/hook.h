@@ -72,6 +72,7 @@ template <class Tag, class Body, class Result, class... Arguments>
 struct Replacement {
     static_assert(PassedAlike<Arguments...>, "more arguments than both processors pass alike");
     static constexpr size_t arity = sizeof...(Arguments);
+    static constexpr auto types = encode_plain_method<Result, Arguments...>();
     static inline constinit IMP previous = nullptr;
 
     static Crossing<Result> call(id self, SEL selector, Crossing<Arguments>... arguments) {
@@ -189,9 +190,11 @@ struct adds : detail::Adds<Function> {
 struct HookRow {
     const char* class_name;
     Side side;
+    /// The method is added; otherwise one is replaced.
+    bool adds;
     SEL (*selector)();
-    /// The types of a method to add; null where one is replaced.
-    const char* added_types;
+    /// The types of the replacement, which have to be the method's own.
+    const char* types;
     IMP (*replacement)();
     IMP* previous;
 };
@@ -203,15 +206,12 @@ consteval HookRow hook_row() {
     using Entry = typename Behaviour::template On<stored_type<Method>>;
     static_assert(Target::selector.colons() == Entry::arity,
                   "the selector and the behaviour's parameters disagree");
-    HookRow row{stored<Target::class_name>.text,
-                Target::side,
-                &objc::selector<Target::selector>,
-                nullptr,
-                [] { return reinterpret_cast<IMP>(&Entry::call); },
-                &Entry::previous};
-    if constexpr (requires { Behaviour::adding; }) row.added_types = stored<Entry::types>.text;
-    return row;
+    return {stored<Target::class_name>.text, Target::side, requires {Behaviour::adding;
 }
+, &objc::selector<Target::selector>, stored<Entry::types>.text,
+    [] { return reinterpret_cast<IMP>(&Entry::call); }, &Entry::previous
+};  // namespace detail
+}  // namespace objc
 }  // namespace detail
 
 /// The row that gives the method, written "-[Class selector]", the behaviour.

@@ -1,4 +1,4 @@
-// The keyboard's background: the themed view inside a system backdrop. Each body's row is in hook_table.cpp.
+// The keyboard's background: the themed view inside a system backdrop. Each body's row is in hook_table.h.
 #pragma once
 #include "objc/hook.h"
 #include "platform/keyboard.h"

@@ -1,4 +1,4 @@
-// Keys, labels, glyphs and highlights in the theme's colours. Each body's row is in hook_table.cpp.
+// Keys, labels, glyphs and highlights in the theme's colours. Each body's row is in hook_table.h.
 #pragma once
 #include "objc/hook.h"
 #include "platform/keyboard.h"

@@ -39,12 +39,13 @@ Diagnosis diagnosis_of(const HookRow& row, const DeviceDescription& device) {
                     "", ""};
     const std::string& effect = effect_without(row.target);
     if (row.how == HookRow::How::function) {
-        if (!device.has_function(row.target)) found.reason = "there is no such function";
-    } else if (!device.has_class(class_of_method(row.target))) {
+        if (device.function(row.target) != Presence::there) found.reason = "there is no such function";
+    } else if (device.class_named(class_of_method(row.target)) != Presence::there) {
         found.reason = "there is no class " + class_of_method(row.target);
     } else if (row.how == HookRow::How::replaced) {
-        if (!device.has_method(row.target)) found.reason = "the class has no such method";
-    } else if (device.has_own_method(row.target)) {
+        if (device.method(row.target).presence != Presence::there)
+            found.reason = "the class has no such method";
+    } else if (device.own_method(row.target).presence == Presence::there) {
         found.reason = "the class has such a method already, which stays";
     }
     if (!found.is_well()) found.effect = effect;
@@ -61,15 +62,15 @@ Diagnosis diagnosis_of(const LookUp& wanted, const DeviceDescription& device) {
                     : is_variable ? "variable read"
                                   : "method called",
                     "", ""};
-    if (!device.has_class(wanted.class_name)) {
+    if (device.class_named(wanted.class_name) != Presence::there) {
         // Nothing reads a variable of a class that is not there: its hooks are not either.
         if (is_variable) return found;
         found.reason = "there is no class " + wanted.class_name;
         found.effect = wanted.without_class;
-    } else if (is_variable && !device.has_variable(wanted.class_name, wanted.member)) {
+    } else if (is_variable && device.variable(wanted.class_name, wanted.member).presence != Presence::there) {
         found.reason = "the class has no such variable";
         found.effect = wanted.without_member;
-    } else if (wanted.kind == class_method && !device.has_method(wanted.member)) {
+    } else if (wanted.kind == class_method && device.method(wanted.member).presence != Presence::there) {
         found.reason = "the class has no such method";
         found.effect = wanted.without_member;
     }
