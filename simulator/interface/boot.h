@@ -18,8 +18,7 @@ struct BootOptions {
     Device device;
     /// Names of classes that the model has and this phone has not.
     std::set<std::string, std::less<>> left_out_classes;
-    /// Methods, "-[Class selector]", that the injection framework does not find.
-    MethodNames unfound_methods, methods_without_previous;
+    HookLimits hook_limits;
 };
 
 /// Once per process. Throws a Refusal before anything has been done, if the options cannot be met.
