@@ -25,7 +25,7 @@ set(DEVICE_COMPILE_OPTIONS
     -isystem ${DEVICE_ROOT}/device/sdk/include
     -I ${DEVICE_ROOT}/src)
 
-# iOS 12 knows neither chained fixups nor a constant data segment.
+# iOS 12 knows neither chained fixups nor a constant data segment. The linker's signature makes room for ours.
 set(DEVICE_LINK_OPTIONS
     -no_fixup_chains -no_data_const -no_encryption -adhoc_codesign -dead_strip -x -S -demangle -fatal_warnings)
 
@@ -59,14 +59,18 @@ function(add_device_slice architecture)
     list(TRANSFORM DEVICE_STUBS PREPEND ${DEVICE_ROOT}/device/stubs/ OUTPUT_VARIABLE stubs)
     get_filename_component(exports ${slice_EXPORTS} ABSOLUTE)
     set(output ${folder}/${slice_OUTPUT})
+    set(unsigned ${folder}/unsigned/${slice_OUTPUT})  # the linker makes the name a part of LC_UUID
+    file(MAKE_DIRECTORY ${folder}/unsigned)
     add_custom_command(
         OUTPUT ${output}
         COMMAND ${DEVICE_LINKER} -dylib -arch ${architecture}
             -platform_version ${DEVICE_PLATFORM_${architecture}} ${DEVICE_MINIMUM_VERSION} ${DEVICE_MINIMUM_VERSION}
             ${DEVICE_LINK_OPTIONS} -install_name ${slice_INSTALL_NAME} -exported_symbols_list ${exports}
-            -o ${output} ${objects} ${stubs}
-        DEPENDS ${objects} ${stubs} ${exports}
-        COMMENT "Linking for ${architecture}: ${slice_OUTPUT}"
+            -o ${unsigned} ${objects} ${stubs}
+        COMMAND sign_slice ${unsigned} ${slice_OUTPUT} ${output}
+        DEPENDS ${objects} ${stubs} ${exports} sign_slice
+        BYPRODUCTS ${unsigned}
+        COMMENT "Linking and signing for ${architecture}: ${slice_OUTPUT}"
         VERBATIM)
 endfunction()
 
