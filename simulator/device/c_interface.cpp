@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "device/boot.h"
+#include "device/executable.h"
 #include "device/library.h"
 #include "device/refusal.h"
 #include "keyboard/show.h"
@@ -220,6 +221,18 @@ sim_status sim_load(const char* host_path, sim_library** library) {
         require_boot("sim_load");
         libraries().push_back(std::make_unique<sim_library>(sim::load_library(host_path)));
         *library = libraries().back().get();
+    });
+}
+
+sim_status sim_run(const char* device_path, const char* const* arguments, int* exit_status) {
+    return answer([&] {
+        require(device_path, "sim_run", "device_path");
+        require(arguments, "sim_run", "arguments");
+        require(exit_status, "sim_run", "exit_status");
+        require_boot("sim_run");
+        std::vector<std::string> vector;
+        for (auto* argument = arguments; *argument; ++argument) vector.emplace_back(*argument);
+        *exit_status = sim::run_executable(device_path, vector);
     });
 }
 
