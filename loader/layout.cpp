@@ -103,7 +103,8 @@ class LoadCommands {
             case Command::reexport_dylib:
             case Command::load_upward_dylib:
             case Command::lazy_load_dylib:
-                layout_.libraries.emplace_back(command.text(command.u32(8)));
+                layout_.libraries.push_back({.install_name = std::string(command.text(command.u32(8))),
+                                             .compatibility_version = command.u32(20)});
                 return;
             case Command::id_dylib: layout_.install_name = command.text(command.u32(8)); return;
             case Command::dyld_info:

@@ -30,12 +30,18 @@ struct FileRange {
     uint32_t offset = 0, size = 0;
 };
 
+/// A library that the image asks for, and the oldest version that it is content with.
+struct Dependency {
+    std::string install_name;
+    uint32_t compatibility_version;
+};
+
 struct Layout {
     Cpu cpu;
     FileType type;
     std::vector<Segment> segments;  ///< in file order, which the fix-up opcodes count by
     std::vector<Section> sections;
-    std::vector<std::string> libraries;  ///< install names in file order, which binds count by, from 1
+    std::vector<Dependency> libraries;  ///< in file order, which binds count by, from 1
     std::string install_name;
     uint32_t platform = 0;         ///< 2 is iOS, 7 its simulator
     uint32_t minimum_version = 0;  ///< 0x000c0000 is 12.0.0

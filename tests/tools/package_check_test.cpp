@@ -14,8 +14,8 @@ using PackageCheck = PackageTree;
 TEST_F(PackageCheck, WhatIsBuiltPasses) {
     const Outcome run = this->run({"package-check", PACKAGE_FILE});
     EXPECT_EQ(run.status, 0) << run.out << run.err;
-    EXPECT_EQ(lines(run.out), 14u) << run.out;
-    EXPECT_TRUE(run.out.starts_with(PACKAGE_FILE ": sound; 13 checks passed\n")) << run.out;
+    EXPECT_EQ(lines(run.out), 15u) << run.out;
+    EXPECT_TRUE(run.out.starts_with(PACKAGE_FILE ": sound; 14 checks passed\n")) << run.out;
     EXPECT_EQ(run.out.find("not ok"), run.out.npos) << run.out;
 }
 
@@ -80,7 +80,7 @@ TEST_F(PackageCheck, NoChangedByteOfTheDylibGoesUnnoticed) {
     const Outcome run = this->run(arguments);
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(lines(run.out), 40u * 14) << run.out;
+    EXPECT_EQ(lines(run.out), 40u * 15) << run.out;
     EXPECT_EQ(run.out.find("sound"), run.out.npos) << run.out;
 }
 
@@ -143,6 +143,28 @@ TEST_F(PackageCheck, ALibraryThatNoStubIsOfIsFound) {
           "'/usr/lib/libz.1.dylib'\n...\n");
     build({});
     expect_only(checked(), "imports: links with /usr/lib/libz.1.dylib, which device/stubs has not");
+}
+
+TEST_F(PackageCheck, ALibraryVersionThatTheSystemHasNotIsFound) {
+    unpack();
+    write("small.tbd",
+          "--- !tapi-tbd\ntbd-version: 4\ntargets: [ arm64-ios ]\n"
+          "install-name: '/Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate'\n"
+          "compatibility-version: 1\n...\n");
+    build({});
+    expect_only(checked(),
+                "library versions: LC_LOAD_DYLIB asks for version 1.0 of "
+                "/Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate, expected at most 0.0");
+}
+
+TEST_F(PackageCheck, ALibraryMayBeAskedForInAnOlderVersion) {
+    unpack();
+    write("small.tbd",
+          "--- !tapi-tbd\ntbd-version: 4\ntargets: [ arm64-ios ]\n"
+          "install-name: '/System/Library/Frameworks/Foundation.framework/Foundation'\n"
+          "compatibility-version: 299.255.255\n...\n");
+    build({});
+    EXPECT_EQ(checked().status, 0);
 }
 
 TEST_F(PackageCheck, ChainedFixUpsAreFound) {
@@ -359,7 +381,7 @@ TEST_F(PackageCheck, APackageCutAnywhereIsRefusedInOneLine) {
     const Outcome run = this->run(arguments);
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(lines(run.err), 64u) << run.err;
-    EXPECT_EQ(lines(run.out), 14u) << run.out;
+    EXPECT_EQ(lines(run.out), 15u) << run.out;
 }
 
 TEST_F(PackageCheck, ATruncatedPackageIsNamed) {
