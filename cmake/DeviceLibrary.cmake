@@ -25,7 +25,7 @@ set(DEVICE_COMPILE_OPTIONS
     -isystem ${DEVICE_ROOT}/device/sdk/include
     -I ${DEVICE_ROOT} -I ${DEVICE_ROOT}/library)
 
-# iOS 12 knows neither chained fixups nor a constant data segment.
+# iOS 12 knows neither chained fixups nor a constant data segment. The linker's signature makes room for ours.
 set(DEVICE_LINK_OPTIONS
     -no_fixup_chains -no_data_const -no_encryption -adhoc_codesign -dead_strip -x -S -demangle -fatal_warnings)
 
@@ -55,17 +55,22 @@ function(add_device_objects architecture objects)
     set(${objects} ${found} PARENT_SCOPE)
 endfunction()
 
-# Links <architecture>/<name> in the current binary directory of the objects and stubs in DEPENDS.
+# Links and signs <architecture>/<name> in the current binary directory, of objects and stubs, the INPUTS.
 function(link_device_slice architecture name)
-    cmake_parse_arguments(PARSE_ARGV 2 slice "" "" "OPTIONS;DEPENDS;INPUTS")
-    set(output ${CMAKE_CURRENT_BINARY_DIR}/${architecture}/${name})
+    cmake_parse_arguments(PARSE_ARGV 2 slice "" "" "OPTIONS;INPUTS;DEPENDS")
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/${architecture})
+    set(output ${folder}/${name})
+    set(unsigned ${folder}/unsigned/${name})  # the linker makes the name a part of LC_UUID
+    file(MAKE_DIRECTORY ${folder}/unsigned)
     add_custom_command(
         OUTPUT ${output}
         COMMAND ${DEVICE_LINKER} ${slice_OPTIONS} -arch ${architecture}
             -platform_version ${DEVICE_PLATFORM_${architecture}} ${DEVICE_MINIMUM_VERSION} ${DEVICE_MINIMUM_VERSION}
-            ${DEVICE_LINK_OPTIONS} -o ${output} ${slice_INPUTS}
-        DEPENDS ${slice_INPUTS} ${slice_DEPENDS}
-        COMMENT "Linking for ${architecture}: ${name}"
+            ${DEVICE_LINK_OPTIONS} -o ${unsigned} ${slice_INPUTS}
+        COMMAND sign_slice ${unsigned} ${name} ${output}
+        DEPENDS ${slice_INPUTS} ${slice_DEPENDS} sign_slice
+        BYPRODUCTS ${unsigned}
+        COMMENT "Linking and signing for ${architecture}: ${name}"
         VERBATIM)
 endfunction()
 

@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "phone/file_system.h"
 #include "interface/imports.h"
 #include "interface/library.h"
 #include "interface/refusal.h"
+#include "phone/file_system.h"
 #include "runtime/not_modelled.h"
 
 namespace sim {

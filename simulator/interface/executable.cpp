@@ -3,11 +3,11 @@
 
 #include <memory>
 
-#include "phone/file_system.h"
+#include "foundation/process_arguments.h"
 #include "interface/library.h"
 #include "interface/macho_image.h"
-#include "foundation/process_arguments.h"
 #include "interface/refusal.h"
+#include "phone/file_system.h"
 
 namespace sim {
 namespace {

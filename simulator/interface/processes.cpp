@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "interface/executable.h"
-#include "phone/file_system.h"
 #include "interface/refusal.h"
 #include "loader/format.h"
+#include "phone/file_system.h"
 #include "runtime/not_modelled.h"
 
 namespace sim {
