@@ -1,7 +1,7 @@
 # write_described_subjects(<file>): what a description of a system is about, as C++, from the one list of it and the hook table.
 function(write_described_subjects file)
     set(list ${PROJECT_SOURCE_DIR}/describe/subjects.txt)
-    set(table ${PROJECT_SOURCE_DIR}/library/hooks/hook_table.cpp)
+    set(table ${PROJECT_SOURCE_DIR}/library/hooks/hook_table.h)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list} ${table})
     file(READ ${list} subjects)
     foreach(kind class function)
