@@ -55,9 +55,9 @@ function(add_device_objects architecture objects)
     set(${objects} ${found} PARENT_SCOPE)
 endfunction()
 
-# Links <architecture>/<name> in the current binary directory of the objects and stubs in DEPENDS, and signs it.
+# Links and signs <architecture>/<name> in the current binary directory, of objects and stubs, the INPUTS.
 function(link_device_slice architecture name)
-    cmake_parse_arguments(PARSE_ARGV 2 slice "" "" "OPTIONS;DEPENDS;INPUTS")
+    cmake_parse_arguments(PARSE_ARGV 2 slice "" "" "OPTIONS;INPUTS;DEPENDS")
     set(folder ${CMAKE_CURRENT_BINARY_DIR}/${architecture})
     set(output ${folder}/${name})
     set(unsigned ${folder}/unsigned/${name})  # the linker makes the name a part of LC_UUID

@@ -125,6 +125,13 @@ SIM_API const char* sim_class_name(const sim_library* library, size_t index);
  * the time of loading as a whole, which the dynamic linker does not divide. */
 SIM_API sim_status sim_initialiser_time(const sim_library* library, double* seconds);
 
+/* ---- Programs ------------------------------------------------------------------------------------------ */
+
+/* Runs a main executable, built for the device, that lies at a path of the device. The process claims to have
+ * the arguments, which end with NULL; the first is what it claims to be. A process that the program starts is
+ * a child of this one. What it writes goes to this process's standard output and error. */
+SIM_API sim_status sim_run(const char* device_path, const char* const* arguments, int* exit_status);
+
 /* ---- What the library installed ---------------------------------------------------------------------- */
 
 typedef enum sim_call_kind {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "interface/boot.h"
+#include "interface/executable.h"
 #include "interface/library.h"
 #include "interface/refusal.h"
 #include "objc/exception.h"
@@ -239,6 +240,18 @@ sim_status sim_load(const char* host_path, sim_library** library) {
         require_boot("sim_load");
         libraries().push_back(std::make_unique<sim_library>(sim::load_library(host_path)));
         *library = libraries().back().get();
+    });
+}
+
+sim_status sim_run(const char* device_path, const char* const* arguments, int* exit_status) {
+    return answer([&] {
+        require(device_path, "sim_run", "device_path");
+        require(arguments, "sim_run", "arguments");
+        require(exit_status, "sim_run", "exit_status");
+        require_boot("sim_run");
+        std::vector<std::string> vector;
+        for (auto* argument = arguments; *argument; ++argument) vector.emplace_back(*argument);
+        *exit_status = sim::run_executable(device_path, vector);
     });
 }
 
