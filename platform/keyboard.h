@@ -1,6 +1,6 @@
 // UIKit's private keyboard classes: those whose methods the library replaces, and what they are made of.
 #pragma once
-#include "platform/uikit.h"
+#include "platform/controls.h"
 
 // --- What a keyboard consists of, and how its keys are drawn ---
 
@@ -172,20 +172,21 @@ struct UIKeyboardEmojiCategoryBar
 /// the active one.
 struct UIKeyboardPredictionCell
     : objc::Interface<UIKeyboardPredictionCell, "UIKeyboardPredictionCell", UIView> {
-    NSString* text() { return send<"text", NSString*>(); }
-    void setText(NSString* text) { send<"setText:">(text); }
-    bool isActive() { return send<"isActive", bool>(); }
+    void setText(NSString* text, id prediction, bool active, bool is_emoji) {
+        send<"setText:prediction:active:isEmoji:">(text, prediction, active, is_emoji);
+    }
+    UILabel* label() { return send<"label", UILabel*>(); }
+    bool active() { return send<"active", bool>(); }
     void setActive(bool active) { send<"setActive:">(active); }
     UIColor* textColor() { return send<"textColor", UIColor*>(); }
 };
 
-/// A button below the keys: the globe, the microphone.
+/// The bar below the keys, on phones with a home indicator.
+struct UIKeyboardDockView : objc::Interface<UIKeyboardDockView, "UIKeyboardDockView", UIView> {};
+
+/// A button of the dock: the globe, the microphone.
 struct UIKeyboardDockItemButton
-    : objc::Interface<UIKeyboardDockItemButton, "UIKeyboardDockItemButton", UIView> {
-    UIImage* image() { return send<"image", UIImage*>(); }
-    /// Drawn as a template, in the tint colour.
-    void setImage(UIImage* image) { send<"setImage:">(image); }
-};
+    : objc::Interface<UIKeyboardDockItemButton, "UIKeyboardDockItemButton", UIButton> {};
 
 /// The system's backdrop for a numeric style. It fits itself to the view that it is put into.
 struct _UIBackdropView : objc::Interface<_UIBackdropView, "_UIBackdropView", UIView> {

@@ -8,13 +8,14 @@
 
 #include "keyboard/UIKBKeyplaneView.h"
 #include "keyboard/backdrop_styles.h"
-#include "keyboard/bars.h"
+#include "keyboard/dock/dock.h"
 #include "keyboard/emoji_plane.h"
 #include "keyboard/key_kind.h"
 #include "keyboard/key_traits.h"
 #include "keyboard/keyplanes.h"
 #include "keyboard/make.h"
 #include "keyboard/pop_up.h"
+#include "keyboard/prediction/prediction_bar.h"
 #include "keyboard/split.h"
 #include "keyboard/switcher.h"
 #include "phone/device.h"
@@ -130,13 +131,18 @@ strong<UIView> make_keyboard(const KeyboardRequest& request, KeyboardPlane plane
     strong<UIView> key_area = make_key_area(plane, keyplane, pressed, factory, metrics);
     key_area->setFrame({{0, key_top}, metrics.size});
     keyboard->addSubview(key_area);
-    keyboard->addSubview(make_dock({{0, dock_top}, {width, metrics.dock_height}}));
+    if (metrics.dock_height > 0)
+        keyboard->addSubview(make_dock({{0, dock_top}, {width, metrics.dock_height}}));
     if (pressed && is_character(pressed)) {
         CGRect frame = pressed->frame();
         frame.origin.y += key_top;
         keyboard->addSubview(make_pop_up(pressed, frame, width, factory));
     }
-    if (request.switcher) keyboard->addSubview(make_switcher({switcher_margin, dock_top}));
+    if (request.switcher) {
+        // Over the globe, which is a key of the last row or in the dock.
+        const CGFloat globe_top = dock_top - (metrics.dock_height > 0 ? 0 : metrics.row_pitch);
+        keyboard->addSubview(make_switcher({switcher_margin, globe_top}));
+    }
     return keyboard;
 }
 

@@ -126,8 +126,8 @@ BackdropSampler::BackdropSampler(const Workshop& workshop) {
     for (size_t i = 0; i < keys.size(); ++i) tools::require(sim_key_at(i, &keys[i]), "finding the keys");
     // The bar of suggestions is as high above the first row as the whole keyboard is above the keys.
     const CGSize key_area = UIKeyboardImpl::keyboardSize(1);
-    constexpr double prediction_bar = 42, dock = 46;
-    keyboard_top -= key_area.height + prediction_bar + dock;
+    constexpr double prediction_bar = 42;
+    keyboard_top -= key_area.height + prediction_bar;
     size_ = {screen.size.width, screen.size.height - keyboard_top};
     for (const sim_key& key : keys) {
         Place place{key.text ? key.text : key.name, {}};
