@@ -52,7 +52,7 @@ check_includes() {
             below["library/settings"] = "settings model platform objc"
             below["library/hooks"] = "hooks views model platform objc"
             below["loader"] = "loader objc"
-            below["describe"] = "hooks platform objc"
+            below["describe"] = "describe hooks platform objc"
             below["simulator/runtime"] = "runtime platform objc"
             below["simulator/phone"] = "phone runtime platform objc"
             below["simulator/foundation"] = "foundation phone runtime platform objc"
