@@ -277,8 +277,8 @@ struct _UIToolbarContentView
 // --- The rest ---
 
 struct UIKeyboardImpl : objc::Interface<UIKeyboardImpl, "UIKeyboardImpl", UIView> {
-    /// Points. Orientations 1 and 2 are portrait, 3 and 4 landscape.
-    static CGSize keyboardSize(NSInteger orientation) {
+    /// Points; zero where the system has no such class.
+    static CGSize keyboardSize(UIInterfaceOrientation orientation) {
         return class_send<"keyboardSizeForInterfaceOrientation:", CGSize>(orientation);
     }
 };

@@ -25,6 +25,11 @@ constexpr UIImageRenderingMode UIImageRenderingModeAlwaysTemplate = 2;
 using UIImageOrientation = NSInteger;
 constexpr UIImageOrientation UIImageOrientationUp = 0;
 
+/// How the screen is held, as the system numbers it.
+using UIInterfaceOrientation = NSInteger;
+constexpr UIInterfaceOrientation UIInterfaceOrientationPortrait = 1;
+constexpr UIInterfaceOrientation UIInterfaceOrientationLandscapeLeft = 4;
+
 using UIViewContentMode = NSInteger;
 constexpr UIViewContentMode UIViewContentModeScaleToFill = 0;
 constexpr UIViewContentMode UIViewContentModeScaleAspectFit = 1;
