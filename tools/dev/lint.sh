@@ -89,6 +89,16 @@ check_lengths() {
 
 check_whitespace() { files -true | xargs -0 -r grep -HnIE '[[:space:]]+$' || true; }
 
+# Every relative link of a page leads to a file.
+check_links() {
+    local page target
+    while IFS= read -r -d '' page; do
+        grep -oE '\]\([^)]+\)' "$page" | sed -E 's/^\]\(//; s/[)#].*$//' | while IFS= read -r target; do
+            [[ -z $target || $target == *:* || -e $(dirname "$page")/$target ]] || echo "$page: no file $target"
+        done || true
+    done < <(files -name '*.md')
+}
+
 check_scripts() {
     # Along with what they source.
     scripts | xargs -0 -r shellcheck --external-sources --check-sourced --severity=warning --format=gcc
@@ -105,6 +115,7 @@ command_lint() {
     check "macros are defined where nothing else serves" check_macros
     check "no C++ file has more than 600 lines" check_lengths
     check "no line ends in blanks" check_whitespace
+    check "links of pages lead to files" check_links
     check "scripts are sound" check_scripts
     check "clang-tidy finds nothing in objc/, platform/ and library/" check_tidy
     return "$lint_status"
