@@ -23,7 +23,7 @@ set(DEVICE_COMPILE_OPTIONS
     -isystem ${DEVICE_ROOT}/device/sdk/cxxsite
     -isystem ${DEVICE_LIBCXX}
     -isystem ${DEVICE_ROOT}/device/sdk/include
-    -I ${DEVICE_ROOT}/src)
+    -I ${DEVICE_ROOT} -I ${DEVICE_ROOT}/library)
 
 # iOS 12 knows neither chained fixups nor a constant data segment.
 set(DEVICE_LINK_OPTIONS

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "device/file_system.h"
+#include "phone/file_system.h"
 #include "platform/foundation.h"
 
 namespace sim {

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "device/device.h"
 #include "keyboard/key_kind.h"
 #include "keyboard/key_names.h"
+#include "phone/device.h"
 
 namespace sim {
 namespace {

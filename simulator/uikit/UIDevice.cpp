@@ -1,6 +1,6 @@
 // The one device: as it was booted.
-#include "device/device.h"
 #include "objc/class.h"
+#include "phone/device.h"
 #include "platform/uikit.h"
 
 namespace {
