@@ -193,6 +193,10 @@ struct Implements : ClassInterface {
 
     auto& ivars() { return variables_of<typename Self::Ivars>(this); }
 
+    /// This object as its callers see it: `self()->setNeedsLayout()` is a message, which subclasses and hooks
+    /// hear. A plain call, `setNeedsLayout()`, is C++ and goes past them to this very implementation.
+    ClassInterface* self() { return this; }
+
     /// The superclass's method; in a class method, `super_of(self)`.
     template <Name Selector, class Result = void, class... Arguments>
     Result super(Arguments... arguments) {

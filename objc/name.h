@@ -23,6 +23,13 @@ struct Name {
         for (char c : text) count += c == ':';
         return count;
     }
+
+    template <size_t Other>
+    constexpr bool begins_with(const char (&beginning)[Other]) const {
+        for (size_t i = 0; i + 1 < Other; ++i)
+            if (i >= length || text[i] != beginning[i]) return false;
+        return true;
+    }
 };
 
 template <size_t A, size_t B>

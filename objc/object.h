@@ -1,6 +1,7 @@
 // Interfaces: the typed face of a class. A pointer to the C++ struct is the object pointer.
 #pragma once
 #include "objc/send.h"
+#include "objc/strong.h"
 
 namespace objc {
 
@@ -26,6 +27,16 @@ struct Object : objc_object {
     }
 };
 
+/// A new object of a class that is known at run time only, initialised and owned by the caller. `Made` is the
+/// interface of the class or of one above it.
+template <Name Initialiser, class Made, class... Arguments>
+strong<Made> make(Class of, Arguments... arguments) {
+    static_assert(Initialiser.begins_with("init"), "an object is made by one of its initialisers");
+    static_assert((!std::is_same_v<Arguments, int> && ...), "say the parameter's type: NSInteger{4}");
+    return strong<Made>::adopt(
+        send<Initialiser, Made*>(send<"alloc", id>(reinterpret_cast<id>(of)), arguments...));
+}
+
 /// The interface of the class `ClassName`, whose superclass's interface is `Super`:
 ///
 ///     struct UIColor : objc::Interface<UIColor, "UIColor", NSObject> {
@@ -50,8 +61,16 @@ struct Interface : SuperInterface {
         return objc::send<Selector, Result>(reinterpret_cast<id>(class_object()), arguments...);
     }
 
-    /// A new object, to be initialised at once: `UIView::alloc()->initWithFrame(frame)`.
+    /// A new object, to be initialised at once through one of the interface's own initialisers:
+    /// `HCColorSlider::alloc()->initWithFrame(frame, type)`.
     static Self* alloc() { return class_send<"alloc", Self*>(); }
+
+    /// A new object, initialised and owned by the caller: `UISlider::make<"initWithFrame:">(frame)`. The
+    /// arguments have the very types of the method's parameters.
+    template <Name Initialiser = "init", class... Arguments>
+    static strong<Self> make(Arguments... arguments) {
+        return objc::make<Initialiser, Self>(class_object(), arguments...);
+    }
 };
 
 /// The interface of the protocol `ProtocolName`: of objects of any class that conforms to it.

@@ -171,9 +171,9 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
     NSMutableDictionary* asPlist() { return ivars().configuration; }
 
     bool saveConfiguration(NSError** error) {
-        NSString* name = interface()->getConfigName();
+        NSString* name = self()->getConfigName();
         if (name->length() == 0) return fail(error, config_error::no_name), false;
-        NSString* path = path_of(interface()->sanitizeFileName(name))->stringByAppendingString(".plist"_ns);
+        NSString* path = path_of(self()->sanitizeFileName(name))->stringByAppendingString(".plist"_ns);
         if (NSFileManager::defaultManager()->fileExistsAtPath(path))
             return fail(error, config_error::name_taken), false;
         return write_property_list(ivars().configuration, path, error);
@@ -185,8 +185,6 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
     static HuecraftConfig* allocated(Class self) {
         return objc::send<"alloc", HuecraftConfig*>(reinterpret_cast<id>(self));
     }
-
-    HuecraftConfig* interface() { return this; }
 
     id value(NSString* key) { return ivars().configuration->objectForKey(key); }
     void store(id object, NSString* key) { ivars().configuration->setObject(object, key); }

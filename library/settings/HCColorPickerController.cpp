@@ -53,14 +53,14 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
 
     void viewDidLoad() {
         super<"viewDidLoad">();
-        interface()->configColorPicker();
-        interface()->setupContentView();
-        interface()->setupContentSubviews();
-        interface()->addViewsInOrder();
-        interface()->setupConstraints();
-        interface()->applyColor();
-        interface()->updateToColor(HCCITool::colorFromHexString("#000000"_ns));
-        interface()->grabRecentColorData();
+        self()->configColorPicker();
+        self()->setupContentView();
+        self()->setupContentSubviews();
+        self()->addViewsInOrder();
+        self()->setupConstraints();
+        self()->applyColor();
+        self()->updateToColor(HCCITool::colorFromHexString("#000000"_ns));
+        self()->grabRecentColorData();
     }
 
     void viewDidLayoutSubviews() {
@@ -110,8 +110,8 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
         own.hexTextField->setLeftViewMode(UITextFieldViewModeAlways);
 
         own.duplicatePasteView = settings::make_clipboard_holder();
-        own.duplicateButtonImage = HCCITool::newScale({20, 20}, interface()->copyImage());
-        own.pasteButtonImage = HCCITool::newScale({20, 20}, interface()->pasteImage());
+        own.duplicateButtonImage = HCCITool::newScale({20, 20}, self()->copyImage());
+        own.pasteButtonImage = HCCITool::newScale({20, 20}, self()->pasteImage());
         own.duplicateButton = settings::make_clipboard_button({{0, 0}, {30, 40}}, own.duplicateButtonImage,
                                                               this, objc::selector<"copyColor">());
         own.pasteButton = settings::make_clipboard_button({{30, 0}, {30, 40}}, own.pasteButtonImage, this,
@@ -185,8 +185,8 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
     // ---- The colour -----------------------------------------------------------------------------
 
     void setInitialColor(UIColor* color) {
-        interface()->updateToColor(color);
-        interface()->grabRecentColorData();
+        self()->updateToColor(color);
+        self()->grabRecentColorData();
     }
 
     void updateToColor(UIColor* color) {
@@ -195,7 +195,7 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
         ivars().previewColor->setImage(HCCITool::imageFromColor(color, {60, 60}));
     }
 
-    void sliderValueChanged() { interface()->updateToColor(slider_color()); }
+    void sliderValueChanged() { self()->updateToColor(slider_color()); }
 
     void shakeWrong() { settings::shake(ivars().modal); }
 
@@ -210,16 +210,16 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
             NSString* head = needs_hash ? "#"_ns : text;
             field->setText(head->stringByAppendingString(replacement->uppercaseString()));
         } else {
-            interface()->shakeWrong();
+            self()->shakeWrong();
         }
         return range.length == 1 && replacement->length() == 0;
     }
 
     bool textFieldShouldReturn(UITextField* field) {
         if (HCCITool::isValidHexColorString(field->text()))
-            interface()->updateToColor(HCCITool::colorFromHexString(ivars().hexTextField->text()));
+            self()->updateToColor(HCCITool::colorFromHexString(ivars().hexTextField->text()));
         else
-            interface()->shakeWrong();
+            self()->shakeWrong();
         field->resignFirstResponder();
         return true;
     }
@@ -229,15 +229,15 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
         if (HCCITool::isValidHexColorString(text))
             UIPasteboard::generalPasteboard()->setString(text);
         else
-            interface()->shakeWrong();
+            self()->shakeWrong();
     }
 
     void pasteColor() {
         NSString* text = UIPasteboard::generalPasteboard()->string();
         if (HCCITool::isValidHexColorString(text))
-            interface()->updateToColor(HCCITool::colorFromHexString(text));
+            self()->updateToColor(HCCITool::colorFromHexString(text));
         else
-            interface()->shakeWrong();
+            self()->shakeWrong();
     }
 
     UIImage* copyImage() { return settings::copy_icon(); }
@@ -246,7 +246,7 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
     // ---- The panel's buttons --------------------------------------------------------------------
 
     void selectButtonPressed() {
-        HCColorPickerDelegate* delegate = interface()->delegate();
+        HCColorPickerDelegate* delegate = self()->delegate();
         if (reinterpret_cast<NSObject*>(delegate)->respondsToSelector(
                 objc::selector<"colorPickerReturnedWithColor:andHexString:">())) {
             UIColor* color = slider_color();
@@ -254,7 +254,7 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
                                    ivars().recentColorDictionary);
             delegate->colorPickerReturned(color, ivars().hexTextField->text());
         }
-        interface()->closeButtonPressed();
+        self()->closeButtonPressed();
     }
 
     void closeButtonPressed() { dismissViewController(true, nullptr); }
@@ -297,15 +297,11 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
         return {.top = vertical, .left = 5.5, .bottom = vertical, .right = 5.5};
     }
 
-    void didSelectItem(UICollectionView*, NSIndexPath* path) {
-        interface()->updateToColor(recent_color(path));
-    }
+    void didSelectItem(UICollectionView*, NSIndexPath* path) { self()->updateToColor(recent_color(path)); }
 
   private:
     static constexpr CGFloat swatch_size = 30;
     static constexpr CGFloat slider_height = 20;
-
-    HCColorPickerController* interface() { return this; }
 
     CGFloat slider_width() { return ivars().mainRect.size.width - 60; }
 

@@ -39,7 +39,7 @@ struct ColorSlider : objc::Implements<ColorSlider, HCColorSlider> {
         gradient->setEndPoint({1, 0.5});
         track->layer()->insertSublayer(gradient, 0);
 
-        slider = objc::adopt(static_cast<UISlider*>(UISlider::alloc()->initWithFrame(self->bounds()).leak()));
+        slider = UISlider::make<"initWithFrame:">(self->bounds());
         slider->setCenter(self->center());
         slider->setMaximumTrackTintColor(UIColor::clearColor());
         slider->setMinimumTrackTintColor(UIColor::clearColor());
@@ -72,7 +72,7 @@ struct ColorSlider : objc::Implements<ColorSlider, HCColorSlider> {
         } else {
             NSLog("Error no type declared."_ns);
         }
-        interface()->setStartColor(start, end);  // which raises for nil
+        self()->setStartColor(start, end);  // which raises for nil
     }
 
     void setStartColor(UIColor* start, UIColor* end) {
@@ -92,7 +92,6 @@ struct ColorSlider : objc::Implements<ColorSlider, HCColorSlider> {
     }
 
   private:
-    HCColorSlider* interface() { return this; }
 };
 
 }  // namespace

@@ -41,10 +41,10 @@ struct Panel : objc::Implements<Panel, HCModalView> {
         self->setBackgroundColor(UIColor::clearColor());
         self->ivars().isEclipseEnabled = settings::is_eclipse_enabled();
         self->choose_palette();
-        self->interface()->setupViews();
-        self->interface()->addSubviewsInOrder();
-        self->interface()->setupConstraints();
-        self->interface()->applyColor();
+        self->self()->setupViews();
+        self->self()->addSubviewsInOrder();
+        self->self()->setupConstraints();
+        self->self()->applyColor();
         return self;
     }
 
@@ -148,8 +148,6 @@ struct Panel : objc::Implements<Panel, HCModalView> {
     }
 
   private:
-    HCModalView* interface() { return this; }
-
     void choose_palette() {
         auto& own = ivars();
         const bool eclipse = own.isEclipseEnabled;

@@ -16,15 +16,10 @@ void clip(UIView* view) {
     view->layer()->setMasksToBounds(true);
 }
 
-template <class View>
-strong<View> made_with_frame(CGRect frame) {
-    return objc::adopt(static_cast<View*>(View::alloc()->initWithFrame(frame).leak()));
-}
-
 }  // namespace
 
 strong<UICollectionView> make_recent_strip(UIView* strip, id owner) {
-    auto layout = objc::adopt(UICollectionViewFlowLayout::class_send<"new", UICollectionViewFlowLayout*>());
+    auto layout = UICollectionViewFlowLayout::make();
     layout->setMinimumInteritemSpacing(2.5);
     auto view = UICollectionView::alloc()->initWithFrame(strip->frame(), layout);
     view->layer()->setMasksToBounds(true);
@@ -40,7 +35,7 @@ strong<UICollectionView> make_recent_strip(UIView* strip, id owner) {
 }
 
 strong<UIScrollView> make_scroll_view(UIView* content, double corner_radius) {
-    auto view = made_with_frame<UIScrollView>(content->frame());
+    auto view = UIScrollView::make<"initWithFrame:">(content->frame());
     view->layer()->setMasksToBounds(true);
     view->layer()->setCornerRadius(corner_radius);
     view->layer()->setBorderWidth(1.4);
@@ -49,7 +44,7 @@ strong<UIScrollView> make_scroll_view(UIView* content, double corner_radius) {
 }
 
 strong<UIStackView> make_column() {
-    auto stack = made_with_frame<UIStackView>({});
+    auto stack = UIStackView::make<"initWithFrame:">(CGRect{});
     stack->setAxis(UILayoutConstraintAxisVertical);
     stack->setDistribution(UIStackViewDistributionEqualSpacing);
     stack->setAlignment(UIStackViewAlignmentCenter);
@@ -60,7 +55,7 @@ strong<UIStackView> make_column() {
 }
 
 strong<UIImageView> make_preview() {
-    auto view = made_with_frame<UIImageView>({});
+    auto view = UIImageView::make<"initWithFrame:">(CGRect{});
     clip(view);
     view->layer()->setCornerRadius(27.5);
     view->layer()->setBorderWidth(1.0);
@@ -68,7 +63,7 @@ strong<UIImageView> make_preview() {
 }
 
 strong<UITextField> make_hex_field(id delegate) {
-    auto field = made_with_frame<UITextField>({});
+    auto field = UITextField::make<"initWithFrame:">(CGRect{});
     field->setDelegate(delegate);
     field->setReturnKeyType(UIReturnKeyDone);
     field->layer()->setCornerRadius(14.0);
@@ -80,7 +75,7 @@ strong<UITextField> make_hex_field(id delegate) {
 }
 
 strong<UILabel> make_hint() {
-    auto label = made_with_frame<UILabel>({{5, 0}, {50, 40}});
+    auto label = UILabel::make<"initWithFrame:">(CGRect{{5, 0}, {50, 40}});
     label->setText("Tap to Edit"_ns);
     label->setFont(UIFont::fontWithName(label->font()->fontName(), 10.0));
     label->setTextAlignment(NSTextAlignmentCenter);

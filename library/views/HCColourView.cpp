@@ -12,7 +12,7 @@ struct ColourView : objc::Implements<ColourView, HCColourView> {
     objc::strong<HCColourView> initWithColor(UIColor* color) {
         auto self = initialised_by_super<"init">();
         if (!self) return nullptr;
-        self->interface()->setColor(color);
+        self->self()->setColor(color);
         return self;
     }
 
@@ -21,8 +21,6 @@ struct ColourView : objc::Implements<ColourView, HCColourView> {
         is_translucent(color) ? enableBlur() : disableBlur();
         setBackgroundColor(color);
     }
-
-    HCColourView* interface() { return this; }
 };
 
 }  // namespace

@@ -17,8 +17,8 @@ struct GradientView : objc::Implements<GradientView, HCGradientView> {
     objc::strong<HCGradientView> initWithColors(NSArray* colors, NSInteger direction) {
         auto self = initialised_by_super<"init">();
         if (!self) return nullptr;
-        if (colors) self->interface()->setColors(colors);
-        self->interface()->setDirection(direction);
+        if (colors) self->self()->setColors(colors);
+        self->self()->setDirection(direction);
         return self;
     }
 
@@ -36,8 +36,6 @@ struct GradientView : objc::Implements<GradientView, HCGradientView> {
         translucent ? enableBlur() : disableBlur();
         gradient()->setColors(gradient_layer_colors(colors));
     }
-
-    HCGradientView* interface() { return this; }
 
   private:
     CAGradientLayer* gradient() { return static_cast<CAGradientLayer*>(layer()); }

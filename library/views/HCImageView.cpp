@@ -21,11 +21,11 @@ struct PictureView : objc::Implements<PictureView, HCImageView> {
         if (!self) return nullptr;
         auto& [old_alpha, content] = self->ivars();
         old_alpha = 1.0;
-        content = objc::adopt(UIImageView::alloc()->send<"initWithFrame:", UIImageView*>(CGRect{}));
+        content = UIImageView::make<"initWithFrame:">(CGRect{});
         content->setBackgroundColor(UIColor::clearColor());
         content->setContentMode(UIViewContentModeScaleToFill);
         self->addSubview(content);
-        self->interface()->setImage(image);
+        self->self()->setImage(image);
         self->setAlpha(alpha);
         return self;
     }
@@ -42,8 +42,6 @@ struct PictureView : objc::Implements<PictureView, HCImageView> {
         if (UIImage* shown = content->image()) content->setImage(image_with_alpha(shown, alpha));
         old_alpha = alpha;
     }
-
-    HCImageView* interface() { return this; }
 };
 
 }  // namespace

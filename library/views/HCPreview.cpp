@@ -24,7 +24,7 @@ CGSize keyboard_size(NSInteger orientation) {
 }
 
 strong<UIImageView> make_picture_view(CGSize size, UIImage* picture) {
-    auto view = objc::adopt(UIImageView::alloc()->send<"initWithFrame:", UIImageView*>(CGRect{{0, 0}, size}));
+    auto view = UIImageView::make<"initWithFrame:">(CGRect{{0, 0}, size});
     view->setBackgroundColor(UIColor::clearColor());
     view->setContentMode(UIViewContentModeScaleToFill);
     view->setImage(picture);
@@ -53,8 +53,7 @@ struct Preview : objc::Implements<Preview, HCPreview> {
         static constinit long once = 0;
         static constinit HCPreview* instance = nullptr;
         dispatch_once_f(&once, self, [](void* preview_class) {
-            instance =
-                objc::send<"init", HCPreview*>(objc::send<"alloc", id>(static_cast<id>(preview_class)));
+            instance = objc::make<"init", HCPreview>(static_cast<Class>(preview_class)).leak();
         });
         return instance;
     }
@@ -72,7 +71,7 @@ struct Preview : objc::Implements<Preview, HCPreview> {
     }
 
     UIView* viewForConfig(HuecraftConfig* theme) {
-        static_cast<HCPreview*>(this)->cleanup();
+        self()->cleanup();
         auto container = UIView::alloc()->initWithFrame({});
         container->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
         // The places are fixed: one past the end is in front, so without key caps the order is the same.

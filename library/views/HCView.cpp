@@ -28,7 +28,7 @@ struct BlurredView : objc::Implements<BlurredView, HCView> {
         strong<_UIBackdropView> backgroundBlur;
     };
 
-    strong<UIView> init() { return static_cast<UIView*>(this)->initWithFrame({}); }
+    strong<UIView> init() { return self()->initWithFrame({}); }
 
     strong<BlurredView> initWithFrame(CGRect frame) {
         auto self = initialised_by_super<"initWithFrame:">(frame);

@@ -13,8 +13,8 @@ struct ColouredBackdrop : objc::Implements<ColouredBackdrop, _UIBackdropColoured
     };
 
     static _UIBackdropColouredView* backdropWithStyle(Class self, NSInteger style) {
-        auto* allocated = objc::send<"alloc", _UIBackdropColouredView*>(reinterpret_cast<id>(self));
-        return allocated->initWithStyle(style, UIColor::clearColor()).autoreleased();
+        using Made = _UIBackdropColouredView;
+        return objc::make<"initWithStyle:color:", Made>(self, style, UIColor::clearColor()).autoreleased();
     }
 
     strong<_UIBackdropColouredView> initWithStyle(NSInteger style, UIColor* color) {

@@ -21,12 +21,12 @@ struct GradientBackdrop : objc::Implements<GradientBackdrop, _UIBackdropGradient
     static constexpr NSInteger top_to_bottom = 2;
 
     static _UIBackdropGradientView* backdropWithStyle(Class self, NSInteger style) {
-        auto* allocated = objc::send<"alloc", _UIBackdropGradientView*>(reinterpret_cast<id>(self));
-        return allocated->initWithStyle(style, top_to_bottom).autoreleased();
+        using Made = _UIBackdropGradientView;
+        return objc::make<"initWithStyle:direction:", Made>(self, style, top_to_bottom).autoreleased();
     }
 
     strong<_UIBackdropGradientView> initWithoutColors(NSInteger style, NSInteger direction) {
-        return interface()->initWithStyle(style, nullptr, direction);
+        return self()->initWithStyle(style, nullptr, direction);
     }
 
     strong<_UIBackdropGradientView> initWithStyle(NSInteger style, NSArray* colors, NSInteger direction) {
@@ -39,9 +39,9 @@ struct GradientBackdrop : objc::Implements<GradientBackdrop, _UIBackdropGradient
         self->addSubview(content);
         gradient = CAGradientLayer::layer();
         follows_layout = true;
-        self->interface()->setDirection(direction);
+        self->self()->setDirection(direction);
         content->layer()->addSublayer(gradient);
-        if (colors) self->interface()->setColors(colors);
+        if (colors) self->self()->setColors(colors);
         switch_off_animations(gradient);
         switch_off_animations(content->layer());
         return self;
@@ -85,8 +85,6 @@ struct GradientBackdrop : objc::Implements<GradientBackdrop, _UIBackdropGradient
         super<"layoutSubviews">();
         if (ivars().layoutGradientLayer) ivars().gradientLayer->setFrame(ivars().gradientView->bounds());
     }
-
-    _UIBackdropGradientView* interface() { return this; }
 };
 
 }  // namespace

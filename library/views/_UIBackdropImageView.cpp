@@ -15,24 +15,26 @@ struct ImageBackdrop : objc::Implements<ImageBackdrop, _UIBackdropImageView> {
     };
 
     static _UIBackdropImageView* backdropWithStyle(Class self, NSInteger style) {
-        auto* allocated = objc::send<"alloc", _UIBackdropImageView*>(reinterpret_cast<id>(self));
-        return allocated->initWithStyle(style, nullptr, 0.0).autoreleased();
+        using Made = _UIBackdropImageView;
+        UIImage* const no_image = nullptr;
+        return objc::make<"initWithStyle:image:alpha:", Made>(self, style, no_image, CGFloat{0})
+            .autoreleased();
     }
 
     strong<_UIBackdropImageView> initOpaque(NSInteger style, UIImage* image) {
-        return interface()->initWithStyle(style, image, 1.0);
+        return self()->initWithStyle(style, image, 1.0);
     }
 
     strong<_UIBackdropImageView> initWithStyle(NSInteger style, UIImage* image, CGFloat alpha) {
         auto self = initialised_by_super<"initWithStyle:">(style);
         if (!self) return nullptr;
-        auto content = objc::adopt(UIImageView::alloc()->send<"initWithFrame:", UIImageView*>(CGRect{}));
+        auto content = UIImageView::make<"initWithFrame:">(CGRect{});
         content->setBackgroundColor(UIColor::clearColor());
         content->setContentMode(UIViewContentModeScaleToFill);
         set_up_content_view(content);
         self->ivars().imageView = content;
-        self->interface()->setImage(image);
-        if (is_translucent(alpha)) self->interface()->setImageAlpha(alpha);
+        self->self()->setImage(image);
+        if (is_translucent(alpha)) self->self()->setImageAlpha(alpha);
         put_in_front(self, content);
         return self;
     }
@@ -44,8 +46,6 @@ struct ImageBackdrop : objc::Implements<ImageBackdrop, _UIBackdropImageView> {
         UIImage* shown = ivars().imageView->image();
         if (shown) ivars().imageView->setImage(image_with_alpha(shown, alpha));
     }
-
-    _UIBackdropImageView* interface() { return this; }
 };
 
 }  // namespace

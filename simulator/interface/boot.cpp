@@ -100,8 +100,19 @@ void check(const BootOptions& options) {
         if (!is_platform_class(name))
             throw Refusal(SIM_NOT_FOUND,
                           "cannot leave out " + name + ": the model has no class of this name");
-    for (const MethodNames* names : {&options.unfound_methods, &options.methods_without_previous})
+    const HookLimits& limits = options.hook_limits;
+    for (const Names* names : {&limits.unfound_methods, &limits.methods_without_previous})
         for (const std::string& name : *names) check_method(name);
+    for (const std::string& folder : options.denied_folders)
+        if (!folder.starts_with('/') || folder.ends_with('/') || folder.find("/.") != folder.npos)
+            throw Refusal(SIM_MISUSE, "cannot deny \"" + folder +
+                                          "\": a folder is named by its whole path, such as "
+                                          "/var/mobile/Library/Preferences");
+    for (const std::string& name : limits.unpatchable_functions)
+        if (!is_hookable_function(name))
+            throw Refusal(SIM_NOT_FOUND, "cannot keep " + name +
+                                             " from being patched: the model has no function of this name "
+                                             "that can be");
     for (auto* record = __start_objc_classes; record != __stop_objc_classes; ++record)
         if (is_wanted(options, (*record)->name) && objc_lookUpClass((*record)->name))
             throw Refusal(SIM_MISUSE,
@@ -127,8 +138,9 @@ void boot(const BootOptions& options) {
     booted_device() = options.device;
     start_foundation(options.executable, options.arguments);
     install_reference_counting();
-    hide_from_hooks(options.unfound_methods, options.methods_without_previous);
+    limit_hooks(options.hook_limits);
     mount_root(root);
+    deny_folders(options.denied_folders);
     objc_autoreleasePoolPush();  // the main thread's outermost pool, which is never drained
     mend_foundation();
     add_geometry_to_values();

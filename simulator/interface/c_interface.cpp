@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "interface/boot.h"
+#include "interface/executable.h"
 #include "interface/library.h"
 #include "interface/refusal.h"
 #include "objc/exception.h"
@@ -117,6 +118,22 @@ sim::ClaimedArguments claimed(sim_arguments arguments) {
     throw Refusal(SIM_MISUSE, "sim_boot: there is no kind " + std::to_string(arguments) + " of arguments");
 }
 
+sim::Injection injection(int kind) {
+    switch (kind) {
+        case SIM_INJECTION_LENIENT: return sim::Injection::lenient;
+        case SIM_INJECTION_CLEARING: return sim::Injection::clearing;
+        case SIM_INJECTION_STRICT: return sim::Injection::strict;
+        case SIM_INJECTION_GUARDED: return sim::Injection::guarded;
+    }
+    throw Refusal(SIM_MISUSE,
+                  "sim_boot: there is no kind " + std::to_string(kind) + " of injection framework");
+}
+
+template <class Container>
+void insert_all(Container& into, const char* const* names) {
+    for (; names && *names; ++names) into.insert(into.end(), *names);
+}
+
 sim::BootOptions boot_options(const sim_options& given) {
     const sim_options options = known_part(given, "sim_boot", offsetof(sim_options, executable));
     sim::BootOptions wanted;
@@ -127,10 +144,13 @@ sim::BootOptions boot_options(const sim_options& given) {
     if (options.screen_width != 0) wanted.device.screen_width = options.screen_width;
     if (options.screen_height != 0) wanted.device.screen_height = options.screen_height;
     if (options.screen_scale != 0) wanted.device.screen_scale = options.screen_scale;
-    for (auto* name = options.left_out_classes; name && *name; ++name) wanted.left_out_classes.insert(*name);
-    for (auto* name = options.unfound_methods; name && *name; ++name) wanted.unfound_methods.insert(*name);
-    for (auto* name = options.methods_without_previous; name && *name; ++name)
-        wanted.methods_without_previous.insert(*name);
+    insert_all(wanted.left_out_classes, options.left_out_classes);
+    sim::HookLimits& limits = wanted.hook_limits;
+    limits.injection = injection(options.injection);
+    insert_all(limits.unfound_methods, options.unfound_methods);
+    insert_all(limits.methods_without_previous, options.methods_without_previous);
+    insert_all(limits.unpatchable_functions, options.unpatchable_functions);
+    insert_all(wanted.denied_folders, options.denied_folders);
     return wanted;
 }
 
@@ -220,6 +240,18 @@ sim_status sim_load(const char* host_path, sim_library** library) {
         require_boot("sim_load");
         libraries().push_back(std::make_unique<sim_library>(sim::load_library(host_path)));
         *library = libraries().back().get();
+    });
+}
+
+sim_status sim_run(const char* device_path, const char* const* arguments, int* exit_status) {
+    return answer([&] {
+        require(device_path, "sim_run", "device_path");
+        require(arguments, "sim_run", "arguments");
+        require(exit_status, "sim_run", "exit_status");
+        require_boot("sim_run");
+        std::vector<std::string> vector;
+        for (auto* argument = arguments; *argument; ++argument) vector.emplace_back(*argument);
+        *exit_status = sim::run_executable(device_path, vector);
     });
 }
 

@@ -11,8 +11,7 @@ struct ThisDevice : objc::Implements<ThisDevice, UIDevice> {
     using Ivars = objc::NoIvars;
 
     static UIDevice* currentDevice(Class self) {
-        static auto* const device =
-            objc::send<"init", UIDevice*>(objc::send<"alloc", id>(reinterpret_cast<id>(self)));
+        static auto* const device = objc::make<"init", UIDevice>(self).leak();
         return device;
     }
 

@@ -9,8 +9,7 @@ struct Screen : objc::Implements<Screen, UIScreen> {
     using Ivars = objc::NoIvars;
 
     static UIScreen* mainScreen(Class self) {
-        static auto* const screen =
-            objc::send<"init", UIScreen*>(objc::send<"alloc", id>(reinterpret_cast<id>(self)));
+        static auto* const screen = objc::make<"init", UIScreen>(self).leak();
         return screen;
     }
 

@@ -32,7 +32,7 @@ size_t occurrences(const std::string& text, const std::string& part) {
 Declared declared_in_platform() {
     // An interface's name, or a send: what follows an interface belongs to it.
     static const std::regex part(
-        R"re(objc::Interface<\s*\w+,\s*"(\w+)"|\b(class_)?send<\s*"([^"]+)"\s*[,>])re");
+        R"re(objc::Interface<\s*\w+,\s*"(\w+)"|\b(class_)?send<\s*("[^"]+"(?:\s*"[^"]+")*)\s*[,>])re");
     Declared all;
     for (const auto& entry : std::filesystem::directory_iterator(SOURCE_FOLDER "/platform")) {
         const std::string text = contents(entry.path());
@@ -45,8 +45,10 @@ Declared declared_in_platform() {
                 continue;
             }
             ++found;
-            all.methods.insert(std::string((*at)[2].matched ? "+[" : "-[") + owner + " " + (*at)[3].str() +
-                               "]");
+            // A long selector is written in pieces.
+            std::string selector = (*at)[3];
+            std::erase_if(selector, [](char c) { return c == '"' || c == ' ' || c == '\n'; });
+            all.methods.insert(std::string((*at)[2].matched ? "+[" : "-[") + owner + " " + selector + "]");
         }
         EXPECT_EQ(found, occurrences(text, "send<")) << "a send of another form in " << entry.path();
     }

@@ -11,22 +11,27 @@
 
 #include "cli/terminal.h"
 #include "loader/bind_opcodes.h"
+#include "loader/code_signature.h"
 #include "loader/exports.h"
 #include "loader/fault.h"
 #include "loader/rebase.h"
 #include "loader/slice.h"
+#include "loader/system_libraries.h"
+#include "loader/versions.h"
 #include "package/checks.h"
-#include "package/code_signature.h"
 #include "package/promised.h"
 
 namespace command {
 namespace {
 
 using Names = std::set<std::string>;
+using macho::version_text;
 
 constexpr size_t largest_dylib = 160 << 10;
 constexpr const char* install_name = "/Library/MobileSubstrate/DynamicLibraries/HuecraftiOS12.dylib";
-constexpr uint32_t minimum_version = 12 << 16;
+constexpr const char* signed_as = "HuecraftiOS12.dylib";
+constexpr uint32_t signature_version = 0x20200;
+constexpr uint32_t minimum_version = macho::packed_version(12);
 constexpr const char* target = "arm64-ios";
 
 /// What each library offers to the device, by install name.
@@ -57,12 +62,6 @@ Names listed_exports() {
     return names;
 }
 
-std::string version_text(uint32_t version) {
-    std::string text = std::to_string(version >> 16) + "." + std::to_string(version >> 8 & 0xff);
-    if (const uint32_t patch = version & 0xff) text += "." + std::to_string(patch);
-    return text;
-}
-
 std::string platform_text(uint32_t platform) {
     return platform == macho::kPlatformIos ? "iOS" : "platform " + std::to_string(platform);
 }
@@ -77,6 +76,7 @@ class DylibChecks {
         check("fix-ups", [this](Check& check) { fix_ups(check); });
         check_of_layout("system", &DylibChecks::system);
         check_of_layout("install name", &DylibChecks::name);
+        check_of_layout("library versions", &DylibChecks::library_versions);
         check_of_layout("imports", &DylibChecks::imports);
         check_of_layout("exports", &DylibChecks::exports);
         check_of_layout("signature", &DylibChecks::signature);
@@ -92,12 +92,16 @@ class DylibChecks {
   private:
     void check(const std::string& name, const std::function<void(Check&)>& work) {
         Check one{.name = name, .found = {}, .faults = {}};
-        try {
-            work(one);
-        } catch (const macho::Fault& fault) {
-            one.faults.push_back("found " + one_line(fault.what(), 300));
-        }
+        collect(one, [&] { work(one); });
         checks_.push_back(std::move(one));
+    }
+
+    static void collect(Check& check, const std::function<void()>& work) {
+        try {
+            work();
+        } catch (const macho::Fault& fault) {
+            check.faults.push_back("found " + one_line(fault.what(), 300));
+        }
     }
 
     /// What cannot be checked has not passed.
@@ -136,20 +140,36 @@ class DylibChecks {
             check.faults.push_back("found " + in_quotes(check.found) + ", expected \"" + install_name + "\"");
     }
 
+    /// The stubs say what is linked with, and this what the system has: a stub may be wrong.
+    void library_versions(Check& check) {
+        for (const macho::Dependency& library : layout_->libraries) {
+            const macho::OfferedLibrary* offered = macho::system_library(library.install_name);
+            if (!offered || library.compatibility_version <= offered->compatibility_version) continue;
+            check.faults.push_back("LC_LOAD_DYLIB asks for version " +
+                                   version_text(library.compatibility_version) + " of " +
+                                   one_line(library.install_name) + ", expected at most " +
+                                   version_text(offered->compatibility_version));
+        }
+        check.found = "of the " + std::to_string(layout_->libraries.size()) +
+                      " libraries, none later than the system's";
+    }
+
     void imports(Check& check) {
         const auto offers = offered_imports();
-        for (const std::string& library : layout_->libraries)
-            if (!offers.contains(library))
-                check.faults.push_back("links with " + one_line(library) + ", which device/stubs has not");
+        for (const macho::Dependency& library : layout_->libraries)
+            if (!offers.contains(library.install_name))
+                check.faults.push_back("links with " + one_line(library.install_name) +
+                                       ", which device/stubs has not");
         std::set<std::pair<std::string, std::string>> taken;
         using macho::BindTable;
         for (const auto& [range, table] : {std::pair{layout_->bind, BindTable::regular},
                                            {layout_->weak_bind, BindTable::weak},
                                            {layout_->lazy_bind, BindTable::lazy}})
             for (const macho::BindRow& row : macho::read_binds(part(range, "a bind table"), table, *layout_))
-                taken.emplace(
-                    std::string(row.symbol),
-                    row.ordinal > 0 ? layout_->libraries.at(static_cast<size_t>(row.ordinal - 1)) : "");
+                taken.emplace(std::string(row.symbol),
+                              row.ordinal > 0
+                                  ? layout_->libraries.at(static_cast<size_t>(row.ordinal - 1)).install_name
+                                  : "");
         for (const auto& [symbol, library] : taken) {
             const auto offer = offers.find(library);
             if (offer == offers.end() || !offer->second.contains(symbol))
@@ -176,9 +196,28 @@ class DylibChecks {
         check.found = std::to_string(offered.size()) + ", as device/exports.txt has them";
     }
 
+    /// As installers of the time sign: nobody's, but not marked so, which the system's own check rejects.
     void signature(Check& check) {
-        check.found =
-            "ad hoc, " + std::to_string(verify_signature(*slice_, *layout_)) + " page hashes recomputed";
+        const macho::CodeSignature signature = macho::read_signature(*slice_, *layout_);
+        const auto expect = [&](const std::string& what, const std::string& found,
+                                const std::string& expected) {
+            if (found != expected)
+                check.faults.push_back("found " + what + " " + found + ", expected " + expected);
+        };
+        std::string hashes;
+        for (const macho::CodeDirectory& directory : signature.directories)
+            hashes += (hashes.empty() ? "" : ", ") + std::string(directory.hash_name());
+        expect("CodeDirectories of", hashes, "SHA-1, SHA-256");
+        for (const macho::CodeDirectory& directory : signature.directories) {
+            const std::string of = std::string(directory.hash_name()) + " CodeDirectory";
+            expect(of + " version", macho::hex(directory.version), macho::hex(signature_version));
+            expect(of + " flags", macho::hex(directory.flags), macho::hex(0));
+            expect(of + " identifier", in_quotes(directory.identifier), in_quotes(signed_as));
+            collect(check, [&] { macho::verify_requirements(directory, signature); });
+            collect(check, [&] { macho::verify_pages(directory, *slice_); });
+        }
+        check.found = hashes + ", " + std::to_string(signature.strongest().page_count()) +
+                      " page hashes of each recomputed";
     }
 
     macho::Bytes part(macho::FileRange range, std::string_view name) const {
