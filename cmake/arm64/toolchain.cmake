@@ -7,9 +7,10 @@ if(NOT EXISTS ${CMAKE_SYSROOT}/made-by)
     message(FATAL_ERROR "There is no sysroot for arm64; ./dev test --arm64 makes it (expected ${CMAKE_SYSROOT})")
 endif()
 
-set(CMAKE_CXX_COMPILER clang++-19)
+file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/../../.llvm-version llvm)
+set(CMAKE_CXX_COMPILER clang++-${llvm})
 set(CMAKE_CXX_COMPILER_TARGET ${triple})
-set(CMAKE_ASM_COMPILER clang++-19)
+set(CMAKE_ASM_COMPILER clang++-${llvm})
 set(CMAKE_ASM_COMPILER_TARGET ${triple})
 # From the first trial on: this machine's own linker knows no arm64.
 foreach(kind EXE SHARED MODULE)
