@@ -29,13 +29,13 @@ check() {
 }
 
 check_format() {
-    cpp_files | xargs -0 -r clang-format-19 --dry-run -Werror --ferror-limit=1 2>&1 |
-        sed -nE 's/^([^:]+:[0-9]+):[0-9]+: error: .*/\1: not as clang-format-19 -i writes it/p'
+    cpp_files | xargs -0 -r "clang-format-$llvm" --dry-run -Werror --ferror-limit=1 2>&1 |
+        sed -nE 's/^([^:]+:[0-9]+):[0-9]+: error: .*/\1: not as clang-format-'"$llvm"' -i writes it/p'
 }
 
 check_tidy() {
     # The counts of what it suppressed are no finding. Two of them may have been written into each other.
-    files -path './objc/*.cpp' -o -path './platform/*.cpp' -o -path './library/*.cpp' | xargs -0 -r -n 1 -P 2 clang-tidy-19 -p build/release --quiet 2>&1 |
+    files -path './objc/*.cpp' -o -path './platform/*.cpp' -o -path './library/*.cpp' | xargs -0 -r -n 1 -P 2 "clang-tidy-$llvm" -p build/release --quiet 2>&1 |
         sed -E '/^[0-9]* ?(warning|error)s? .*generated\.$/d; /^$/d'
 }
 
