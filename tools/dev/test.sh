@@ -3,14 +3,17 @@
 
 help_test() {
     cat <<END
-usage: ./dev test [--arm64 | --sanitize] [--only <regex>]
+usage: ./dev test [--arm64 | --sanitize] [--only <regex> | --changed [<commit>]]
 
 Builds and runs the tests, as many at once as there are processors: all of them on this machine's processor, and on arm64,
 under qemu, those of the library, the seam, the simulator and the loader. Prints a line for each program, all that failed,
 ctest's summary, and where the time went. The programs run each of their cases in a process of its own.
-  --arm64         on arm64 alone (build/arm64; docs/arm64.md)
-  --sanitize      with the address and undefined-behaviour sanitizers (build/sanitize), on this machine's processor alone
-  --only <regex>  only the cases whose names match, a line for each; without --arm64, on this machine's processor alone
+  --arm64               on arm64 alone (build/arm64; docs/arm64.md)
+  --sanitize            with the address and undefined-behaviour sanitizers (build/sanitize), on this machine's processor alone
+  --only <regex>        only the cases whose names match, a line for each
+  --changed [<commit>]  only the programs that are built of what differs from the commit (HEAD unless given) or is not
+                        tracked; all of them where the build does not know what a file is for
+With --only or --changed and without --arm64, on this machine's processor alone.
 END
 }
 
@@ -22,7 +25,7 @@ build_for_arm64() {
 }
 
 command_test() {
-    local preset='' only=()
+    local preset='' only=() changed='' selected=()
     while (($#)); do
         case $1 in
             --arm64 | --sanitize)
@@ -33,13 +36,21 @@ command_test() {
                 [[ ${2:-} ]] || misuse "--only needs a regular expression" test
                 only=(--tests-regex "$2") && shift 2
                 ;;
+            --changed)
+                changed=HEAD && shift
+                [[ ${1:---} == --* ]] || { changed=$1 && shift; }
+                git -C "$root" rev-parse --quiet --verify "$changed^{commit}" >/dev/null ||
+                    fail "there is no commit '$changed' to compare with" 2
+                ;;
             *) misuse "test takes no '$1'" test ;;
         esac
     done
+    [[ -z $changed || ${#only[@]} == 0 ]] || misuse "--only and --changed exclude each other" test
     if ((${#only[@]})); then
         preset=${preset:-release}
         export HUECRAFT_EACH_CASE=1
     fi
+    if [[ $changed ]]; then preset=${preset:-release}; fi
     case $preset in
         arm64) build_for_arm64 ;;
         '') build release; build_for_arm64 ;;
@@ -47,13 +58,62 @@ command_test() {
     esac
     cd "$root"
     if [[ $preset ]]; then
-        run_tests "build/$preset" --preset "$preset" "${only[@]}"
+        if [[ $changed ]]; then
+            mapfile -t selected < <(what_a_change_can_break "$changed" "build/$preset")
+            if [[ ${selected[0]:-} == nothing ]]; then
+                echo "Nothing differs from $changed: no test was run."
+                return
+            fi
+        fi
+        run_tests "build/$preset" --preset "$preset" "${only[@]}" "${selected[@]}"
     else
         # Both in one run, with one summary.
         mkdir -p build/tests
         printf 'subdirs("%s")\n' "$root/build/release" "$root/build/arm64" >build/tests/CTestTestfile.cmake
         run_tests build/tests --test-dir build/tests --output-on-failure --no-tests=error --timeout 120
     fi
+}
+
+# what_a_change_can_break <commit> <build folder>: the options that make ctest run it, a line each; "nothing" if nothing differs.
+# The build knows what each program is made of, and what it needs besides. What it knows nothing of may break anything: a
+# picture, a script, a file of CMake's. The checks that are no programs run unless tests alone differ.
+what_a_change_can_break() {
+    local build=$2 program file nodes programs affected='' spared='' known=$'\n' checks=''
+    local -a changed
+    mapfile -t changed < <(git diff --name-only --no-renames "$1" && git ls-files --others --exclude-standard)
+    ((${#changed[@]})) || { echo nothing && return; }
+    nodes=$(printf '%s\n' "${changed[@]}" | built_of "$build")
+    programs=$(ctest --test-dir "$build" --show-only | sed -nE 's/^ +Test +#[0-9]+: (.*\.)?([a-z0-9_]+_tests)$/\2/p' | sort -u)
+    for program in $programs; do
+        if file=$(ninja -C "$build" -t inputs "bin/$program" | grep -xF "$nodes"); then
+            affected+="|$program"
+            known+=$file$'\n'
+        else
+            spared+="|$program"
+        fi
+    done
+    for file in "${changed[@]}"; do
+        [[ $file == tests/* ]] || checks=yes
+        [[ $file == *.md || $known == *$'\n'"$root/$file"$'\n'* || $(built_of "$build" <<<"$file") == *$'\n'* ]] || return 0
+    done
+    if [[ $checks ]]; then
+        [[ -z $spared ]] || printf '%s\n' --exclude-regex "^([a-z0-9]+\\.)*(${spared#|})\$"
+    else
+        printf '%s\n' --tests-regex "^([a-z0-9]+\\.)*(${affected#|})\$"
+    fi
+}
+
+# built_of <build folder>: the files named in the input, as the build calls them, and the objects that include one of them.
+built_of() {
+    awk -v root="$root/" '
+        NR == FNR { changed[$0]; print root $0; next }
+        /^[^ ].*: #deps/ { object = substr($0, 1, index($0, ": #deps") - 1); next }
+        /^    / {
+            name = substr($0, 5)
+            sub(/^(\.\.\/)+/, "", name)
+            if (index(name, root) == 1) name = substr(name, length(root) + 1)
+            if (name in changed && !(object in seen)) { seen[object]; print object }
+        }' - <(ninja -C "$1" -t deps)
 }
 
 # run_tests <ctest's folder> <its option>...: a line for each program, in full what failed, ctest's summary and a report.
@@ -91,4 +151,33 @@ report() {
             printf "cases run: %d in %d programs, and %d other checks; skipped: %d, failed: %d\n",
                 run, programs, entries - programs, skipped, failures
         }' "$1"
+}
+
+# --- debug ---------------------------------------------------------------------------------------------
+
+help_debug() {
+    cat <<END
+usage: ./dev debug <test>
+
+Builds the debug preset and opens gdb on one case, the one whose name matches the regular expression; when several do, it
+lists them. In gdb, "run" runs it. Also installs: ${debug_packages[*]}
+END
+}
+
+command_debug() {
+    local registered names words variables
+    (($# == 1)) && [[ $1 && $1 != -* ]] || misuse "debug takes the name of one test" debug
+    packages+=("${debug_packages[@]}")
+    build debug
+    registered=$(HUECRAFT_EACH_CASE=1 ctest --test-dir "$root/build/debug" --show-only --verbose --tests-regex "$1")
+    mapfile -t names < <(sed -nE 's/^ +Test +#[0-9]+: //p' <<<"$registered")
+    ((${#names[@]})) || fail "no test matches '$1'"
+    if ((${#names[@]} > 1)); then
+        printf '  %s\n' "${names[@]:0:40}" >&2
+        fail "${#names[@]} tests match '$1', expected was one"
+    fi
+    read -ra words < <(sed -nE 's/^[0-9]+: Test command: //p' <<<"$registered" | tr -d '"')
+    [[ ${words[*]} == *--gtest_filter=* ]] || fail "${names[0]} is no case of a test program: ${words[*]}"
+    mapfile -t variables < <(sed -nE 's/^[0-9]+:  ([A-Z_]+=.*)/\1/p' <<<"$registered")
+    exec env "${variables[@]}" gdb --args "${words[@]}" --here
 }
