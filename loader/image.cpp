@@ -52,19 +52,22 @@ struct Image::Resident {
     FrameTable frames;  // destroyed first: it is about the mapping
 };
 
-Image Image::load(const std::filesystem::path& path, const Resolver& resolver) {
+Image Image::load(const std::filesystem::path& path, const Resolver& resolver, const Rules& rules) {
     const std::string name = path.filename();
     const auto file = naming_the_file(name, [&] { return read_file(path); });
-    return load_bytes(file, name, resolver);
+    return load_bytes(file, name, resolver, rules);
 }
 
-Image Image::load_bytes(std::span<const uint8_t> file, std::string name, const Resolver& resolver) {
-    return naming_the_file(name, [&] { return Image(name, Bytes(file, "the file"), resolver); });
+Image Image::load_bytes(std::span<const uint8_t> file, std::string name, const Resolver& resolver,
+                        const Rules& rules) {
+    return naming_the_file(name, [&] { return Image(name, Bytes(file, "the file"), resolver, rules); });
 }
 
-Image::Image(std::string name, const Bytes& file, const Resolver& resolver) : name_(std::move(name)) {
+Image::Image(std::string name, const Bytes& file, const Resolver& resolver, const Rules& rules)
+    : name_(std::move(name)) {
     const Bytes slice = choose_slice(file, kThisCpu);
     layout_ = read_layout(slice);
+    hold_to(rules, slice, layout_);
     resident_ = std::make_unique<Resident>(layout_, slice);
     fix_up(slice, resolver);
     find_initialisers();
