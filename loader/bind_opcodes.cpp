@@ -101,8 +101,9 @@ class BindOpcodes {
 
     void set_scope(uint8_t immediate) {
         const int64_t scope = immediate ? static_cast<int8_t>(0xf0 | immediate) : kScopeSelf;
-        if (scope < kScopeCoalesced)
-            refuse(table_name() + " has the unknown scope " + std::to_string(scope) + " (expected -3 to 0)");
+        if (scope < kScopeEverywhere)
+            refuse(table_name() + " has the unknown scope " + std::to_string(scope) +
+                   " (found in BIND_OPCODE_SET_DYLIB_SPECIAL_IMM, expected -2 to 0)");
         state_.ordinal = scope;
     }
 

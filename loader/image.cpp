@@ -52,21 +52,22 @@ struct Image::Resident {
     FrameTable frames;  // destroyed first: it is about the mapping
 };
 
-Image Image::load(const std::filesystem::path& path, const Resolver& resolver) {
+Image Image::load(const std::filesystem::path& path, const Resolver& resolver, const Rules& rules) {
     const std::string name = path.filename();
     const auto file = naming_the_file(name, [&] { return read_file(path); });
-    return load_bytes(file, name, resolver);
+    return load_bytes(file, name, resolver, rules);
 }
 
 Image Image::load_bytes(std::span<const uint8_t> file, std::string name, const Resolver& resolver,
-                        FileType type) {
-    return naming_the_file(name, [&] { return Image(name, Bytes(file, "the file"), resolver, type); });
+                        const Rules& rules, FileType type) {
+    return naming_the_file(name, [&] { return Image(name, Bytes(file, "the file"), resolver, rules, type); });
 }
 
-Image::Image(std::string name, const Bytes& file, const Resolver& resolver, FileType type)
+Image::Image(std::string name, const Bytes& file, const Resolver& resolver, const Rules& rules, FileType type)
     : name_(std::move(name)) {
     const Bytes slice = choose_slice(file, kThisCpu, type);
     layout_ = read_layout(slice);
+    hold_to(rules, slice, layout_);
     resident_ = std::make_unique<Resident>(layout_, slice);
     fix_up(slice, resolver);
     find_initialisers();

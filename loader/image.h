@@ -13,6 +13,7 @@
 #include "loader/error.h"
 #include "loader/layout.h"
 #include "loader/mapping.h"
+#include "loader/rules.h"
 
 namespace macho {
 
@@ -24,10 +25,10 @@ namespace macho {
 class Image {
   public:
     /// Loads the dylib at `path`, or its slice for this processor. Throws Error.
-    static Image load(const std::filesystem::path& path, const Resolver& resolver);
+    static Image load(const std::filesystem::path& path, const Resolver& resolver, const Rules& rules = {});
     /// The same with a file's bytes, which are not needed afterwards. `name` is for messages.
     static Image load_bytes(std::span<const uint8_t> file, std::string name, const Resolver& resolver,
-                            FileType type = FileType::dylib);
+                            const Rules& rules = {}, FileType type = FileType::dylib);
 
     Image(Image&&) noexcept;
     Image& operator=(Image&&) = delete;
@@ -62,7 +63,7 @@ class Image {
   private:
     struct Resident;
 
-    Image(std::string name, const Bytes& file, const Resolver& resolver, FileType type);
+    Image(std::string name, const Bytes& file, const Resolver& resolver, const Rules& rules, FileType type);
     void fix_up(const Bytes& slice, const Resolver& resolver);
     void find_initialisers();
     void find_entry();

@@ -8,6 +8,7 @@
 #include "loader/fault.h"
 #include "loader/image.h"
 #include "loader/objc_metadata.h"
+#include "loader/slice.h"
 
 extern "C" size_t LLVMFuzzerMutate(uint8_t* data, size_t size, size_t largest);
 
@@ -18,8 +19,14 @@ static void* anything(const macho::Import&) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    for (const macho::Rules& rules : {macho::Rules{.signature = false}, {.structure = false}}) try {
+            const macho::Bytes slice = macho::choose_slice({{data, size}, "the file"}, macho::kThisCpu);
+            macho::hold_to(rules, slice, macho::read_layout(slice));
+        } catch (const macho::Fault&) {
+        }
     try {
-        const macho::Image image = macho::Image::load_bytes({data, size}, "fuzzed.dylib", anything);
+        const macho::Image image =
+            macho::Image::load_bytes({data, size}, "fuzzed.dylib", anything, macho::no_rules());
         macho::read_objc_metadata(image);
     } catch (const macho::Error&) {
     } catch (const macho::Fault&) {  // which import_classes would have given the file's name

@@ -95,7 +95,9 @@ TEST(BindOpcodesTest, ALibraryThatDoesNotExistIsRefused) {
 }
 
 TEST(BindOpcodesTest, AnUnknownScopeIsRefused) {
-    EXPECT_EQ(refusal({0x3c}), "the bind table has the unknown scope -4 (expected -3 to 0)");
+    EXPECT_EQ(refusal({0x3c}),
+              "the bind table has the unknown scope -4 (found in "
+              "BIND_OPCODE_SET_DYLIB_SPECIAL_IMM, expected -2 to 0)");
 }
 
 TEST(BindOpcodesTest, APointerBeforeAnySymbolIsRefused) {

@@ -91,10 +91,14 @@ Draft& Draft::set_table(Table table, const std::vector<uint8_t>& bytes) {
     return *this;
 }
 
-macho::Image Draft::load() const { return macho::Image::load_bytes(bytes_, name_, host_symbol); }
+macho::Image Draft::load() const {
+    return macho::Image::load_bytes(bytes_, name_, host_symbol, macho::no_rules());
+}
 
-std::string Draft::load_error() const {
-    return message_of<macho::Error>([&] { load(); });
+std::string Draft::load_error() const { return load_error(macho::no_rules()); }
+
+std::string Draft::load_error(const macho::Rules& rules) const {
+    return message_of<macho::Error>([&] { macho::Image::load_bytes(bytes_, name_, host_symbol, rules); });
 }
 
 }  // namespace loader_test

@@ -37,9 +37,13 @@ class Draft {
     Draft& set_table(Table table, const std::vector<uint8_t>& bytes);
 
     std::vector<uint8_t>& bytes() { return bytes_; }
+    /// Without the rules of the device's loader: these would refuse first what the loader's own reading must
+    /// withstand.
     macho::Image load() const;
     /// What the loader says about it; empty if it loads.
     std::string load_error() const;
+    /// The same with such rules.
+    std::string load_error(const macho::Rules& rules) const;
 
   private:
     size_t find_command(uint32_t number, std::string_view segment) const;

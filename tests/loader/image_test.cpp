@@ -201,10 +201,11 @@ TEST(ImageTest, ASymbolOfTheImagesOwnIsFoundThere) {
     draft.set_table(Draft::bind, {0x10, 0x40, '_', 'p', 'l', 'a', 'i', 'n', '_', 's', 'u', 'm', 0, 0x51, 0x71,
                                   offset, 0x90});
     bool asked = false;
-    const Image image = Image::load_bytes(draft.bytes(), "plain.dylib", [&](const Import& import) {
+    const auto resolve = [&](const Import& import) {
         asked |= import.symbol == "plain_sum";
         return host_symbol(import);
-    });
+    };
+    const Image image = Image::load_bytes(draft.bytes(), "plain.dylib", resolve, macho::no_rules());
     EXPECT_EQ(image.mapping().read_pointer(image.binds().front().slot, "the pointer"),
               reinterpret_cast<uintptr_t>(image.symbol("plain_sum")));
     EXPECT_FALSE(asked);

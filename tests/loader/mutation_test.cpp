@@ -18,6 +18,7 @@
 #include "loader/image.h"
 #include "loader/objc_import.h"
 #include "loader/objc_metadata.h"
+#include "loader/slice.h"
 #include "objc/runtime.h"
 
 #if __has_feature(address_sanitizer)
@@ -106,9 +107,23 @@ Outcome imported(macho::Image& image) {
     return Outcome::badly_refused;
 }
 
-Outcome load(const std::vector<uint8_t>& bytes) {
+/// The rules of the device's loader would hide most of the damage from the loader. They are asked by
+/// themselves.
+Outcome held_to(const macho::Rules& rules, const std::vector<uint8_t>& bytes) {
     try {
-        macho::Image image = macho::Image::load_bytes(bytes, "mutated.dylib", anything);
+        const macho::Bytes slice = macho::choose_slice({bytes, "the file"}, macho::kThisCpu);
+        macho::hold_to(rules, slice, macho::read_layout(slice));
+        return Outcome::loaded;
+    } catch (const macho::Fault& fault) {
+        return judged(macho::Error("mutated.dylib: cannot load: " + std::string(fault.what())).what());
+    }
+}
+
+Outcome load(const std::vector<uint8_t>& bytes) {
+    for (const macho::Rules& rules : {macho::Rules{.signature = false}, macho::Rules{.structure = false}})
+        if (held_to(rules, bytes) == Outcome::badly_refused) return Outcome::badly_refused;
+    try {
+        macho::Image image = macho::Image::load_bytes(bytes, "mutated.dylib", anything, macho::no_rules());
         try {
             const macho::ObjcMetadata metadata = macho::read_objc_metadata(image);
             if (metadata.classes.empty() && metadata.categories.empty()) return Outcome::loaded;

@@ -15,6 +15,7 @@
 #include "loader/exports.h"
 #include "loader/fault.h"
 #include "loader/rebase.h"
+#include "loader/rules.h"
 #include "loader/slice.h"
 #include "loader/system_libraries.h"
 #include "loader/versions.h"
@@ -122,6 +123,7 @@ class DylibChecks {
     void fix_ups(Check& check) {
         if (!slice_) return check.faults.push_back("not checked, since there is no arm64 slice");
         macho::Layout layout = macho::read_layout(*slice_);
+        macho::check_structure(*slice_, layout);
         const auto rebases = macho::read_rebases(part(layout.rebase, "the rebase table"), layout);
         layout_ = std::move(layout);
         check.found = "classic, " + counted(rebases.size(), "rebased pointer");
@@ -143,7 +145,7 @@ class DylibChecks {
     /// The stubs say what is linked with, and this what the system has: a stub may be wrong.
     void library_versions(Check& check) {
         for (const macho::Dependency& library : layout_->libraries) {
-            const macho::OfferedLibrary* offered = macho::system_library(library.install_name);
+            const std::optional<macho::OfferedLibrary> offered = macho::system_library(library.install_name);
             if (!offered || library.compatibility_version <= offered->compatibility_version) continue;
             check.faults.push_back("LC_LOAD_DYLIB asks for version " +
                                    version_text(library.compatibility_version) + " of " +
