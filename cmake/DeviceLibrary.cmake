@@ -1,9 +1,9 @@
 # add_device_library() and add_device_executable(): cross-build for iOS 12, with clang and lld alone. There is no vendor SDK:
 # device/sdk holds the C headers, stubs say what may be linked to.
 
-find_program(DEVICE_LINKER ld64.lld-19 REQUIRED)
-find_program(DEVICE_LIPO llvm-lipo-19 REQUIRED)
-find_path(DEVICE_LIBCXX version PATHS /usr/lib/llvm-19/include/c++/v1 NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+find_program(DEVICE_LINKER ld64.lld-${HUECRAFT_LLVM} REQUIRED)
+find_program(DEVICE_LIPO llvm-lipo-${HUECRAFT_LLVM} REQUIRED)
+find_path(DEVICE_LIBCXX version PATHS /usr/lib/llvm-${HUECRAFT_LLVM}/include/c++/v1 NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 get_filename_component(DEVICE_ROOT ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
 
 set(DEVICE_MINIMUM_VERSION 12.0)

@@ -93,7 +93,7 @@ class Description {
             if (name == class_of_the_home_screen && !objc_lookUpClass(name))
                 out.line("unrecorded class ", name);
         for (Class each : named_)
-            if (!is_described(each)) out.line("unrecorded methods ", name_of(each));
+            if (!is_described(each)) out.line("unrecorded members ", name_of(each));
     }
 
     void write_methods(const Output& out, char side) const {

@@ -48,7 +48,7 @@ void unseen(const Output& out, Reason... reason) {
     out.line("# hooks not seen: ", reason...);
 }
 
-/// The library's preference store, of which nothing is told but the two switches.
+/// The library's preference store, of which nothing is reported but the two switches.
 id preferences() {
     return objc::send<"sharedInstance", id>(reinterpret_cast<id>(objc_lookUpClass("HCPreferences")));
 }
@@ -68,7 +68,7 @@ void write_method(const Output& out, const HookedMethod& row, const void* librar
         method && image_at(reinterpret_cast<const void*>(method_getImplementation(method))) == library_image);
 }
 
-/// A replaced function is told by what it answers: the theme's two colours.
+/// A replaced function is known by what it answers: the theme's two colours.
 bool answers_theme_colours(const char* function) {
     const auto named_color = reinterpret_cast<CGColorRef (*)(NSString*)>(dlsym(any_library, function));
     if (!named_color) return false;

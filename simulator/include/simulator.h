@@ -95,6 +95,9 @@ typedef struct sim_options {
     int injection; /* a sim_injection */
     /* Functions that are too short to be replaced, "UIKBGetNamedColor"; ends with NULL. */
     const char* const* unpatchable_functions;
+    /* Folders of the device that the process's sandbox denies it: what lies in them can be neither found, nor
+     * read, nor written; ends with NULL. They need not exist. */
+    const char* const* denied_folders;
 } sim_options;
 
 /* Switches the phone on: once per process. */

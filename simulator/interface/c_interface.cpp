@@ -131,7 +131,7 @@ sim::Injection injection(int kind) {
 
 template <class Container>
 void insert_all(Container& into, const char* const* names) {
-    for (; names && *names; ++names) into.insert(*names);
+    for (; names && *names; ++names) into.insert(into.end(), *names);
 }
 
 sim::BootOptions boot_options(const sim_options& given) {
@@ -150,6 +150,7 @@ sim::BootOptions boot_options(const sim_options& given) {
     insert_all(limits.unfound_methods, options.unfound_methods);
     insert_all(limits.methods_without_previous, options.methods_without_previous);
     insert_all(limits.unpatchable_functions, options.unpatchable_functions);
+    insert_all(wanted.denied_folders, options.denied_folders);
     return wanted;
 }
 

@@ -26,5 +26,5 @@ struct ToolbarContentView : objc::Implements<ToolbarContentView, _UIToolbarConte
 
 using namespace objc::definition;
 
-OBJC_CLASS(_UIToolbarContentView, UIView, ToolbarContentView,
+OBJC_CLASS(_UIToolbarContentView, _UIBarContentView, ToolbarContentView,
            method<"layoutSubviews", &ToolbarContentView::layoutSubviews>)

@@ -1,11 +1,8 @@
-// The bars above and below the keys.
+// The bar below the keys, on phones with a home indicator.
 #pragma once
 #include "platform/keyboard.h"
 
 namespace sim {
-
-/// Three suggestions, the middle one active, with lines between them.
-objc::strong<UIView> make_prediction_bar(CGRect frame);
 
 /// The globe on the left and the microphone on the right.
 objc::strong<UIView> make_dock(CGRect frame);

@@ -1,6 +1,6 @@
 // The system's backdrop for a numeric style: a blur of what lies behind it, and a colour over that. It fills
 // the view that it is put into, and stays as large.
-#include "keyboard/backdrop_material.h"
+#include "keyboard/backdrops/backdrop_material.h"
 #include "keyboard/make.h"
 #include "objc/class.h"
 #include "platform/keyboard.h"

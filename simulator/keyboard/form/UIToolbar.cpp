@@ -1,23 +1,18 @@
 // A bar of buttons, and the part of it that holds them.
-#include "keyboard/UIToolbar.h"
+#include "keyboard/form/UIToolbar.h"
 
 #include "keyboard/make.h"
 #include "objc/class.h"
 
 namespace {
 
-using objc::strong;
-
 struct Toolbar : objc::Implements<Toolbar, UIToolbar> {
-    struct Ivars {
-        strong<_UIToolbarContentView> contentView;
-    };
+    using Ivars = objc::NoIvars;
 
-    strong<UIToolbar> initWithFrame(CGRect frame) {
+    objc::strong<UIToolbar> initWithFrame(CGRect frame) {
         auto self = initialised_by_super<"initWithFrame:">(frame);
         if (!self) return nullptr;
         auto content = sim::make_view<_UIToolbarContentView>(self->bounds());
-        self->ivars().contentView = content;
         content->setAutoresizingMask(sim::follows_size);
         self->addSubview(content);
         return self;
@@ -26,8 +21,15 @@ struct Toolbar : objc::Implements<Toolbar, UIToolbar> {
 
 }  // namespace
 
+namespace sim {
+
+_UIToolbarContentView* buttons_of(UIToolbar* bar) {
+    NSArray* views = bar->subviews();
+    return views->count() ? as<_UIToolbarContentView>(views->objectAtIndex(0)) : nullptr;
+}
+
+}  // namespace sim
+
 using namespace objc::definition;
 
-OBJC_CLASS(UIToolbar, UIView, Toolbar,
-           property<"contentView", &Toolbar::Ivars::contentView>,
-           method<"initWithFrame:", &Toolbar::initWithFrame>)
+OBJC_CLASS(UIToolbar, UIView, Toolbar, method<"initWithFrame:", &Toolbar::initWithFrame>)

@@ -1,5 +1,5 @@
 // What a backdrop draws for the code of its style.
-#include "keyboard/backdrop_material.h"
+#include "keyboard/backdrops/backdrop_material.h"
 
 namespace sim {
 

@@ -1,6 +1,6 @@
 // What a backdrop draws for the code of its style.
 #pragma once
-#include "keyboard/backdrop_styles.h"
+#include "keyboard/backdrops/backdrop_styles.h"
 #include "platform/uikit.h"
 
 namespace sim {
