@@ -1,6 +1,9 @@
 // A hook took effect where the implementation of its method lies in the library.
 #include "describe/hooks.h"
 
+#include <string_view>
+
+#include "describe/hooked_method.h"
 #include "describe/subjects.h"
 #include "describe/system.h"
 #include "objc/strong.h"
@@ -16,6 +19,7 @@ using hooks::Condition;
 
 constexpr const char* library_path = "/Library/MobileSubstrate/DynamicLibraries/HuecraftiOS12.dylib";
 constexpr const char* any_export_of_the_library = "kGradientLeft";
+constexpr std::string_view only_in_the_home_screen = "-[SpringBoard ";
 constexpr unsigned longest_wait = 60;  // seconds
 constexpr unsigned longest_path = 1024;
 
@@ -41,7 +45,7 @@ struct OneLine {
 
 template <class... Reason>
 void unseen(const Output& out, Reason... reason) {
-    out.line("hooks unseen: ", reason...);
+    out.line("# hooks not seen: ", reason...);
 }
 
 /// The library's preference store, of which nothing is reported but the two switches.
@@ -49,27 +53,19 @@ id preferences() {
     return objc::send<"sharedInstance", id>(reinterpret_cast<id>(objc_lookUpClass("HCPreferences")));
 }
 
-Method method_named(std::string_view name) {
-    char class_name[256], selector[256];
-    const size_t space = name.find(' ');
-    name.substr(2, space - 2).copy(class_name, sizeof class_name - 1);
-    class_name[space - 2] = 0;
-    const std::string_view rest = name.substr(space + 1, name.size() - space - 2);
-    rest.copy(selector, sizeof selector - 1);
-    selector[rest.size()] = 0;
-    Class owner = objc_lookUpClass(class_name);
-    if (!owner) return nullptr;
-    if (name[0] == '+') owner = object_getClass(reinterpret_cast<id>(owner));
-    return class_getInstanceMethod(owner, sel_registerName(selector));
+void tell(const Output& out, const char* target, bool took_effect) {
+    out.line("hook ", target, took_effect ? " took effect" : " had no effect");
 }
 
-const char* fate_of(const HookedMethod& row, const void* library_image) {
+void write_method(const Output& out, const HookedMethod& row, const void* library_image) {
     if (row.condition == Condition::caps_hidden && objc::send<"isCapsEnabled", bool>(preferences()))
-        return "unwanted ";  // the theme shows key caps
+        return out.line("# not wanted, since the theme shows key caps: hook ", row.name);
     Method method = method_named(row.name);
-    const bool installed =
-        method && image_at(reinterpret_cast<const void*>(method_getImplementation(method))) == library_image;
-    return installed ? "installed " : "missing ";
+    if (!method && std::string_view(row.name).starts_with(only_in_the_home_screen))
+        return out.line("# not seen, since only the home screen has the class: hook ", row.name);
+    tell(
+        out, row.name,
+        method && image_at(reinterpret_cast<const void*>(method_getImplementation(method))) == library_image);
 }
 
 /// A replaced function is known by what it answers: the theme's two colours.
@@ -97,9 +93,8 @@ void write_hooks_seen_here(const Output& out, const char* claimed) {
     const void* library_image = image_at(dlsym(library, any_export_of_the_library));
     if (!library_image || !preferences()) return unseen(out, "what is installed is not the library");
     if (!objc::send<"isEnabled", bool>(preferences())) return unseen(out, "theming is off");
-    for (const HookedMethod& row : hooked_methods()) out.line("hook ", fate_of(row, library_image), row.name);
-    for (const char* function : described_functions())
-        out.line("hook ", answers_theme_colours(function) ? "installed " : "missing ", function);
+    for (const HookedMethod& row : hooked_methods()) write_method(out, row, library_image);
+    for (const char* function : described_functions()) tell(out, function, answers_theme_colours(function));
     alarm(0);
 }
 

@@ -11,9 +11,9 @@ void write_hooks_seen_elsewhere(const Output& out, const char* claimed, char* co
 
 /// Loads the library into this process, which claims to run `claimed`, and writes a line for each hook:
 ///
-///     hook installed -[UIKBEdgeEffect edges]
+///     hook -[UIKBEdgeEffect edges] took effect
 ///
-/// or, where nothing can be seen, one line that says why: "hooks unseen: theming is off".
+/// or, where nothing can be seen, one remark that says why: "# hooks not seen: theming is off".
 void write_hooks_seen_here(const Output& out, const char* claimed);
 
 }  // namespace describe

@@ -5,6 +5,7 @@
 
 #include "describe/description.h"
 #include "describe/hooks.h"
+#include "describe/list.h"
 #include "describe/system.h"
 #include "objc/image.h"
 #include "objc/strong.h"
@@ -55,13 +56,6 @@ const char* processor() {
     return subtype == arm64e ? "arm64e" : "arm64";
 }
 
-void write_system(const Output& out) {
-    NSString* version = UIDevice::currentDevice()->systemVersion();
-    out.line("system ", version ? version->UTF8String() : "unknown");
-    out.line("processor ", processor());
-    out.line();
-}
-
 bool is_there(const char* function) { return dlsym(describe::any_library, function) != nullptr; }
 
 void write_description() {
@@ -69,10 +63,12 @@ void write_description() {
     Page page;
     const Output out = page.output();
     out.line("# What this system has of what Huecraft is about. Made on it by huecraft-describe.");
+    out.line("# processor: ", processor());
     out.line();
-    write_system(out);
-    describe::write_classes(out, describe::classes_to_describe());
-    describe::write_functions(out, &is_there);
+    if (NSString* version = UIDevice::currentDevice()->systemVersion())
+        out.line("system ", version->UTF8String());
+    out.line();
+    describe::write_description(out, &is_there);
     out.line();
 }
 

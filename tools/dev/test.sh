@@ -20,6 +20,7 @@ END
 # The package comes first: the library that is tested on arm64 is taken out of it.
 build_for_arm64() {
     build release device_package
+    build release describe_package
     "$root/cmake/arm64/make_sysroot" "$root/build/arm64-sysroot" || exit
     build arm64
 }

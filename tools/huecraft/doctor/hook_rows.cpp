@@ -6,6 +6,7 @@
 #include <memory>
 #include <set>
 
+#include "describe/subjects.h"
 #include "doctor/device_description.h"
 #include "doctor/hook_effects.h"
 #include "doctor/method_types.h"
@@ -123,15 +124,17 @@ std::string simulated_description(const Workshop& workshop) {
     boot(workshop);
     const std::map<std::string, ClassRecord> facts = every_class();
     std::set<std::string> described, functions;
-    for (const LookUp& one : look_ups())
-        if (facts.contains(one.class_name)) described.insert(one.class_name);
+    for (const char* name : describe::described_classes())
+        if (facts.contains(name)) described.insert(name);
     std::map<std::string, ClassRecord> told;
     for (const HookRow& row : rows_of_the_library()) {
         if (row.how == HookRow::How::function) {
             functions.insert(row.target);
             continue;
         }
-        described.insert(class_of_method(row.target));
+        if (!described.contains(class_of_method(row.target)))
+            throw tools::Failure(class_of_method(row.target) +
+                                 " is hooked, and describe/subjects.txt does not list it");
         // A method that is inherited stands with the class that has it.
         const std::string method = row.target[0] + selector_of_method(row.target);
         for (std::string each = class_of_method(row.target); !each.empty();

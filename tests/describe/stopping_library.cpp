@@ -1,0 +1,4 @@
+// A library that stops the process that loads it.
+#include <cstdlib>
+
+[[gnu::constructor]] static void stop() { std::abort(); }
