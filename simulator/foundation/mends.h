@@ -8,6 +8,7 @@ namespace sim {
 void mend_foundation();
 
 void mend_data_files();
+void mend_dates();
 void mend_file_manager();
 void mend_numbers();
 void mend_paths();

@@ -1,6 +1,10 @@
 // The objects of a property list.
 #include "foundation/property_list/object_maker.h"
 
+#include <cmath>
+
+#include "foundation/property_list/reader.h"
+
 namespace sim::plist {
 namespace {
 
@@ -28,9 +32,11 @@ Value ObjectMaker::text(std::string_view utf8) const {
 }
 
 Value ObjectMaker::text(std::u16string_view units) const {
-    return made<"initWithCharacters:length:">(leaf_class("NSString", "NSMutableString"),
-                                              reinterpret_cast<const unsigned short*>(units.data()),
-                                              NSUInteger{units.size()});
+    auto text = made<"initWithCharacters:length:">(leaf_class("NSString", "NSMutableString"),
+                                                   reinterpret_cast<const unsigned short*>(units.data()),
+                                                   NSUInteger{units.size()});
+    if (!text) throw ParseError("a string has half of a character");
+    return text;
 }
 
 Value ObjectMaker::data(std::string_view bytes) const {
@@ -53,6 +59,7 @@ Value ObjectMaker::single_real(float value) const { return made<"initWithFloat:"
 Value ObjectMaker::boolean(bool value) const { return NSNumber::numberWithBool(value); }
 
 Value ObjectMaker::date(double seconds) const {
+    if (!std::isfinite(seconds)) throw ParseError("a date is no moment in time");
     return made<"initWithTimeIntervalSinceReferenceDate:">("NSDate", seconds);
 }
 

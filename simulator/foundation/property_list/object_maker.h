@@ -22,6 +22,7 @@ class ObjectMaker {
 
     /// Of valid UTF-8.
     Value text(std::string_view utf8) const;
+    /// Throws a ParseError for half of a surrogate pair.
     Value text(std::u16string_view units) const;
     Value data(std::string_view bytes) const;
     Value integer(int64_t value) const;
@@ -29,7 +30,7 @@ class ObjectMaker {
     Value real(double value) const;
     Value single_real(float value) const;
     Value boolean(bool value) const;
-    /// Counted from the first moment of 2001, in Greenwich.
+    /// Counted from the first moment of 2001, in Greenwich. Throws a ParseError for what is not finite.
     Value date(double seconds) const;
     Value null() const;
     Value array(const std::vector<Value>& values) const;

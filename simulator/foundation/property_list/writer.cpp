@@ -140,7 +140,10 @@ class XmlWriter {
 
     void date(id object) {
         using namespace std::chrono;
-        const double since = objc::send<"timeIntervalSinceReferenceDate", double>(object);
+        // What is beyond every year that the form can hold ends up beyond it, too, and is not read back.
+        constexpr double beyond = 1e12;
+        const double since =
+            std::clamp(objc::send<"timeIntervalSinceReferenceDate", double>(object), -beyond, beyond);
         const auto moment = sys_days{year(2001) / 1 / 1} + seconds(static_cast<int64_t>(std::floor(since)));
         const year_month_day day{floor<days>(moment)};
         const hh_mm_ss time{moment - floor<days>(moment)};

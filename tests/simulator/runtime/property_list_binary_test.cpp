@@ -50,6 +50,34 @@ TEST_F(PropertyListReading, BinaryHasEveryKind) {
     EXPECT_EQ(string(binary_list({"\x5f\x10\x14" + std::string(20, 'x')})), std::string(20, 'x'));
 }
 
+TEST_F(PropertyListReading, BinaryStringWithHalfACharacterIsRefused) {
+    expect_refused(binary_list({std::string("\x61\xd8\0", 3)}));
+    EXPECT_EQ(reason(), "a string has half of a character");
+    expect_refused(binary_list({std::string("\xd1\1\1", 3), std::string("\x61\xd8\0", 3)}));
+    EXPECT_EQ(string(binary_list({std::string("\x62\xd8\x3d\xde\0", 5)})), "\U0001f600");
+}
+
+TEST_F(PropertyListReading, BinaryDateThatIsNoMomentIsRefused) {
+    expect_refused(binary_list({std::string("\x33\x7f\xf8\0\0\0\0\0\0", 9)}));
+    EXPECT_EQ(reason(), "a date is no moment in time");
+    expect_refused(binary_list({std::string("\x33\x7f\xf0\0\0\0\0\0\0", 9)}));
+}
+
+TEST_F(PropertyListReading, DatesOfAnyYearAreDescribedAtOnce) {
+    EXPECT_EQ(described(binary_list({std::string("\x33\0\0\0\0\0\0\0\0", 9)})), "2001-01-01 00:00:00 +0000");
+    // -1e11, 1e11 and -1e15 seconds
+    EXPECT_EQ(described(binary_list({std::string("\x33\xc2\x37\x48\x76\xe8\0\0\0", 9)})),
+              "-1168-02-16 14:13:20 +0000");
+    EXPECT_EQ(described(binary_list({std::string("\x33\x42\x37\x48\x76\xe8\0\0\0", 9)})),
+              "5169-11-16 09:46:40 +0000");
+    EXPECT_EQ(described(binary_list({std::string("\x33\xc3\x0c\x6b\xf5\x26\x34\0\0", 9)})),
+              "-31686738-06-29 22:13:20 +0000");
+    EXPECT_EQ(described(binary_list({std::string("\x33\x7f\xef\xff\xff\xff\xff\xff\xff", 9)})),
+              "1.7976931348623157e+308 seconds since 2001-01-01 00:00:00 +0000");
+    EXPECT_EQ(described("<plist version=\"1.0\"><date>-1-01-01T00:00:00Z</date></plist>"),
+              "-001-01-01 00:00:00 +0000");
+}
+
 TEST_F(PropertyListReading, BinaryObjectThatContainsItselfIsRefused) {
     expect_refused(binary_list({std::string("\xa1\0", 2)}));
     expect_refused(binary_list({"\xa1\x01", std::string("\xa1\0", 2)}));
