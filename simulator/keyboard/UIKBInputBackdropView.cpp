@@ -1,7 +1,7 @@
 // The backdrop of the whole keyboard: the full piece, or while the keyboard is split the left and the right
 // one, which leave the middle free.
 #include "keyboard/backdrop_styles.h"
-#include "keyboard/split.h"
+#include "keyboard/planes/split.h"
 #include "objc/class.h"
 #include "platform/keyboard.h"
 

@@ -85,11 +85,9 @@ bool drops_the_language_indicator() {
 }
 
 bool recolours_the_category_glyphs() {
-    CALayer* layer = CALayer::layer();
-    layer->setFrame(frame);
-    static_cast<UIKeyboardEmojiCategoryBar*>(made<"initWithFrame:">("UIKeyboardEmojiCategoryBar", frame))
-        ->displayLayer(layer);
-    return has_one_filter(static_cast<CALayer*>(layer->sublayers()->objectAtIndex(0)));
+    auto bar = UIKeyboardEmojiCategoryBar::alloc()->initWithFrame(frame, nullptr, nullptr);
+    bar->displayLayer(bar->layer());
+    return has_one_filter(bar->scrubView()->layer());
 }
 
 bool filters_the_toolbars() {

@@ -45,12 +45,13 @@ class ShownSurfaces : public testing::Test {
     static void hear_keys() {
         static IMP previous = nullptr;
         replace(
-            "UIKBKeyView", "initWithKey:factory:",
-            [](id self, SEL selector, id key, id factory) {
+            "UIKBKeyView", "initWithFrame:keyplane:key:",
+            [](id self, SEL selector, CGRect frame, id keyplane, id key) {
                 auto* tree = static_cast<UIKBTree*>(key);
                 key_frames.push_back(tree->frame());
                 key_texts.push_back(utf8(tree->displayString()));
-                return reinterpret_cast<id (*)(id, SEL, id, id)>(previous)(self, selector, key, factory);
+                return reinterpret_cast<id (*)(id, SEL, CGRect, id, id)>(previous)(self, selector, frame,
+                                                                                   keyplane, key);
             },
             &previous);
     }

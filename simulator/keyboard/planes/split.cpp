@@ -1,12 +1,12 @@
 // Keys of a keyboard that is split in a left and a right half.
-#include "keyboard/split.h"
+#include "keyboard/planes/split.h"
 
 #include <algorithm>
 #include <cmath>
 #include <map>
 
 #include "device/device.h"
-#include "keyboard/key_kind.h"
+#include "keyboard/planes/key_kind.h"
 
 namespace sim {
 namespace {

@@ -29,7 +29,7 @@ constexpr NamedColor named_colors[] = {
     {"UIKBColorBlack", 0x000000, 1},
     {"UIKBColorWhite", 0xffffff, 1},
     {"UIKBColorKeyBlueKeyBackground", 0x007aff, 1},
-    {"UIKBColorKeyGrayKeyBackground", 0xb4bbc4, 1},
+    {"UIKBColorKeyGrayKeyLightBackground", 0xb4bbc4, 1},
     {"UIKBColorKeyGrayKeyDarkBackground", 0x6b6f76, 1},
 };
 
