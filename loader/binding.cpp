@@ -61,7 +61,7 @@ class Binder {
     }
 
     std::string install_name_of(const BindRow& row) const {
-        return row.ordinal > 0 ? layout_.libraries[static_cast<size_t>(row.ordinal - 1)] : "";
+        return row.ordinal > 0 ? layout_.libraries[static_cast<size_t>(row.ordinal - 1)].install_name : "";
     }
 
     void* resolve(const BindRow& row, const Import& import) const {

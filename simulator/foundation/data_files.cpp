@@ -39,18 +39,16 @@ struct DataFiles : NSData {
 
     static NSData* dataWithContentsOfFileOptionsError(Class self, NSString* path, NSUInteger options,
                                                       NSError** error) {
-        using Made = objc::strong<NSData>;
-        NSData* data = objc::send<"alloc", NSData*>(reinterpret_cast<id>(self));
-        return data->send<"initWithContentsOfFile:options:error:", Made>(path, options, error).autoreleased();
+        return objc::make<"initWithContentsOfFile:options:error:", NSData>(self, path, options, error)
+            .autoreleased();
     }
     static NSData* dataWithContentsOfFile(Class self, NSString* path) {
         return dataWithContentsOfFileOptionsError(self, path, 0, nullptr);
     }
     static NSData* dataWithContentsOfURLOptionsError(Class self, NSURL* url, NSUInteger options,
                                                      NSError** error) {
-        using Made = objc::strong<NSData>;
-        NSData* data = objc::send<"alloc", NSData*>(reinterpret_cast<id>(self));
-        return data->send<"initWithContentsOfURL:options:error:", Made>(url, options, error).autoreleased();
+        return objc::make<"initWithContentsOfURL:options:error:", NSData>(self, url, options, error)
+            .autoreleased();
     }
     static NSData* dataWithContentsOfURL(Class self, NSURL* url) {
         return dataWithContentsOfURLOptionsError(self, url, 0, nullptr);

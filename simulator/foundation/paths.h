@@ -2,7 +2,7 @@
 #pragma once
 #include <utility>
 
-#include "device/file_system.h"
+#include "phone/file_system.h"
 
 namespace sim {
 

@@ -29,10 +29,9 @@ std::optional<std::string> utf8_of(NSString* string) {
 NSString* string_of(std::string_view utf8) {
     constexpr NSUInteger utf8_encoding = 4;
     if (!plist::is_utf8(utf8)) return nullptr;
-    auto made = objc::send<"alloc", NSString*>(reinterpret_cast<id>(NSString::class_object()))
-                    ->send<"initWithBytes:length:encoding:", objc::strong<NSString>>(
-                        static_cast<const void*>(utf8.data()), NSUInteger{utf8.size()}, utf8_encoding);
-    return std::move(made).autoreleased();
+    return NSString::make<"initWithBytes:length:encoding:">(static_cast<const void*>(utf8.data()),
+                                                            NSUInteger{utf8.size()}, utf8_encoding)
+        .autoreleased();
 }
 
 }  // namespace sim

@@ -52,6 +52,21 @@ typedef enum sim_arguments {
     SIM_ARGUMENTS_NIL = 2         /* one element, which is nil */
 } sim_arguments;
 
+/* What the injection framework does when something is missing. The phones' frameworks differ in it. */
+typedef enum sim_injection {
+    /* A hook of a nil class or of a method that is not there does nothing, and the slot for the previous
+     * implementation stays as it was. So does one of a function that cannot be patched. */
+    SIM_INJECTION_LENIENT = 0,
+    /* Such a hook of a method makes the slot nil. A function that cannot be patched ends the process. What an
+     * inherited method was asks the superclass again at each call, and while a class is being changed the
+     * slot holds something that waits for the end of that. */
+    SIM_INJECTION_CLEARING = 1,
+    /* The same, but a nil class or a method that is not there ends the process, too. */
+    SIM_INJECTION_STRICT = 2,
+    /* A strict one behind a function that looks for the method first, and calls it for what is there only. */
+    SIM_INJECTION_GUARDED = 3
+} sim_injection;
+
 /* What the phone is. Every member but `size` and `root` may be left zero, which is its default. */
 typedef struct sim_options {
     /* sizeof(sim_options): later versions of this interface add members at the end. */
@@ -72,12 +87,17 @@ typedef struct sim_options {
      * register classes of its own under their names. */
     const char* const* left_out_classes;
     /* Methods that the injection framework does not find, "-[UIKBEdgeEffect edges]" or "+[UIKBGradient
-     * gradientWithName:]", though the model has and uses them; ends with NULL. A hook of one does nothing,
-     * and the caller's slot for the previous implementation stays as it was. */
+     * gradientWithName:]", though the model has and uses them; ends with NULL. */
     const char* const* unfound_methods;
     /* The same, and the replacement is put in the method's place: a framework that adds what it does not
      * find. */
     const char* const* methods_without_previous;
+    int injection; /* a sim_injection */
+    /* Functions that are too short to be replaced, "UIKBGetNamedColor"; ends with NULL. */
+    const char* const* unpatchable_functions;
+    /* Folders of the device that the process's sandbox denies it: what lies in them can be neither found, nor
+     * read, nor written; ends with NULL. They need not exist. */
+    const char* const* denied_folders;
 } sim_options;
 
 /* Switches the phone on: once per process. */
@@ -104,6 +124,13 @@ SIM_API const char* sim_class_name(const sim_library* library, size_t index);
 /* The processor time in seconds that the initialisers took when the library was loaded. Of an ELF build it is
  * the time of loading as a whole, which the dynamic linker does not divide. */
 SIM_API sim_status sim_initialiser_time(const sim_library* library, double* seconds);
+
+/* ---- Programs ------------------------------------------------------------------------------------------ */
+
+/* Runs a main executable, built for the device, that lies at a path of the device. The process claims to have
+ * the arguments, which end with NULL; the first is what it claims to be. A process that the program starts is
+ * a child of this one. What it writes goes to this process's standard output and error. */
+SIM_API sim_status sim_run(const char* device_path, const char* const* arguments, int* exit_status);
 
 /* ---- What the library installed ---------------------------------------------------------------------- */
 

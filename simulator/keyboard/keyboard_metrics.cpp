@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "device/device.h"
+#include "phone/device.h"
 
 namespace sim {
 namespace {

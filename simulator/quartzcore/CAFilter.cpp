@@ -14,8 +14,7 @@ struct Filter : objc::Implements<Filter, CAFilter> {
     };
 
     static CAFilter* filterWithType(Class self, NSString* type) {
-        auto filter = strong<Filter>::adopt(
-            objc::send<"init", Filter*>(objc::send<"alloc", id>(reinterpret_cast<id>(self))));
+        auto filter = objc::make<"init", Filter>(self);
         filter->ivars().type = type;
         filter->ivars().name = type;
         filter->ivars().values = NSMutableDictionary::alloc()->initWithCapacity(4);

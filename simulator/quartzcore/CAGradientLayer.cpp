@@ -36,7 +36,7 @@ struct GradientLayer : objc::Implements<GradientLayer, CAGradientLayer> {
 
   private:
     void draw_gradient(CGContextRef context) {
-        auto* self = static_cast<CAGradientLayer*>(this);
+        auto* self = this->self();
         NSArray* colors = self->colors();
         if (colors->count() == 0) return;
         const CGRect bounds = self->bounds();

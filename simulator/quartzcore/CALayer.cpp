@@ -15,10 +15,7 @@ namespace sim {
 using objc::strong;
 using namespace objc::literals;
 
-CALayer* Layer::layer(Class self) {
-    auto* made = objc::send<"alloc", CALayer*>(reinterpret_cast<id>(self));
-    return made->init().autoreleased();
-}
+CALayer* Layer::layer(Class self) { return objc::make<"init", CALayer>(self).autoreleased(); }
 
 strong<CALayer> Layer::init() {
     auto self = initialised_by_super<"init">();
@@ -32,16 +29,16 @@ strong<CALayer> Layer::init() {
 }
 
 void Layer::dealloc() {
-    static_cast<CALayer*>(this)->removeAllAnimations();
+    self()->removeAllAnimations();
     for (CALayer* sublayer : ivars().sublayers) static_cast<Layer*>(sublayer)->ivars().superlayer = nullptr;
 }
 
 // ---- Geometry -----------------------------------------------------------------------------------
 
-CGRect Layer::frame() { return bounding_box(to_superlayer(this), static_cast<CALayer*>(this)->bounds()); }
+CGRect Layer::frame() { return bounding_box(to_superlayer(this), self()->bounds()); }
 
 void Layer::setFrame(CGRect frame) {
-    auto* self = static_cast<CALayer*>(this);
+    auto* self = this->self();
     frame = standardized(frame);
     CGRect bounds = self->bounds();
     const auto back = inverted(self->affineTransform());
@@ -56,7 +53,7 @@ void Layer::setBounds(CGRect bounds) {
     note_change(this, LayerProperty::bounds);
     const bool resized = ivars().bounds.size != bounds.size;
     ivars().bounds = bounds;
-    if (resized) static_cast<CALayer*>(this)->setNeedsLayout();
+    if (resized) self()->setNeedsLayout();
 }
 
 void Layer::setPosition(CGPoint position) {
@@ -74,11 +71,9 @@ void Layer::setOpacity(float opacity) {
     ivars().opacity = opacity;
 }
 
-CGAffineTransform Layer::affineTransform() { return to_2d(static_cast<CALayer*>(this)->transform()); }
+CGAffineTransform Layer::affineTransform() { return to_2d(self()->transform()); }
 
-void Layer::setAffineTransform(CGAffineTransform transform) {
-    static_cast<CALayer*>(this)->setTransform(to_3d(transform));
-}
+void Layer::setAffineTransform(CGAffineTransform transform) { self()->setTransform(to_3d(transform)); }
 
 // ---- The tree -----------------------------------------------------------------------------------
 
@@ -94,7 +89,7 @@ void Layer::setSublayers(NSArray* layers) {
     while (!ivars().sublayers.empty()) ivars().sublayers.back()->removeFromSuperlayer();
     const NSUInteger count = layers->count();
     for (NSUInteger i = 0; i < count; ++i)
-        static_cast<CALayer*>(this)->addSublayer(static_cast<CALayer*>(layers->objectAtIndex(i)));
+        self()->addSublayer(static_cast<CALayer*>(layers->objectAtIndex(i)));
 }
 
 void Layer::addSublayer(CALayer* layer) { insert(layer, SIZE_MAX); }
@@ -131,7 +126,7 @@ void Layer::insert(CALayer* layer, size_t index) {
     auto& layers = ivars().sublayers;
     layers.insert(layers.begin() + static_cast<ptrdiff_t>(std::min(index, layers.size())), kept);
     static_cast<Layer*>(layer)->ivars().superlayer = this;
-    static_cast<CALayer*>(this)->setNeedsLayout();
+    self()->setNeedsLayout();
 }
 
 void Layer::forget(CALayer* sublayer) {
@@ -141,7 +136,7 @@ void Layer::forget(CALayer* sublayer) {
     static_cast<Layer*>(sublayer)->ivars().superlayer = nullptr;
     const strong<CALayer> last_breath = *found;  // it may go only when the list is whole again
     layers.erase(found);
-    static_cast<CALayer*>(this)->setNeedsLayout();
+    self()->setNeedsLayout();
 }
 
 void Layer::setFilters(NSArray* filters) {

@@ -66,7 +66,7 @@ void Layer::removeAnimationForKey(NSString* key) {
 void Layer::removeAllAnimations() { stop_animations(this, nullptr); }
 
 CALayer* Layer::presentationLayer() {
-    auto* self = static_cast<CALayer*>(this);
+    auto* self = this->self();
     auto shown =
         strong<CALayer>::adopt(objc::send<"new", CALayer*>(reinterpret_cast<id>(object_getClass(this))));
     shown->setAnchorPoint(self->anchorPoint());

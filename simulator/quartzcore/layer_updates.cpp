@@ -36,15 +36,15 @@ void Layer::layoutIfNeeded() {
 void Layer::layoutSublayers() {
     const auto delegate = ivars().delegate.get();
     if (delegate->respondsToSelector(objc::selector<"layoutSublayersOfLayer:">()))
-        delegate->send<"layoutSublayersOfLayer:">(static_cast<CALayer*>(this));
+        delegate->send<"layoutSublayersOfLayer:">(self());
 }
 
 void Layer::displayIfNeeded() {
-    if (ivars().needsDisplay) static_cast<CALayer*>(this)->display();
+    if (ivars().needsDisplay) self()->display();
 }
 
 void Layer::display() {
-    auto* self = static_cast<CALayer*>(this);
+    auto* self = this->self();
     ivars().needsDisplay = false;
     const auto delegate = ivars().delegate.get();
     if (delegate->respondsToSelector(objc::selector<"displayLayer:">())) {
@@ -64,7 +64,7 @@ void Layer::display() {
 void Layer::drawInContext(CGContextRef context) {
     const auto delegate = ivars().delegate.get();
     if (delegate->respondsToSelector(objc::selector<"drawLayer:inContext:">()))
-        delegate->send<"drawLayer:inContext:">(static_cast<CALayer*>(this), context);
+        delegate->send<"drawLayer:inContext:">(self(), context);
 }
 
 void Layer::renderInContext(CGContextRef context) {

@@ -116,4 +116,28 @@ FUNCTION objc_msgSendSuper2_stret
     jmp *%r11
 END_FUNCTION objc_msgSendSuper2_stret
 
+// The entries of trampolines.h, 16 bytes each: r11, which carries no argument, tells which.
+    .globl sim_trampolines, sim_trampolines_end
+    .hidden sim_trampolines, sim_trampolines_end
+FUNCTION sim_trampolines
+    .set number, 0
+    .rept 1024
+    .p2align 4
+    movl $number, %r11d
+    jmp sim_call_trampoline_target
+    .set number, number + 1
+    .endr
+    .p2align 4
+sim_trampolines_end:
+END_FUNCTION sim_trampolines
+
+FUNCTION sim_call_trampoline_target
+    .hidden sim_call_trampoline_target
+    SAVE_ARGUMENTS
+    movl %r11d, %edi
+    call sim_trampoline_target
+    RESTORE_ARGUMENTS
+    jmp *%r11
+END_FUNCTION sim_call_trampoline_target
+
     .section .note.GNU-stack, "", @progbits

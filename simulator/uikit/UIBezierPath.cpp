@@ -14,8 +14,7 @@ struct BezierPath : objc::Implements<BezierPath, UIBezierPath> {
     };
 
     static UIBezierPath* with(Class self, CGPathRef path) {
-        auto made = strong<BezierPath>::adopt(
-            objc::send<"init", BezierPath*>(objc::send<"alloc", id>(reinterpret_cast<id>(self))));
+        auto made = objc::make<"init", BezierPath>(self);
         made->ivars().path = strong<::CGPath>::adopt(const_cast<::CGPath*>(path));
         return strong<UIBezierPath>(made.get()).autoreleased();
     }
@@ -38,7 +37,7 @@ struct BezierPath : objc::Implements<BezierPath, UIBezierPath> {
     void fill() { CGContextFillPath(with_path()); }
     void stroke() {
         CGContextRef context = with_path();
-        CGContextSetLineWidth(context, static_cast<UIBezierPath*>(this)->lineWidth());
+        CGContextSetLineWidth(context, self()->lineWidth());
         CGContextStrokePath(context);
     }
     void addClip() { CGContextClip(with_path()); }

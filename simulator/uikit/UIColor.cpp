@@ -47,31 +47,29 @@ struct Color : objc::Implements<Color, UIColor> {
         return initWithCGColor(sim::pattern_color(image->CGImage()));
     }
 
-    static Color* alloc_of(Class self) { return objc::send<"alloc", Color*>(reinterpret_cast<id>(self)); }
     static UIColor* colorWithWhite(Class self, CGFloat white, CGFloat alpha) {
-        return alloc_of(self)->send<"initWithWhite:alpha:", strong<UIColor>>(white, alpha).autoreleased();
+        return objc::make<"initWithWhite:alpha:", UIColor>(self, white, alpha).autoreleased();
     }
     static UIColor* colorWithRGB(Class self, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha) {
-        return alloc_of(self)
-            ->send<"initWithRed:green:blue:alpha:", strong<UIColor>>(red, green, blue, alpha)
+        return objc::make<"initWithRed:green:blue:alpha:", UIColor>(self, red, green, blue, alpha)
             .autoreleased();
     }
     static UIColor* colorWithCGColor(Class self, CGColorRef color) {
-        return alloc_of(self)->send<"initWithCGColor:", strong<UIColor>>(color).autoreleased();
+        return objc::make<"initWithCGColor:", UIColor>(self, color).autoreleased();
     }
     static UIColor* colorWithPatternImage(Class self, UIImage* image) {
-        return alloc_of(self)->send<"initWithPatternImage:", strong<UIColor>>(image).autoreleased();
+        return objc::make<"initWithPatternImage:", UIColor>(self, image).autoreleased();
     }
 
     // White and alpha, made once.
     template <double white, double alpha>
     static UIColor* grey(Class) {
-        static UIColor* const color = alloc_of(class_object())->initWithWhite(white, alpha).leak();
+        static UIColor* const color = make<"initWithWhite:alpha:">(white, alpha).leak();
         return color;
     }
     template <double red, double green, double blue>
     static UIColor* rgb(Class) {
-        static UIColor* const color = alloc_of(class_object())->initWithRGB(red, green, blue, 1).leak();
+        static UIColor* const color = make<"initWithRed:green:blue:alpha:">(red, green, blue, 1.0).leak();
         return color;
     }
 
@@ -120,7 +118,7 @@ struct Color : objc::Implements<Color, UIColor> {
     void setFill() { CGContextSetFillColorWithColor(UIGraphicsGetCurrentContext(), core()); }
     void setStroke() { CGContextSetStrokeColorWithColor(UIGraphicsGetCurrentContext(), core()); }
     void set() {
-        auto* self = static_cast<UIColor*>(this);
+        auto* self = this->self();
         self->setFill();
         self->setStroke();
     }

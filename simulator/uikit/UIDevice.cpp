@@ -1,6 +1,6 @@
 // The one device: as it was booted.
-#include "device/device.h"
 #include "objc/class.h"
+#include "phone/device.h"
 #include "platform/uikit.h"
 
 namespace {
@@ -11,8 +11,7 @@ struct ThisDevice : objc::Implements<ThisDevice, UIDevice> {
     using Ivars = objc::NoIvars;
 
     static UIDevice* currentDevice(Class self) {
-        static auto* const device =
-            objc::send<"init", UIDevice*>(objc::send<"alloc", id>(reinterpret_cast<id>(self)));
+        static auto* const device = objc::make<"init", UIDevice>(self).leak();
         return device;
     }
 

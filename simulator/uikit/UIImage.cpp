@@ -46,24 +46,22 @@ struct Image : objc::Implements<Image, UIImage> {
         return initWithBytes(file ? file->bytes : std::span<const uint8_t>(), file ? file->scale : 1);
     }
 
-    static Image* alloc_of(Class self) { return objc::send<"alloc", Image*>(reinterpret_cast<id>(self)); }
     static UIImage* imageWithCGImage(Class self, CGImageRef image, CGFloat scale,
                                      UIImageOrientation orientation) {
-        return alloc_of(self)
-            ->send<"initWithCGImage:scale:orientation:", strong<UIImage>>(image, scale, orientation)
+        return objc::make<"initWithCGImage:scale:orientation:", UIImage>(self, image, scale, orientation)
             .autoreleased();
     }
     static UIImage* imageWithCGImageAlone(Class self, CGImageRef image) {
         return imageWithCGImage(self, image, 1, UIImageOrientationUp);
     }
     static UIImage* imageWithData(Class self, NSData* data) {
-        return alloc_of(self)->send<"initWithData:", strong<UIImage>>(data).autoreleased();
+        return objc::make<"initWithData:", UIImage>(self, data).autoreleased();
     }
     static UIImage* imageWithDataAndScale(Class self, NSData* data, CGFloat scale) {
-        return alloc_of(self)->send<"initWithData:scale:", strong<UIImage>>(data, scale).autoreleased();
+        return objc::make<"initWithData:scale:", UIImage>(self, data, scale).autoreleased();
     }
     static UIImage* imageWithContentsOfFile(Class self, NSString* path) {
-        return alloc_of(self)->send<"initWithContentsOfFile:", strong<UIImage>>(path).autoreleased();
+        return objc::make<"initWithContentsOfFile:", UIImage>(self, path).autoreleased();
     }
 
     // From the folder of the process's executable, which is its bundle.
@@ -109,7 +107,7 @@ struct Image : objc::Implements<Image, UIImage> {
 
     // ---- Drawing --------------------------------------------------------------------------------
 
-    void drawInRect(CGRect rect) { static_cast<UIImage*>(this)->drawInRect(rect, kCGBlendModeNormal, 1); }
+    void drawInRect(CGRect rect) { self()->drawInRect(rect, kCGBlendModeNormal, 1); }
 
     void drawInRectBlended(CGRect rect, CGBlendMode mode, CGFloat alpha) {
         CGContextRef context = UIGraphicsGetCurrentContext();
@@ -126,7 +124,7 @@ struct Image : objc::Implements<Image, UIImage> {
     }
 
     void drawAtPoint(CGPoint point) {
-        auto* self = static_cast<UIImage*>(this);
+        auto* self = this->self();
         self->drawInRect({point, self->size()});
     }
 

@@ -32,7 +32,7 @@ struct ImageView : objc::Implements<ImageView, UIImageView> {
         const bool resized = ivars().image->size() != image->size();
         ivars().image = image;
         show();
-        if (resized) static_cast<UIView*>(this)->invalidateIntrinsicContentSize();
+        if (resized) self()->invalidateIntrinsicContentSize();
     }
 
     void tintColorDidChange() {
@@ -50,7 +50,7 @@ struct ImageView : objc::Implements<ImageView, UIImageView> {
     bool is_template() { return ivars().image->renderingMode() == UIImageRenderingModeAlwaysTemplate; }
 
     void show() {
-        auto* self = static_cast<UIImageView*>(this);
+        auto* self = this->self();
         UIImage* image = upright(ivars().image);
         strong<::CGImage> contents = image->CGImage();
         if (is_template()) contents = sim::tinted(contents, self->tintColor()->CGColor());

@@ -44,12 +44,12 @@ struct Label : objc::Implements<Label, UILabel> {
     UIColor* textColor() { return ivars().textColor; }
     void setTextColor(UIColor* color) {
         ivars().textColor = color ? color : UIColor::blackColor();
-        static_cast<UIView*>(this)->setNeedsDisplay();
+        self()->setNeedsDisplay();
     }
     NSTextAlignment textAlignment() { return ivars().textAlignment; }
     void setTextAlignment(NSTextAlignment alignment) {
         ivars().textAlignment = alignment;
-        static_cast<UIView*>(this)->setNeedsDisplay();
+        self()->setNeedsDisplay();
     }
     NSInteger numberOfLines() { return ivars().numberOfLines; }
     void setNumberOfLines(NSInteger lines) {
@@ -66,36 +66,36 @@ struct Label : objc::Implements<Label, UILabel> {
         content_changed();
     }
 
-    void drawRect(CGRect) { send<"drawTextInRect:">(static_cast<UIView*>(this)->bounds()); }
+    void drawRect(CGRect) { send<"drawTextInRect:">(self()->bounds()); }
 
     // In the middle of the height.
     void drawTextInRect(CGRect rect) {
-        auto* self = static_cast<UILabel*>(this);
+        auto* self = this->self();
         const sim::TextLayout layout(self->text(), self->font(), box(rect.size.width));
         const CGFloat top = rect.origin.y + (rect.size.height - layout.size().height) / 2;
         layout.draw(UIGraphicsGetCurrentContext(), {rect.origin.x, top}, self->textColor()->CGColor());
     }
 
     CGSize sizeThatFits(CGSize size) {
-        auto* self = static_cast<UILabel*>(this);
+        auto* self = this->self();
         const bool one_line = self->numberOfLines() == 1 || !(size.width > 0);
         const CGSize exact =
             sim::TextLayout(self->text(), self->font(), one_line ? sim::TextBox{} : box(size.width)).size();
         if (!self->text()->length()) return {0, 0};
         return {std::ceil(exact.width), std::ceil(exact.height)};
     }
-    CGSize intrinsicContentSize() { return static_cast<UIView*>(this)->sizeThatFits({}); }
+    CGSize intrinsicContentSize() { return self()->sizeThatFits({}); }
 
   private:
     static constexpr CGFloat default_font_size = 17;
 
     void content_changed() {
-        static_cast<UIView*>(this)->setNeedsDisplay();
-        static_cast<UIView*>(this)->invalidateIntrinsicContentSize();
+        self()->setNeedsDisplay();
+        self()->invalidateIntrinsicContentSize();
     }
 
     sim::TextBox box(CGFloat width) {
-        auto* self = static_cast<UILabel*>(this);
+        auto* self = this->self();
         return {.width = width, .lines = self->numberOfLines(), .alignment = self->textAlignment()};
     }
 };

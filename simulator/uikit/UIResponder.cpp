@@ -15,7 +15,7 @@ struct Responder : objc::Implements<Responder, UIResponder> {
     bool canResignFirstResponder() { return true; }
 
     bool becomeFirstResponder() {
-        auto* self = static_cast<UIResponder*>(this);
+        auto* self = this->self();
         if (self->isFirstResponder()) return true;
         if (!self->canBecomeFirstResponder()) return false;
         if (auto* view = as<UIView>(self); view && !view->window()) return false;
@@ -26,7 +26,7 @@ struct Responder : objc::Implements<Responder, UIResponder> {
     }
 
     bool resignFirstResponder() {
-        auto* self = static_cast<UIResponder*>(this);
+        auto* self = this->self();
         if (!self->isFirstResponder()) return true;
         if (!self->canResignFirstResponder()) return false;
         sim::set_first_responder(nullptr);
@@ -35,7 +35,7 @@ struct Responder : objc::Implements<Responder, UIResponder> {
 
     template <objc::Name Selector>
     void pass_on(NSSet* touches, UIEvent* event) {
-        static_cast<UIResponder*>(this)->nextResponder()->send<Selector>(touches, event);
+        self()->nextResponder()->send<Selector>(touches, event);
     }
 };
 

@@ -1,6 +1,6 @@
 // The one screen: the booted device's.
-#include "device/device.h"
 #include "objc/class.h"
+#include "phone/device.h"
 #include "platform/uikit.h"
 
 namespace {
@@ -9,8 +9,7 @@ struct Screen : objc::Implements<Screen, UIScreen> {
     using Ivars = objc::NoIvars;
 
     static UIScreen* mainScreen(Class self) {
-        static auto* const screen =
-            objc::send<"init", UIScreen*>(objc::send<"alloc", id>(reinterpret_cast<id>(self)));
+        static auto* const screen = objc::make<"init", UIScreen>(self).leak();
         return screen;
     }
 

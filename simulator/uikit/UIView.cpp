@@ -16,7 +16,7 @@ using namespace objc::literals;
 
 Class View::layerClass(Class) { return CALayer::class_object(); }
 
-strong<UIView> View::init() { return static_cast<UIView*>(this)->initWithFrame({}); }
+strong<UIView> View::init() { return self()->initWithFrame({}); }
 
 strong<UIView> View::initWithFrame(CGRect frame) {
     auto self = initialised_by_super<"init">();
@@ -64,7 +64,7 @@ void View::setBounds(CGRect bounds) {
 }
 
 void View::resized_from(CGSize old) {
-    auto* self = static_cast<UIView*>(this);
+    auto* self = this->self();
     const CGSize size = self->bounds().size;
     if (size == old) return;
     if (self->autoresizesSubviews()) {
@@ -93,14 +93,14 @@ CGRect View::convertRectFromView(CGRect rect, UIView* view) {
 }
 
 bool View::pointInside(CGPoint point, UIEvent*) {
-    const auto [origin, size] = static_cast<UIView*>(this)->bounds();
+    const auto [origin, size] = self()->bounds();
     return point.x >= origin.x && point.x < origin.x + size.width && point.y >= origin.y &&
            point.y < origin.y + size.height;
 }
 
 UIView* View::hitTest(CGPoint point, UIEvent* event) {
     constexpr CGFloat visible = 0.01;
-    auto* self = static_cast<UIView*>(this);
+    auto* self = this->self();
     if (self->isHidden() || !self->isUserInteractionEnabled() || self->alpha() < visible ||
         !self->pointInside(point, event))
         return nullptr;
@@ -113,7 +113,7 @@ UIView* View::hitTest(CGPoint point, UIEvent* event) {
 }
 
 void View::sizeToFit() {
-    auto* self = static_cast<UIView*>(this);
+    auto* self = this->self();
     const CGRect frame = self->frame();
     self->setFrame({frame.origin, self->sizeThatFits(self->bounds().size)});
 }
@@ -171,7 +171,7 @@ void View::layoutSublayersOfLayer(CALayer* layer) {
     UIViewController* controller = ivars().controller;
     controller->viewWillLayoutSubviews();
     place_subviews(this);
-    static_cast<UIView*>(this)->layoutSubviews();
+    self()->layoutSubviews();
     controller->viewDidLayoutSubviews();
 }
 
@@ -180,7 +180,7 @@ bool View::draws_itself() {
     constexpr auto draw = objc::selector<"drawRect:">;
     return class_getMethodImplementation(object_getClass(this), draw()) !=
                class_getMethodImplementation(UIView::class_object(), draw()) ||
-           static_cast<NSObject*>(this)->respondsToSelector(objc::selector<"displayLayer:">());
+           self()->respondsToSelector(objc::selector<"displayLayer:">());
 }
 
 void View::setNeedsDisplay() {
@@ -189,7 +189,7 @@ void View::setNeedsDisplay() {
 
 void View::drawLayer(CALayer* layer, CGContextRef context) {
     if (layer != ivars().layer) return;
-    auto* self = static_cast<UIView*>(this);
+    auto* self = this->self();
     UIGraphicsPushContext(context);
     self->drawRect(self->bounds());
     UIGraphicsPopContext();
@@ -198,7 +198,7 @@ void View::drawLayer(CALayer* layer, CGContextRef context) {
 bool View::drawViewHierarchyInRect(CGRect rect, bool) {
     CGContextRef context = UIGraphicsGetCurrentContext();
     if (!context) return false;
-    auto* self = static_cast<UIView*>(this);
+    auto* self = this->self();
     self->layoutIfNeeded();
     const CGRect bounds = self->bounds();
     CGContextSaveGState(context);

@@ -43,7 +43,7 @@ struct View : objc::Implements<View, UIView> {
     CALayer* layer() { return ivars().layer; }
     UIResponder* nextResponder() {
         if (ivars().controller) return ivars().controller;
-        return static_cast<UIView*>(this)->superview();
+        return self()->superview();
     }
 
     // Geometry
@@ -61,7 +61,7 @@ struct View : objc::Implements<View, UIView> {
     CGRect convertRectFromView(CGRect rect, UIView* view);
     bool pointInside(CGPoint point, UIEvent* event);
     UIView* hitTest(CGPoint point, UIEvent* event);
-    CGSize sizeThatFits(CGSize) { return static_cast<UIView*>(this)->bounds().size; }
+    CGSize sizeThatFits(CGSize) { return self()->bounds().size; }
     void sizeToFit();
 
     // Appearance, kept by the layer

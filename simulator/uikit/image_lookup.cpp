@@ -5,7 +5,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "device/file_system.h"
+#include "phone/file_system.h"
 
 namespace sim {
 namespace {

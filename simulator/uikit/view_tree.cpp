@@ -81,7 +81,7 @@ void View::sendSubviewToBack(UIView* view) {
 void View::removeFromSuperview() {
     auto* above = static_cast<View*>(ivars().superview);
     if (!above) return;
-    auto* self = static_cast<UIView*>(this);
+    auto* self = this->self();
     const strong<UIView> kept = self;
     const bool leaves_window = self->window() != nullptr;
     if (leaves_window) give_up_first_responder_in(self);
@@ -104,7 +104,7 @@ size_t View::index_of(UIView* subview) {
 // A view that is here already only changes its place. Another one is taken out of its superview first.
 void View::insert(UIView* view, size_t index) {
     if (!view) return;
-    auto* self = static_cast<UIView*>(this);
+    auto* self = this->self();
     if (self->isDescendantOfView(view)) not_modelled("UIView", "addSubview:", "a view in its own tree");
     const strong<UIView> kept = view;
     auto& subviews = ivars().subviews;
@@ -137,7 +137,7 @@ void View::place_layer(UIView* view, size_t index) {
     auto& subviews = ivars().subviews;
     index = std::min(index, subviews.size());
     subviews.insert(subviews.begin() + static_cast<ptrdiff_t>(index), view);
-    CALayer* layer = static_cast<UIView*>(this)->layer();
+    CALayer* layer = self()->layer();
     for (size_t next = index + 1; next < subviews.size(); ++next) {
         CALayer* above = subviews[next]->layer();
         if (above->superlayer() == layer) return layer->insertSublayerBelow(view->layer(), above);

@@ -1,5 +1,5 @@
 // What the client knows of the library: written from docs/contract.md alone, as someone would who has the
-// page and the dylib. Nothing of src/ is included here, so that both can be wrong together only where the
+// page and the dylib. Nothing of library/ is included here, so that both can be wrong together only where the
 // page is. What is declared is in use.
 #pragma once
 #include "system.h"

@@ -46,8 +46,11 @@ UIKBBackdropView* backdrop(const char* class_name, NSUInteger type) {
     return made_view;
 }
 
+/// With all three pieces.
 UIKBInputBackdropView* input_backdrop() {
-    return static_cast<UIKBInputBackdropView*>(made<"initWithFrame:">("UIKBInputBackdropView", frame));
+    auto* view = static_cast<UIKBInputBackdropView*>(made<"initWithFrame:">("UIKBInputBackdropView", frame));
+    view->layoutToSplit(frame, frame, 0);
+    return view;
 }
 
 std::string name_of_class(id object) { return object ? object_getClassName(object) : "nil"; }
@@ -226,7 +229,7 @@ const std::map<std::string, RowProbe>& row_probes() {
         {"+[UIKBRenderConfig backdropStyleForStyle:quality:]",
          {{}, [] { return UIKBRenderConfig::backdropStyle(0, 100) == -2; }}},
         {"-[UIKBRenderConfig lightKeyboard]",
-         {{}, [] { return !static_cast<UIKBRenderConfig*>(made("UIKBRenderConfig"))->lightKeyboard(); }}},
+         {{}, [] { return !UIKBRenderConfig::defaultConfig()->lightKeyboard(); }}},
         {"+[UIKBGradient gradientWithFlatColor:]",
          {{}, [] { return is_highlight(UIKBGradient::gradientWithFlatColor(blue_key())->flatColorName()); }}},
         {"+[UIKBGradient gradientWithName:]",

@@ -46,7 +46,9 @@ TEST_F(LayoutTest, SegmentsSectionsAndLibrariesAreThoseOfTheFile) {
     EXPECT_EQ(layout.section("__common")->type, macho::SectionType::zero_fill);
     EXPECT_EQ(layout.section("__nothing"), nullptr);
 
-    EXPECT_THAT(layout.libraries, ElementsAre("/test/libhost.dylib"));
+    ASSERT_EQ(layout.libraries.size(), 1u);
+    EXPECT_EQ(layout.libraries[0].install_name, "/test/libhost.dylib");
+    EXPECT_EQ(layout.libraries[0].compatibility_version, 0x00010203u);
     EXPECT_EQ(layout.install_name, "/test/plain.dylib");
     EXPECT_EQ(layout.minimum_version, 0x000c0000u);
     EXPECT_EQ(layout.platform, macho::kPlatformIos);

@@ -27,7 +27,7 @@ inline macho::Layout two_segments() {
                         .readable = true,
                         .writable = true,
                         .executable = false}};
-    layout.libraries = {"/first", "/second"};
+    layout.libraries = {{"/first", 0}, {"/second", 0}};
     return layout;
 }
 

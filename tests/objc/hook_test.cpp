@@ -57,8 +57,8 @@ class Hooks : public testing::Test {
     static void install(const objc::HookRow& row) {
         Class type = objc_getClass(row.class_name);
         if (row.side == objc::Side::on_class) type = object_getClass(reinterpret_cast<id>(type));
-        if (row.added_types)
-            class_addMethod(type, row.selector(), row.replacement(), row.added_types);
+        if (row.adds)
+            class_addMethod(type, row.selector(), row.replacement(), row.types);
         else
             MSHookMessageEx(type, row.selector(), row.replacement(), row.previous);
     }
@@ -112,7 +112,7 @@ TEST_F(Hooks, EachRowKeepsItsOwnPrevious) {
 
 TEST_F(Hooks, AddsAMethodWithItsTypes) {
     constexpr auto row = hook<"-[HCLane triple:]", adds<added>>;
-    EXPECT_STREQ(row.added_types, "q@:q");
+    EXPECT_STREQ(row.types, "q@:q");
     install(row);
     EXPECT_EQ((objc::send<"triple:", NSInteger>(lane, NSInteger{14})), 42);
 }

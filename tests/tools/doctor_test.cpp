@@ -46,9 +46,10 @@ class Doctor : public Command {
         EXPECT_EQ(run.err, "huecraft: " + line + "\n");
     }
     static constexpr const char* forms =
-        "expected \"class Name : Superclass\", \"-[Class selector]\", \"+[Class selector]\", \"variable "
-        "Class "
-        "name\" or \"function name\"";
+        "expected \"class Name : Superclass\", \"-[Class selector] types\", \"+[Class selector] types\", "
+        "\"variable Class name type\", \"function name\", \"system version\", \"unrecorded class Name\", "
+        "\"unrecorded methods Name\", \"unrecorded functions\", \"hook method took effect\" or \"hook method "
+        "had no effect\"";
 };
 
 using Targets = std::vector<std::string>;
@@ -173,12 +174,37 @@ TEST_F(Doctor, TheDescriptionMayComeFromStandardInput) {
 }
 
 TEST_F(Doctor, ALineThatIsNoFactIsNamedWithItsNumber) {
-    for (const std::string line :
-         {"UIKBEdgeEffect", "class",        "class A B",  "class A :",      "class A : B : C",
-          "class 1A",       "class :",      "variable A", "variable A b c", "variable A :",
-          "function",       "function a b", "-[A]",       "-[A ]",          "-[A b c]",
-          "-[A  b]",        "-[A b",        "*[A b]",     "-[A b:c]",       "-[A b\x1b:]",
-          "[A b]",          "method A b",   "-[A :b]"})
+    for (const std::string line : {"UIKBEdgeEffect",
+                                   "class",
+                                   "class A B",
+                                   "class A :",
+                                   "class A : B : C",
+                                   "class 1A",
+                                   "class :",
+                                   "variable A",
+                                   "variable A :",
+                                   "system",
+                                   "function",
+                                   "function a b",
+                                   "-[A]",
+                                   "-[A ]",
+                                   "-[A b c]",
+                                   "-[A  b]",
+                                   "-[A b",
+                                   "*[A b]",
+                                   "-[A b:c]",
+                                   "-[A b\x1b:]",
+                                   "[A b]",
+                                   "method A b",
+                                   "-[A :b]",
+                                   "unrecorded",
+                                   "unrecorded class",
+                                   "unrecorded class A B",
+                                   "unrecorded functions f",
+                                   "hook",
+                                   "hook -[A b]",
+                                   "hook -[A b] took no effect",
+                                   "hook -[A] took effect"})
         expect_refused("class A\n\n" + line + "\n-[A b]\n",
                        "device.txt:3: found \"" + (line.find('\x1b') == line.npos ? line : "-[A b\\x1b:]") +
                            "\"; " + forms);
@@ -189,6 +215,27 @@ TEST_F(Doctor, SelectorsOfEveryShapeAreRead) {
                   .at("summary")
                   .at("wouldInstall"),
               45);
+}
+
+TEST_F(Doctor, TypesThatDoNotFitTheSelectorAreRefused) {
+    for (const std::string types : {"v@:", "v@:@@", "v", "@", "v@:Z", "v@:{A=d", "@@@@", "v@: @", "v@:@\"A"})
+        expect_refused("-[A b:] " + types + "\n",
+                       "device.txt:1: found the types \"" + types +
+                           "\" of -[A b:]; expected a result, \"@:\" and 1 argument");
+    expect_refused("-[A b:] v@:" + std::string(5000, '^') + "\n",
+                   "device.txt:1: found the types \"v@:" + std::string(77, '^') +
+                       "…\" of -[A b:]; expected a result, \"@:\" and 1 argument");
+}
+
+TEST_F(Doctor, WhatIsToldInTwoWaysIsRefused) {
+    expect_refused("-[A b:] v@:d\n-[A b:]\n-[A b:] v24@0:8d16\n-[A b:] v@:f\n",
+                   "device.txt:4: found the types \"v@:f\" of -[A b:]; expected \"v@:d\", as before");
+    expect_refused("variable A b d\nvariable A b @\n",
+                   "device.txt:2: found the types \"@\" of A b; expected \"d\", as before");
+    expect_refused("system 12.4\nsystem 12.1\n",
+                   "device.txt:2: found the version \"12.1\" of the system; expected \"12.4\", as before");
+    expect_refused("hook f took effect\nhook f had no effect\n",
+                   "device.txt:2: found both effects of the hook of f; expected one");
 }
 
 TEST_F(Doctor, TwoSuperclassesOfOneClassAreRefused) {

@@ -14,8 +14,8 @@ using PackageCheck = PackageTree;
 TEST_F(PackageCheck, WhatIsBuiltPasses) {
     const Outcome run = this->run({"package-check", PACKAGE_FILE});
     EXPECT_EQ(run.status, 0) << run.out << run.err;
-    EXPECT_EQ(lines(run.out), 14u) << run.out;
-    EXPECT_TRUE(run.out.starts_with(PACKAGE_FILE ": sound; 13 checks passed\n")) << run.out;
+    EXPECT_EQ(lines(run.out), 15u) << run.out;
+    EXPECT_TRUE(run.out.starts_with(PACKAGE_FILE ": sound; 14 checks passed\n")) << run.out;
     EXPECT_EQ(run.out.find("not ok"), run.out.npos) << run.out;
 }
 
@@ -57,11 +57,82 @@ TEST_F(PackageCheck, AChangedByteInTheCodeIsAnotherPageHash) {
     bytes[0x5123] ^= 1;
     write(dylib, bytes);
     // As many pages as the sound package has.
-    const std::string sound = this->run({"package-check", PACKAGE_FILE}).out, before = "signature: ad hoc, ";
+    const std::string sound = this->run({"package-check", PACKAGE_FILE}).out,
+                      before = "signature: SHA-1, SHA-256, ";
     const size_t at = sound.find(before) + before.size();
     const std::string pages = sound.substr(at, sound.find(' ', at) - at);
-    expect_only(checked(), "signature: found 1 of " + pages +
-                               " pages have another hash than the signature says, the first at 0x5000");
+    const std::string found = "found LC_CODE_SIGNATURE: 1 of " + pages + " pages have another ",
+                      where = " than signed (found the first at 0x5000, expected none)";
+    expect_only(checked(), "signature: " + found + "SHA-1" + where + "; " + found + "SHA-256" + where);
+}
+
+/// Where the signature's lists of hashes begin: the one of SHA-1, then the one of SHA-256.
+std::vector<size_t> directories_in(const std::string& bytes) {
+    std::vector<size_t> found;
+    const std::string magic = "\xfa\xde\x0c\x02";
+    for (size_t at = bytes.find(magic); at != bytes.npos; at = bytes.find(magic, at + 1)) found.push_back(at);
+    return found;
+}
+
+TEST_F(PackageCheck, AWrongHashInEitherListIsFound) {
+    unpack();
+    const std::string whole = read(dylib);
+    const std::vector<size_t> lists = directories_in(whole);
+    ASSERT_EQ(lists.size(), 2u);
+    for (const auto& [list, name] : {std::pair{lists[0], "SHA-1"}, {lists[1], "SHA-256"}}) {
+        std::string bytes = whole;
+        bytes[list + 200] ^= 1;
+        write(dylib, bytes);
+        const Outcome run = checked();
+        EXPECT_EQ(run.status, 1);
+        EXPECT_NE(run.out.find("not ok signature: found LC_CODE_SIGNATURE: 1 of "), run.out.npos) << run.out;
+        EXPECT_NE(
+            run.out.find(std::string(" pages have another ") + name + " than signed (found the first at "),
+            run.out.npos)
+            << run.out;
+    }
+}
+
+TEST_F(PackageCheck, ASignatureMarkedAsAdHocIsFound) {
+    unpack();
+    std::string bytes = read(dylib);
+    bytes.at(directories_in(bytes).at(0) + 15) |= 2;
+    write(dylib, bytes);
+    expect_only(checked(), "signature: found SHA-1 CodeDirectory flags 0x2, expected 0x0");
+}
+
+TEST_F(PackageCheck, ChangedRequirementsAreFound) {
+    unpack();
+    std::string bytes = read(dylib);
+    bytes.at(bytes.find("\xfa\xde\x0c\x01") + 11) = 1;
+    write(dylib, bytes);
+    const Outcome run = checked();
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(
+        run.out.find("not ok signature: found LC_CODE_SIGNATURE: the requirements have another SHA-1 than "
+                     "signed"),
+        run.out.npos)
+        << run.out;
+}
+
+TEST_F(PackageCheck, TheLinkersOwnSignatureIsFound) {
+    unpack();
+    build({.signing = SmallDylib::by_the_linker});
+    expect_only(
+        checked(),
+        "signature: found CodeDirectories of SHA-256, expected SHA-1, SHA-256; "
+        "found SHA-256 CodeDirectory version 0x20400, expected 0x20200; "
+        "found SHA-256 CodeDirectory flags 0x20002, expected 0x0; "
+        "found LC_CODE_SIGNATURE: no requirements (found nothing, expected a set of them and its SHA-256)");
+}
+
+TEST_F(PackageCheck, AnotherIdentifierInTheSignatureIsFound) {
+    unpack();
+    build({.identifier = "other.dylib"});
+    expect_only(checked(),
+                "signature: found SHA-1 CodeDirectory identifier \"other.dylib\", expected "
+                "\"HuecraftiOS12.dylib\"; found SHA-256 CodeDirectory identifier \"other.dylib\", expected "
+                "\"HuecraftiOS12.dylib\"");
 }
 
 TEST_F(PackageCheck, NoChangedByteOfTheDylibGoesUnnoticed) {
@@ -80,7 +151,7 @@ TEST_F(PackageCheck, NoChangedByteOfTheDylibGoesUnnoticed) {
     const Outcome run = this->run(arguments);
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(lines(run.out), 40u * 14) << run.out;
+    EXPECT_EQ(lines(run.out), 40u * 15) << run.out;
     EXPECT_EQ(run.out.find("sound"), run.out.npos) << run.out;
 }
 
@@ -145,6 +216,28 @@ TEST_F(PackageCheck, ALibraryThatNoStubIsOfIsFound) {
     expect_only(checked(), "imports: links with /usr/lib/libz.1.dylib, which device/stubs has not");
 }
 
+TEST_F(PackageCheck, ALibraryVersionThatTheSystemHasNotIsFound) {
+    unpack();
+    write("small.tbd",
+          "--- !tapi-tbd\ntbd-version: 4\ntargets: [ arm64-ios ]\n"
+          "install-name: '/Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate'\n"
+          "compatibility-version: 1\n...\n");
+    build({});
+    expect_only(checked(),
+                "library versions: LC_LOAD_DYLIB asks for version 1.0 of "
+                "/Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate, expected at most 0.0");
+}
+
+TEST_F(PackageCheck, ALibraryMayBeAskedForInAnOlderVersion) {
+    unpack();
+    write("small.tbd",
+          "--- !tapi-tbd\ntbd-version: 4\ntargets: [ arm64-ios ]\n"
+          "install-name: '/System/Library/Frameworks/Foundation.framework/Foundation'\n"
+          "compatibility-version: 299.255.255\n...\n");
+    build({});
+    EXPECT_EQ(checked().status, 0);
+}
+
 TEST_F(PackageCheck, ChainedFixUpsAreFound) {
     unpack();
     build({.minimum = "13.4", .fix_ups = "-fixup_chains"});
@@ -170,7 +263,7 @@ TEST_F(PackageCheck, AnotherInstallNameIsFound) {
 
 TEST_F(PackageCheck, AMissingSignatureIsFound) {
     unpack();
-    build({.signing = "-no_adhoc_codesign"});
+    build({.signing = SmallDylib::not_at_all});
     expect_only(checked(), "signature: found no signature (expected the load command LC_CODE_SIGNATURE)");
 }
 
@@ -359,7 +452,7 @@ TEST_F(PackageCheck, APackageCutAnywhereIsRefusedInOneLine) {
     const Outcome run = this->run(arguments);
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(lines(run.err), 64u) << run.err;
-    EXPECT_EQ(lines(run.out), 14u) << run.out;
+    EXPECT_EQ(lines(run.out), 15u) << run.out;
 }
 
 TEST_F(PackageCheck, ATruncatedPackageIsNamed) {

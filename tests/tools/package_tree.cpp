@@ -58,10 +58,15 @@ void PackageTree::build(const SmallDylib& wanted) const {
     const std::string more = exists("small.tbd") ? " small.tbd" : "";
     shell("'" DEVICE_COMPILER "' -target arm64-apple-ios12.0 -c small.s -o small.o");
     shell("'" DEVICE_LINKER "' -dylib -arch arm64 -platform_version ios " + wanted.minimum + " " +
-          wanted.minimum + " " + wanted.fix_ups + " " + wanted.signing + " -no_data_const -install_name " +
-          wanted.install_name + " -exported_symbols_list small.exports -o '" + dylib +
-          "' small.o '" DEVICE_FOLDER "/stubs/libobjc.tbd' '" DEVICE_FOLDER "/stubs/libSystem.tbd'" + more +
-          " && chmod 644 '" + dylib + "'");
+          wanted.minimum + " " + wanted.fix_ups +
+          (wanted.signing == SmallDylib::not_at_all ? " -no_adhoc_codesign" : " -adhoc_codesign") +
+          " -no_data_const -install_name " + wanted.install_name +
+          " -exported_symbols_list small.exports -o HuecraftiOS12.dylib small.o '" DEVICE_FOLDER
+          "/stubs/libobjc.tbd' '" DEVICE_FOLDER "/stubs/libSystem.tbd'" +
+          more);
+    shell(wanted.signing == SmallDylib::as_installers_do
+              ? "'" SIGN_SLICE "' HuecraftiOS12.dylib " + wanted.identifier + " '" + dylib + "'"
+              : "cat HuecraftiOS12.dylib > '" + std::string(dylib) + "'");
 }
 
 void expect_only(const Outcome& run, const std::string& line) {

@@ -37,7 +37,8 @@ class PackageTree : public Command {
         std::string minimum = "12.0";
         std::string install_name = "/Library/MobileSubstrate/DynamicLibraries/HuecraftiOS12.dylib";
         std::string fix_ups = "-no_fixup_chains";
-        std::string signing = "-adhoc_codesign";
+        std::string identifier = "HuecraftiOS12.dylib";
+        enum { as_installers_do, by_the_linker, not_at_all } signing = as_installers_do;
     };
     /// Builds it into the tree, in place of the dylib.
     void build(const SmallDylib& wanted) const;

@@ -6,13 +6,9 @@ namespace {
 
 constexpr NSUInteger utf8_encoding = 4;
 
-NSObject* allocated(const char* class_name) {
-    return objc::send<"alloc", NSObject*>(reinterpret_cast<id>(objc_getClass(class_name)));
-}
-
 template <objc::Name Initializer, class... Arguments>
 Value made(const char* class_name, Arguments... arguments) {
-    return allocated(class_name)->send<Initializer, Value>(arguments...);
+    return objc::make<Initializer, NSObject>(objc_getClass(class_name), arguments...);
 }
 
 }  // namespace

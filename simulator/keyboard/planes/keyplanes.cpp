@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "device/device.h"
 #include "keyboard/names/key_names.h"
 #include "keyboard/planes/key_kind.h"
+#include "phone/device.h"
 
 namespace sim {
 namespace {

@@ -5,8 +5,8 @@
 #include <cmath>
 #include <map>
 
-#include "device/device.h"
 #include "keyboard/planes/key_kind.h"
+#include "phone/device.h"
 
 namespace sim {
 namespace {

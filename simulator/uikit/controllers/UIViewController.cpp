@@ -37,7 +37,7 @@ struct ViewController : objc::Implements<ViewController, UIViewController> {
     // ---- The view -------------------------------------------------------------------------------
 
     UIView* view() {
-        auto* self = static_cast<UIViewController*>(this);
+        auto* self = this->self();
         if (!ivars().view) {
             self->loadView();
             if (!ivars().view) sim::not_modelled("UIViewController", "loadView", "it made no view");
@@ -54,7 +54,7 @@ struct ViewController : objc::Implements<ViewController, UIViewController> {
     void loadView() {
         auto view = UIView::alloc()->initWithFrame(UIScreen::mainScreen()->bounds());
         view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-        static_cast<UIViewController*>(this)->setView(view);
+        self()->setView(view);
     }
     void heard() {}
     void heard_of(bool) {}
@@ -67,7 +67,7 @@ struct ViewController : objc::Implements<ViewController, UIViewController> {
     UIViewController* presentingViewController() { return ivars().presenting; }
 
     void presentViewController(UIViewController* controller, bool animated, id completion) {
-        auto* self = static_cast<UIViewController*>(this);
+        auto* self = this->self();
         if (!controller)
             sim::not_modelled("UIViewController", "presentViewController:animated:completion:",
                               "nil, for which the device raises");
@@ -92,7 +92,7 @@ struct ViewController : objc::Implements<ViewController, UIViewController> {
     }
 
     void dismissViewController(bool animated, id completion) {
-        auto* self = static_cast<UIViewController*>(this);
+        auto* self = this->self();
         if (!ivars().presented) {
             if (UIViewController* presenting = self->presentingViewController())
                 presenting->dismissViewController(animated, completion);

@@ -19,7 +19,7 @@ struct Window : objc::Implements<Window, UIWindow> {
             old->view()->removeFromSuperview();
         ivars().rootViewController = controller;
         if (!controller) return;
-        auto* self = static_cast<UIView*>(this);
+        auto* self = this->self();
         UIView* view = controller->view();
         view->setFrame(self->bounds());
         view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);

@@ -56,7 +56,7 @@ struct Button : objc::Implements<Button, UIButton> {
         if (UIColor* own = content(state, &StateContent::titleColor)) return own;
         if (!is_system()) return UIColor::whiteColor();
         if (state & UIControlStateDisabled) return UIColor::colorWithWhite(0.6, 1);
-        return static_cast<UIView*>(this)->tintColor();
+        return self()->tintColor();
     }
     void setTitleColor(UIColor* color, UIControlState state) {
         ivars().contents[state].titleColor = color;
@@ -85,21 +85,21 @@ struct Button : objc::Implements<Button, UIButton> {
     UILabel* titleLabel() {
         auto& label = ivars().titleLabel;
         if (!label) {
-            label = objc::adopt(static_cast<UILabel*>(UILabel::alloc()->initWithFrame({}).leak()));
+            label = UILabel::make<"initWithFrame:">(CGRect{});
             label->setFont(UIFont::systemFontOfSize(is_system() ? system_font_size : custom_font_size));
             label->setTextAlignment(NSTextAlignmentCenter);
-            static_cast<UIView*>(this)->addSubview(label);
+            self()->addSubview(label);
         }
         return label;
     }
     UIImageView* imageView() {
         auto& view = ivars().imageView;
         if (!view) {
-            view = objc::adopt(static_cast<UIImageView*>(UIImageView::alloc()->initWithFrame({}).leak()));
+            view = UIImageView::make<"initWithFrame:">(CGRect{});
             if (ivars().titleLabel)
-                static_cast<UIView*>(this)->insertSubviewBelow(view, ivars().titleLabel);
+                self()->insertSubviewBelow(view, ivars().titleLabel);
             else
-                static_cast<UIView*>(this)->addSubview(view);
+                self()->addSubview(view);
         }
         return view;
     }
@@ -165,7 +165,6 @@ struct Button : objc::Implements<Button, UIButton> {
     /// image's.
     static constexpr CGFloat pressed_alpha = 0.2, dark = 0.5, disabled_alpha = 0.5;
 
-    UIButton* self() { return this; }
     bool is_system() { return ivars().buttonType == UIButtonTypeSystem; }
     static CGFloat to_pixel(CGFloat points) {
         const CGFloat scale = UIScreen::mainScreen()->scale();
@@ -226,8 +225,7 @@ struct Button : objc::Implements<Button, UIButton> {
     UIImageView* background_view() {
         auto& view = ivars().backgroundView;
         if (!view) {
-            view = objc::adopt(
-                static_cast<UIImageView*>(UIImageView::alloc()->initWithFrame(self()->bounds()).leak()));
+            view = UIImageView::make<"initWithFrame:">(self()->bounds());
             self()->insertSubview(view, 0);
         }
         return view;

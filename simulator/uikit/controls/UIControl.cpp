@@ -84,21 +84,21 @@ void Control::tell(UIControlEvents events, UIEvent* event) {
         if (known->events & events && (target || known->asks_responders))
             calls.push_back({std::move(target), known->action});
     }
-    const strong<UIControl> kept = static_cast<UIControl*>(this);
+    const strong<UIControl> kept = self();
     for (const Call& call : calls) kept->sendAction(call.action, call.target, event);
 }
 
 // ---- State --------------------------------------------------------------------------------------
 
 UIControlState Control::state() {
-    auto* self = static_cast<UIControl*>(this);
+    auto* self = this->self();
     return (self->isHighlighted() ? UIControlStateHighlighted : 0) |
            (self->isEnabled() ? 0 : UIControlStateDisabled) |
            (self->isSelected() ? UIControlStateSelected : 0);
 }
 
 void Control::show_state() {
-    auto* self = static_cast<UIView*>(this);
+    auto* self = this->self();
     self->setNeedsLayout();
     self->setNeedsDisplay();
 }
@@ -124,7 +124,7 @@ void Control::setHighlighted(bool highlighted) {
 constexpr CGFloat straying_distance = 70;
 
 bool Control::holds(UITouch* touch) {
-    auto* self = static_cast<UIControl*>(this);
+    auto* self = this->self();
     const CGPoint point = touch->locationInView(self);
     if (self->pointInside(point, nullptr)) return true;
     const CGRect bounds = self->bounds();
@@ -137,11 +137,11 @@ bool Control::holds(UITouch* touch) {
 
 void Control::stop_tracking() {
     ivars().tracking = ivars().touchInside = false;
-    static_cast<UIControl*>(this)->setHighlighted(false);
+    self()->setHighlighted(false);
 }
 
 void Control::touchesBegan(NSSet* touches, UIEvent* event) {
-    auto* self = static_cast<UIControl*>(this);
+    auto* self = this->self();
     auto* touch = static_cast<UITouch*>(touches->anyObject());
     if (!self->isEnabled()) return;
     ivars().tracking = ivars().touchInside = true;
@@ -152,7 +152,7 @@ void Control::touchesBegan(NSSet* touches, UIEvent* event) {
 }
 
 void Control::touchesMoved(NSSet* touches, UIEvent* event) {
-    auto* self = static_cast<UIControl*>(this);
+    auto* self = this->self();
     auto* touch = static_cast<UITouch*>(touches->anyObject());
     if (!ivars().tracking) return;
     const bool was_inside = ivars().touchInside, is_inside = holds(touch);
@@ -166,7 +166,7 @@ void Control::touchesMoved(NSSet* touches, UIEvent* event) {
 }
 
 void Control::touchesEnded(NSSet* touches, UIEvent* event) {
-    auto* self = static_cast<UIControl*>(this);
+    auto* self = this->self();
     auto* touch = static_cast<UITouch*>(touches->anyObject());
     if (!ivars().tracking) return;
     const bool is_inside = holds(touch);
@@ -178,7 +178,7 @@ void Control::touchesEnded(NSSet* touches, UIEvent* event) {
 void Control::touchesCancelled(NSSet*, UIEvent* event) {
     if (!ivars().tracking) return;
     stop_tracking();
-    static_cast<UIControl*>(this)->cancelTracking(event);
+    self()->cancelTracking(event);
     tell(UIControlEventTouchCancel, event);
 }
 

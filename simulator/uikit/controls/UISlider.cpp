@@ -49,10 +49,10 @@ struct Slider : objc::Implements<Slider, UISlider> {
     // ---- The value ------------------------------------------------------------------------------
 
     float value() { return ivars().value; }
-    void setValue(float value) { static_cast<UISlider*>(this)->setValue(value, false); }
+    void setValue(float value) { self()->setValue(value, false); }
     void setValueAnimated(float value, bool) {
         ivars().value = std::max(ivars().minimumValue, std::min(value, ivars().maximumValue));
-        static_cast<UIView*>(this)->setNeedsLayout();
+        self()->setNeedsLayout();
     }
     float minimumValue() { return ivars().minimumValue; }
     void setMinimumValue(float value) {
@@ -101,7 +101,7 @@ struct Slider : objc::Implements<Slider, UISlider> {
 
     void layoutSubviews() {
         super<"layoutSubviews">();
-        auto* self = static_cast<UISlider*>(this);
+        auto* self = this->self();
         const CGRect track = self->trackRectForBounds(self->bounds());
         const CGRect thumb = thumb_rect();
         const CGFloat reached = thumb.origin.x + thumb.size.width / 2 - track.origin.x;
@@ -122,7 +122,7 @@ struct Slider : objc::Implements<Slider, UISlider> {
 
     // Only the knob can be dragged: a finger elsewhere on the track does nothing.
     bool beginTracking(UITouch* touch, UIEvent*) {
-        const CGPoint point = touch->locationInView(static_cast<UIView*>(this));
+        const CGPoint point = touch->locationInView(self());
         const CGRect thumb = thumb_rect();
         if (!contains(sim::inset(thumb, -reach), point)) return false;
         ivars().grip = point.x - (thumb.origin.x + thumb.size.width / 2);
@@ -131,7 +131,7 @@ struct Slider : objc::Implements<Slider, UISlider> {
     }
 
     bool continueTracking(UITouch* touch, UIEvent*) {
-        auto* self = static_cast<UISlider*>(this);
+        auto* self = this->self();
         const CGRect track = self->trackRectForBounds(self->bounds());
         const CGFloat left = track.origin.x - track_inset + thumb_size / 2;
         const CGFloat way = track.size.width + 2 * track_inset - thumb_size;
@@ -147,7 +147,7 @@ struct Slider : objc::Implements<Slider, UISlider> {
     }
 
     void endTracking(UITouch*, UIEvent*) {
-        auto* self = static_cast<UISlider*>(this);
+        auto* self = this->self();
         if (ivars().moved && !self->isContinuous())
             self->sendActionsForControlEvents(UIControlEventValueChanged);
     }
@@ -162,7 +162,7 @@ struct Slider : objc::Implements<Slider, UISlider> {
                point.y >= rect.origin.y && point.y < rect.origin.y + rect.size.height;
     }
     CGRect thumb_rect() {
-        auto* self = static_cast<UISlider*>(this);
+        auto* self = this->self();
         const CGRect bounds = self->bounds();
         return self->thumbRectForBounds(bounds, self->trackRectForBounds(bounds), ivars().value);
     }
@@ -170,8 +170,7 @@ struct Slider : objc::Implements<Slider, UISlider> {
         auto& ivars = this->ivars();
         constexpr CGFloat track_grey = 183 / 255.0;
         auto colour = [](UIColor* own, UIColor* otherwise) { return own ? own : otherwise; };
-        ivars.minimumTrack->setBackgroundColor(
-            colour(ivars.minimumTrackTintColor, static_cast<UIView*>(this)->tintColor()));
+        ivars.minimumTrack->setBackgroundColor(colour(ivars.minimumTrackTintColor, self()->tintColor()));
         ivars.maximumTrack->setBackgroundColor(
             colour(ivars.maximumTrackTintColor, UIColor::colorWithWhite(track_grey, 1)));
         ivars.thumb->setBackgroundColor(colour(ivars.thumbTintColor, UIColor::whiteColor()));

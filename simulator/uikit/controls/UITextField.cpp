@@ -39,7 +39,7 @@ strong<UITextField> TextField::initWithFrame(CGRect frame) {
 }
 
 void TextField::content_changed() {
-    auto* self = static_cast<UIView*>(this);
+    auto* self = this->self();
     self->setNeedsDisplay();
     self->setNeedsLayout();
     self->invalidateIntrinsicContentSize();
@@ -63,12 +63,12 @@ void TextField::setFont(UIFont* font) {
 
 void TextField::setTextColor(UIColor* color) {
     ivars().textColor = color ? color : UIColor::blackColor();
-    static_cast<UIView*>(this)->setNeedsDisplay();
+    self()->setNeedsDisplay();
 }
 
 void TextField::setTextAlignment(NSTextAlignment alignment) {
     ivars().textAlignment = alignment;
-    static_cast<UIView*>(this)->setNeedsDisplay();
+    self()->setNeedsDisplay();
 }
 
 void TextField::setBorderStyle(UITextBorderStyle style) {
@@ -80,7 +80,7 @@ void TextField::setBorderStyle(UITextBorderStyle style) {
 
 void TextField::tintColorDidChange() {
     super<"tintColorDidChange">();
-    static_cast<UIView*>(this)->setNeedsDisplay();
+    self()->setNeedsDisplay();
 }
 
 // ---- Where ----------------------------------------------------------------------------------------------
@@ -90,7 +90,7 @@ void TextField::replace(strong<UIView>& side, UIView* view) {
     if (old != view && old->superview() == this) old->removeFromSuperview();
     side = view;
     content_changed();
-    static_cast<UIView*>(this)->layoutIfNeeded();
+    self()->layoutIfNeeded();
 }
 
 void TextField::change(UITextFieldViewMode& mode, UITextFieldViewMode wanted) {
@@ -101,8 +101,8 @@ void TextField::change(UITextFieldViewMode& mode, UITextFieldViewMode wanted) {
 bool TextField::shows(UIView* view, UITextFieldViewMode mode) {
     if (!view) return false;
     switch (mode) {
-        case UITextFieldViewModeWhileEditing: return static_cast<UITextField*>(this)->isEditing();
-        case UITextFieldViewModeUnlessEditing: return !static_cast<UITextField*>(this)->isEditing();
+        case UITextFieldViewModeWhileEditing: return self()->isEditing();
+        case UITextFieldViewModeUnlessEditing: return !self()->isEditing();
         case UITextFieldViewModeAlways: return true;
         default: return false;
     }
@@ -123,7 +123,7 @@ CGRect TextField::rightViewRectForBounds(CGRect bounds) {
 }
 
 CGRect TextField::textRectForBounds(CGRect bounds) {
-    auto* self = static_cast<UITextField*>(this);
+    auto* self = this->self();
     const CGFloat left = self->leftViewRectForBounds(bounds).size.width;
     const CGFloat right = self->rightViewRectForBounds(bounds).size.width;
     const CGFloat inset = ivars().borderStyle == UITextBorderStyleNone ? 0 : bordered_inset;
@@ -133,7 +133,7 @@ CGRect TextField::textRectForBounds(CGRect bounds) {
 
 void TextField::layoutSubviews() {
     super<"layoutSubviews">();
-    auto* self = static_cast<UITextField*>(this);
+    auto* self = this->self();
     auto place = [&](UIView* view, UITextFieldViewMode mode, CGRect frame) {
         if (!shows(view, mode)) {
             if (view && view->superview() == self) view->removeFromSuperview();
@@ -148,7 +148,7 @@ void TextField::layoutSubviews() {
 }
 
 CGSize TextField::sizeThatFits(CGSize) {
-    auto* self = static_cast<UITextField*>(this);
+    auto* self = this->self();
     NSString* shown = self->text()->length() ? self->text() : self->placeholder();
     const CGSize text = TextLayout(shown, self->font(), {}).size();
     const CGRect wide{{0, 0}, {1000, 100}};
@@ -159,12 +159,12 @@ CGSize TextField::sizeThatFits(CGSize) {
     return {std::ceil(text.width) + beside, height};
 }
 
-CGSize TextField::intrinsicContentSize() { return static_cast<UIView*>(this)->sizeThatFits({}); }
+CGSize TextField::intrinsicContentSize() { return self()->sizeThatFits({}); }
 
 // ---- Drawing --------------------------------------------------------------------------------------------
 
 void TextField::drawRect(CGRect) {
-    auto* self = static_cast<UITextField*>(this);
+    auto* self = this->self();
     CGContextRef context = UIGraphicsGetCurrentContext();
     const CGRect bounds = self->bounds();
     if (ivars().borderStyle == UITextBorderStyleRoundedRect) {

@@ -57,8 +57,8 @@ struct TextField : objc::Implements<TextField, UITextField> {
     CGSize intrinsicContentSize();
 
     // Editing
-    bool isEditing() { return static_cast<UIResponder*>(this)->isFirstResponder(); }
-    bool canBecomeFirstResponder() { return static_cast<UIControl*>(this)->isEnabled(); }
+    bool isEditing() { return self()->isFirstResponder(); }
+    bool canBecomeFirstResponder() { return self()->isEnabled(); }
     bool becomeFirstResponder();
     bool resignFirstResponder();
     void endTracking(UITouch* touch, UIEvent* event);

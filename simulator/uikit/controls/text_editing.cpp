@@ -27,14 +27,14 @@ bool TextField::delegate_allows(NSRange range, NSString* replacement) {
     constexpr auto question = objc::selector<"textField:shouldChangeCharactersInRange:replacementString:">;
     const auto delegate = ivars().delegate.get();
     if (!delegate->respondsToSelector(question())) return true;
-    return delegate->send<"textField:shouldChangeCharactersInRange:replacementString:", bool>(
-        static_cast<UITextField*>(this), range, replacement);
+    return delegate->send<"textField:shouldChangeCharactersInRange:replacementString:", bool>(self(), range,
+                                                                                              replacement);
 }
 
 // ---- Beginning and ending -------------------------------------------------------------------------------
 
 bool TextField::becomeFirstResponder() {
-    auto* self = static_cast<UITextField*>(this);
+    auto* self = this->self();
     if (self->isFirstResponder()) return true;
     if (!self->window() || !self->canBecomeFirstResponder() ||
         !delegate_allows(objc::selector<"textFieldShouldBeginEditing:">()))
@@ -47,7 +47,7 @@ bool TextField::becomeFirstResponder() {
 }
 
 bool TextField::resignFirstResponder() {
-    auto* self = static_cast<UITextField*>(this);
+    auto* self = this->self();
     if (!self->isFirstResponder()) return super<"resignFirstResponder", bool>();
     if (!delegate_allows(objc::selector<"textFieldShouldEndEditing:">())) return false;
     if (!super<"resignFirstResponder", bool>()) return false;
@@ -65,7 +65,7 @@ bool TextField::resignFirstResponder() {
 
 void TextField::endTracking(UITouch* touch, UIEvent* event) {
     super<"endTrackingWithTouch:withEvent:">(touch, event);
-    auto* self = static_cast<UITextField*>(this);
+    auto* self = this->self();
     if (self->pointInside(touch->locationInView(self), event)) self->becomeFirstResponder();
 }
 
@@ -82,7 +82,7 @@ void TextField::replace_range(NSRange range, NSString* replacement) {
             ->send<"copy", NSString*>());
     ivars().selection = {range.location + replacement->length(), 0};
     content_changed();
-    static_cast<UIControl*>(this)->sendActionsForControlEvents(UIControlEventEditingChanged);
+    self()->sendActionsForControlEvents(UIControlEventEditingChanged);
 }
 
 // The selection, or the character before the caret, whole if it is made of several units.
@@ -109,7 +109,7 @@ void TextField::type_deletion() {
 
 // Who listens to the end by return wants the keyboard to go.
 void TextField::type_return() {
-    auto* self = static_cast<UITextField*>(this);
+    auto* self = this->self();
     if (!delegate_allows(objc::selector<"textFieldShouldReturn:">())) return;
     const bool somebody_listens = self->allControlEvents() & UIControlEventEditingDidEndOnExit;
     self->sendActionsForControlEvents(UIControlEventEditingDidEndOnExit);
@@ -120,7 +120,7 @@ bool TextField::select(NSRange range) {
     const NSUInteger length = ivars().text->length();
     if (range.location > length || range.length > length - range.location) return false;
     ivars().selection = range;
-    static_cast<UIView*>(this)->setNeedsDisplay();
+    self()->setNeedsDisplay();
     return true;
 }
 

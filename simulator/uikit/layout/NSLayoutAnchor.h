@@ -38,7 +38,7 @@ struct Anchor : objc::Implements<Anchor, NSLayoutAnchor> {
 /// The view's anchor for the attribute.
 template <class Kind>
 Kind* make_anchor(UIView* view, NSLayoutAttribute attribute) {
-    auto made = objc::adopt(static_cast<Kind*>(Kind::alloc()->init().leak()));
+    auto made = Kind::make();
     auto& ivars = static_cast<Anchor*>(static_cast<NSLayoutAnchor*>(made.get()))->ivars();
     ivars.item = view;
     ivars.attribute = attribute;

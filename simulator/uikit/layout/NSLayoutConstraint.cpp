@@ -65,7 +65,7 @@ std::string name_of_attribute(NSLayoutAttribute attribute) { return attribute_of
 
 NSLayoutConstraint* make_constraint(const ConstraintParts& parts) {
     check(parts);
-    auto made = objc::adopt(static_cast<NSLayoutConstraint*>(NSLayoutConstraint::alloc()->init().leak()));
+    auto made = NSLayoutConstraint::make();
     auto& ivars = static_cast<Constraint*>(made.get())->ivars();
     ivars.firstItem = parts.first;
     ivars.firstAttribute = parts.first_attribute;

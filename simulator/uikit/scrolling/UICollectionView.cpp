@@ -74,8 +74,7 @@ struct CollectionView : objc::Implements<CollectionView, UICollectionView> {
         if (type == ivars().cell_classes.end())
             sim::raise("NSInternalInconsistencyException"_ns,
                        "no class of cells is registered under the identifier \"" + name + "\"");
-        auto* allocated = objc::send<"alloc", UICollectionViewCell*>(reinterpret_cast<id>(type->second));
-        auto cell = objc::adopt(static_cast<UICollectionViewCell*>(allocated->initWithFrame({}).leak()));
+        auto cell = objc::make<"initWithFrame:", UICollectionViewCell>(type->second, CGRect{});
         cell->send<"_setReuseIdentifier:">(identifier);
         return std::move(cell).autoreleased();
     }
@@ -83,7 +82,7 @@ struct CollectionView : objc::Implements<CollectionView, UICollectionView> {
     // Cells may be used again only by the layout that comes next.
     void reloadData() {
         ivars().is_loaded = ivars().has_selection = false;
-        static_cast<UIView*>(this)->setNeedsLayout();
+        self()->setNeedsLayout();
     }
 
     NSInteger numberOfSections() {
@@ -114,7 +113,7 @@ struct CollectionView : objc::Implements<CollectionView, UICollectionView> {
 
     void layoutSubviews() {
         super<"layoutSubviews">();
-        auto* self = static_cast<UICollectionView*>(this);
+        auto* self = this->self();
         const bool was_loaded = ivars().is_loaded;
         load();
         if (!was_loaded)
@@ -155,7 +154,7 @@ struct CollectionView : objc::Implements<CollectionView, UICollectionView> {
   private:
     void load() {
         if (ivars().is_loaded) return;
-        auto* self = static_cast<UICollectionView*>(this);
+        auto* self = this->self();
         const auto source = ivars().dataSource.get();
         ivars().is_loaded = source != nullptr;
         NSInteger sections = source ? 1 : 0;
@@ -178,7 +177,7 @@ struct CollectionView : objc::Implements<CollectionView, UICollectionView> {
     }
 
     void show_what_is_in_sight() {
-        auto* self = static_cast<UICollectionView*>(this);
+        auto* self = this->self();
         const CGRect sight = self->bounds();
         std::map<Place, CGRect> wanted;
         for (const auto& [section, item, frame] : ivars().items)
@@ -199,7 +198,7 @@ struct CollectionView : objc::Implements<CollectionView, UICollectionView> {
     }
 
     bool find_item(NSSet* touches, Place& place) {
-        auto* self = static_cast<UICollectionView*>(this);
+        auto* self = this->self();
         const CGPoint point = static_cast<UITouch*>(touches->anyObject())->locationInView(self);
         NSIndexPath* path = self->indexPathForItemAtPoint(point);
         if (path) place = {path->section(), path->item()};
@@ -210,17 +209,15 @@ struct CollectionView : objc::Implements<CollectionView, UICollectionView> {
         if (found != ivars().shown.end()) found->second->setSelected(selected);
     }
     bool delegate_allows(NSIndexPath* path) {
-        auto* delegate = static_cast<NSObject*>(static_cast<UICollectionView*>(this)->delegate());
+        auto* delegate = static_cast<NSObject*>(self()->delegate());
         constexpr auto question = objc::selector<"collectionView:shouldSelectItemAtIndexPath:">;
         if (!delegate->respondsToSelector(question())) return true;
-        return delegate->send<"collectionView:shouldSelectItemAtIndexPath:", bool>(
-            static_cast<UICollectionView*>(this), path);
+        return delegate->send<"collectionView:shouldSelectItemAtIndexPath:", bool>(self(), path);
     }
     template <objc::Name Message>
     void tell_delegate(NSIndexPath* path) {
-        auto* delegate = static_cast<NSObject*>(static_cast<UICollectionView*>(this)->delegate());
-        if (delegate->respondsToSelector(objc::selector<Message>()))
-            delegate->send<Message>(static_cast<UICollectionView*>(this), path);
+        auto* delegate = static_cast<NSObject*>(self()->delegate());
+        if (delegate->respondsToSelector(objc::selector<Message>())) delegate->send<Message>(self(), path);
     }
 };
 

@@ -18,7 +18,7 @@ struct FlowLayout : objc::Implements<FlowLayout, UICollectionViewFlowLayout> {
     template <auto Member, class Value = typename objc::detail::MemberOf<decltype(Member)>::type>
     void set(Value value) {
         ivars().*Member = value;
-        static_cast<UICollectionViewLayout*>(this)->invalidateLayout();
+        self()->invalidateLayout();
     }
 };
 

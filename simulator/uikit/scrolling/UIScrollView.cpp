@@ -19,11 +19,11 @@ template <objc::Name Message, class... Arguments>
 void ScrollView::tell_delegate(Arguments... arguments) {
     const auto delegate = ivars().delegate.get();
     if (delegate->respondsToSelector(objc::selector<Message>()))
-        delegate->send<Message>(static_cast<UIScrollView*>(this), arguments...);
+        delegate->send<Message>(self(), arguments...);
 }
 
 void ScrollView::setContentOffset(CGPoint offset) {
-    auto* self = static_cast<UIView*>(this);
+    auto* self = this->self();
     if (self->bounds().origin == offset) return;
     self->setBounds({offset, self->bounds().size});
     self->setNeedsLayout();
@@ -33,7 +33,7 @@ void ScrollView::setContentOffset(CGPoint offset) {
 CGPoint ScrollView::lowest_offset() { return {-ivars().contentInset.left, -ivars().contentInset.top}; }
 
 CGPoint ScrollView::highest_offset() {
-    const CGSize size = static_cast<UIView*>(this)->bounds().size, content = ivars().contentSize;
+    const CGSize size = self()->bounds().size, content = ivars().contentSize;
     const UIEdgeInsets& inset = ivars().contentInset;
     const CGPoint lowest = lowest_offset();
     return {std::max(lowest.x, content.width + inset.right - size.width),
@@ -54,7 +54,7 @@ void ScrollView::begin_drag() {
 
 void ScrollView::drag_to(CGPoint offset) {
     const CGPoint lowest = lowest_offset(), highest = highest_offset();
-    static_cast<UIScrollView*>(this)->setContentOffset(
+    self()->setContentOffset(
         {std::clamp(offset.x, lowest.x, highest.x), std::clamp(offset.y, lowest.y, highest.y)});
 }
 

@@ -15,11 +15,9 @@ struct ScrollView : objc::Implements<ScrollView, UIScrollView> {
     };
 
     objc::strong<UIScrollView> initWithFrame(CGRect frame);
-    CGPoint contentOffset() { return static_cast<UIView*>(this)->bounds().origin; }
+    CGPoint contentOffset() { return self()->bounds().origin; }
     void setContentOffset(CGPoint offset);
-    void setContentOffsetAnimated(CGPoint offset, bool) {
-        static_cast<UIScrollView*>(this)->setContentOffset(offset);
-    }
+    void setContentOffsetAnimated(CGPoint offset, bool) { self()->setContentOffset(offset); }
     bool isScrollEnabled() { return ivars().scrollEnabled; }
     void setScrollEnabled(bool enabled) { ivars().scrollEnabled = enabled; }
     bool isDragging() { return ivars().dragging; }

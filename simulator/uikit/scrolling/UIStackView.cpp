@@ -42,9 +42,7 @@ struct StackView : objc::Implements<StackView, UIStackView> {
         for (UIView* view : views) list->addObject(view);
         return NSArray::arrayWithArray(list);
     }
-    void addArrangedSubview(UIView* view) {
-        static_cast<UIStackView*>(this)->insertArrangedSubview(view, ivars().arranged.size());
-    }
+    void addArrangedSubview(UIView* view) { self()->insertArrangedSubview(view, ivars().arranged.size()); }
     void insertArrangedSubview(UIView* view, NSUInteger index) {
         if (!view) return;
         forget(view);
@@ -52,7 +50,7 @@ struct StackView : objc::Implements<StackView, UIStackView> {
         const auto place = static_cast<ptrdiff_t>(std::min<NSUInteger>(index, arranged.size()));
         arranged.insert(arranged.begin() + place, view);
         view->setTranslatesAutoresizingMaskIntoConstraints(false);
-        if (view->superview() != this) static_cast<UIView*>(this)->addSubview(view);
+        if (view->superview() != this) self()->addSubview(view);
         arrange();
     }
     void removeArrangedSubview(UIView* view) {
@@ -117,7 +115,7 @@ struct StackView : objc::Implements<StackView, UIStackView> {
         auto spacer = UIView::alloc()->init();
         spacer->setHidden(true);
         spacer->setTranslatesAutoresizingMaskIntoConstraints(false);
-        static_cast<UIView*>(this)->addSubview(spacer);
+        self()->addSubview(spacer);
         ivars().spacers.push_back(spacer);
         return spacer;
     }
@@ -131,7 +129,7 @@ struct StackView : objc::Implements<StackView, UIStackView> {
         const auto views = ivars().arranged;
         if (views.empty()) return;
 
-        auto* self = static_cast<UIView*>(this);
+        auto* self = this->self();
         const UIEdgeInsets margins = ivars().relativeToMargins ? ivars().layoutMargins : UIEdgeInsets{};
         const auto [before, after] =
             is_column() ? std::pair(margins.top, margins.bottom) : std::pair(margins.left, margins.right);
@@ -167,12 +165,12 @@ struct StackView : objc::Implements<StackView, UIStackView> {
             hold(length(spacer)->constraintEqualToAnchor(length(first)));
         else
             hold(length(spacer)->constraintEqualToConstant(spacing), faint);
-        hold(side_start(spacer)->constraintEqualToAnchor(side_start(static_cast<UIView*>(this))));
+        hold(side_start(spacer)->constraintEqualToAnchor(side_start(self())));
         hold(breadth(spacer)->constraintEqualToConstant(0));
     }
 
     void align(UIView* view, const UIEdgeInsets& margins) {
-        auto* self = static_cast<UIView*>(this);
+        auto* self = this->self();
         const auto [before, after] =
             is_column() ? std::pair(margins.left, margins.right) : std::pair(margins.top, margins.bottom);
         const UIStackViewAlignment alignment = ivars().alignment;

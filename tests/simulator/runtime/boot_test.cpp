@@ -226,6 +226,9 @@ TEST_F(Boot, RefusesImpossibleVersionsAndArguments) {
         expect_refused(SIM_MISUSE, "such as \"12.4\"");
     }
     options.system_version = nullptr;
+    options.injection = 4;
+    expect_refused(SIM_MISUSE, "kind 4 of injection framework");
+    options.injection = SIM_INJECTION_LENIENT;
     options.arguments = static_cast<sim_arguments>(3);
     expect_refused(SIM_MISUSE, "arguments");
 }

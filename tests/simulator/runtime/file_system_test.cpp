@@ -1,5 +1,5 @@
 // The device's file system: nothing but the root folder is read or written, whatever links and paths say.
-#include "device/file_system.h"
+#include "phone/file_system.h"
 
 #include <sys/stat.h>
 

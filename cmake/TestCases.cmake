@@ -1,0 +1,26 @@
+# add_cases(): registers what a test program holds.
+cmake_host_system_information(RESULT HUECRAFT_PROCESSORS QUERY NUMBER_OF_LOGICAL_CORES)
+set(HUECRAFT_LIST_CASES ${CMAKE_CURRENT_LIST_DIR}/list_cases.cmake)
+
+# add_cases(<program> [BUILD <prefix>] [PART <prefix>] [LABELS <label>...] [ENVIRONMENT <variable>=<value>...])
+# Registers <build><program>, which runs each case in a process of its own (tests/support/cases.h) and fills all processors.
+# With HUECRAFT_EACH_CASE in its environment, ctest has every case by itself instead, as <build><part><suite>.<case>. The
+# build is the one that is tested; unless given it is "arm64." there, and nothing here.
+function(add_cases program)
+    cmake_parse_arguments(PARSE_ARGV 1 cases "" "BUILD;PART" "LABELS;ENVIRONMENT")
+    if(NOT DEFINED cases_BUILD)
+        set(cases_BUILD ${HUECRAFT_TESTED_ON})
+    endif()
+    set(command ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${program}>)
+    set(registered ${CMAKE_CURRENT_BINARY_DIR}/${cases_BUILD}${program}.cmake)
+    file(GENERATE OUTPUT ${registered} CONTENT
+"set(entry [==[${cases_BUILD}${program}]==])
+set(prefix [==[${cases_BUILD}${cases_PART}]==])
+set(command [==[${command}]==])
+set(processors ${HUECRAFT_PROCESSORS})
+set(labels [==[${cases_LABELS}]==])
+set(environment [==[${cases_ENVIRONMENT}]==])
+include([==[${HUECRAFT_LIST_CASES}]==])
+")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${registered})
+endfunction()

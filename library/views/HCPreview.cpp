@@ -1,0 +1,196 @@
+// A still picture of a themed keyboard: see the header.
+#include "views/HCPreview.h"
+
+#include "model/HCCITool.h"
+#include "objc/class.h"
+#include "views/backdrops.h"
+#include "views/theme_background.h"
+#include "views/translucency.h"
+
+extern "C" Class NSClassFromString(NSString* name);
+
+namespace {
+
+using namespace objc::literals;
+using objc::strong;
+
+/// Interface orientations, as the system numbers them.
+constexpr NSInteger portrait = 1, landscape = 4;
+
+/// Zero where the system has no keyboard class to ask.
+CGSize keyboard_size(NSInteger orientation) {
+    auto keyboard = reinterpret_cast<id>(NSClassFromString("UIKeyboardImpl"_ns));
+    return objc::send<"keyboardSizeForInterfaceOrientation:", CGSize>(keyboard, orientation);
+}
+
+strong<UIImageView> make_picture_view(CGSize size, UIImage* picture) {
+    auto view = UIImageView::make<"initWithFrame:">(CGRect{{0, 0}, size});
+    view->setBackgroundColor(UIColor::clearColor());
+    view->setContentMode(UIViewContentModeScaleToFill);
+    view->setImage(picture);
+    return view;
+}
+
+/// Gives the picture that is shown the colour, or none.
+void tint(UIImageView* view, UIColor* color) {
+    view->setImage(HCCITool::newColor(color ? color : UIColor::clearColor(), view->image()));
+}
+
+void take_out(UIView* view) {
+    if (view->superview()) view->removeFromSuperview();
+}
+
+struct Preview : objc::Implements<Preview, HCPreview> {
+    /// Each view goes before the picture that it shows when an instance is destroyed, and the backdrops last.
+    struct Ivars {
+        strong<NSMutableDictionary> cachedBackdrops;
+        /// As loaded: tinted copies are undone with them.
+        strong<UIImage> textImage, backgroundImage, highlightImage, keycapsImage;
+        strong<UIImageView> keyboardBackground, keyboardText, keyboardHighlight, keycapsImageView;
+    };
+
+    static HCPreview* sharedInstance(Class self) {
+        static constinit long once = 0;
+        static constinit HCPreview* instance = nullptr;
+        dispatch_once_f(&once, self, [](void* preview_class) {
+            instance = objc::make<"init", HCPreview>(static_cast<Class>(preview_class)).leak();
+        });
+        return instance;
+    }
+
+    static CGSize keyboardPortraitSize(Class) { return keyboard_size(portrait); }
+    static CGSize keyboardLandscapeSize(Class) { return keyboard_size(landscape); }
+
+    strong<HCPreview> init() {
+        auto self = initialised_by_super<"init">();
+        if (!self) return nullptr;
+        self->make_backdrops();
+        self->load_pictures();
+        self->make_picture_views();
+        return self;
+    }
+
+    UIView* viewForConfig(HuecraftConfig* theme) {
+        self()->cleanup();
+        auto container = UIView::alloc()->initWithFrame({});
+        container->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+        // The places are fixed: one past the end is in front, so without key caps the order is the same.
+        container->insertSubview(ivars().keyboardBackground, 0);
+        if (UIView* backdrop = backdrop_for(theme)) container->insertSubview(backdrop, 1);
+        if (theme->getVisibleKeycaps()) container->insertSubview(ivars().keycapsImageView, 2);
+        tint(ivars().keyboardHighlight, theme->getHighlightColor());
+        container->insertSubview(ivars().keyboardHighlight, 3);
+        tint(ivars().keyboardText, theme->getTextColor());
+        container->insertSubview(ivars().keyboardText, 4);
+        return std::move(container).autoreleased();
+    }
+
+    /// The backdrops keep what they show, and the key caps stay dark.
+    void cleanup() {
+        for (NSString* key : {"ColouredView"_ns, "GradientView"_ns, "ImageView"_ns})
+            take_out(backdrop<UIView>(key));
+        auto& own = ivars();
+        take_out(own.keyboardBackground);
+        own.keyboardBackground->setImage(own.backgroundImage);
+        take_out(own.keyboardHighlight);
+        own.keyboardHighlight->setImage(own.highlightImage);
+        take_out(own.keycapsImageView);
+        take_out(own.keyboardText);
+        own.keyboardText->setImage(own.textImage);
+    }
+
+  private:
+    template <class Backdrop>
+    Backdrop* backdrop(NSString* key) {
+        return static_cast<Backdrop*>(ivars().cachedBackdrops->objectForKey(key));
+    }
+
+    /// There is none where the system lacks the backdrops' superclass: the preview is shown without.
+    void keep(UIView* backdrop, NSString* key) {
+        if (backdrop) ivars().cachedBackdrops->setObject(backdrop, key);
+    }
+
+    void make_backdrops() {
+        ivars().cachedBackdrops = NSMutableDictionary::alloc()->initWithCapacity(3);
+        keep(_UIBackdropImageView::backdropWithStyle(themed_backdrop_style), "ImageView"_ns);
+        keep(_UIBackdropGradientView::backdropWithStyle(themed_backdrop_style), "GradientView"_ns);
+        keep(_UIBackdropColouredView::backdropWithStyle(themed_backdrop_style), "ColouredView"_ns);
+    }
+
+    void load_pictures() {
+        auto& own = ivars();
+        own.backgroundImage = UIImage::imageWithContentsOfFile(
+            "/Library/PreferenceBundles/Huecraft.bundle/PreviewKeyboardBackground.png"_ns);
+        own.textImage = UIImage::imageWithContentsOfFile(
+            "/Library/PreferenceBundles/Huecraft.bundle/PreviewKeyboardText.png"_ns);
+        own.highlightImage = UIImage::imageWithContentsOfFile(
+            "/Library/PreferenceBundles/Huecraft.bundle/PreviewKeyboardHighlight.png"_ns);
+        own.keycapsImage = UIImage::imageWithContentsOfFile(
+            "/Library/PreferenceBundles/Huecraft.bundle/PreviewKeyboardKeyCaps.png"_ns);
+    }
+
+    void make_picture_views() {
+        auto& own = ivars();
+        const CGSize size = HCPreview::keyboardPortraitSize();
+        own.keyboardBackground = make_picture_view(size, own.backgroundImage);
+        own.keyboardText = make_picture_view(size, own.textImage);
+        own.keyboardHighlight = make_picture_view(size, own.highlightImage);
+        own.keycapsImageView = make_picture_view(size, own.keycapsImage);
+        // Once and for all: the key caps are the same in every theme.
+        UIColor* shade = UIColor::darkGrayColor()->colorWithAlphaComponent(0.5);
+        own.keycapsImageView->setImage(HCCITool::newColor(shade, own.keycapsImage));
+    }
+
+    /// The backdrop for the theme's background, with its content.
+    UIView* backdrop_for(HuecraftConfig* theme) {
+        NSArray* colors = theme->getColors();
+        switch (theme->getBackgroundType()) {
+            case image_background: {
+                auto* view = backdrop<_UIBackdropImageView>("ImageView"_ns);
+                view->setImage(theme->getImage());  // anew, so that the alpha is baked in once
+                const double alpha = theme->getImageAlpha();
+                if (is_translucent(alpha)) view->setImageAlpha(alpha);
+                return view;
+            }
+            case gradient_background: {
+                auto* view = backdrop<_UIBackdropGradientView>("GradientView"_ns);
+                view->setDirection(static_cast<NSInteger>(theme->getGradientDirection()));
+                view->setColors(all_or_clear(colors));
+                return view;
+            }
+            case flat_background: {
+                auto* view = backdrop<_UIBackdropColouredView>("ColouredView"_ns);
+                view->setColor(first_or_clear(colors));
+                return view;
+            }
+            default: {
+                auto* view = backdrop<_UIBackdropColouredView>("ColouredView"_ns);
+                view->setColor(UIColor::clearColor());
+                view->setAlpha(1.0);
+                return view;
+            }
+        }
+    }
+};
+
+}  // namespace
+
+using namespace objc::definition;
+
+OBJC_CLASS(HCPreview, NSObject, Preview,
+           ivar<"cachedBackdrops", &Preview::Ivars::cachedBackdrops>,
+           ivar<"textImage", &Preview::Ivars::textImage>,
+           ivar<"backgroundImage", &Preview::Ivars::backgroundImage>,
+           ivar<"highlightImage", &Preview::Ivars::highlightImage>,
+           ivar<"keycapsImage", &Preview::Ivars::keycapsImage>,
+           ivar<"keyboardBackground", &Preview::Ivars::keyboardBackground>,
+           ivar<"keyboardText", &Preview::Ivars::keyboardText>,
+           ivar<"keyboardHighlight", &Preview::Ivars::keyboardHighlight>,
+           ivar<"keycapsImageView", &Preview::Ivars::keycapsImageView>,
+
+           class_method<"sharedInstance", &Preview::sharedInstance>,
+           class_method<"keyboardPortraitSize", &Preview::keyboardPortraitSize>,
+           class_method<"keyboardLandscapeSize", &Preview::keyboardLandscapeSize>,
+           method<"init", &Preview::init>,
+           method<"viewForConfig:", &Preview::viewForConfig>,
+           method<"cleanup", &Preview::cleanup>)

@@ -1,0 +1,105 @@
+// A backdrop that shows a gradient.
+#include "objc/class.h"
+#include "objc/fast_enumeration.h"
+#include "views/backdrop_content.h"
+#include "views/backdrops.h"
+#include "views/gradient_colors.h"
+#include "views/gradient_direction.h"
+
+namespace {
+
+using objc::strong;
+
+struct GradientBackdrop : objc::Implements<GradientBackdrop, _UIBackdropGradientView> {
+    struct Ivars {
+        strong<UIView> gradientView;
+        strong<CAGradientLayer> gradientLayer;
+        /// While true, layout keeps the layer's frame equal to the view's bounds.
+        bool layoutGradientLayer;
+    };
+
+    static constexpr NSInteger top_to_bottom = 2;
+
+    static _UIBackdropGradientView* backdropWithStyle(Class self, NSInteger style) {
+        using Made = _UIBackdropGradientView;
+        return objc::make<"initWithStyle:direction:", Made>(self, style, top_to_bottom).autoreleased();
+    }
+
+    strong<_UIBackdropGradientView> initWithoutColors(NSInteger style, NSInteger direction) {
+        return self()->initWithStyle(style, nullptr, direction);
+    }
+
+    strong<_UIBackdropGradientView> initWithStyle(NSInteger style, NSArray* colors, NSInteger direction) {
+        auto self = initialised_by_super<"initWithStyle:">(style);
+        if (!self) return nullptr;
+        auto& [content, gradient, follows_layout] = self->ivars();
+        content = UIView::alloc()->initWithFrame({});
+        content->setBackgroundColor(UIColor::clearColor());
+        set_up_content_view(content);
+        self->addSubview(content);
+        gradient = CAGradientLayer::layer();
+        follows_layout = true;
+        self->self()->setDirection(direction);
+        content->layer()->addSublayer(gradient);
+        if (colors) self->self()->setColors(colors);
+        switch_off_animations(gradient);
+        switch_off_animations(content->layer());
+        return self;
+    }
+
+    void setDirection(NSInteger direction) {
+        const GradientPoints points = points_of_direction(direction);
+        ivars().gradientLayer->setStartPoint(points.start);
+        ivars().gradientLayer->setEndPoint(points.end);
+    }
+
+    void setColors(NSArray* colors) { ivars().gradientLayer->setColors(gradient_layer_colors(colors)); }
+
+    void setColorsAlpha(CGFloat alpha) {
+        NSArray* shown = ivars().gradientLayer->colors();
+        NSMutableArray* changed = NSMutableArray::arrayWithCapacity(shown->count());
+        objc::for_each<objc_object>(shown, [&](id color) {
+            CGColorRef copy = CGColorCreateCopyWithAlpha(reinterpret_cast<CGColorRef>(color), alpha);
+            changed->addObject(reinterpret_cast<id>(copy));
+            CGColorRelease(copy);
+        });
+        ivars().gradientLayer->setColors(changed);
+    }
+
+    /// Leaves the layer at the picture's size; the next layout puts it back.
+    UIImage* imageFromGradientOfSize(CGSize size) {
+        CAGradientLayer* gradient = ivars().gradientLayer;
+        ivars().layoutGradientLayer = false;  // a layout pass meanwhile must not move the layer
+        gradient->setFrame({{0, 0}, size});
+        gradient->setNeedsLayout();
+        gradient->layoutIfNeeded();
+        UIGraphicsBeginImageContextWithOptions(gradient->frame().size, gradient->isOpaque(), 0.0);
+        gradient->renderInContext(UIGraphicsGetCurrentContext());
+        UIImage* image = UIGraphicsGetImageFromCurrentImageContext();
+        UIGraphicsEndImageContext();
+        ivars().layoutGradientLayer = true;
+        return image;
+    }
+
+    void layoutSubviews() {
+        super<"layoutSubviews">();
+        if (ivars().layoutGradientLayer) ivars().gradientLayer->setFrame(ivars().gradientView->bounds());
+    }
+};
+
+}  // namespace
+
+using namespace objc::definition;
+
+OBJC_CLASS_OF_WEAK_SUPERCLASS(_UIBackdropGradientView, _UIBackdropView, GradientBackdrop,
+                              ivar<"gradientView", &GradientBackdrop::Ivars::gradientView>,
+                              ivar<"gradientLayer", &GradientBackdrop::Ivars::gradientLayer>,
+                              ivar<"layoutGradientLayer", &GradientBackdrop::Ivars::layoutGradientLayer>,
+                              class_method<"backdropWithStyle:", &GradientBackdrop::backdropWithStyle>,
+                              method<"initWithStyle:direction:", &GradientBackdrop::initWithoutColors>,
+                              method<"initWithStyle:colors:direction:", &GradientBackdrop::initWithStyle>,
+                              method<"setDirection:", &GradientBackdrop::setDirection>,
+                              method<"setColors:", &GradientBackdrop::setColors>,
+                              method<"setColorsAlpha:", &GradientBackdrop::setColorsAlpha>,
+                              method<"imageFromGradientOfSize:", &GradientBackdrop::imageFromGradientOfSize>,
+                              method<"layoutSubviews", &GradientBackdrop::layoutSubviews>)

@@ -1,0 +1,61 @@
+// The command line: what can be asked for, and what was.
+#pragma once
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/status.h"
+
+namespace command {
+
+/// What the command line asked for.
+struct Request {
+    std::function<Status()> run;
+};
+
+/// The description of the whole command, of which its help, its completions and its manual are made. Parsing
+/// fills the request.
+std::unique_ptr<CLI::App> make_command_line(Request& request);
+
+// Each subcommand describes itself, in a file of its own.
+void add_new(CLI::App& command, Request& request);
+void add_completions(CLI::App& command, Request& request);
+void add_convert(CLI::App& command, Request& request);
+void add_doctor(CLI::App& command, Request& request);
+void add_gallery(CLI::App& command, Request& request);
+void add_import(CLI::App& command, Request& request);
+void add_keyboard(CLI::App& command, Request& request);
+void add_lint(CLI::App& command, Request& request);
+void add_package_check(CLI::App& command, Request& request);
+void add_picker(CLI::App& command, Request& request);
+void add_preview(CLI::App& command, Request& request);
+void add_show(CLI::App& command, Request& request);
+
+// --- What the subcommands share ---
+
+/// Adds a subcommand with its options, which become the run when it is chosen. `Options` has an operator().
+template <class Options>
+CLI::App* add_subcommand(CLI::App& command, Request& request, const std::string& name,
+                         const std::string& description, std::shared_ptr<Options> options) {
+    CLI::App* added = command.add_subcommand(name, description);
+    added->callback([&request, options] { request.run = [options] { return (*options)(); }; });
+    return added;
+}
+
+inline void add_json(CLI::App* subcommand, bool& json) {
+    subcommand->add_flag("--json", json, "Answer in JSON, for other programs");
+}
+
+/// The option that names the build of the library to draw with.
+void add_library(CLI::App* subcommand, std::string& library);
+
+/// Has the option take hex colours as a theme keeps them.
+CLI::Option* taking_colour(CLI::Option* option);
+/// Has the option take one of these words, which the help lists.
+CLI::Option* taking_one_of(CLI::Option* option, const std::vector<std::string>& words);
+/// Has the option take numbers from one to another.
+CLI::Option* taking_number(CLI::Option* option, double from, double to);
+
+}  // namespace command

@@ -1,0 +1,179 @@
+// Files that the command reads and writes.
+#include "cli/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <utility>
+
+#include "cli/terminal.h"
+
+namespace command {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Descriptor {
+    int number = -1;
+    explicit Descriptor(int opened) : number(opened) {}
+    Descriptor(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (number > STDERR_FILENO) ::close(number);
+    }
+};
+
+std::string reason(int error) {
+    switch (error) {
+        case ENOENT: return "there is no such file";
+        case ENOTDIR: return "a part of the path is a file and not a folder";
+        case EACCES:
+        case EPERM: return "access is denied";
+        case ELOOP: return "its symbolic links never end";
+        case ENAMETOOLONG: return "the name is too long";
+        case EISDIR: return "it is a folder and not a file";
+        case EROFS: return "the file system is read-only";
+        case ENOSPC: return "the disk is full";
+        default: return std::strerror(error);
+    }
+}
+
+std::string too_large(size_t bytes, const std::string& kind) {
+    return (bytes ? "it has " + std::to_string(bytes >> 20) + " MB" : std::string("it has no end")) + "; a " +
+           kind + " has at most " + std::to_string(largest_input >> 20) + " MB";
+}
+
+[[noreturn]] void cannot_write(const std::string& file, int error) {
+    throw Unusable(file,
+                   "cannot be written: " + (error == ENOENT ? "the folder does not exist" : reason(error)));
+}
+
+void write_whole(int descriptor, const std::string& contents, const std::string& file) {
+    for (size_t written = 0; written < contents.size();) {
+        const ssize_t count = ::write(descriptor, contents.data() + written, contents.size() - written);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) cannot_write(file, errno);
+        written += static_cast<size_t>(count);
+    }
+}
+
+}  // namespace
+
+std::string read_input(const std::string& file, const std::string& kind) {
+    const Descriptor input(file == "-" ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    struct stat status;
+    if (input.number < 0 || fstat(input.number, &status) != 0) throw Unusable(file, reason(errno));
+    if (S_ISDIR(status.st_mode)) throw Unusable(file, reason(EISDIR));
+    if (S_ISREG(status.st_mode) && static_cast<size_t>(status.st_size) > largest_input)
+        throw Unusable(file, too_large(static_cast<size_t>(status.st_size), kind));
+    // A pipe or a device has no size that could be believed.
+    std::string contents;
+    for (;;) {
+        char bytes[65536];
+        const ssize_t count = ::read(input.number, bytes, sizeof bytes);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) throw Unusable(file, "cannot be read: " + reason(errno));
+        if (count == 0) return contents;
+        contents.append(bytes, static_cast<size_t>(count));
+        if (contents.size() > largest_input) throw Unusable(file, too_large(0, kind));
+    }
+}
+
+/// A file beside its later place, gone again unless it is put there.
+struct Output::Draft {
+    explicit Draft(const std::string& place)
+        : place_(place),
+          // A name of its own: with an end added, the longest names would be too long.
+          name_((fs::path(place).parent_path() / ".huecraft-XXXXXX").string()),
+          file_(mkstemp(name_.data())) {
+        if (file_.number < 0) {
+            name_.clear();
+            cannot_write(place, errno);
+        }
+        const mode_t mask = umask(0);
+        umask(mask);
+        fchmod(file_.number, 0666 & ~mask);
+    }
+    Draft(const Draft&) = delete;
+    ~Draft() {
+        if (!name_.empty()) unlink(name_.c_str());
+    }
+
+    void write(const std::string& contents) { write_whole(file_.number, contents, place_); }
+    void put_in_place() {
+        if (rename(name_.c_str(), place_.c_str()) != 0) cannot_write(place_, errno);
+        name_.clear();
+    }
+
+  private:
+    std::string place_, name_;
+    Descriptor file_;
+};
+
+Output::Output(const std::string& file) : file_(file) {
+    if (file == "-") {
+        std::fflush(stdout);
+        direct_ = STDOUT_FILENO;
+        return;
+    }
+    struct stat status;
+    const bool exists = stat(file.c_str(), &status) == 0;
+    if (!exists && errno != ENOENT) cannot_write(file, errno);
+    if (exists && S_ISDIR(status.st_mode)) cannot_write(file, EISDIR);
+    if (exists && access(file.c_str(), W_OK) != 0) cannot_write(file, errno);
+    if (exists && !S_ISREG(status.st_mode)) {
+        direct_ = ::open(file.c_str(), O_WRONLY | O_CLOEXEC);
+        if (direct_ < 0) cannot_write(file, errno);
+        return;
+    }
+    // A link stays one: what it points to is replaced.
+    draft_ = std::make_unique<Draft>(exists ? fs::canonical(file).string() : file);
+}
+
+Output::~Output() {
+    if (direct_ > STDERR_FILENO) ::close(direct_);
+}
+
+void Output::write(const std::string& part) {
+    if (draft_)
+        draft_->write(part);
+    else
+        write_whole(direct_, part, file_ == "-" ? "standard output" : file_);
+}
+
+void Output::finish() {
+    if (draft_) draft_->put_in_place();
+}
+
+void write_output(const std::string& file, const std::string& contents) {
+    Output output(file);
+    output.write(contents);
+    output.finish();
+}
+
+void require_absent(const std::string& file) {
+    struct stat status;
+    if (file != "-" && lstat(file.c_str(), &status) == 0)
+        throw Unusable(file, "exists already; --force replaces it");
+}
+
+Status for_each_file(const std::vector<std::string>& files,
+                     const std::function<Status(const std::string&)>& work) {
+    Status all = Status::fine;
+    for (const std::string& file : files) {
+        try {
+            note(all, work(file));
+        } catch (const Unusable& unusable) {
+            complain(unusable.file(), unusable.what());
+            note(all, Status::unusable);
+        }
+    }
+    return all;
+}
+
+}  // namespace command

@@ -1,0 +1,57 @@
+// Files that the command reads and writes.
+#pragma once
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "cli/status.h"
+
+namespace command {
+
+/// A file that cannot be used, and why, in one line.
+class Unusable : public std::runtime_error {
+  public:
+    Unusable(std::string file, const std::string& why) : runtime_error(why), file_(std::move(file)) {}
+    const std::string& file() const { return file_; }
+
+  private:
+    std::string file_;
+};
+
+/// The most bytes that an input may have. A theme whose picture is no larger than the keyboard has a few
+/// hundred thousand.
+constexpr size_t largest_input = 64 << 20;
+
+/// The whole file; of standard input for "-". Throws Unusable, which says what it should have been.
+std::string read_input(const std::string& file, const std::string& kind = "theme");
+
+/// Writes the whole file or nothing: beside the place first, under its name only when it is complete. "-" is
+/// standard output. Throws Unusable.
+void write_output(const std::string& file, const std::string& contents);
+
+/// The same for contents that come piece by piece. What was begun and not finished leaves nothing behind.
+class Output {
+  public:
+    explicit Output(const std::string& file);
+    Output(const Output&) = delete;
+    ~Output();
+    void write(const std::string& part);
+    void finish();
+
+  private:
+    struct Draft;
+    std::string file_;
+    std::unique_ptr<Draft> draft_;  // none for what is written to at once: a device, a pipe, standard output
+    int direct_ = -1;
+};
+
+/// Throws Unusable when something is at the path already.
+void require_absent(const std::string& file);
+
+/// Does something with each file. What is unusable is complained of, and the others are done all the same.
+Status for_each_file(const std::vector<std::string>& files,
+                     const std::function<Status(const std::string&)>& work);
+
+}  // namespace command

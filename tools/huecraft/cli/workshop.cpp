@@ -1,0 +1,183 @@
+// Where the work is done: a simulated phone in a child process, with a folder that plays its file system.
+#include "cli/workshop.h"
+
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+
+#include "cli/files.h"
+#include "cli/terminal.h"
+#include "support/phone.h"
+
+namespace command {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* theme_folder = "var/mobile/Library/Preferences/HuecraftConfiguration";
+
+/// A folder that goes when the command ends.
+class TemporaryFolder {
+  public:
+    TemporaryFolder() {
+        std::string pattern = (fs::temp_directory_path() / "huecraft-XXXXXX").string();
+        if (!mkdtemp(pattern.data()))
+            throw Unusable(pattern, std::string("cannot be made: ") + std::strerror(errno));
+        path_ = pattern;
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        fs::remove_all(path_, ignored);
+    }
+    const fs::path& path() const { return path_; }
+
+  private:
+    fs::path path_;
+};
+
+volatile pid_t working_child = 0;
+
+void pass_on(int signal) {
+    if (working_child > 0) kill(working_child, signal);
+}
+
+/// The signals that end the command from outside. Its child hears those of a terminal too, and is told of the
+/// last; its folder is to be cleared away afterwards.
+class StayingToTidyUp {
+  public:
+    StayingToTidyUp() {
+        for (size_t i = 0; i < count; ++i)
+            before_[i] = std::signal(signals[i], signals[i] == SIGTERM ? pass_on : SIG_IGN);
+    }
+    StayingToTidyUp(const StayingToTidyUp&) = delete;
+    ~StayingToTidyUp() { leave(); }
+    void leave() {
+        for (size_t i = 0; i < count; ++i) std::signal(signals[i], before_[i]);
+    }
+
+  private:
+    static constexpr int signals[] = {SIGINT, SIGQUIT, SIGHUP, SIGTERM};
+    static constexpr size_t count = std::size(signals);
+    using Handler = void (*)(int);
+    Handler before_[count];
+};
+
+[[noreturn]] void work_and_exit(const std::function<Status()>& work) {
+    Status status = Status::unusable;
+    try {
+        status = work();
+    } catch (const Unusable& unusable) {
+        complain(unusable.file(), unusable.what());
+    } catch (const std::exception& failure) {
+        std::fflush(stdout);
+        std::fprintf(stderr, "huecraft: %s\n", failure.what());
+    }
+    if (!output_is_whole()) {
+        complain("standard output", std::string("cannot be written: ") + std::strerror(errno));
+        status = Status::unusable;
+    }
+    std::exit(static_cast<int>(status));
+}
+
+}  // namespace
+
+fs::path library(const std::string& named) {
+    if (!named.empty()) return named;
+    const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
+    const fs::path installed = folder / "lib" / "huecraft" / "HuecraftiOS12.so";
+    if (fs::exists(installed)) return installed;
+    const fs::path built = folder / "lib" / "HuecraftiOS12.so";
+    if (fs::exists(built)) return built;
+    throw Unusable(installed, "the library is missing; install the command again");
+}
+
+fs::path data_folder() {
+    const fs::path folder =
+        fs::read_symlink("/proc/self/exe").parent_path().parent_path() / "share" / "huecraft";
+    if (!fs::exists(folder / "Huecraft.bundle"))
+        throw Unusable(folder / "Huecraft.bundle",
+                       "the pictures of the preview are missing; install the command again");
+    return folder;
+}
+
+void Workshop::place_theme(const std::string& name, const std::string& contents) const {
+    const fs::path place = theme(name);
+    std::ofstream file(place, std::ios::binary);
+    file.write(contents.data(), static_cast<std::streamsize>(contents.size()));
+    file.close();
+    if (!file) throw Unusable(place, std::string("cannot be written: ") + std::strerror(errno));
+}
+
+fs::path Workshop::theme(const std::string& name) const { return device / theme_folder / name; }
+
+void Workshop::furnish() const {
+    fs::create_directories(device / theme_folder);
+    fs::create_directories(device / "tmp");
+}
+
+void Workshop::install_settings_pictures() const {
+    const fs::path bundle = data_folder() / "Huecraft.bundle",
+                   place = device / "Library" / "PreferenceBundles";
+    fs::create_directories(place);
+    fs::copy(bundle, place / "Huecraft.bundle", fs::copy_options::recursive);
+}
+
+pid_t start_child(const std::function<Status()>& work) {
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child < 0) throw Unusable("a process", std::string("cannot be started: ") + std::strerror(errno));
+    if (child == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+        work_and_exit(work);
+    }
+    return child;
+}
+
+ChildEnd await_child(pid_t child) {
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    if (WIFEXITED(status) && WEXITSTATUS(status) <= static_cast<int>(Status::unusable))
+        return {static_cast<Status>(WEXITSTATUS(status)), {}};
+    const int signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    const bool was_told_to =
+        signal == SIGINT || signal == SIGTERM || signal == SIGHUP || signal == SIGQUIT || signal == SIGPIPE;
+    if (was_told_to) return {Status::unusable, {}};
+    const std::string stopped = "the simulated phone stopped";
+    return {Status::unusable, signal ? stopped + ": " + strsignal(signal) : stopped};
+}
+
+Status in_child(const std::function<Status()>& work) {
+    StayingToTidyUp staying;
+    working_child = start_child([&] {
+        staying.leave();
+        return work();
+    });
+    const auto [status, stopped] = await_child(working_child);
+    if (!stopped.empty()) std::fprintf(stderr, "huecraft: %s\n", stopped.c_str());
+    return status;
+}
+
+Status in_workshop(const std::function<Status(const Workshop&)>& work) {
+    try {
+        const TemporaryFolder folder;
+        const Workshop workshop{folder.path() / "device"};
+        workshop.furnish();
+        return in_child([&] { return work(workshop); });
+    } catch (const Unusable& unusable) {
+        complain(unusable.file(), unusable.what());
+    } catch (const fs::filesystem_error& failure) {
+        complain(failure.path1(), failure.code().message());
+    }
+    return Status::unusable;
+}
+
+}  // namespace command

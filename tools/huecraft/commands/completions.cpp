@@ -1,0 +1,51 @@
+// huecraft completions and huecraft man: the command's own description.
+#include <cstdio>
+
+#include "cli/command_line.h"
+#include "cli/describe.h"
+#include "cli/terminal.h"
+
+namespace command {
+namespace {
+
+Status print(const std::string& text) {
+    std::fputs(text.c_str(), stdout);
+    if (output_is_whole()) return Status::fine;
+    complain("standard output", "cannot be written");
+    return Status::unusable;
+}
+
+struct Completions {
+    const CLI::App* command;
+    std::string shell;
+
+    Status operator()() const {
+        return print(shell == "bash"  ? bash_completion(*command)
+                     : shell == "zsh" ? zsh_completion(*command)
+                                      : fish_completion(*command));
+    }
+};
+
+struct Manual {
+    const CLI::App* command;
+    Status operator()() const { return print(manual(*command)); }
+};
+
+}  // namespace
+
+void add_completions(CLI::App& command, Request& request) {
+    auto completions = std::make_shared<Completions>(&command, "");
+    CLI::App* sub = add_subcommand(command, request, "completions",
+                                   "Print what a shell completes the command with", completions);
+    taking_one_of(sub->add_option("SHELL", completions->shell, "The shell")->required(),
+                  {"bash", "zsh", "fish"});
+    sub->footer(
+        "Example:\n"
+        "  huecraft completions bash > ~/.local/share/bash-completion/completions/huecraft");
+    add_subcommand(command, request, "man", "Print the manual page", std::make_shared<Manual>(&command))
+        ->footer(
+            "Example:\n"
+            "  huecraft man | man -l -");
+}
+
+}  // namespace command

@@ -1,0 +1,84 @@
+// huecraft keyboard: a picture of the simulated keyboard in a theme.
+#include <cstdio>
+#include <map>
+
+#include "cli/command_line.h"
+#include "cli/files.h"
+#include "cli/terminal.h"
+#include "formats/value.h"
+#include "support/phone.h"
+#include "themes/keyboard_picture.h"
+
+namespace command {
+namespace {
+
+/// The phones that iOS 12 runs on and whose keyboard reaches the lower edge of the screen.
+const std::map<std::string, tools::Screen> screens{
+    {"iphone-5s", {320, 568, 2}},     {"iphone-se", {320, 568, 2}},     {"iphone-6", {375, 667, 2}},
+    {"iphone-6-plus", {414, 736, 3}}, {"iphone-7", {375, 667, 2}},      {"iphone-7-plus", {414, 736, 3}},
+    {"iphone-8", {375, 667, 2}},      {"iphone-8-plus", {414, 736, 3}},
+};
+
+struct Keyboard {
+    std::string file, output, library, state = "letters", press, orientation = "portrait",
+                                       device = "iphone-8", background = "notes";
+    double scale = 0;
+    bool json = false;
+
+    Status operator()() const {
+        return in_workshop([this](const Workshop& workshop) {
+            const std::string theme = read_input(file);
+            const auto build = command::library(library);
+            const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")),
+                                               tools::sha256_of(theme)};
+            tools::boot(workshop.device, tools::notes, screens.at(device).for_pictures(scale));
+            put_on_theme(workshop, file, theme, build);
+            sim_keyboard keyboard{};
+            keyboard.size = sizeof keyboard;
+            keyboard.plane = state.c_str();
+            keyboard.pressed_key = press.empty() ? nullptr : press.c_str();
+            keyboard.landscape = orientation == "landscape";
+            keyboard.background = background.c_str();
+            write_output(output, keyboard_picture(workshop, keyboard, scale, provenance));
+            if (json && output != "-")
+                std::fputs(printed({{"theme", file}, {"picture", output}}).c_str(), stdout);
+            return Status::fine;
+        });
+    }
+};
+
+}  // namespace
+
+void add_keyboard(CLI::App& command, Request& request) {
+    auto options = std::make_shared<Keyboard>();
+    CLI::App* sub =
+        add_subcommand(command, request, "keyboard", "Draw the simulated keyboard in a theme", options);
+    sub->add_option("FILE", options->file, "The theme")->required()->type_name("");
+    sub->add_option("-o,--output", options->output, "The picture to write, as PNG; - is standard output")
+        ->required()
+        ->type_name("FILE");
+    std::vector<std::string> devices;
+    for (const auto& [name, screen] : screens) devices.push_back(name);
+    taking_one_of(sub->add_option("--state", options->state, "What is on the keys"),
+                  {"letters", "shifted", "numbers", "symbols", "emoji"});
+    sub->add_option("--press", options->press,
+                    "The key that is held down, by its text (g, return) or name (shift)")
+        ->type_name("KEY");
+    taking_one_of(sub->add_option("--orientation", options->orientation, "How the phone is held"),
+                  {"portrait", "landscape"});
+    taking_one_of(sub->add_option("--device", options->device, "The phone, for its screen"), devices);
+    taking_number(sub->add_option("--scale", options->scale, "Pixels per point; the screen's without it"),
+                  0.1, 8);
+    taking_one_of(sub->add_option("--background", options->background, "The application's page behind it"),
+                  {"notes", "light", "busy"});
+    add_library(sub, options->library);
+    add_json(sub, options->json);
+    sub->footer(
+        "Examples:\n"
+        "  huecraft keyboard Midnight.plist -o midnight.png\n"
+        "  huecraft keyboard Peach.plist -o peach.png --state shifted --press G --background busy\n"
+        "  huecraft keyboard Peach.plist -o wide.png --orientation landscape --device iphone-8-plus --scale "
+        "1");
+}
+
+}  // namespace command

@@ -1,0 +1,24 @@
+// The hook table as the library installs it, and what the simulated phone has of it.
+#pragma once
+#include <string>
+#include <vector>
+
+#include "cli/workshop.h"
+
+namespace command {
+
+struct HookRow {
+    /// "-[Class selector]", "+[Class selector]"; the name of a function.
+    std::string target;
+    enum class How { replaced, added, function } how;
+};
+
+/// Boots the phone as a home screen under a theme, and loads the library, which tells the rows in the order
+/// of installation. Once per process.
+std::vector<HookRow> installed_hook_rows(const Workshop& workshop);
+
+/// The description of the simulated phone: the classes that the hooks are about, what they derive from, and
+/// what they have. Instead of the above, in a process of its own.
+std::string simulated_description(const Workshop& workshop);
+
+}  // namespace command

@@ -1,0 +1,36 @@
+// A theme as another format describes it.
+#pragma once
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "themes/colour.h"
+
+namespace command {
+
+struct Imported {
+    std::string name;
+    std::optional<Colour> text, highlight;
+    /// One is a flat colour, more are a gradient.
+    std::vector<Colour> colours;
+    unsigned direction = 2;
+    /// What could not be carried over, a line each.
+    std::vector<std::string> losses;
+};
+
+/// What keeps a text from being imported, in one line.
+struct NotImportable : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// A base16 scheme, in YAML. Throws NotImportable.
+Imported import_base16(const std::string& yaml);
+
+/// The first linear-gradient(…) in a text of CSS. Throws NotImportable.
+Imported import_css_gradient(const std::string& css);
+
+/// A colour by its name in CSS, in lower case.
+std::optional<Colour> css_colour_named(const std::string& name);
+
+}  // namespace command

@@ -1,0 +1,24 @@
+// What is verified of a package, one thing after the other.
+#pragma once
+#include <string>
+#include <vector>
+
+#include "package/package.h"
+
+namespace command {
+
+struct Check {
+    std::string name;
+    std::string found;                ///< in a few words, what was found to be right
+    std::vector<std::string> faults;  ///< what was found and what was expected
+};
+using Checks = std::vector<Check>;
+
+/// The package around the dylib: its parts, places, description, filter and size. Needs a phone, whose
+/// Foundation reads the filter.
+Checks checks_of_package(const Package& package);
+
+/// The dylib: what system it is for, what it takes and offers, its signature and size.
+Checks checks_of_dylib(const std::string& bytes);
+
+}  // namespace command

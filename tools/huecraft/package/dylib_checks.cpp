@@ -1,0 +1,237 @@
+// Checks of the dylib in a package.
+#include <yaml-cpp/yaml.h>
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <span>
+#include <sstream>
+
+#include "cli/terminal.h"
+#include "loader/bind_opcodes.h"
+#include "loader/code_signature.h"
+#include "loader/exports.h"
+#include "loader/fault.h"
+#include "loader/rebase.h"
+#include "loader/slice.h"
+#include "loader/system_libraries.h"
+#include "loader/versions.h"
+#include "package/checks.h"
+#include "package/promised.h"
+
+namespace command {
+namespace {
+
+using Names = std::set<std::string>;
+using macho::version_text;
+
+constexpr size_t largest_dylib = 160 << 10;
+constexpr const char* install_name = "/Library/MobileSubstrate/DynamicLibraries/HuecraftiOS12.dylib";
+constexpr const char* signed_as = "HuecraftiOS12.dylib";
+constexpr uint32_t signature_version = 0x20200;
+constexpr uint32_t minimum_version = macho::packed_version(12);
+constexpr const char* target = "arm64-ios";
+
+/// What each library offers to the device, by install name.
+std::map<std::string, Names> offered_imports() {
+    std::map<std::string, Names> offers;
+    for (const YAML::Node& stub : YAML::LoadAll(promised_imports)) {
+        Names& names = offers[stub["install-name"].as<std::string>()];
+        for (const YAML::Node& group : stub["exports"]) {
+            const auto targets = group["targets"].as<std::vector<std::string>>();
+            if (std::ranges::find(targets, target) == targets.end()) continue;
+            for (const char* symbols : {"symbols", "weak-symbols"})
+                for (const YAML::Node& symbol : group[symbols]) names.insert(symbol.as<std::string>());
+            for (const YAML::Node& name : group["objc-classes"])
+                for (const char* kind : {"_OBJC_CLASS_$_", "_OBJC_METACLASS_$_"})
+                    names.insert(kind + name.as<std::string>());
+        }
+    }
+    return offers;
+}
+
+Names listed_exports() {
+    Names names;
+    std::istringstream lines(promised_exports);
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line.substr(0, line.find('#')));
+        for (std::string name; words >> name;) names.insert(name);
+    }
+    return names;
+}
+
+std::string platform_text(uint32_t platform) {
+    return platform == macho::kPlatformIos ? "iOS" : "platform " + std::to_string(platform);
+}
+
+class DylibChecks {
+  public:
+    explicit DylibChecks(const std::string& bytes)
+        : file_({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, "the dylib") {}
+
+    Checks all() {
+        check("slice", [this](Check& check) { slice(check); });
+        check("fix-ups", [this](Check& check) { fix_ups(check); });
+        check_of_layout("system", &DylibChecks::system);
+        check_of_layout("install name", &DylibChecks::name);
+        check_of_layout("library versions", &DylibChecks::library_versions);
+        check_of_layout("imports", &DylibChecks::imports);
+        check_of_layout("exports", &DylibChecks::exports);
+        check_of_layout("signature", &DylibChecks::signature);
+        check("dylib size", [this](Check& check) {
+            check.found = std::to_string(file_.size()) + " bytes";
+            if (file_.size() > largest_dylib)
+                check.faults.push_back("found " + check.found + ", expected at most " +
+                                       std::to_string(largest_dylib));
+        });
+        return std::move(checks_);
+    }
+
+  private:
+    void check(const std::string& name, const std::function<void(Check&)>& work) {
+        Check one{.name = name, .found = {}, .faults = {}};
+        collect(one, [&] { work(one); });
+        checks_.push_back(std::move(one));
+    }
+
+    static void collect(Check& check, const std::function<void()>& work) {
+        try {
+            work();
+        } catch (const macho::Fault& fault) {
+            check.faults.push_back("found " + one_line(fault.what(), 300));
+        }
+    }
+
+    /// What cannot be checked has not passed.
+    void check_of_layout(const std::string& name, void (DylibChecks::*work)(Check&)) {
+        check(name, [&](Check& check) {
+            if (layout_) return (this->*work)(check);
+            check.faults.push_back("not checked, since the dylib cannot be read");
+        });
+    }
+
+    void slice(Check& check) {
+        if (file_.size() >= 4 && file_.u32_big_endian(0) == macho::kFatMagic)
+            check.faults.push_back("found a file of several slices, expected the arm64 slice alone");
+        slice_ = macho::choose_slice(file_, macho::Cpu::arm64);
+        check.found = "arm64 alone";
+    }
+
+    void fix_ups(Check& check) {
+        if (!slice_) return check.faults.push_back("not checked, since there is no arm64 slice");
+        macho::Layout layout = macho::read_layout(*slice_);
+        const auto rebases = macho::read_rebases(part(layout.rebase, "the rebase table"), layout);
+        layout_ = std::move(layout);
+        check.found = "classic, " + counted(rebases.size(), "rebased pointer");
+    }
+
+    void system(Check& check) {
+        check.found = platform_text(layout_->platform) + " " + version_text(layout_->minimum_version);
+        if (layout_->platform != macho::kPlatformIos || layout_->minimum_version != minimum_version)
+            check.faults.push_back("found " + check.found + " as the oldest, expected iOS " +
+                                   version_text(minimum_version));
+    }
+
+    void name(Check& check) {
+        check.found = layout_->install_name;
+        if (check.found != install_name)
+            check.faults.push_back("found " + in_quotes(check.found) + ", expected \"" + install_name + "\"");
+    }
+
+    /// The stubs say what is linked with, and this what the system has: a stub may be wrong.
+    void library_versions(Check& check) {
+        for (const macho::Dependency& library : layout_->libraries) {
+            const macho::OfferedLibrary* offered = macho::system_library(library.install_name);
+            if (!offered || library.compatibility_version <= offered->compatibility_version) continue;
+            check.faults.push_back("LC_LOAD_DYLIB asks for version " +
+                                   version_text(library.compatibility_version) + " of " +
+                                   one_line(library.install_name) + ", expected at most " +
+                                   version_text(offered->compatibility_version));
+        }
+        check.found = "of the " + std::to_string(layout_->libraries.size()) +
+                      " libraries, none later than the system's";
+    }
+
+    void imports(Check& check) {
+        const auto offers = offered_imports();
+        for (const macho::Dependency& library : layout_->libraries)
+            if (!offers.contains(library.install_name))
+                check.faults.push_back("links with " + one_line(library.install_name) +
+                                       ", which device/stubs has not");
+        std::set<std::pair<std::string, std::string>> taken;
+        using macho::BindTable;
+        for (const auto& [range, table] : {std::pair{layout_->bind, BindTable::regular},
+                                           {layout_->weak_bind, BindTable::weak},
+                                           {layout_->lazy_bind, BindTable::lazy}})
+            for (const macho::BindRow& row : macho::read_binds(part(range, "a bind table"), table, *layout_))
+                taken.emplace(std::string(row.symbol),
+                              row.ordinal > 0
+                                  ? layout_->libraries.at(static_cast<size_t>(row.ordinal - 1)).install_name
+                                  : "");
+        for (const auto& [symbol, library] : taken) {
+            const auto offer = offers.find(library);
+            if (offer == offers.end() || !offer->second.contains(symbol))
+                check.faults.push_back("imports " + one_line(symbol) + " from " +
+                                       (library.empty() ? "wherever it is" : one_line(library)) +
+                                       ", which device/stubs does not list");
+        }
+        if (taken.empty()) check.faults.push_back("imports nothing: that cannot be the library");
+        check.found = std::to_string(taken.size()) + ", as device/stubs lists them";
+    }
+
+    void exports(Check& check) {
+        const Names promised = listed_exports();
+        Names offered;
+        for (const auto& [name, where] : macho::read_exports(part(layout_->exports, "the export trie")))
+            offered.insert(name);
+        for (const std::string& name : offered)
+            if (!promised.contains(name))
+                check.faults.push_back("exports " + one_line(name) +
+                                       ", which device/exports.txt does not list");
+        for (const std::string& name : promised)
+            if (!offered.contains(name))
+                check.faults.push_back("does not export " + name + ", which device/exports.txt lists");
+        check.found = std::to_string(offered.size()) + ", as device/exports.txt has them";
+    }
+
+    /// As installers of the time sign: nobody's, but not marked so, which the system's own check rejects.
+    void signature(Check& check) {
+        const macho::CodeSignature signature = macho::read_signature(*slice_, *layout_);
+        const auto expect = [&](const std::string& what, const std::string& found,
+                                const std::string& expected) {
+            if (found != expected)
+                check.faults.push_back("found " + what + " " + found + ", expected " + expected);
+        };
+        std::string hashes;
+        for (const macho::CodeDirectory& directory : signature.directories)
+            hashes += (hashes.empty() ? "" : ", ") + std::string(directory.hash_name());
+        expect("CodeDirectories of", hashes, "SHA-1, SHA-256");
+        for (const macho::CodeDirectory& directory : signature.directories) {
+            const std::string of = std::string(directory.hash_name()) + " CodeDirectory";
+            expect(of + " version", macho::hex(directory.version), macho::hex(signature_version));
+            expect(of + " flags", macho::hex(directory.flags), macho::hex(0));
+            expect(of + " identifier", in_quotes(directory.identifier), in_quotes(signed_as));
+            collect(check, [&] { macho::verify_requirements(directory, signature); });
+            collect(check, [&] { macho::verify_pages(directory, *slice_); });
+        }
+        check.found = hashes + ", " + std::to_string(signature.strongest().page_count()) +
+                      " page hashes of each recomputed";
+    }
+
+    macho::Bytes part(macho::FileRange range, std::string_view name) const {
+        return slice_->part(range.offset, range.size, name);
+    }
+
+    macho::Bytes file_;
+    std::optional<macho::Bytes> slice_;
+    std::optional<macho::Layout> layout_;
+    Checks checks_;
+};
+
+}  // namespace
+
+Checks checks_of_dylib(const std::string& bytes) { return DylibChecks(bytes).all(); }
+
+}  // namespace command

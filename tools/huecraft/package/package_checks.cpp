@@ -1,0 +1,239 @@
+// Checks of a package, apart from the dylib in it.
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <sstream>
+
+#include "cli/files.h"
+#include "cli/terminal.h"
+#include "formats/property_list.h"
+#include "formats/value.h"
+#include "objc/fast_enumeration.h"
+#include "package/checks.h"
+#include "support/text.h"
+
+namespace command {
+namespace {
+
+using Kind = PackagedFile::Kind;
+
+const std::string libraries = "/Library/MobileSubstrate/DynamicLibraries";
+const std::string dylib_path = libraries + "/HuecraftiOS12.dylib",
+                  filter_path = libraries + "/HuecraftiOS12.plist";
+const std::string bundle = "/Library/PreferenceBundles/Huecraft.bundle";
+constexpr const char* folders[] = {"/",
+                                   "/Library",
+                                   "/Library/MobileSubstrate",
+                                   "/Library/MobileSubstrate/DynamicLibraries",
+                                   "/Library/PreferenceBundles",
+                                   "/Library/PreferenceBundles/Huecraft.bundle"};
+// What the library reads at its plain name; pictures for finer screens lie beside them.
+constexpr const char* pictures[] = {"PreviewKeyboardBackground.png",
+                                    "PreviewKeyboardText.png",
+                                    "PreviewKeyboardHighlight.png",
+                                    "PreviewKeyboardKeyCaps.png",
+                                    "copy.png",
+                                    "paste.png"};
+constexpr size_t largest_package = 250 << 10;
+
+/// What users have, and a package must never bring along or replace: settings and themes.
+bool is_preference(const PackagedFile& file) {
+    return file.kind != Kind::folder && (file.path.find("/Preferences/") != file.path.npos ||
+                                         file.path.find("/HuecraftConfiguration/") != file.path.npos ||
+                                         (file.path.ends_with(".plist") && file.path != filter_path));
+}
+
+bool has_its_place(const PackagedFile& file) {
+    if (file.kind == Kind::folder) return std::ranges::find(folders, file.path) != std::end(folders);
+    return file.path == dylib_path || file.path == filter_path ||
+           (file.path.ends_with(".png") && file.path == bundle + "/" + file.name());
+}
+
+std::string octal(unsigned mode) {
+    char digits[16];
+    std::snprintf(digits, sizeof digits, "%04o", mode);
+    return digits;
+}
+
+Check layout(const Package& package) {
+    Check check{.name = "layout", .found = {}, .faults = {}};
+    auto& faults = check.faults;
+    if (package.members != std::vector<std::string>{"debian-binary", "control.tar.gz", "data.tar.gz"})
+        faults.push_back("its parts are not debian-binary, control.tar.gz and data.tar.gz in this order");
+    if (package.trailing)
+        faults.push_back("found " + counted(package.trailing, "byte") + " after its last part");
+    if (package.format != "2.0\n")
+        faults.push_back("found the format " + in_quotes(package.format) + ", expected \"2.0\\n\"");
+    for (const PackagedFile& file : package.control)
+        if (file.path != "/" && file.path != "/control")
+            faults.push_back("found " + one_line(file.path) + " for the installer, expected control alone");
+
+    std::vector<std::string> paths;
+    size_t files = 0;
+    for (const PackagedFile& file : package.data) {
+        paths.push_back(file.path);
+        files += file.kind == Kind::file;
+        const std::string path = one_line(file.path, 200);
+        if (is_preference(file)) continue;  // told by a check of its own
+        if (file.kind == Kind::other)
+            faults.push_back("found " + path + ", which is neither file nor folder");
+        else if (!has_its_place(file))
+            faults.push_back("found " + path + ", which has no place in the package");
+        const unsigned mode = file.kind == Kind::folder ? 0755 : 0644;
+        if (file.mode != mode)
+            faults.push_back("found mode " + octal(file.mode) + " at " + path + ", expected " + octal(mode));
+        if (!file.of_root) faults.push_back("found another owner than root at " + path);
+    }
+    std::ranges::sort(paths);
+    if (const auto twice = std::ranges::adjacent_find(paths); twice != paths.end())
+        faults.push_back("found " + one_line(*twice, 200) + " twice");
+
+    std::vector<std::string> needed{dylib_path, filter_path};
+    for (const char* picture : pictures) needed.push_back(bundle + "/" + picture);
+    for (const std::string& path : needed)
+        if (!std::ranges::binary_search(paths, path)) faults.push_back("found no " + path);
+    check.found = counted(files, "file") + ", each in its place";
+    return check;
+}
+
+Check preferences(const Package& package) {
+    Check check{.name = "preferences", .found = "none inside", .faults = {}};
+    for (const PackagedFile& file : package.data)
+        if (is_preference(file))
+            check.faults.push_back("found " + one_line(file.path, 200) +
+                                   ", expected no file of settings or themes: those are the user's");
+    return check;
+}
+
+// --- The description for the installer ---
+
+struct Field {
+    std::string name, value;
+};
+
+/// Fields as the installer reads them: a line that begins with a blank goes on with the field before it.
+std::vector<Field> fields_of(const std::string& control) {
+    std::vector<Field> fields;
+    std::istringstream lines(control);
+    for (std::string line; std::getline(lines, line);) {
+        const size_t colon = line.find(':');
+        if (line.starts_with(' ') && !fields.empty())
+            fields.back().value += line;
+        else if (colon == line.npos)
+            fields.push_back({line, ""});
+        else
+            fields.push_back({line.substr(0, colon),
+                              line.substr(std::min(line.find_first_not_of(' ', colon + 1), line.size()))});
+    }
+    return fields;
+}
+
+bool is_version(const std::string& text) {
+    return !text.empty() && text.front() >= '0' && text.front() <= '9' &&
+           text.find_first_not_of("0123456789.-+~") == text.npos;
+}
+
+Check control(const Package& package) {
+    Check check{.name = "control", .found = {}, .faults = {}};
+    auto& faults = check.faults;
+    const auto file = std::ranges::find(package.control, "/control", &PackagedFile::path);
+    if (file == package.control.end()) {
+        faults.push_back("found no description for the installer");
+        return check;
+    }
+    std::map<std::string, std::string> values;
+    for (const Field& field : fields_of(file->contents))
+        if (!values.emplace(field.name, field.value).second)
+            faults.push_back("found the field " + in_quotes(field.name) + " twice");
+    const auto found = [&](const char* name) {
+        return values.contains(name) ? in_quotes(values.at(name)) : std::string("no such field");
+    };
+
+    const std::pair<const char*, const char*> expected[] = {
+        {"Package", "com.quillmoth.huecraftios12"},
+        {"Architecture", "iphoneos-arm"},
+        {"Depends", "mobilesubstrate, firmware (>= 12.0), firmware (<< 13.0)"},
+    };
+    for (const auto& [name, value] : expected)
+        if (values[name] != value)
+            faults.push_back(std::string(name) + ": found " + found(name) + ", expected \"" + value + "\"");
+    if (!is_version(values["Version"]))
+        faults.push_back("Version: found " + found("Version") + ", expected a number");
+    for (const char* name : {"Maintainer", "Description"})
+        if (values[name].empty()) faults.push_back(std::string(name) + ": found nothing, expected a text");
+    // Someone with an unsupported device must learn it before the installation.
+    for (const char* word : {"Not supported", "A12", "arm64e", "Nothing of this package was run on a device"})
+        if (values["Description"].find(word) == std::string::npos)
+            faults.push_back("Description: expected to find \"" + std::string(word) + "\"");
+    check.found = "version " + one_line(values["Version"]) + ", iphoneos-arm, iOS 12";
+    return check;
+}
+
+// --- The filter: into which processes the library is loaded ---
+
+/// The value of the dictionary's only key, which must be this one.
+id only_value(id dictionary, const char* key, const std::string& where, Check& check) {
+    if (kind_of(dictionary) != command::Kind::dictionary) {
+        check.faults.push_back(where + ": found " + name_of(kind_of(dictionary)) + ", expected a dictionary");
+        return nullptr;
+    }
+    auto* content = static_cast<NSDictionary*>(dictionary);
+    id value = content->objectForKey(tools::text(key));
+    if (!value) check.faults.push_back(where + ": found no key \"" + key + "\"");
+    objc::for_each<NSString>(content, [&](NSString* other) {
+        if (tools::utf8(other) != key)
+            check.faults.push_back(where + ": found the key " + in_quotes(tools::utf8(other)) +
+                                   ", expected \"" + key + "\" alone");
+    });
+    return value;
+}
+
+Check filter(const Package& package) {
+    Check check{.name = "filter", .found = "com.apple.UIKit alone", .faults = {}};
+    const PackagedFile* file = package.installed(filter_path);
+    if (!file) {
+        check.faults.push_back("found no " + filter_path);
+        return check;
+    }
+    try {
+        id root = parse_property_list(file->contents, filter_path).root;
+        id inner = only_value(root, "Filter", "the filter file", check);
+        id bundles = inner ? only_value(inner, "Bundles", "Filter", check) : nullptr;
+        if (!bundles) return check;
+        auto* list = static_cast<NSArray*>(bundles);
+        id only =
+            kind_of(bundles) == command::Kind::list && list->count() == 1 ? list->objectAtIndex(0) : nullptr;
+        if (kind_of(only) != command::Kind::text ||
+            tools::utf8(static_cast<NSString*>(only)) != "com.apple.UIKit")
+            check.faults.push_back("Bundles: found " + in_words(only ? only : bundles) +
+                                   ", expected com.apple.UIKit alone");
+    } catch (const Unusable& unusable) {
+        check.faults.push_back("found a file that cannot be read: " + std::string(unusable.what()));
+    }
+    return check;
+}
+
+/// Unpacked, and without the pictures of the preview: what the code and its surroundings weigh at most.
+Check size(const Package& package) {
+    size_t bytes = 0;
+    for (const auto* files : {&package.control, &package.data})
+        for (const PackagedFile& file : *files)
+            if (!file.name().starts_with("PreviewKeyboard")) bytes += file.contents.size();
+    Check check{.name = "package size",
+                .found = std::to_string(package.size) +
+                         " bytes; unpacked and without the preview's pictures " + std::to_string(bytes),
+                .faults = {}};
+    if (bytes > largest_package)
+        check.faults.push_back("found " + std::to_string(bytes) +
+                               " bytes unpacked and without the preview's pictures, expected at most " +
+                               std::to_string(largest_package));
+    return check;
+}
+
+}  // namespace
+
+Checks checks_of_package(const Package& package) {
+    return {layout(package), preferences(package), control(package), filter(package), size(package)};
+}
+
+}  // namespace command

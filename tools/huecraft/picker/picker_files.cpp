@@ -1,0 +1,117 @@
+// The files that a colour picker meets on the phone: see the header.
+#include "picker/picker_files.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+#include "cli/files.h"
+#include "objc/fast_enumeration.h"
+#include "support/text.h"
+#include "themes/theme.h"
+#include "themes/theme_saving.h"
+
+namespace command {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* recent_place = "var/mobile/Library/Preferences/com.quillmoth.hcrecentcolors.plist";
+constexpr const char* eclipse_library = "Library/MobileSubstrate/DynamicLibraries/Eclipse.dylib";
+constexpr const char* eclipse_preferences = "var/mobile/Library/Preferences/com.hvelden.eclipse.plist";
+/// All that the picker reads.
+constexpr const char* read_by_the_picker[] = {recent_place, eclipse_library, eclipse_preferences,
+                                              "Library/PreferenceBundles/Huecraft.bundle/copy.png",
+                                              "Library/PreferenceBundles/Huecraft.bundle/paste.png"};
+
+void put(const fs::path& place, const std::string& contents) {
+    fs::create_directories(place.parent_path());
+    // In place of what may be there, and not through a link.
+    fs::remove_all(place);
+    std::ofstream file(place, std::ios::binary);
+    file.write(contents.data(), static_cast<std::streamsize>(contents.size()));
+    file.close();
+    if (!file) throw Unusable(place, std::string("cannot be written: ") + std::strerror(errno));
+}
+
+}  // namespace
+
+std::string PickerFiles::recent_file() const {
+    if (!recent.empty()) return recent;
+    return device.empty() ? "" : (fs::path(device) / recent_place).string();
+}
+
+void PickerFiles::lend(const Workshop& workshop) const {
+    if (!device.empty()) {
+        if (!fs::is_directory(device)) throw Unusable(device, "there is no such folder");
+        for (const char* place : read_by_the_picker)
+            if (const fs::path file = fs::path(device) / place; fs::exists(file))
+                put(workshop.device / place, read_input(file, "file of the device"));
+    }
+    if (!recent.empty()) put(workshop.device / recent_place, read_input(recent, "file of recent colours"));
+}
+
+void PickerFiles::take_back(const Workshop& workshop) const {
+    const fs::path written = workshop.device / recent_place;
+    if (!fs::exists(written)) return;
+    const std::string now = read_input(written), file = recent_file();
+    if (fs::exists(file) && read_input(file) == now) return;
+    fs::create_directories(fs::absolute(file).parent_path());
+    write_output(file, now);
+}
+
+RecentColours recent_colours(const Workshop& workshop) {
+    const fs::path file = workshop.device / recent_place;
+    if (!fs::exists(file)) return {"no file", nullptr};
+    id root = NSPropertyListSerialization::propertyListWithData(
+        data_of(read_input(file)), NSPropertyListSerialization::immutable, nullptr, nullptr);
+    auto* dictionary = as<NSDictionary>(root);
+    if (!dictionary) return {root ? "no dictionary, but " + in_words(root) : "no property list", nullptr};
+    id list = dictionary->objectForKey(tools::text("Colors"));
+    auto* colours = as<NSArray>(list);
+    if (!colours) return {"no list, but " + in_words(list), json_of(list)};
+    RecentColours found{"", Json::array()};
+    objc::for_each<NSObject>(colours, [&](NSObject* each) {
+        found.words += (found.words.empty() ? "" : ", ") + in_words(each);
+        found.json.push_back(json_of(each));
+    });
+    if (found.words.empty()) found.words = "none";
+    return found;
+}
+
+void install_eclipse(const Workshop& workshop) {
+    put(workshop.device / eclipse_library, "");
+    put(workshop.device / eclipse_preferences, "{ enabled = 1; \"EnabledApps-com.apple.Preferences\" = 1; }");
+}
+
+// ---- The theme ------------------------------------------------------------------------------------------
+
+EditedTheme::EditedTheme(const Workshop& workshop, std::string file, const std::string& key)
+    : file_(std::move(file)),
+      highlight_(key == "highlight"),
+      config_(load_theme(workshop, file_).config) {
+    if (!config_->getConfigName())
+        throw Unusable(file_, "the theme has no name (_ConfigName), and the library saves none without");
+}
+
+UIColor* EditedTheme::colour() const {
+    return highlight_ ? config_->getHighlightColor() : config_->getTextColor();
+}
+
+void EditedTheme::set_colour(UIColor* colour) {
+    highlight_ ? config_->setHighlightColor(colour) : config_->setTextColor(colour);
+    changed_ = true;
+}
+
+std::string EditedTheme::key() const {
+    return name_of(highlight_ ? ThemeKey::highlight_colour : ThemeKey::text_colour);
+}
+
+id EditedTheme::stored() const { return config_->asPlist()->objectForKey(tools::text(key())); }
+
+void EditedTheme::save(const Workshop& workshop) const {
+    const std::string name = config_->getConfigName()->UTF8String();
+    save_theme(config_, {.name = name, .output = file_, .force = true}, file_, workshop);
+}
+
+}  // namespace command

@@ -1,0 +1,40 @@
+// Saving a theme with the library's own class.
+#include "themes/theme_saving.h"
+
+#include "cli/files.h"
+#include "cli/terminal.h"
+#include "support/text.h"
+
+namespace command {
+
+using tools::text;
+using tools::utf8;
+
+std::string checked_file(HuecraftConfig* config, const Destination& destination) {
+    const std::string& name = destination.name;
+    if (name.empty()) throw Unusable(in_quotes(name), "a theme needs a name");
+    NSString* theme_name = text(name);
+    if (!theme_name) throw Unusable(name, "the name is not UTF-8");
+    const std::string stem = utf8(config->sanitizeFileName(theme_name));
+    if (stem.empty()) throw Unusable(name, "nothing of the name is left for a file's name");
+    constexpr size_t longest_stem = 255 - 6;  // with ".plist" as long as names can be
+    if (stem.size() > longest_stem)
+        throw Unusable(one_line(name), "the name is too long for a file's: " + std::to_string(stem.size()) +
+                                           " bytes, and at most " + std::to_string(longest_stem) + " fit");
+    const std::string file = destination.output.empty() ? stem + ".plist" : destination.output;
+    if (!destination.force) require_absent(file);
+    return file;
+}
+
+void save_theme(HuecraftConfig* config, const Destination& destination, const std::string& file,
+                const Workshop& workshop) {
+    NSString* name = text(destination.name);
+    config->setConfigName(name);
+    NSError* error = nullptr;
+    if (!config->saveConfiguration(&error))
+        throw Unusable(file, "the library cannot save it: " +
+                                 one_line(utf8(error->send<"localizedDescription", NSString*>()), 300));
+    write_output(file, read_input(workshop.theme(utf8(config->sanitizeFileName(name)) + ".plist")));
+}
+
+}  // namespace command

@@ -1,0 +1,26 @@
+// Saving a theme with the library's own class.
+#pragma once
+#include <string>
+
+#include "cli/workshop.h"
+#include "model/HuecraftConfig.h"
+
+namespace command {
+
+/// Where a theme goes, and under which name.
+struct Destination {
+    std::string name;
+    /// Empty for the name's own file, "-" for standard output.
+    std::string output;
+    /// Replaces a file that exists.
+    bool force = false;
+};
+
+/// Throws Unusable for a name that cannot be one. Answers the file's name.
+std::string checked_file(HuecraftConfig* config, const Destination& destination);
+
+/// Names and saves the theme. Throws Unusable when that cannot be.
+void save_theme(HuecraftConfig* config, const Destination& destination, const std::string& file,
+                const Workshop& workshop);
+
+}  // namespace command
