@@ -2,15 +2,17 @@
 #pragma once
 #include "platform/controls.h"
 
+struct UIKBRenderingContext;
+
 // --- What a keyboard consists of, and how its keys are drawn ---
 
 /// A keyboard, one of its planes, or a key: the keyboard's description of itself.
 struct UIKBTree : objc::Interface<UIKBTree, "UIKBTree", NSObject> {
-    objc::strong<UIKBTree> initWithType(NSInteger type) {
+    objc::strong<UIKBTree> initWithType(int type) {
         return send<"initWithType:", objc::strong<UIKBTree>>(type);
     }
 
-    NSInteger type() { return send<"type", NSInteger>(); }
+    int type() { return send<"type", int>(); }
     /// "Latin-Small-Letter-G", "Shift-Key"; nil until set.
     NSString* name() { return send<"name", NSString*>(); }
     void setName(NSString* name) { send<"setName:">(name); }
@@ -24,13 +26,23 @@ struct UIKBTree : objc::Interface<UIKBTree, "UIKBTree", NSObject> {
     NSString* representedString() { return send<"representedString", NSString*>(); }
     void setRepresentedString(NSString* text) { send<"setRepresentedString:">(text); }
     /// What kind of key it is.
-    NSInteger displayType() { return send<"displayType", NSInteger>(); }
-    void setDisplayType(NSInteger type) { send<"setDisplayType:">(type); }
+    int displayType() { return send<"displayType", int>(); }
+    void setDisplayType(int type) { send<"setDisplayType:">(type); }
+    /// Whether a finger is on the key.
+    int state() { return send<"state", int>(); }
+    void setState(int state) { send<"setState:">(state); }
+    /// Of a plane: which factory draws it.
+    int visualStyle() { return send<"visualStyle", int>(); }
+    void setVisualStyle(int style) { send<"setVisualStyle:">(style); }
     NSMutableArray* subtrees() { return send<"subtrees", NSMutableArray*>(); }
 };
 
 /// The style that the keyboard is drawn in.
 struct UIKBRenderConfig : objc::Interface<UIKBRenderConfig, "UIKBRenderConfig", NSObject> {
+    /// The light one, and the dark one.
+    static UIKBRenderConfig* defaultConfig() { return class_send<"defaultConfig", UIKBRenderConfig*>(); }
+    static UIKBRenderConfig* darkConfig() { return class_send<"darkConfig", UIKBRenderConfig*>(); }
+
     /// The code of the backdrop that a keyboard of that style is put on.
     static NSInteger backdropStyle(NSInteger style, NSInteger quality) {
         return class_send<"backdropStyleForStyle:quality:", NSInteger>(style, quality);
@@ -43,8 +55,15 @@ struct UIKBRenderConfig : objc::Interface<UIKBRenderConfig, "UIKBRenderConfig", 
 
 /// Decides how each key is drawn. The names are of colours, to be resolved by UIKBGetNamedColor.
 struct UIKBRenderFactory : objc::Interface<UIKBRenderFactory, "UIKBRenderFactory", NSObject> {
-    objc::strong<UIKBRenderFactory> initWithRenderConfig(UIKBRenderConfig* config) {
-        return send<"initWithRenderConfig:", objc::strong<UIKBRenderFactory>>(config);
+    /// Of the subclass for that kind of plane.
+    static UIKBRenderFactory* factory(int visual_style, UIKBRenderingContext* context) {
+        return class_send<"factoryForVisualStyle:renderingContext:", UIKBRenderFactory*>(visual_style,
+                                                                                         context);
+    }
+    objc::strong<UIKBRenderFactory> initWithRenderingContext(UIKBRenderingContext* context,
+                                                             bool skip_layout_segments) {
+        return send<"initWithRenderingContext:skipLayoutSegments:", objc::strong<UIKBRenderFactory>>(
+            context, skip_layout_segments);
     }
 
     UIKBRenderConfig* renderConfig() { return send<"renderConfig", UIKBRenderConfig*>(); }
@@ -135,6 +154,27 @@ struct UIKBTextStyle : objc::Interface<UIKBTextStyle, "UIKBTextStyle", NSObject>
 
 // --- Views and layers ---
 
+/// Draws its key, as the factory says, into a picture: into its own layer's, or into those of layers that it
+/// keeps by what is in them.
+struct UIKBKeyView : objc::Interface<UIKBKeyView, "UIKBKeyView", UIView> {
+    objc::strong<UIKBKeyView> initWithFrame(CGRect frame, UIKBTree* keyplane, UIKBTree* key) {
+        return send<"initWithFrame:keyplane:key:", objc::strong<UIKBKeyView>>(frame, keyplane, key);
+    }
+
+    UIKBTree* key() { return send<"key", UIKBTree*>(); }
+    UIKBTree* keyplane() { return send<"keyplane", UIKBTree*>(); }
+    /// The one of the plane's visual style, unless it is given another.
+    UIKBRenderFactory* factory() { return send<"factory", UIKBRenderFactory*>(); }
+    void setFactory(UIKBRenderFactory* factory) { send<"setFactory:">(factory); }
+    /// Whether what it draws is in layers of their own.
+    bool requiresSublayers() { return send<"requiresSublayers", bool>(); }
+    /// The layer that it keeps for these flags.
+    CALayer* layerForRenderFlags(NSInteger flags) { return send<"layerForRenderFlags:", CALayer*>(flags); }
+    /// To be called when the key's state has changed.
+    void prepareForDisplay() { send<"prepareForDisplay">(); }
+    void displayLayer(CALayer* layer) { send<"displayLayer:">(layer); }
+};
+
 /// A key that is drawn over the blurred backdrop rather than into the plane.
 struct UIKBBlurredKeyView : objc::Interface<UIKBBlurredKeyView, "UIKBBlurredKeyView", UIView> {
     objc::strong<UIKBBlurredKeyView> initWithFrame(CGRect frame, UIKBTree* keyplane, UIKBTree* key) {
@@ -142,7 +182,7 @@ struct UIKBBlurredKeyView : objc::Interface<UIKBBlurredKeyView, "UIKBBlurredKeyV
     }
 };
 
-/// The layer of a single glyph of the keyboard.
+/// A layer that a key view keeps.
 struct _UIKBKeyViewLayer : objc::Interface<_UIKBKeyViewLayer, "_UIKBKeyViewLayer", CALayer> {};
 
 /// The title over a section of the emoji plane.
@@ -160,12 +200,19 @@ struct UIKeyboardEmojiSectionHeader
     void setUseVibrantBlend(bool vibrant) { send<"setUseVibrantBlend:">(vibrant); }
 };
 
-/// The row of category glyphs below the emoji; it draws its layer's sublayers by itself.
+struct UIKeyboardEmojiKeyView
+    : objc::Interface<UIKeyboardEmojiKeyView, "UIKeyboardEmojiKeyView", UIKBKeyView> {};
+
+/// The row of category symbols below the emoji: one key, and a disc behind the selected category.
 struct UIKeyboardEmojiCategoryBar
-    : objc::Interface<UIKeyboardEmojiCategoryBar, "UIKeyboardEmojiCategoryBar", UIView> {
-    void displayLayer(CALayer* layer) { send<"displayLayer:">(layer); }
-    NSInteger selectedIndex() { return send<"selectedIndex", NSInteger>(); }
-    void setSelectedIndex(NSInteger index) { send<"setSelectedIndex:">(index); }
+    : objc::Interface<UIKeyboardEmojiCategoryBar, "UIKeyboardEmojiCategoryBar", UIKeyboardEmojiKeyView> {
+    objc::strong<UIKeyboardEmojiCategoryBar> initWithFrame(CGRect frame, UIKBTree* keyplane, UIKBTree* key) {
+        return send<"initWithFrame:keyplane:key:", objc::strong<UIKeyboardEmojiCategoryBar>>(frame, keyplane,
+                                                                                             key);
+    }
+    NSUInteger selectedIndex() { return send<"selectedIndex", NSUInteger>(); }
+    void setSelectedIndex(NSUInteger index) { send<"setSelectedIndex:">(index); }
+    UIView* scrubView() { return send<"scrubView", UIView*>(); }
 };
 
 /// One suggestion above the keys. Its instance variable `m_activeView`, a UIView, stands behind the text of

@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "keyboard/backdrops/backdrop_styles.h"
-#include "keyboard/key_painter.h"
 #include "keyboard/make.h"
+#include "keyboard/rendering/key_painter.h"
 
 namespace sim {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "keyboard/backdrops/backdrop_styles.h"
 #include "keyboard/make.h"
-#include "keyboard/path.h"
+#include "keyboard/rendering/path.h"
 
 namespace sim {
 namespace {

@@ -6,16 +6,16 @@
 #include <optional>
 #include <utility>
 
-#include "keyboard/UIKBKeyplaneView.h"
 #include "keyboard/dock/dock.h"
-#include "keyboard/emoji_plane.h"
-#include "keyboard/key_kind.h"
-#include "keyboard/key_traits.h"
-#include "keyboard/keyplanes.h"
+#include "keyboard/emoji/emoji_plane.h"
 #include "keyboard/make.h"
+#include "keyboard/planes/UIKBKeyplaneView.h"
+#include "keyboard/planes/key_kind.h"
+#include "keyboard/planes/keyplanes.h"
+#include "keyboard/planes/split.h"
 #include "keyboard/pop_up.h"
 #include "keyboard/prediction/prediction_bar.h"
-#include "keyboard/split.h"
+#include "keyboard/rendering/UIKBRenderFactory.h"
 #include "keyboard/switcher.h"
 #include "keyboard/window/input_window.h"
 #include "phone/device.h"
@@ -90,7 +90,7 @@ std::vector<ShownKey> keys_of(UIKBTree* keyplane, CGFloat top) {
     NSArray* trees = keyplane->subtrees();
     for (NSUInteger index = 0; index < trees->count(); ++index) {
         auto* key = static_cast<UIKBTree*>(trees->objectAtIndex(index));
-        if (static_cast<KeyKind>(key->displayType()) == KeyKind::indicator) continue;
+        if (!can_be_pressed(key)) continue;
         CGRect frame = key->frame();
         frame.origin.y += top;
         keys.push_back({utf8(key->name()), utf8(key->displayString()), frame});
@@ -101,9 +101,9 @@ std::vector<ShownKey> keys_of(UIKBTree* keyplane, CGFloat top) {
 bool is_character(UIKBTree* key) { return static_cast<KeyKind>(key->displayType()) == KeyKind::character; }
 
 strong<UIView> make_key_area(KeyboardPlane plane, UIKBTree* keyplane, UIKBTree* pressed,
-                             UIKBRenderFactory* factory, const KeyboardMetrics& metrics) {
-    auto keyplane_view = UIKBKeyplaneView::alloc()->initWithFrame({{0, 0}, metrics.size}, keyplane, factory);
-    keyplane_view->setPressedKey(pressed);
+                             const KeyboardMetrics& metrics) {
+    auto keyplane_view = UIKBKeyplaneView::alloc()->initWithFrame({{0, 0}, metrics.size}, keyplane);
+    if (pressed) keyplane_view->setState(static_cast<int>(KeyState::pressed), pressed);
     if (plane == KeyboardPlane::emoji) return make_emoji_plane(keyplane_view, metrics);
     return strong<UIView>(keyplane_view.get());
 }
@@ -113,12 +113,12 @@ strong<UIView> make_keyboard(const KeyboardRequest& request, KeyboardPlane plane
                              UIKBTree* pressed, const KeyboardMetrics& metrics) {
     constexpr CGFloat accessory_height = 44, switcher_margin = 6;
     const CGFloat width = metrics.size.width;
-    auto factory = make<UIKBRenderFactory>();
+    UIKBRenderFactory* factory = factory_of(keyplane);
     InputParts parts;
     if (request.form_accessory)
         parts.accessory = make_view<UIWebFormAccessory>({{0, 0}, {width, accessory_height}}).get();
     if (!request.split) parts.predictions = make_prediction_bar({{0, 0}, {width, metrics.prediction_height}});
-    parts.keys = make_key_area(plane, keyplane, pressed, factory, metrics);
+    parts.keys = make_key_area(plane, keyplane, pressed, metrics);
     if (metrics.dock_height > 0) parts.dock = make_dock({{0, 0}, {width, metrics.dock_height}});
     const InputWindow window = make_input_window(parts, width, request.split);
 

@@ -164,6 +164,23 @@ TEST_F(CategoryBar, ALayerWithoutSublayersIsDisplayedAsItIs) {
     EXPECT_NE(displayed, nullptr);
 }
 
+TEST_F(GlyphColours, TheSystemsCategoryBarHasItsSymbolsAndItsDiscRecoloured) {
+    phone.start();
+    auto key = UIKBTree::alloc()->initWithType(8);
+    constexpr int categories = 7;
+    key->setDisplayType(categories);
+    auto plane = UIKBTree::alloc()->initWithType(2);
+    auto bar = UIKeyboardEmojiCategoryBar::alloc()->initWithFrame({{0, 0}, {270, 40}}, plane, key);
+    bar->layer()->displayIfNeeded();
+    constexpr NSInteger symbols = 4;
+    CALayer* picture = bar->layerForRenderFlags(symbols);
+    EXPECT_EQ(rgba(UIColor::colorWithCGColor(picture->contentsMultiplyColor())), theme_text);
+    EXPECT_EQ(picture->compositingFilter(), nullptr);
+    bar->setSelectedIndex(3);
+    EXPECT_EQ(bar->scrubView()->layer()->filters()->count(), 1u) << "wherever the disc moves";
+    EXPECT_EQ(bar->scrubView()->layer()->compositingFilter(), nullptr);
+}
+
 // ---- Prediction cell -------------------------------------------------------------------------------------
 
 class PredictionCell : public GlyphColours {
@@ -266,7 +283,8 @@ TEST_F(GlyphColours, AnInheritedMethodIsReplacedForTheNamedClassAlone) {
         const char *class_name, *owner, *selector;
     };
     constexpr Inherited rows[] = {{"UIKeyboardPredictionCell", "UIView", "layoutSubviews"},
-                                  {"UIKeyboardDockItemButton", "UIButton", "layoutSubviews"}};
+                                  {"UIKeyboardDockItemButton", "UIButton", "layoutSubviews"},
+                                  {"UIKeyboardEmojiCategoryBar", "UIKBKeyView", "displayLayer:"}};
     auto implementation = [](const char* class_name, const char* selector) {
         return class_getMethodImplementation(objc_getClass(class_name), sel_registerName(selector));
     };

@@ -47,6 +47,30 @@ TEST_F(KeyColours, VisibleCapsKeepTheSystemsNames) {
     EXPECT_NE(colour_name<"defaultKeyBackgroundColorName">(made("UIKBRenderFactory")), "UIKBColorClear");
 }
 
+TEST_F(KeyColours, FactoriesWithNamesOfTheirOwnGoAroundSomeRows) {
+    phone.start();
+    auto* context = objc::send<"renderingContextForRenderConfig:", UIKBRenderingContext*>(
+        class_named("UIKBRenderingContext"), UIKBRenderConfig::defaultConfig());
+    auto names = [&](int visual_style) {
+        UIKBRenderFactory* factory = UIKBRenderFactory::factory(visual_style, context);
+        std::vector<std::string> kept;
+        auto note = [&](const char* name, NSString* answer) {
+            if (utf8(answer) != "UIKBColorClear") kept.emplace_back(name);
+        };
+        note("controlShadow", factory->controlKeyShadowColorName());
+        note("defaultShadow", factory->defaultKeyShadowColorName());
+        note("controlForeground", factory->controlKeyForegroundColorName());
+        note("controlBackground", factory->controlKeyBackgroundColorName());
+        note("defaultBackground", factory->defaultKeyBackgroundColorName());
+        return kept;
+    };
+    constexpr int letters = 0, emoji = 1, number_pad = 2;
+    using Names = std::vector<std::string>;
+    EXPECT_EQ(names(letters), Names{});
+    EXPECT_EQ(names(emoji), (Names{"controlBackground", "defaultBackground"}));
+    EXPECT_EQ(names(number_pad), (Names{"controlForeground", "controlBackground"}));
+}
+
 TEST_F(KeyColours, AFixedAnswerIsOneObjectForGood) {
     phone.start();
     id factory = made("UIKBRenderFactory");
@@ -185,8 +209,8 @@ TEST_F(Gradient, TheBlueKeyBecomesTheHighlight) {
 }
 
 TEST_F(Gradient, AnyOtherNameIsUnchanged) {
-    EXPECT_EQ(passed(text("UIKBColorKeyGrayKeyBackground")),
-              std::vector<std::string>(4, "UIKBColorKeyGrayKeyBackground"));
+    EXPECT_EQ(passed(text("UIKBColorKeyGrayKeyLightBackground")),
+              std::vector<std::string>(4, "UIKBColorKeyGrayKeyLightBackground"));
     EXPECT_EQ(passed(nullptr), std::vector<std::string>(4, "(nil)"));
 }
 

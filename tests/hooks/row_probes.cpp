@@ -88,11 +88,9 @@ bool drops_the_language_indicator() {
 }
 
 bool recolours_the_category_glyphs() {
-    CALayer* layer = CALayer::layer();
-    layer->setFrame(frame);
-    static_cast<UIKeyboardEmojiCategoryBar*>(made<"initWithFrame:">("UIKeyboardEmojiCategoryBar", frame))
-        ->displayLayer(layer);
-    return has_one_filter(static_cast<CALayer*>(layer->sublayers()->objectAtIndex(0)));
+    auto bar = UIKeyboardEmojiCategoryBar::alloc()->initWithFrame(frame, nullptr, nullptr);
+    bar->displayLayer(bar->layer());
+    return has_one_filter(bar->scrubView()->layer());
 }
 
 bool filters_the_toolbars() {
@@ -231,7 +229,7 @@ const std::map<std::string, RowProbe>& row_probes() {
         {"+[UIKBRenderConfig backdropStyleForStyle:quality:]",
          {{}, [] { return UIKBRenderConfig::backdropStyle(0, 100) == -2; }}},
         {"-[UIKBRenderConfig lightKeyboard]",
-         {{}, [] { return !static_cast<UIKBRenderConfig*>(made("UIKBRenderConfig"))->lightKeyboard(); }}},
+         {{}, [] { return !UIKBRenderConfig::defaultConfig()->lightKeyboard(); }}},
         {"+[UIKBGradient gradientWithFlatColor:]",
          {{}, [] { return is_highlight(UIKBGradient::gradientWithFlatColor(blue_key())->flatColorName()); }}},
         {"+[UIKBGradient gradientWithName:]",

@@ -4,7 +4,7 @@
 #include "keyboard/window/input_window.h"
 
 #include "keyboard/make.h"
-#include "keyboard/split.h"
+#include "keyboard/planes/split.h"
 #include "keyboard/window/UIInputSetHostView.h"
 
 namespace sim {

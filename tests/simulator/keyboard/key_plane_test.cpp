@@ -21,9 +21,11 @@ class KeyView : public testing::Test {
     void SetUp() override { phone.boot(); }
 
     // The kinds of keys, as -[UIKBTree displayType] has them in the model.
-    static constexpr NSInteger character = 0, control = 2, confirming = 4, indicator = 6;
+    static constexpr int character = 0, control = 2, confirming = 4, indicator = 6;
+    // -[UIKBTree state], of a key that is held down.
+    static constexpr int pressed = 4;
 
-    static UIKBTree* key(NSInteger kind, const char* label, CGRect frame = {{0, 0}, {30, 40}}) {
+    static UIKBTree* key(int kind, const char* label, CGRect frame = {{0, 0}, {30, 40}}) {
         auto made = UIKBTree::alloc()->initWithType(8);
         made->setName(text(label));
         made->setDisplayString(text(label));
@@ -33,10 +35,10 @@ class KeyView : public testing::Test {
     }
 
     static UIView* view_of(UIKBTree* key) {
-        return objc::send<"initWithKey:factory:", objc::strong<UIView>>(
-                   objc::send<"alloc", id>(class_named("UIKBKeyView")), key,
-                   UIKBRenderFactory::alloc()->init().get())
-            .autoreleased();
+        CGRect frame = key->frame();
+        frame.size.height += 1;
+        auto plane = UIKBTree::alloc()->initWithType(2);
+        return UIKBKeyView::alloc()->initWithFrame(frame, plane, key).autoreleased();
     }
 
     /// What the view draws at a point, over nothing, at one pixel per point.
@@ -54,8 +56,9 @@ class KeyView : public testing::Test {
     }
 
     /// A key without text draws its cap alone.
-    static UIView* cap(NSInteger kind) {
+    static UIView* cap(int kind, int state = 2) {
         UIKBTree* plain = key(kind, "x");
+        plain->setState(state);
         plain->setDisplayString(nullptr);
         return view_of(plain);
     }
@@ -92,11 +95,7 @@ TEST_F(KeyView, AControlIsGreyWithADarkerWash) {
 
 TEST_F(KeyView, AConfirmingKeyIsBlue) { EXPECT_EQ(drawn(cap(confirming), middle_x, middle_y), blue); }
 
-TEST_F(KeyView, APressedControlIsBlue) {
-    UIView* view = cap(control);
-    objc::send<"setPressed:">(view, true);
-    EXPECT_EQ(drawn(view, middle_x, middle_y), blue);
-}
+TEST_F(KeyView, APressedControlIsBlue) { EXPECT_EQ(drawn(cap(control, pressed), middle_x, middle_y), blue); }
 
 TEST_F(KeyView, ACapIsFilledWithTheNameThatTheFactoryAnswers) {
     replace("UIKBRenderFactory", "defaultKeyBackgroundColorName",
@@ -128,7 +127,9 @@ TEST_F(KeyView, ACapIsFilledWithTheGradientThatTheClassAnswers) {
     replace(
         "UIKBGradient", "gradientWithFlatColor:",
         [](id, SEL, id) -> id {
-            return UIKBGradient::gradientWithName(text("UIKBColorKeyBlueKeyBackground"));
+            return UIKBGradient::alloc()
+                ->initWithFlatColor(text("UIKBColorKeyBlueKeyBackground"))
+                .autoreleased();
         },
         true);
     EXPECT_EQ(drawn(cap(character), middle_x, middle_y), blue);
@@ -137,11 +138,9 @@ TEST_F(KeyView, ACapIsFilledWithTheGradientThatTheClassAnswers) {
 TEST_F(KeyView, TheTextIsInTheColourOfItsStyle) {
     replace("UIKBTextStyle", "textColor",
             [](id, SEL) -> id { return text("UIKBColorKeyBlueKeyBackground"); });
-    UIView* view = view_of(key(character, "g"));
-    auto* label = as<UILabel>(view->subviews()->objectAtIndex(0));
-    ASSERT_NE(label, nullptr);
-    EXPECT_EQ(utf8(label->text()), "g");
-    EXPECT_EQ(rgba(label->textColor()), (Rgba{0, 122 / 255.0, 1, 1}));
+    UIView* view = view_of(key(character, "I"));
+    EXPECT_EQ(drawn(view, middle_x, middle_y), blue) << "the letter's stem";
+    EXPECT_EQ(view->subviews()->count(), 0u) << "it is in the key's picture";
 }
 
 // ---- Planes ----
@@ -151,9 +150,9 @@ class Keyplane : public KeyView {
     static UIView* view_of_plane(std::vector<UIKBTree*> keys) {
         auto plane = UIKBTree::alloc()->initWithType(2);
         for (UIKBTree* key : keys) plane->subtrees()->addObject(key);
-        return objc::send<"initWithFrame:keyplane:factory:", objc::strong<UIView>>(
+        return objc::send<"initWithFrame:keyplane:", objc::strong<UIView>>(
                    objc::send<"alloc", id>(class_named("UIKBKeyplaneView")), CGRect{{0, 0}, {200, 100}},
-                   plane.get(), UIKBRenderFactory::alloc()->init().get())
+                   plane.get())
             .autoreleased();
     }
 };
@@ -181,15 +180,29 @@ TEST_F(Keyplane, AMarkWithoutAViewIsLeftOut) {
     EXPECT_EQ(view_of_plane({key(indicator, "EnabledLanguageIndicator")})->subviews()->count(), 0u);
 }
 
-TEST_F(Keyplane, OnlyThePressedKeyIsPressed) {
-    UIKBTree *first = key(control, "a"), *second = key(control, "b");
+TEST_F(Keyplane, AKeysStateIsInTheTreeAndInItsPicture) {
+    UIKBTree *first = key(control, "x"), *second = key(control, "x", {{36, 0}, {30, 40}});
+    for (UIKBTree* each : {first, second}) each->setDisplayString(nullptr);
     UIView* plane = view_of_plane({first, second});
-    objc::send<"setPressedKey:">(plane, second);
-    auto pressed = [&](NSUInteger index) {
-        return objc::send<"isPressed", bool>(plane->subviews()->objectAtIndex(index));
-    };
-    EXPECT_FALSE(pressed(0));
-    EXPECT_TRUE(pressed(1));
+    auto view_for = [&](UIKBTree* key) { return objc::send<"viewForKey:", UIView*>(plane, key); };
+    EXPECT_NE(drawn(view_for(second), middle_x, middle_y), blue);
+    objc::send<"setState:forKey:">(plane, pressed, second);
+    EXPECT_EQ(second->state(), pressed);
+    EXPECT_NE(first->state(), pressed);
+    EXPECT_EQ(drawn(view_for(second), middle_x, middle_y), blue);
+    EXPECT_NE(drawn(view_for(first), middle_x, middle_y), blue);
+}
+
+TEST_F(Keyplane, EachVisualStyleHasAFactoryOfItsOwn) {
+    const char* of_style[] = {"UIKBRenderFactoryiPhone", "UIKBRenderFactory_Emoji",
+                              "UIKBRenderFactoryNumberPad"};
+    for (int style = 0; style < 3; ++style) {
+        auto plane = UIKBTree::alloc()->initWithType(2);
+        plane->setVisualStyle(style);
+        auto view = UIKBKeyView::alloc()->initWithFrame({}, plane, key(character, "g"));
+        EXPECT_STREQ(object_getClassName(view->factory()), of_style[style]);
+        EXPECT_TRUE(view->factory()->renderConfig()->lightKeyboard());
+    }
 }
 
 // ---- Requests ----

@@ -34,6 +34,7 @@ TEST_F(NamedColours, BlackAndWhiteAreGreys) {
 TEST_F(NamedColours, AnAlphaInPercentFollowsTheColour) {
     EXPECT_EQ(grey("UIKBColorBlack_Alpha60"), std::pair(0.0, 0.6));
     EXPECT_EQ(grey("UIKBColorWhite_Alpha5"), std::pair(1.0, 0.05));
+    EXPECT_EQ(grey("UIKBColorWhite_Alpha87_50"), std::pair(1.0, 0.875)) << "with its decimals";
 }
 
 TEST_F(NamedColours, TheBlueKeyIsBlue) {
@@ -61,12 +62,19 @@ TEST_F(NamedColours, NoNameIsNoColour) { EXPECT_EQ(UIKBGetNamedColor(nullptr), n
 using NamedColoursDeathTest = NamedColours;
 
 TEST_F(NamedColoursDeathTest, AnUnknownNameStopsTheProcessAndIsNamed) {
-    for (const char* name : {"UIKBColorMauve", "UIKBColorBlack_Alpha", "UIKBColorBlack_Alpha100",
-                             "UIKBColorBlack_Alpha3x", "UIKBColorClear_Alpha50", ""}) {
+    for (const char* name :
+         {"UIKBColorMauve", "UIKBColorBlack_Alpha", "UIKBColorBlack_Alpha33", "UIKBColorBlack_Alpha3x",
+          "UIKBColorKeyGrayKeyBackground", "UIKBColorWildcatKeyGradient", "UIKBColorUsesRGB", ""}) {
         sim_colour colour;
         EXPECT_DEATH(sim_named_colour(name, &colour),
                      std::string("UIKBGetNamedColor: no colour is named \"") + name + '"');
     }
+}
+
+TEST_F(NamedColoursDeathTest, ANameWithoutAKnownValueStopsTheProcess) {
+    sim_colour colour;
+    EXPECT_DEATH(sim_named_colour("UIKBColorCarTeal", &colour),
+                 "UIKBGetNamedColor: what colour \"UIKBColorCarTeal\" is, is not known");
 }
 
 }  // namespace

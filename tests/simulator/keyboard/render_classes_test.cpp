@@ -34,9 +34,10 @@ TEST_F(RenderClasses, AKeyKeepsWhatItIsToldAboutItself) {
 
 // ---- Configuration and factory ----
 
-TEST_F(RenderClasses, AConfigurationIsLightUntilItIsToldOtherwise) {
-    auto* config = made<UIKBRenderConfig>();
+TEST_F(RenderClasses, TheDefaultConfigurationIsLightUntilItIsToldOtherwise) {
+    auto* config = UIKBRenderConfig::defaultConfig();
     EXPECT_TRUE(config->lightKeyboard());
+    EXPECT_FALSE(UIKBRenderConfig::darkConfig()->lightKeyboard());
     config->setLightKeyboard(false);
     EXPECT_FALSE(config->lightKeyboard());
 }
@@ -56,6 +57,16 @@ TEST_F(RenderClassesDeathTest, ABackdropOfAnUnknownStyleStopsTheProcess) {
                  "UIKBRenderConfig backdropStyleForStyle:quality:.*the style 17");
 }
 
+// The visual styles, as the model has them.
+constexpr int letters = 0, emoji = 1, number_pad = 2;
+
+UIKBRenderFactory* factory(int style, bool light = true) {
+    auto* config = light ? UIKBRenderConfig::defaultConfig() : UIKBRenderConfig::darkConfig();
+    auto* context = objc::send<"renderingContextForRenderConfig:", UIKBRenderingContext*>(
+        class_named("UIKBRenderingContext"), config);
+    return UIKBRenderFactory::factory(style, context);
+}
+
 /// The six names, in the order of the hook table.
 std::vector<std::string> names_of(UIKBRenderFactory* factory) {
     return {utf8(factory->controlKeyShadowColorName()),
@@ -67,28 +78,48 @@ std::vector<std::string> names_of(UIKBRenderFactory* factory) {
 }
 
 TEST_F(RenderClasses, ALightKeyboardHasWhiteAndGreyKeys) {
-    EXPECT_EQ(names_of(made<UIKBRenderFactory>()),
+    EXPECT_EQ(names_of(factory(letters)),
               (std::vector<std::string>{"UIKBColorBlack_Alpha35", "UIKBColorBlack_Alpha35",
-                                        "UIKBColorBlack_Alpha5", "UIKBColorKeyGrayKeyBackground",
-                                        "UIKBColorKeyGrayKeyBackground", "UIKBColorWhite"}));
+                                        "UIKBColorBlack_Alpha5", "UIKBColorKeyGrayKeyLightBackground",
+                                        "UIKBColorKeyGrayKeyLightBackground", "UIKBColorWhite"}));
 }
 
 TEST_F(RenderClasses, ADarkKeyboardHasTranslucentKeys) {
-    auto* factory = made<UIKBRenderFactory>();
-    factory->renderConfig()->setLightKeyboard(false);
-    EXPECT_EQ(names_of(factory),
+    EXPECT_EQ(names_of(factory(letters, false)),
               (std::vector<std::string>{"UIKBColorBlack_Alpha40", "UIKBColorBlack_Alpha40",
                                         "UIKBColorBlack_Alpha10", "UIKBColorWhite_Alpha12",
                                         "UIKBColorWhite_Alpha12", "UIKBColorWhite_Alpha30"}));
 }
 
-TEST_F(RenderClasses, EveryNameOfTheFactoryIsAColour) {
-    for (bool light : {true, false}) {
-        auto* factory = made<UIKBRenderFactory>();
-        factory->renderConfig()->setLightKeyboard(light);
-        for (const std::string& name : names_of(factory))
-            EXPECT_NE(UIKBGetNamedColor(text(name)), nullptr) << name;
-    }
+TEST_F(RenderClasses, EveryNameOfAFactoryIsAColour) {
+    for (int style : {letters, emoji, number_pad})
+        for (bool light : {true, false})
+            for (const std::string& name : names_of(factory(style, light)))
+                EXPECT_NE(UIKBGetNamedColor(text(name)), nullptr) << name;
+}
+
+TEST_F(RenderClasses, AFactoryOverridesTheNamesThatItsSystemClassDoes) {
+    constexpr const char* names[] = {"controlKeyShadowColorName",     "defaultKeyShadowColorName",
+                                     "controlKeyForegroundColorName", "_controlKeyBackgroundColorName",
+                                     "controlKeyBackgroundColorName", "defaultKeyBackgroundColorName"};
+    auto overridden = [&](const char* class_name) {
+        std::vector<std::string> found;
+        for (const char* name : names)
+            if (class_getMethodImplementation(objc_getClass(class_name), sel_registerName(name)) !=
+                class_getMethodImplementation(objc_getClass("UIKBRenderFactory"), sel_registerName(name)))
+                found.emplace_back(name);
+        return found;
+    };
+    using Names = std::vector<std::string>;
+    EXPECT_EQ(overridden("UIKBRenderFactoryiPhone"), Names{});
+    EXPECT_EQ(overridden("UIKBRenderFactory_Emoji"),
+              (Names{"controlKeyBackgroundColorName", "defaultKeyBackgroundColorName"}));
+    EXPECT_EQ(overridden("UIKBRenderFactoryNumberPad"),
+              (Names{"controlKeyForegroundColorName", "controlKeyBackgroundColorName"}));
+}
+
+TEST_F(RenderClassesDeathTest, AnUnknownVisualStyleStopsTheProcess) {
+    EXPECT_DEATH(factory(99), "UIKBRenderFactory factoryClassForVisualStyle:.*the visual style 99");
 }
 
 // ---- Gradients ----

@@ -45,12 +45,13 @@ class ShownSurfaces : public testing::Test {
     static void hear_keys() {
         static IMP previous = nullptr;
         replace(
-            "UIKBKeyView", "initWithKey:factory:",
-            [](id self, SEL selector, id key, id factory) {
+            "UIKBKeyView", "initWithFrame:keyplane:key:",
+            [](id self, SEL selector, CGRect frame, id keyplane, id key) {
                 auto* tree = static_cast<UIKBTree*>(key);
                 key_frames.push_back(tree->frame());
                 key_texts.push_back(utf8(tree->displayString()));
-                return reinterpret_cast<id (*)(id, SEL, id, id)>(previous)(self, selector, key, factory);
+                return reinterpret_cast<id (*)(id, SEL, CGRect, id, id)>(previous)(self, selector, frame,
+                                                                                   keyplane, key);
             },
             &previous);
     }
@@ -156,18 +157,18 @@ std::vector<CGRect> backdrop_frames() {
 TEST_F(ShownSurfaces, KeysPredictionsAndTheFormsBarHaveABackdropEach) {
     auto keyboard = request();
     show(keyboard);
-    EXPECT_EQ(backdrop_frames(), (std::vector<CGRect>{{{0, 42}, {375, 262}}, {{0, 0}, {375, 42}}}));
+    EXPECT_EQ(backdrop_frames(), (std::vector<CGRect>{{{0, 42}, {375, 216}}, {{0, 0}, {375, 42}}}));
     keyboard.form_accessory = true;
     show(keyboard);
     EXPECT_EQ(backdrop_frames(),
-              (std::vector<CGRect>{{{0, 86}, {375, 262}}, {{0, 44}, {375, 42}}, {{0, 0}, {375, 44}}}));
+              (std::vector<CGRect>{{{0, 86}, {375, 216}}, {{0, 44}, {375, 42}}, {{0, 0}, {375, 44}}}));
 }
 
 TEST_F(ShownSurfaces, ASplitKeyboardsBackdropIsThatOfTheKeys) {
     auto keyboard = request();
     keyboard.split = true;
     show(keyboard);
-    EXPECT_EQ(backdrop_frames(), (std::vector<CGRect>{{{0, 0}, {375, 262}}}));
+    EXPECT_EQ(backdrop_frames(), (std::vector<CGRect>{{{0, 0}, {375, 216}}}));
 }
 
 TEST_F(ShownSurfaces, TheFormsBarIsASiblingOfTheBackdropsAndAnswersInitForUCB) {

@@ -1,10 +1,13 @@
 // Paints keys with their traits.
 #pragma once
-#include "keyboard/key_traits.h"
-#include "keyboard/path.h"
+#include "keyboard/rendering/key_traits.h"
+#include "keyboard/rendering/path.h"
 #include "platform/uikit.h"
 
 namespace sim {
+
+/// A key's view is higher than its cap: below that there is room for the line along its bottom edge.
+constexpr CGFloat room_below_cap = 1;
 
 /// Fills the cap and draws the lines along its edges. A colour that does not exist or is clear, no edges and
 /// a weight of zero paint nothing.

@@ -1,10 +1,10 @@
 // The emoji plane.
-#include "keyboard/emoji_plane.h"
+#include "keyboard/emoji/emoji_plane.h"
 
 #include <iterator>
 
-#include "keyboard/key_painter.h"
 #include "keyboard/make.h"
+#include "keyboard/rendering/key_painter.h"
 
 namespace sim {
 namespace {
@@ -50,9 +50,6 @@ strong<UIView> make_emoji_plane(UIView* keyplane_view, const KeyboardMetrics& me
     header->setHeaderName("FREQUENTLY USED"_ns);
     plane->addSubview(header);
     add_emoji(plane, metrics);
-    plane->addSubview(make_view<UIKeyboardEmojiCategoryBar>(
-        {{emoji_bar_key_width, metrics.size.height - emoji_bar_height},
-         {metrics.size.width - 2 * emoji_bar_key_width, emoji_bar_height}}));
     plane->addSubview(keyplane_view);
     return plane;
 }

@@ -1,5 +1,5 @@
 // The names of character keys.
-#include "keyboard/key_names.h"
+#include "keyboard/names/key_names.h"
 
 namespace sim {
 namespace {

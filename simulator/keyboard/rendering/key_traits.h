@@ -5,8 +5,6 @@
 
 namespace sim {
 
-enum class KeyState { idle, pressed };
-
 struct KeyTraits {
     objc::strong<UIKBGradient> fill;
     /// Over the fill; nil for none.
@@ -18,8 +16,8 @@ struct KeyTraits {
     CGFloat corner_radius;
 };
 
-/// The traits of a key, asked of the factory and of the classes that its names are handed to.
-KeyTraits key_traits(UIKBRenderFactory* factory, UIKBTree* key, KeyState state);
+/// The traits of a key in its state, asked of the factory and of the classes that its names are handed to.
+KeyTraits key_traits(UIKBRenderFactory* factory, UIKBTree* key);
 
 /// The traits of a pressed character's pop-up: of its body, and of the field in it that holds the character.
 struct PopUpTraits {

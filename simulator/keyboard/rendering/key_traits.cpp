@@ -1,7 +1,7 @@
 // How one key is drawn.
-#include "keyboard/key_traits.h"
+#include "keyboard/rendering/key_traits.h"
 
-#include "keyboard/key_kind.h"
+#include "keyboard/planes/key_kind.h"
 
 namespace sim {
 namespace {
@@ -65,6 +65,13 @@ KeyTraits bare_traits(UIKBRenderFactory* factory, CGFloat text_size) {
     return traits;
 }
 
+/// A cap and nothing around it.
+KeyTraits emoji_control_traits(UIKBRenderFactory* factory, CGFloat text_size) {
+    KeyTraits traits = bare_traits(factory, text_size);
+    traits.fill = UIKBGradient::gradientWithFlatColor(factory->controlKeyBackgroundColorName());
+    return traits;
+}
+
 /// A mark on another key, fainter than the key's own text.
 KeyTraits indicator_traits(UIKBRenderFactory* factory) {
     KeyTraits traits = bare_traits(factory, 10);
@@ -75,9 +82,9 @@ KeyTraits indicator_traits(UIKBRenderFactory* factory) {
 
 }  // namespace
 
-KeyTraits key_traits(UIKBRenderFactory* factory, UIKBTree* key, KeyState state) {
+KeyTraits key_traits(UIKBRenderFactory* factory, UIKBTree* key) {
     constexpr CGFloat control_text = 16, upper_text = 23, lower_text = 25;
-    const bool pressed = state == KeyState::pressed;
+    const bool pressed = static_cast<KeyState>(key->state()) == KeyState::pressed;
     auto pressable = [&](const KeyTraits& idle) { return pressed ? highlighted(idle) : idle; };
     switch (static_cast<KeyKind>(key->displayType())) {
         case KeyKind::character:
@@ -89,7 +96,8 @@ KeyTraits key_traits(UIKBRenderFactory* factory, UIKBTree* key, KeyState state) 
             // Already highlighted: held down, it loses that.
             return pressed ? plain_traits(factory, control_text)
                            : highlighted(control_traits(factory, control_text));
-        case KeyKind::bare: return bare_traits(factory, control_text);
+        case KeyKind::emoji_control: return emoji_control_traits(factory, control_text);
+        case KeyKind::categories: return bare_traits(factory, control_text);
         case KeyKind::indicator: return indicator_traits(factory);
     }
     return plain_traits(factory, control_text);

@@ -1,5 +1,5 @@
 // Paints keys with their traits.
-#include "keyboard/key_painter.h"
+#include "keyboard/rendering/key_painter.h"
 
 #include "keyboard/make.h"
 

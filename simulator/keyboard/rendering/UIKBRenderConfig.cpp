@@ -2,6 +2,7 @@
 #include <string>
 
 #include "keyboard/backdrops/backdrop_styles.h"
+#include "keyboard/make.h"
 #include "objc/class.h"
 #include "platform/keyboard.h"
 #include "runtime/not_modelled.h"
@@ -13,11 +14,8 @@ struct RenderConfig : objc::Implements<RenderConfig, UIKBRenderConfig> {
         bool lightKeyboard;
     };
 
-    objc::strong<UIKBRenderConfig> init() {
-        auto self = initialised_by_super<"init">();
-        if (self) self->ivars().lightKeyboard = true;
-        return self;
-    }
+    static UIKBRenderConfig* defaultConfig(Class) { return config(true); }
+    static UIKBRenderConfig* darkConfig(Class) { return config(false); }
 
     // The quality, which lowers the blur on slow devices, changes nothing: the model's materials do not blur.
     static NSInteger backdropStyle(Class, NSInteger style, NSInteger) {
@@ -29,6 +27,13 @@ struct RenderConfig : objc::Implements<RenderConfig, UIKBRenderConfig> {
         sim::not_modelled("UIKBRenderConfig",
                           "backdropStyleForStyle:quality:", "the style " + std::to_string(style));
     }
+
+  private:
+    static UIKBRenderConfig* config(bool light) {
+        auto made = sim::make<UIKBRenderConfig>();
+        made->setLightKeyboard(light);
+        return std::move(made).autoreleased();
+    }
 };
 
 }  // namespace
@@ -37,5 +42,6 @@ using namespace objc::definition;
 
 OBJC_CLASS(UIKBRenderConfig, NSObject, RenderConfig,
            property<"lightKeyboard", &RenderConfig::Ivars::lightKeyboard>,
-           method<"init", &RenderConfig::init>,
+           class_method<"defaultConfig", &RenderConfig::defaultConfig>,
+           class_method<"darkConfig", &RenderConfig::darkConfig>,
            class_method<"backdropStyleForStyle:quality:", &RenderConfig::backdropStyle>)

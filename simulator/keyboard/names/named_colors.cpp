@@ -1,11 +1,13 @@
 // UIKBGetNamedColor: the colours that the keyboard draws with, by name; the function that the library
 // replaces.
-#include <charconv>
+#include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "keyboard/names/color_names.h"
 #include "platform/keyboard.h"
 #include "runtime/exported.h"
 #include "runtime/hookable_function.h"
@@ -22,40 +24,35 @@ struct NamedColor {
     double alpha;
 };
 
-// The names are the system's. What stands behind the first three follows from the name; the others are this
-// model's reading of a light keyboard.
+// Of the other names that say no value, those that the model draws with, as a light keyboard may have them.
 constexpr NamedColor named_colors[] = {
     {"UIKBColorClear", 0x000000, 0},
     {"UIKBColorBlack", 0x000000, 1},
     {"UIKBColorWhite", 0xffffff, 1},
     {"UIKBColorKeyBlueKeyBackground", 0x007aff, 1},
-    {"UIKBColorKeyGrayKeyBackground", 0xb4bbc4, 1},
-    {"UIKBColorKeyGrayKeyDarkBackground", 0x6b6f76, 1},
+    {"UIKBColorKeyGrayKeyLightBackground", 0xb4bbc4, 1},
 };
 
 // Names that only the library gives to its own colours. The system knows neither, and answers NULL.
 constexpr std::string_view unknown_to_the_system[] = {"UIKBColorText", "UIKBColorHighlight"};
 
-/// "UIKBColorBlack_Alpha30" is black at 30 percent; so with every opaque colour of the table, 1 to 99.
-std::optional<double> alpha_of_suffix(std::string_view suffix) {
-    constexpr auto lead = "_Alpha"sv;
-    if (!suffix.starts_with(lead)) return std::nullopt;
-    suffix.remove_prefix(lead.size());
-    int percent = 0;
-    auto [end, failure] = std::from_chars(suffix.data(), suffix.data() + suffix.size(), percent);
-    if (failure != std::errc() || end != suffix.data() + suffix.size() || percent < 1 || percent > 99)
-        return std::nullopt;
-    return percent / 100.0;
+/// "UIKBColorBlack_Alpha30" is black at 30 percent, "UIKBColorWhite_Alpha87_50" white at 87.5.
+std::optional<NamedColor> translucent_color(std::string_view name) {
+    constexpr auto mark = "_Alpha"sv;
+    const size_t at = name.find(mark);
+    if (at == name.npos) return std::nullopt;
+    std::string percent(name.substr(at + mark.size()));
+    std::ranges::replace(percent, '_', '.');
+    for (const NamedColor& color : named_colors)
+        if (color.name == name.substr(0, at))
+            return NamedColor{name, color.rgb, std::strtod(percent.c_str(), nullptr) / 100};
+    return std::nullopt;
 }
 
 std::optional<NamedColor> color_named(std::string_view name) {
-    for (const NamedColor& color : named_colors) {
+    for (const NamedColor& color : named_colors)
         if (name == color.name) return color;
-        if (color.alpha != 1 || !name.starts_with(color.name)) continue;
-        if (auto alpha = alpha_of_suffix(name.substr(color.name.size())))
-            return NamedColor{name, color.rgb, *alpha};
-    }
-    return std::nullopt;
+    return translucent_color(name);
 }
 
 objc::strong<UIColor> make(const NamedColor& color) {
@@ -74,8 +71,10 @@ CGColorRef system_named_color(NSString* name) {
     if (known == made.end()) {
         for (std::string_view unknown : unknown_to_the_system)
             if (text == unknown) return nullptr;
+        const std::string quoted = '"' + std::string(text) + '"';
+        if (!sim::is_color_name(text)) sim::not_modelled("UIKBGetNamedColor", "no colour is named " + quoted);
         auto color = color_named(text);
-        if (!color) sim::not_modelled("UIKBGetNamedColor", "no colour is named \"" + std::string(text) + '"');
+        if (!color) sim::not_modelled("UIKBGetNamedColor", "what colour " + quoted + " is, is not known");
         known = made.emplace(text, make(*color)).first;
     }
     return known->second->CGColor();

@@ -1,4 +1,5 @@
 // A keyboard's description of itself: keyboard, key planes, keys.
+#include "keyboard/planes/key_kind.h"
 #include "objc/class.h"
 #include "platform/keyboard.h"
 
@@ -8,17 +9,18 @@ using objc::strong;
 
 struct Tree : objc::Implements<Tree, UIKBTree> {
     struct Ivars {
-        NSInteger type;
+        int type;
         strong<NSString> name, displayString, representedString;
-        NSInteger displayType;
+        int displayType, state, visualStyle;
         CGRect frame;
         strong<NSMutableArray> subtrees;
     };
 
-    strong<UIKBTree> initWithType(NSInteger type) {
+    strong<UIKBTree> initWithType(int type) {
         auto self = initialised_by_super<"init">();
         if (!self) return nullptr;
         self->ivars().type = type;
+        self->ivars().state = static_cast<int>(sim::KeyState::enabled);
         self->ivars().subtrees = NSMutableArray::arrayWithCapacity(4);
         return self;
     }
@@ -34,6 +36,8 @@ OBJC_CLASS(UIKBTree, NSObject, Tree,
            property<"displayString", &Tree::Ivars::displayString>,
            property<"representedString", &Tree::Ivars::representedString>,
            property<"displayType", &Tree::Ivars::displayType>,
+           property<"state", &Tree::Ivars::state>,
+           property<"visualStyle", &Tree::Ivars::visualStyle>,
            property<"frame", &Tree::Ivars::frame>,
            property<"subtrees", &Tree::Ivars::subtrees>,
            method<"initWithType:", &Tree::initWithType>)

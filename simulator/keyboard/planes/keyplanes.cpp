@@ -1,13 +1,13 @@
 // The key planes of the English keyboard.
-#include "keyboard/keyplanes.h"
+#include "keyboard/planes/keyplanes.h"
 
 #include <algorithm>
 #include <cmath>
 #include <string_view>
 #include <vector>
 
-#include "keyboard/key_kind.h"
-#include "keyboard/key_names.h"
+#include "keyboard/names/key_names.h"
+#include "keyboard/planes/key_kind.h"
 #include "phone/device.h"
 
 namespace sim {
@@ -43,9 +43,7 @@ std::vector<std::string> words_of(std::string_view row) {
 
 NSString* string_of(const std::string& text) { return NSString::stringWithUTF8String(text.c_str()); }
 
-strong<UIKBTree> make_tree(TreeType type) {
-    return UIKBTree::alloc()->initWithType(static_cast<NSInteger>(type));
-}
+strong<UIKBTree> make_tree(TreeType type) { return UIKBTree::alloc()->initWithType(static_cast<int>(type)); }
 
 /// Places keys on a plane, left and right being where each begins and ends.
 class Planner {
@@ -59,7 +57,7 @@ class Planner {
         if (text) key->setDisplayString(NSString::stringWithUTF8String(text));
         if (kind == KeyKind::character) key->setRepresentedString(key->displayString());
         if (kind == KeyKind::space) key->setRepresentedString(string_of(" "));
-        key->setDisplayType(static_cast<NSInteger>(kind));
+        key->setDisplayType(static_cast<int>(kind));
         plane_->subtrees()->addObject(key);
     }
 
@@ -145,10 +143,13 @@ strong<UIKBTree> make_keyplane(KeyboardPlane plane, ReturnKey return_key, const 
     Planner planner(metrics, tree);
     if (plane == KeyboardPlane::emoji) {
         // Two keys, at the ends of the category bar.
+        tree->setVisualStyle(static_cast<int>(VisualStyle::emoji));
         const CGSize key{emoji_bar_key_width, emoji_bar_height};
-        const CGFloat top = metrics.size.height - key.height;
-        planner.add({{0, top}, key}, "More-Key", "ABC", KeyKind::bare);
-        planner.add({{metrics.size.width - key.width, top}, key}, "Delete-Key", nullptr, KeyKind::bare);
+        const CGFloat top = metrics.size.height - key.height, end = metrics.size.width - key.width;
+        planner.add({{key.width, top}, {end - key.width, key.height}}, "Category-Bar", nullptr,
+                    KeyKind::categories);
+        planner.add({{0, top}, key}, "More-Key", "ABC", KeyKind::emoji_control);
+        planner.add({{end, top}, key}, "Delete-Key", nullptr, KeyKind::emoji_control);
         return tree;
     }
     const Plan& plan = plans[static_cast<size_t>(plane)];
@@ -159,11 +160,16 @@ strong<UIKBTree> make_keyplane(KeyboardPlane plane, ReturnKey return_key, const 
     return tree;
 }
 
+bool can_be_pressed(UIKBTree* key) {
+    const auto kind = static_cast<KeyKind>(key->displayType());
+    return kind != KeyKind::indicator && kind != KeyKind::categories;
+}
+
 UIKBTree* find_key(UIKBTree* plane, const std::string& text_or_name) {
     NSArray* keys = plane->subtrees();
     for (NSUInteger index = 0; index < keys->count(); ++index) {
         auto* key = static_cast<UIKBTree*>(keys->objectAtIndex(index));
-        if (static_cast<KeyKind>(key->displayType()) == KeyKind::indicator) continue;
+        if (!can_be_pressed(key)) continue;
         const std::string name = text_of(key->name());
         if (text_of(key->displayString()) == text_or_name || name == text_or_name ||
             lowered(name) == lowered(text_or_name) + "-key")

@@ -1,8 +1,7 @@
 // A key over the backdrop. In the model's reading these are the marks on other keys, such as the enabled
 // languages: drawn with the default configuration, as part of no plane's picture.
-#include "keyboard/UIKBKeyView.h"
-#include "keyboard/make.h"
 #include "objc/class.h"
+#include "platform/keyboard.h"
 
 namespace {
 
@@ -19,7 +18,7 @@ struct BlurredKeyView : objc::Implements<BlurredKeyView, UIKBBlurredKeyView> {
         if (!self) return nullptr;
         self->ivars().keyplane = keyplane;
         self->ivars().key = key;
-        self->ivars().keyView = UIKBKeyView::alloc()->initWithKey(key, sim::make<UIKBRenderFactory>());
+        self->ivars().keyView = UIKBKeyView::alloc()->initWithFrame({}, keyplane, key);
         self->addSubview(self->ivars().keyView);
         return self;
     }

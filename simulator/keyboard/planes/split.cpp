@@ -1,11 +1,11 @@
 // Keys of a keyboard that is split in a left and a right half.
-#include "keyboard/split.h"
+#include "keyboard/planes/split.h"
 
 #include <algorithm>
 #include <cmath>
 #include <map>
 
-#include "keyboard/key_kind.h"
+#include "keyboard/planes/key_kind.h"
 #include "phone/device.h"
 
 namespace sim {
