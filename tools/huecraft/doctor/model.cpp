@@ -23,7 +23,8 @@ class Model {
         for (const auto& [name, facts] : classes_) {
             if (!is_modelled(name)) continue;
             if (system_.class_named(name) != Presence::there) {
-                tell(system_.class_named(name), "class " + name);
+                // Descriptions select classes: what they leave out may be there.
+                tell(Presence::unrecorded, "class " + name);
                 continue;
             }
             const std::string& above = system_.classes().at(name).superclass;
