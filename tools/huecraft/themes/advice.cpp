@@ -50,15 +50,17 @@ std::vector<Colour> calmer(const std::vector<Colour>& colours, double part) {
     return all;
 }
 
-/// A picture as the advice has it: whole for the theme, or small for the many that are tried.
-std::string treated(const std::string& image, const Advice& advice, bool small) {
-    PreparedPhoto photo =
-        prepare_photo(image, "the picture", {.fit = Fit::stretch, .dim = advice.dim, .blur = advice.blur});
-    if (!small) return stored_picture(photo.picture).bytes;
-    constexpr size_t width = 138, height = 89;
-    const Region all{0, 0, static_cast<double>(photo.picture.width),
-                     static_cast<double>(photo.picture.height)};
-    return stored_picture(scaled(photo.picture, all, width, height)).bytes;
+/// The theme's picture in the keyboard's shape, as it is.
+Picture whole_picture(const std::string& image) {
+    return prepare_photo(image, "the picture", {.fit = Fit::stretch}).picture;
+}
+
+/// A picture as the advice has it.
+std::string treated(Picture picture, const Advice& advice) {
+    constexpr double points = 414;
+    if (advice.blur > 0) blur(picture, advice.blur * static_cast<double>(picture.width) / points);
+    if (advice.dim > 0) dim(picture, advice.dim);
+    return stored_picture(picture).bytes;
 }
 
 std::optional<Pair> pair_on(const BackdropSampler& sampler, HuecraftConfig* config, const Pair& wanted) {
@@ -102,14 +104,19 @@ std::optional<Advice> with_treated_picture(const BackdropSampler& sampler, Huecr
                 trials.push_back({.pair = wanted, .dim = 0.05 * dimmed, .blur = blurred});
     // A blur of forty points changes a picture about as much as putting it out.
     std::ranges::sort(trials, {}, [](const Advice& one) { return one.dim + one.blur / 40; });
+    // Most fail, and show it in a small picture; one that passes there is tried in full.
+    const Picture whole = whole_picture(*image);
+    constexpr size_t width = 138, height = 89;
+    const Region all{0, 0, static_cast<double>(whole.width), static_cast<double>(whole.height)};
+    const Picture small = scaled(whole, all, width, height);
     for (Advice& advice : trials)
-        for (const bool small : {true, false}) {
+        for (const Picture* picture : {&small, &whole}) {
             const auto trial = copy_of(config);
-            store_image(trial, treated(*image, advice, small));
+            store_image(trial, treated(*picture, advice));
             const auto pair = pair_on(sampler, trial, wanted);
             if (!pair) break;
             advice.pair = *pair;
-            if (!small) return advice;
+            if (picture == &whole) return advice;
         }
     return std::nullopt;
 }
@@ -178,7 +185,7 @@ void apply(const Advice& advice, HuecraftConfig* config) {
         if (type != flat_colour && type != gradient_of_colours)
             config->setBackgroundType(advice.colours.size() == 1 ? flat_colour : gradient_of_colours);
     } else if (advice.changes_background()) {
-        store_image(config, treated(*stored_image(config), advice, false));
+        store_image(config, treated(whole_picture(*stored_image(config)), advice));
     }
 }
 
