@@ -9,7 +9,7 @@
 #include "describe/hooked_method.h"
 #include "describe/list.h"
 #include "describe/subjects.h"
-#include "tools/support/plain_types.h"
+#include "objc/plain_types.h"
 
 namespace describe {
 namespace {
@@ -60,7 +60,7 @@ class PlainTypes {
         text_.push_back(' ');
         text_.insert(text_.end(), given.begin(), given.end());
         text_.push_back(0);
-        tools::make_plain(text_.data() + 1);
+        objc::make_plain(text_.data() + 1);
     }
     /// Behind a blank; nothing where there are none.
     std::string_view behind_a_blank() const {

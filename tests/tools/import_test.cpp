@@ -45,11 +45,11 @@ constexpr const char* scheme =
 TEST_F(Import, ASchemeGivesBackgroundLabelsHighlightAndName) {
     write("ocean.yaml", scheme);
     const Outcome run = this->run({"import", "ocean.yaml"});
-    EXPECT_EQ(run.status, 1) << run.err;
+    EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.out,
               "made the theme \"Deep Ocean\": Deep Ocean.plist\n"
-              "  not carried over: a theme has no place for base01\n"
-              "  not carried over: a theme has no place for \"author\"\n");
+              "  left out: a theme has no place for base01\n"
+              "  left out: a theme has no place for \"author\"\n");
     const auto theme = answers("Deep Ocean.plist");
     EXPECT_EQ(theme.at("_TextColor"), "#C0C8D0");
     EXPECT_EQ(theme.at("_HighlightColor"), "#5090F0");
@@ -61,7 +61,7 @@ TEST_F(Import, ASchemeWithAPaletteIsRead) {
     write("new.yaml",
           "system: base16\nname: Newer\npalette:\n  base00: \"#102030\"\n  base05: \"#C0C8D0\"\n  base0D: "
           "\"#5090F0\"\n");
-    EXPECT_EQ(run({"import", "new.yaml"}).status, 1);
+    EXPECT_EQ(run({"import", "new.yaml"}).status, 0);
     EXPECT_EQ(answers("Newer.plist").at("_TextColor"), "#C0C8D0");
 }
 
@@ -163,10 +163,20 @@ TEST_F(Import, WhatCannotBeAGradientIsRefused) {
     EXPECT_NE(refusal_of("linear-gradient(red, blue").find("not closed"), std::string::npos);
     EXPECT_NE(refusal_of("linear-gradient(red)").find("two colours or more"), std::string::npos);
     EXPECT_NE(refusal_of("linear-gradient(red, )").find("missing between two commas"), std::string::npos);
-    EXPECT_NE(refusal_of("linear-gradient(red, hsl(1 2% 3%))").find("\"hsl(1 2% 3%)\" is no colour"),
+    EXPECT_NE(refusal_of("linear-gradient(red, lab(1 2% 3%))").find("\"lab(1 2% 3%)\" is no colour"),
               std::string::npos);
     EXPECT_NE(refusal_of("linear-gradient(to centre, red, blue)").find("no direction \"to centre\""),
               std::string::npos);
+}
+
+TEST_F(Import, AGradientInACommentIsNone) {
+    write("comment.css",
+          "/* linear-gradient(red, blue) */\nbackground: linear-gradient(to left, #000, #fff);\n");
+    EXPECT_EQ(run({"import", "comment.css"}).status, 1);  // it does not say the labels' colour
+    const std::string shown = run({"show", "comment.plist"}).out;
+    EXPECT_NE(shown.find("getColors: #000000, #FFFFFF"), shown.npos) << shown;
+    EXPECT_NE(shown.find("getGradientDirection: 3,"), shown.npos) << shown;
+    EXPECT_EQ(run({"import", "-"}, "/* linear-gradient(red, blue) */").status, 2);
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 // huecraft lint.
+#include <cstdio>
 #include <map>
 #include <nlohmann/json.hpp>
 
 #include "command_run.h"
+#include "photos/photo_samples.h"
 #include "png.h"
 
 namespace test {
@@ -47,7 +49,8 @@ TEST_F(Lint, ASoundThemeIsFine) {
     write("sound.plist", sound_theme());
     const Outcome run = this->run({"lint", "sound.plist"});
     EXPECT_EQ(run.status, 0) << run.out << run.err;
-    EXPECT_TRUE(run.out.starts_with("sound.plist: fine: contrast of labels 21.0, highlights 4.5")) << run.out;
+    EXPECT_TRUE(run.out.starts_with("sound.plist: fine: contrast of labels 21.00, highlights 4.5"))
+        << run.out;
     EXPECT_TRUE(run.out.ends_with("1 theme: 1 fine, 0 weak, 0 faulty; 0 errors, 0 warnings\n")) << run.out;
 }
 
@@ -129,11 +132,9 @@ TEST_F(Lint, AnImageThatDoesNotDecodeIsFound) {
 }
 
 TEST_F(Lint, AnImagesWeightIsItsDecodedBytesAndTooMuchIsFound) {
-    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, 3000, 2000);
-    cairo_surface_write_to_png(surface, path("large.png").c_str());
-    cairo_surface_destroy(surface);
-    ASSERT_EQ(run({"new", "Large", "--highlight", "777777", "--image", "large.png"}).status, 0);
-    const json report = linted(read("Large.plist"));
+    const std::string png = png_of(sample(3000, 2000, [](int, int) { return Rgb{0, 0, 0}; }));
+    const json report = linted(theme("#FFFFFF", "#777777", "<key>_BackgroundType</key><integer>3</integer>",
+                                     "<key>_Image</key><data>" + in_base64(png) + "</data>"));
     EXPECT_EQ(report.at("image").at("decodedBytes"), 3000 * 2000 * 4);
     EXPECT_EQ(findings(report), Findings{"warning _Image: 3000 x 2000 pixels, 22 MB decoded"});
 }
@@ -169,7 +170,7 @@ TEST_F(Lint, LabelsBelowThreeAreAnErrorAndBelowFourAndAHalfAWarning) {
 TEST_F(Lint, TheNearestColourThatPassesDoesPassAndItsNeighbourDoesNot) {
     const json report = linted(theme("#959595", "#000000", flat("#FFFFFF")));
     EXPECT_EQ(report.at("findings").at(0).at("mend"),
-              "the nearest colour that passes on every key is #767676");
+              "the nearest pair that passes on every key is #767676 for labels and #000000 for highlights");
 }
 
 TEST_F(Lint, TheWorstKeyOfAGradientIsNamed) {
@@ -186,8 +187,36 @@ TEST_F(Lint, NoColourPassesOverBlackAndWhite) {
         "#808080", "#808080",
         "<key>_BackgroundType</key><integer>2</integer><key>_GradientDirection</key><integer>4</integer>"
         "<key>_Colors</key><array><string>#FFFFFF</string><string>#000000</string></array>"));
-    EXPECT_NE(report.at("findings").at(0).at("mend").get<std::string>().find("make the background calmer"),
+    EXPECT_NE(report.at("findings")
+                  .at(0)
+                  .at("mend")
+                  .get<std::string>()
+                  .find("no pair passes on this background; the nearest is with _Colors #"),
               std::string::npos);
+}
+
+TEST_F(Lint, HighlightsAreAreasAndNeedThree) {
+    auto of_highlights = [&](const char* highlight) {
+        return findings(linted(theme("#FFFFFF", highlight, flat("#000000"))));
+    };
+    EXPECT_EQ(of_highlights("#5A5A5A"), Findings{});
+    EXPECT_TRUE(
+        of_highlights("#595959").at(0).starts_with("warning _HighlightColor: #595959, a contrast of 2.99"));
+    EXPECT_TRUE(
+        of_highlights("#404040").at(0).starts_with("error _HighlightColor: #404040, a contrast of 2.02") ||
+        of_highlights("#404040").at(0).starts_with("warning _HighlightColor: #404040, a contrast of 2.02"));
+    EXPECT_TRUE(
+        of_highlights("#3E3E3E").at(0).starts_with("error _HighlightColor: #3E3E3E, a contrast of 1.9"));
+}
+
+TEST_F(Lint, EveryEvenBackgroundHasAPair) {
+    for (int grey = 0; grey < 256; grey += 5) {
+        char hex[8];
+        std::snprintf(hex, sizeof hex, "#%02X%02X%02X", grey, grey, grey);
+        const json report = linted(theme(hex, hex, flat(hex)));
+        ASSERT_TRUE(report.at("advice").is_object()) << hex;
+        EXPECT_TRUE(report.at("advice").at("colors").empty()) << hex << report.at("advice");
+    }
 }
 
 TEST_F(Lint, LabelsThatDrownInTheHighlightAreAWarning) {

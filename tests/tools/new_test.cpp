@@ -10,7 +10,7 @@ TEST_F(New, WritesTheFileThatTheLibrarySaves) {
     const Outcome run = this->run(
         {"new", "Midnight", "--text", "FFB84D", "--highlight", "#35539b", "--flat", "1B244080", "--caps"});
     EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.out, "made the theme \"Midnight\": Midnight.plist\n");
+    EXPECT_TRUE(run.out.starts_with("made the theme \"Midnight\": Midnight.plist\n")) << run.out;
     const std::string file = read("Midnight.plist");
     for (const char* part :
          {"<string>Midnight</string>", "<string>#FFB84D</string>", "<string>#35539B</string>",
@@ -36,10 +36,10 @@ TEST_F(New, WithoutAnythingItIsTheLibrarysDefaultTheme) {
 TEST_F(New, InvalidHexIsNamedWithItsOption) {
     const Outcome run = this->run({"new", "Bad", "--text", "#12345"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(
-        run.err,
-        "huecraft: --text: \"#12345\" is no colour; expected #RRGGBB or #RRGGBBAA, in hexadecimal digits "
-        "(see huecraft new --help)\n");
+    EXPECT_EQ(run.err,
+              "huecraft: --text: \"#12345\" is no colour; expected #RRGGBB, #RRGGBBAA, rgb(…), hsl(…) or a "
+              "name of CSS "
+              "(see huecraft new --help)\n");
     EXPECT_TRUE(names().empty());
 }
 
@@ -124,8 +124,29 @@ TEST_F(New, WhatIsNoPictureIsNamed) {
     write("notes.png", "not a picture");
     const Outcome run = this->run({"new", "Picture", "--image", "notes.png"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err, "huecraft: notes.png: it is no picture that can be read; expected PNG or JPEG\n");
+    EXPECT_EQ(run.err,
+              "huecraft: notes.png: it is no picture that can be read: found \"not a pi\" at its beginning; "
+              "expected PNG, JPEG, WebP or HEIC\n");
     EXPECT_EQ(names(), std::vector<std::string>{"notes.png"});
+}
+
+TEST_F(New, ANumberThatIsNoneIsRefusedWithItsRange) {
+    write("p.png", "");
+    const Outcome run = this->run({"new", "Thin", "--image", "p.png", "--alpha", "nan"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "huecraft: --alpha: \"nan\" is no number from 0 to 1 (see huecraft new --help)\n");
+    write("s.plist", sound_theme());
+    EXPECT_EQ(this->run({"keyboard", "s.plist", "-o", "k.png", "--scale", "nan"}).err,
+              "huecraft: --scale: \"nan\" is no number from 0.1 to 8 (see huecraft keyboard --help)\n");
+}
+
+TEST_F(New, AGradientOfOneColourIsRefused) {
+    const Outcome run = this->run({"new", "One", "--gradient", "FF0000"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(
+        run.err,
+        "huecraft: --gradient: found one colour, expected two or more; --flat takes one (see huecraft new "
+        "--help)\n");
 }
 
 }  // namespace

@@ -368,6 +368,22 @@ TEST_F(Picker, AThemesColourIsTheInitialOneAndIsChanged) {
     EXPECT_NE(plain.out.find("theme: _TextColor is \"#FFFFFF\"\n"), plain.out.npos) << plain.out;
 }
 
+TEST_F(Picker, ASavedThemeKeepsItsForm) {
+    write("t.plist", sound_theme());
+    ASSERT_EQ(run({"convert", "t.plist", "-o", "b.plist", "--to", "binary"}).status, 0);
+    EXPECT_EQ(play("drag green 1\ntap \"SELECT\"", {"--theme", "b.plist", "--save"}).status, 0);
+    EXPECT_TRUE(read("b.plist").starts_with("bplist00"));
+    EXPECT_NE(run({"show", "b.plist"}).out.find("getConfigName: \"Sound\""), std::string::npos);
+}
+
+TEST_F(Picker, ARecordingInWhichNoTimePassesIsTold) {
+    EXPECT_NE(
+        play("record still\nstop", {"-o", "p"})
+            .out.find("s:2: at 0 s the recording \"still\" has one frame: no time passed; wait lets it\n"),
+        std::string::npos);
+    EXPECT_EQ(play("record moving\nwait 0.1\nstop", {"-o", "p"}).out.find("one frame"), std::string::npos);
+}
+
 TEST_F(Picker, AThemeThatNothingWasChosenForStaysAsItIs) {
     write("t.plist", sound_theme());
     const std::string before = read("t.plist");

@@ -24,7 +24,9 @@ void add_new(CLI::App& command, Request& request);
 void add_completions(CLI::App& command, Request& request);
 void add_convert(CLI::App& command, Request& request);
 void add_doctor(CLI::App& command, Request& request);
+void add_edit(CLI::App& command, Request& request);
 void add_gallery(CLI::App& command, Request& request);
+void add_help(CLI::App& command, Request& request);
 void add_import(CLI::App& command, Request& request);
 void add_keyboard(CLI::App& command, Request& request);
 void add_lint(CLI::App& command, Request& request);
@@ -44,18 +46,23 @@ CLI::App* add_subcommand(CLI::App& command, Request& request, const std::string&
     return added;
 }
 
-inline void add_json(CLI::App* subcommand, bool& json) {
-    subcommand->add_flag("--json", json, "Answer in JSON, for other programs");
-}
+void add_json(CLI::App* subcommand, bool& json);
+
+/// The flag that lets an output replace what `require_replaceable` protects.
+void add_force(CLI::App* subcommand, bool& force);
 
 /// The option that names the build of the library to draw with.
 void add_library(CLI::App* subcommand, std::string& library);
 
-/// Has the option take hex colours as a theme keeps them.
+/// Has the option take a colour in one of its notations, and keep it as a theme does: #RRGGBB or #RRGGBBAA.
 CLI::Option* taking_colour(CLI::Option* option);
+/// The same of two colours or more, with commas between them.
+CLI::Option* taking_colours(CLI::Option* option);
+/// Has the option take a gradient's direction by name or number, and keep the number.
+CLI::Option* taking_direction(CLI::Option* option);
 /// Has the option take one of these words, which the help lists.
 CLI::Option* taking_one_of(CLI::Option* option, const std::vector<std::string>& words);
-/// Has the option take numbers from one to another.
+/// Has the option take finite numbers from one to another.
 CLI::Option* taking_number(CLI::Option* option, double from, double to);
 
 }  // namespace command

@@ -211,7 +211,8 @@ std::string manual(const CLI::App& command) {
     }
     return page +
            ".SH EXIT STATUS\n0 all is well, 1 something was found, 2 misuse or a file that cannot be used.\n"
-           ".SH ENVIRONMENT\n.TP\n\\fBNO_COLOR\\fR\nNot empty: no colours on a terminal.\n";
+           ".SH ENVIRONMENT\n.TP\n\\fBNO_COLOR\\fR\nNot empty: no colours on a terminal.\n"
+           ".TP\n\\fBTMPDIR\\fR\nThe folder for temporary files; /tmp without it.\n";
 }
 
 }  // namespace command

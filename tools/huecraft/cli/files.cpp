@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -13,6 +14,8 @@
 #include <utility>
 
 #include "cli/terminal.h"
+#include "formats/value.h"
+#include "objc/exception.h"
 
 namespace command {
 namespace {
@@ -162,12 +165,61 @@ void require_absent(const std::string& file) {
         throw Unusable(file, "exists already; --force replaces it");
 }
 
+namespace {
+
+struct KnownKind {
+    OutputKind kind;
+    const char* name;
+    /// What such files begin with, behind blanks; some of it is enough.
+    std::vector<std::string_view> beginnings;
+};
+
+const KnownKind known_kinds[] = {
+    {OutputKind::picture, "PNG picture", {"\x89PNG\r\n\x1a\n"}},
+    {OutputKind::page, "page of HTML", {"<!DOCTYPE html", "<!doctype html", "<html"}},
+    {OutputKind::property_list,
+     "property list",
+     {"bplist", "<?xml", "<!DOCTYPE plist", "<plist", "{", "(", "\"", "//", "/*", "\xef\xbb\xbf"}},
+};
+
+bool begins_as(const std::string& file, const KnownKind& kind) {
+    const Descriptor input(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    char bytes[256];
+    const ssize_t count = input.number < 0 ? -1 : ::read(input.number, bytes, sizeof bytes);
+    if (count < 0) cannot_write(file, errno);
+    std::string_view beginning(bytes, static_cast<size_t>(count));
+    if (beginning.empty()) return true;  // there is nothing to lose
+    beginning.remove_prefix(std::min(beginning.find_first_not_of(" \t\r\n"), beginning.size()));
+    return std::ranges::any_of(kind.beginnings, [&](auto one) { return beginning.starts_with(one); });
+}
+
+}  // namespace
+
+void require_replaceable(const std::string& output, OutputKind kind, const std::vector<std::string>& inputs) {
+    struct stat there;
+    if (output == "-" || stat(output.c_str(), &there) != 0 || !S_ISREG(there.st_mode)) return;
+    for (const std::string& input : inputs) {
+        struct stat read;
+        if (input != "-" && stat(input.c_str(), &read) == 0 && read.st_dev == there.st_dev &&
+            read.st_ino == there.st_ino)
+            throw Unusable(output, "it is read as well, and would be replaced; --force replaces it");
+    }
+    const auto* known = std::ranges::find(known_kinds, kind, &KnownKind::kind);
+    if (!begins_as(output, *known))
+        throw Unusable(output, std::string("it exists and is no ") + known->name + "; --force replaces it");
+}
+
+void on_the_phone(const std::string& file, const std::function<void()>& work) {
+    objc::AutoreleasePool pool;
+    if (const id raised = objc::caught(work)) throw Unusable(file, exception_in_words(raised));
+}
+
 Status for_each_file(const std::vector<std::string>& files,
                      const std::function<Status(const std::string&)>& work) {
     Status all = Status::fine;
     for (const std::string& file : files) {
         try {
-            note(all, work(file));
+            on_the_phone(file, [&] { note(all, work(file)); });
         } catch (const Unusable& unusable) {
             complain(unusable.file(), unusable.what());
             note(all, Status::unusable);

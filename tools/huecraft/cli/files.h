@@ -50,7 +50,19 @@ class Output {
 /// Throws Unusable when something is at the path already.
 void require_absent(const std::string& file);
 
-/// Does something with each file. What is unusable is complained of, and the others are done all the same.
+/// What an output is, which tells whether it may take the place of a file.
+enum class OutputKind { picture, page, property_list };
+
+/// Throws Unusable when the output would replace one of the inputs, or a file of another kind. What is no
+/// regular file is written to in any case.
+void require_replaceable(const std::string& output, OutputKind kind, const std::vector<std::string>& inputs);
+
+/// Does something with a file on the phone, with a pool for the objects that it takes. Throws Unusable for
+/// what is raised. The work has no pool of its own around it, which would take the exception along.
+void on_the_phone(const std::string& file, const std::function<void()>& work);
+
+/// Does something with each file. What is unusable, or raises an exception on the phone, is complained of,
+/// and the others are done all the same.
 Status for_each_file(const std::vector<std::string>& files,
                      const std::function<Status(const std::string&)>& work);
 

@@ -40,6 +40,9 @@ int run(std::vector<std::string> arguments) {
     } catch (const CLI::CallForHelp&) {
         std::fputs(command->help().c_str(), stdout);
         return output_is_whole() ? 0 : static_cast<int>(Status::unusable);
+    } catch (const CLI::CallForVersion& version) {
+        std::printf("%s\n", version.what());
+        return output_is_whole() ? 0 : static_cast<int>(Status::unusable);
     } catch (const CLI::ParseError& error) {
         return misuse(*command, error.what());
     }

@@ -37,6 +37,33 @@ size_t character_length(std::string_view text) {
     return length;
 }
 
+/// Whether a UTF-8 character turns the direction of the text behind it, or breaks the line: what is shown
+/// would not be what is there. U+061C, U+200E, U+200F, U+2028 to U+202E, U+2066 to U+2069.
+bool steers_text(std::string_view character) {
+    if (character == "\xd8\x9c") return true;
+    if (character.size() != 3 || character[0] != '\xe2') return false;
+    const auto row = static_cast<unsigned char>(character[1]),
+               cell = static_cast<unsigned char>(character[2]);
+    return (row == 0x80 && (cell == 0x8e || cell == 0x8f || (cell >= 0xa8 && cell <= 0xae))) ||
+           (row == 0x81 && cell >= 0xa6 && cell <= 0xa9);
+}
+
+/// Of two or three bytes, as \u and four digits.
+std::string escaped_character(std::string_view character) {
+    unsigned code = static_cast<unsigned char>(character[0]) & (character.size() == 2 ? 0x1f : 0x0f);
+    for (char byte : character.substr(1)) code = code << 6 | (static_cast<unsigned char>(byte) & 0x3f);
+    char text[8];
+    std::snprintf(text, sizeof text, "\\u%04x", code);
+    return text;
+}
+
+std::vector<Complaint>& all_complaints() {
+    static std::vector<Complaint> all;
+    return all;
+}
+
+bool json_is_wanted = false;
+
 std::string escaped(unsigned char byte) {
     if (byte == '\n') return "\\n";
     if (byte == '\t') return "\\t";
@@ -52,6 +79,13 @@ std::string toned(Tone tone, const std::string& text) {
     return wanted && tone != Tone::plain ? in_colour(tone, text) : text;
 }
 
+std::string swatch(int red, int green, int blue) {
+    static const bool wanted = colours_are_wanted(STDOUT_FILENO);
+    if (!wanted) return "";
+    return "\x1b[48;2;" + std::to_string(red) + ";" + std::to_string(green) + ";" + std::to_string(blue) +
+           "m  \x1b[0m ";
+}
+
 std::string one_line(std::string_view text, size_t longest) {
     std::string line;
     size_t characters = 0;
@@ -65,6 +99,8 @@ std::string one_line(std::string_view text, size_t longest) {
         if (length == 0 || control) {
             line += escaped(lead);
             length = 1;
+        } else if (steers_text(text.substr(0, length))) {
+            line += escaped_character(text.substr(0, length));
         } else {
             line += text.substr(0, length);
         }
@@ -81,11 +117,18 @@ std::string counted(size_t number, const std::string& what) {
 
 void complain(const std::string& file, const std::string& what) {
     std::fflush(stdout);
+    all_complaints().push_back({file, what});
     const std::string name = one_line(file, 4096);
     static const bool coloured = colours_are_wanted(STDERR_FILENO);
     std::fprintf(stderr, "huecraft: %s: %s\n",
                  coloured ? in_colour(Tone::strong, name).c_str() : name.c_str(), what.c_str());
 }
+
+const std::vector<Complaint>& complaints() { return all_complaints(); }
+
+void answer_in_json() { json_is_wanted = true; }
+
+bool answers_in_json() { return json_is_wanted; }
 
 bool output_is_whole() { return std::fflush(stdout) == 0 && !std::ferror(stdout); }
 

@@ -2,6 +2,7 @@
 #pragma once
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace command {
 
@@ -10,7 +11,12 @@ enum class Tone { plain, strong, faint, good, warning, bad };
 /// The text in the tone, where standard output is a terminal and NO_COLOR is not set.
 std::string toned(Tone tone, const std::string& text);
 
-/// A text of unknown origin in one line: control characters are escaped, and a long text is cut.
+/// Two cells in the colour and a blank, where standard output is a terminal that shows colours; nothing
+/// elsewhere.
+std::string swatch(int red, int green, int blue);
+
+/// A text of unknown origin in one line: control characters, and those that turn the direction of the text
+/// around them, are escaped, and a long text is cut.
 std::string one_line(std::string_view text, size_t longest = 80);
 
 /// The same between quotation marks.
@@ -21,6 +27,16 @@ std::string counted(size_t number, const std::string& what);
 
 /// One line on standard error: what is wrong with a file.
 void complain(const std::string& file, const std::string& what);
+
+/// What this process complained of, for an answer in JSON.
+struct Complaint {
+    std::string file, what;
+};
+const std::vector<Complaint>& complaints();
+
+/// The answer is to be in JSON, also when all there is to say is what was complained of.
+void answer_in_json();
+bool answers_in_json();
 
 /// Whether all that was said reached standard output.
 bool output_is_whole();

@@ -14,6 +14,7 @@
 
 #include "cli/files.h"
 #include "cli/terminal.h"
+#include "formats/value.h"
 #include "support/phone.h"
 
 namespace command {
@@ -27,9 +28,12 @@ constexpr const char* theme_folder = "var/mobile/Library/Preferences/HuecraftCon
 class TemporaryFolder {
   public:
     TemporaryFolder() {
-        std::string pattern = (fs::temp_directory_path() / "huecraft-XXXXXX").string();
+        const char* named = std::getenv("TMPDIR");
+        const fs::path parent = named && *named ? named : "/tmp";
+        std::string pattern = (fs::absolute(parent) / "huecraft-XXXXXX").string();
         if (!mkdtemp(pattern.data()))
-            throw Unusable(pattern, std::string("cannot be made: ") + std::strerror(errno));
+            throw Unusable(parent, std::string("no temporary files can be made there: ") +
+                                       std::strerror(errno) + "; TMPDIR names another folder");
         path_ = pattern;
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
@@ -49,13 +53,12 @@ void pass_on(int signal) {
     if (working_child > 0) kill(working_child, signal);
 }
 
-/// The signals that end the command from outside. Its child hears those of a terminal too, and is told of the
-/// last; its folder is to be cleared away afterwards.
+/// The signals that end the command from outside. They are passed on to its child, which hears those of a
+/// terminal too; its folder is to be cleared away afterwards.
 class StayingToTidyUp {
   public:
     StayingToTidyUp() {
-        for (size_t i = 0; i < count; ++i)
-            before_[i] = std::signal(signals[i], signals[i] == SIGTERM ? pass_on : SIG_IGN);
+        for (size_t i = 0; i < count; ++i) before_[i] = std::signal(signals[i], pass_on);
     }
     StayingToTidyUp(const StayingToTidyUp&) = delete;
     ~StayingToTidyUp() { leave(); }
@@ -79,7 +82,12 @@ class StayingToTidyUp {
     } catch (const std::exception& failure) {
         std::fflush(stdout);
         std::fprintf(stderr, "huecraft: %s\n", failure.what());
+    } catch (...) {
+        // Its object may be gone with the pool that held it.
+        complain("the simulated phone", "an exception was raised");
     }
+    if (answers_in_json() && !complaints().empty() && !json_was_printed())
+        std::fputs(printed(Json::object()).c_str(), stdout);
     if (!output_is_whole()) {
         complain("standard output", std::string("cannot be written: ") + std::strerror(errno));
         status = Status::unusable;
@@ -113,7 +121,10 @@ void Workshop::place_theme(const std::string& name, const std::string& contents)
     std::ofstream file(place, std::ios::binary);
     file.write(contents.data(), static_cast<std::streamsize>(contents.size()));
     file.close();
-    if (!file) throw Unusable(place, std::string("cannot be written: ") + std::strerror(errno));
+    if (!file)
+        throw Unusable(device.parent_path().parent_path(),
+                       std::string("temporary files cannot be written there: ") + std::strerror(errno) +
+                           "; TMPDIR names another folder");
 }
 
 fs::path Workshop::theme(const std::string& name) const { return device / theme_folder / name; }

@@ -3,6 +3,7 @@
 
 #include "cli/command_line.h"
 #include "cli/describe.h"
+#include "cli/files.h"
 #include "cli/terminal.h"
 
 namespace command {
@@ -26,6 +27,21 @@ struct Completions {
     }
 };
 
+struct Help {
+    const CLI::App* command;
+    std::string subcommand;
+
+    Status operator()() const {
+        // Its own help() would be that of the subcommand that was called, which is this one.
+        if (subcommand.empty())
+            return print(command->get_formatter()->make_help(command, "", CLI::AppFormatMode::Normal));
+        for (const CLI::App* one : command->get_subcommands([](const CLI::App*) { return true; }))
+            if (one->get_name() == subcommand) return print(one->help("huecraft"));
+        throw Unusable("help",
+                       "there is no subcommand " + in_quotes(subcommand) + "; huecraft --help lists them");
+    }
+};
+
 struct Manual {
     const CLI::App* command;
     Status operator()() const { return print(manual(*command)); }
@@ -46,6 +62,16 @@ void add_completions(CLI::App& command, Request& request) {
         ->footer(
             "Example:\n"
             "  huecraft man | man -l -");
+}
+
+void add_help(CLI::App& command, Request& request) {
+    auto help = std::make_shared<Help>(&command, "");
+    CLI::App* sub =
+        add_subcommand(command, request, "help", "Print the help of the command or of a subcommand", help);
+    sub->add_option("SUBCOMMAND", help->subcommand, "The subcommand")->type_name("");
+    sub->footer(
+        "Example:\n"
+        "  huecraft help lint");
 }
 
 }  // namespace command

@@ -20,24 +20,30 @@ Form form_named(const std::string& name) {
 
 struct Convert {
     std::string file, output, to;
-    bool json = false;
+    bool force = false, json = false;
 
     Status operator()() const {
         return in_workshop([this](const Workshop& workshop) {
             tools::boot(workshop.device, tools::settings);
-            objc::AutoreleasePool pool;
-            const PropertyList list = parse_property_list(read_input(file), file);
+            if (!force) require_replaceable(output, OutputKind::property_list, {file});
             Losses losses;
-            const std::string bytes = written_property_list(list.root, form_named(to), file, losses);
-            write_output(output, bytes);
-            if (output != "-") report(list.form, losses);
-            for (const std::string& loss : losses)
-                if (output == "-") complain(file, loss);
+            on_the_phone(file, [&] { losses = convert(); });
             return losses.empty() ? Status::fine : Status::finding;
         });
     }
 
   private:
+    Losses convert() const {
+        const PropertyList list = parse_property_list(read_input(file), file);
+        Losses losses;
+        const std::string bytes = written_property_list(list.root, form_named(to), file, losses);
+        write_output(output, bytes);
+        if (output != "-") report(list.form, losses);
+        for (const std::string& loss : losses)
+            if (output == "-") complain(file, loss);
+        return losses;
+    }
+
     void report(Form from, const Losses& losses) const {
         if (json) {
             std::fputs(printed({{"file", file},
@@ -70,6 +76,7 @@ void add_convert(CLI::App& command, Request& request) {
         ->type_name("FILE");
     taking_one_of(sub->add_option("--to", options->to, "The form")->required(),
                   {"xml", "binary", "openstep"});
+    add_force(sub, options->force);
     add_json(sub, options->json);
     sub->footer(
         "Every key and value is kept, unknown ones too. The openstep form has no numbers, booleans and "

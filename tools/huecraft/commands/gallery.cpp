@@ -31,6 +31,11 @@ std::filesystem::path piece_of(const Workshop& workshop, size_t number) {
     return workshop.scratch(std::to_string(number) + ".html");
 }
 
+/// Where the reason lies for which a theme is left out.
+std::filesystem::path reason_of(const Workshop& workshop, size_t number) {
+    return workshop.scratch(std::to_string(number) + ".txt");
+}
+
 /// Where a theme lies that waits for the other workers. It may have come from a pipe, which is read once.
 std::filesystem::path put_aside(const Workshop& workshop, size_t number) {
     return workshop.scratch(std::to_string(number) + ".plist");
@@ -39,10 +44,15 @@ std::filesystem::path put_aside(const Workshop& workshop, size_t number) {
 struct Gallery {
     std::vector<std::string> files;
     std::string output, library;
-    bool json = false;
+    bool force = false, json = false;
 
     Status operator()() const {
         return in_workshop([this](const Workshop& workshop) {
+            if (!force) {
+                std::vector<std::string> inputs = files;
+                inputs.push_back(library);
+                require_replaceable(output, OutputKind::page, inputs);
+            }
             Output{output};  // before the work, which would be lost without a place for it
             const Build build(command::library(library));
             std::vector<Status> ends(files.size(), Status::unusable);
@@ -86,6 +96,7 @@ struct Gallery {
                 const auto end = static_cast<Answer>(answer);
                 if (end == Answer::other_caps) return others.push_back(number);
                 if (end == Answer::drawn) ends.at(number) = Status::fine;
+                if (end == Answer::unusable) complain(files[number], read_input(reason_of(workshop, number)));
                 progress.advance_to(++known);
             };
             work.lost = [&](size_t number, const std::string& how) {
@@ -118,17 +129,18 @@ struct Gallery {
 
     Answer answer_for(size_t number, const Workshop& workshop, const Build& build, bool caps) const {
         try {
-            return draw(number, workshop, build, caps);
+            Answer answer{};
+            on_the_phone(files[number], [&] { answer = draw(number, workshop, build, caps); });
+            return answer;
         } catch (const Unusable& unusable) {
-            complain(unusable.file(), unusable.what());
+            write_output(reason_of(workshop, number), unusable.what());
         } catch (const std::exception& failure) {
-            complain(files[number], failure.what());
+            write_output(reason_of(workshop, number), failure.what());
         }
         return Answer::unusable;
     }
 
     Answer draw(size_t number, const Workshop& workshop, const Build& build, bool caps) const {
-        objc::AutoreleasePool pool;
         const std::string& file = files[number];
         const auto aside = put_aside(workshop, number);
         const std::string contents = read_input(std::filesystem::exists(aside) ? aside.string() : file);
@@ -144,7 +156,8 @@ struct Gallery {
         keyboard.size = sizeof keyboard;
         write_output(piece_of(workshop, number),
                      gallery_piece({file, tools::utf8(theme.config->getConfigName()), preview,
-                                    keyboard_picture(workshop, keyboard, picture_scale, provenance)}));
+                                    keyboard_picture(workshop, keyboard, picture_scale, provenance),
+                                    caps ? caps_of_previews : ""}));
         std::filesystem::remove(aside);
         return Answer::drawn;
     }
@@ -188,6 +201,7 @@ void add_gallery(CLI::App& command, Request& request) {
         ->required()
         ->type_name("FILE");
     add_library(sub, options->library);
+    add_force(sub, options->force);
     add_json(sub, options->json);
     sub->footer(
         "The page is one file, with the pictures in it.\n\n"

@@ -67,6 +67,7 @@ std::string gallery_piece(const GalleryEntry& entry) {
     const std::string name = one_line(entry.name);
     return "<figure>\n" + image(entry.preview, "preview", name) + image(entry.keyboard, "keyboard", name) +
            "<figcaption><b>" + escaped(name) + "</b><br><small>" + escaped(one_line(entry.file, 4096)) +
+           (entry.difference.empty() ? "" : "<br>" + escaped(entry.difference)) +
            "</small></figcaption>\n</figure>\n";
 }
 

@@ -7,6 +7,8 @@ namespace command {
 /// A theme on the page. The pictures are PNG.
 struct GalleryEntry {
     std::string file, name, preview, keyboard;
+    /// How the two pictures differ, if they do.
+    std::string difference = {};
 };
 
 std::string gallery_head(size_t themes);

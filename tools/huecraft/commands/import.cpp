@@ -18,7 +18,8 @@ enum Background : NSUInteger { flat_colour = 1, gradient_of_colours = 2 };
 Imported imported(const std::string& file) {
     const std::string text = read_input(file);
     try {
-        return text.find("gradient(") != text.npos ? import_css_gradient(text) : import_base16(text);
+        return without_css_comments(text).find("gradient(") != std::string::npos ? import_css_gradient(text)
+                                                                                 : import_base16(text);
     } catch (const NotImportable& reason) {
         throw Unusable(file, reason.what());
     }
@@ -55,12 +56,13 @@ struct Import {
         return in_workshop([&](const Workshop& workshop) {
             tools::boot(workshop.device, tools::settings);
             tools::load(library());
-            objc::AutoreleasePool pool;
-            HuecraftConfig* config = HuecraftConfig::defaultConfig();
-            const std::string output = checked_file(config, place);
-            paint(config, theme);
-            save_theme(config, place, output, workshop);
-            report(output, place, theme.losses);
+            on_the_phone(file, [&] {
+                HuecraftConfig* config = HuecraftConfig::defaultConfig();
+                const std::string output = checked_file(config, place);
+                paint(config, theme);
+                save_theme(config, place, output, workshop);
+                report(output, place, theme);
+            });
             return theme.losses.empty() ? Status::fine : Status::finding;
         });
     }
@@ -76,19 +78,25 @@ struct Import {
         config->setGradientDirection(theme.direction);
     }
 
-    void report(const std::string& output, const Destination& place,
-                const std::vector<std::string>& losses) const {
+    void report(const std::string& output, const Destination& place, const Imported& theme) const {
+        const std::vector<std::string>& losses = theme.losses;
         if (output == "-") {
             for (const std::string& loss : losses) complain(file, loss);
         } else if (json) {
-            std::fputs(
-                printed({{"name", place.name}, {"from", file}, {"file", output}, {"losses", losses}}).c_str(),
-                stdout);
+            std::fputs(printed({{"name", place.name},
+                                {"from", file},
+                                {"file", output},
+                                {"losses", losses},
+                                {"leftOut", theme.left_out}})
+                           .c_str(),
+                       stdout);
         } else {
             std::printf("made the theme %s: %s\n", in_quotes(place.name).c_str(),
                         toned(Tone::strong, one_line(output, 4096)).c_str());
             for (const std::string& loss : losses)
                 std::printf("  %s %s\n", toned(Tone::warning, "not carried over:").c_str(), loss.c_str());
+            for (const std::string& one : theme.left_out)
+                std::printf("  %s %s\n", toned(Tone::faint, "left out:").c_str(), one.c_str());
         }
     }
 };
@@ -114,7 +122,9 @@ void add_import(CLI::App& command, Request& request) {
     sub->footer(
         "Of a base16 scheme, base00 is the background, base05 the labels and base0D the highlight. Of a "
         "gradient,\n"
-        "the direction and the colours are taken. What is not carried over is told (exit status 1).\n\n"
+        "the direction and the colours are taken. What is not carried over is told (exit status 1), and so "
+        "is what\n"
+        "no theme has a place for, such as the other colours of a scheme.\n\n"
         "Examples:\n"
         "  huecraft import ocean.yaml -o Ocean.plist\n"
         "  echo 'linear-gradient(to right, #ffe29a, rgb(255 106 136))' | huecraft import - --name Peach");

@@ -23,10 +23,11 @@ struct Keyboard {
     std::string file, output, library, state = "letters", press, orientation = "portrait",
                                        device = "iphone-8", background = "notes";
     double scale = 0;
-    bool json = false;
+    bool force = false, json = false;
 
     Status operator()() const {
         return in_workshop([this](const Workshop& workshop) {
+            if (!force) require_replaceable(output, OutputKind::picture, {file, library});
             const std::string theme = read_input(file);
             const auto build = command::library(library);
             const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")),
@@ -36,14 +37,30 @@ struct Keyboard {
             sim_keyboard keyboard{};
             keyboard.size = sizeof keyboard;
             keyboard.plane = state.c_str();
-            keyboard.pressed_key = press.empty() ? nullptr : press.c_str();
             keyboard.landscape = orientation == "landscape";
             keyboard.background = background.c_str();
+            keyboard.pressed_key = press.empty() ? nullptr : press.c_str();
+            if (!press.empty() && sim_show_keyboard(&keyboard) != SIM_OK) refuse_key(keyboard);
             write_output(output, keyboard_picture(workshop, keyboard, scale, provenance));
             if (json && output != "-")
                 std::fputs(printed({{"theme", file}, {"picture", output}}).c_str(), stdout);
             return Status::fine;
         });
+    }
+
+  private:
+    /// Throws Unusable, which lists the keys that there are.
+    [[noreturn]] void refuse_key(sim_keyboard keyboard) const {
+        keyboard.pressed_key = nullptr;
+        tools::require(sim_show_keyboard(&keyboard), "the keyboard");
+        std::string names;
+        for (size_t i = 0; i < sim_key_count(); ++i) {
+            sim_key key{};
+            tools::require(sim_key_at(i, &key), "the keys");
+            names += (names.empty() ? "" : " ") + one_line(key.text ? key.text : key.name);
+        }
+        throw Unusable("--press",
+                       "found " + in_quotes(press) + ", expected a key of the " + state + " plane: " + names);
     }
 };
 
@@ -72,6 +89,7 @@ void add_keyboard(CLI::App& command, Request& request) {
     taking_one_of(sub->add_option("--background", options->background, "The application's page behind it"),
                   {"notes", "light", "busy"});
     add_library(sub, options->library);
+    add_force(sub, options->force);
     add_json(sub, options->json);
     sub->footer(
         "Examples:\n"

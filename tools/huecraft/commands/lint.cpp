@@ -7,8 +7,10 @@
 #include "cli/command_line.h"
 #include "cli/files.h"
 #include "cli/terminal.h"
+#include "formats/property_list.h"
 #include "formats/value.h"
 #include "themes/findings.h"
+#include "themes/mending.h"
 
 namespace command {
 namespace {
@@ -17,6 +19,8 @@ struct Report {
     std::string file;
     std::vector<Finding> findings;
     std::optional<Contrast> labels, highlights, pressed;
+    std::optional<Advice> advice;
+    std::vector<std::string> done;  ///< by --fix
     Weight weight;
     double load_milliseconds = 0;
 
@@ -41,7 +45,6 @@ std::optional<Colour> readable_colour(UIColor* color, id stored) {
 }
 
 Report inspect(const std::string& file, const Workshop& workshop, const BackdropSampler& sampler) {
-    objc::AutoreleasePool pool;
     const LoadedTheme theme = load_theme(workshop, file);
     Report report;
     report.file = file;
@@ -54,25 +57,59 @@ Report inspect(const std::string& file, const Workshop& workshop, const Backdrop
         readable_colour(theme.config->getTextColor(), theme.stored(name_of(ThemeKey::text_colour)));
     const auto highlights =
         readable_colour(theme.config->getHighlightColor(), theme.stored(name_of(ThemeKey::highlight_colour)));
-    if (!labels && !highlights) return report;
-    const Behind behind = sampler.behind(theme.config);
+    const auto trial = copy_of(theme.config);  // looking behind the keys takes its picture out
+    const Behind behind = sampler.behind(trial);
+    const Pair pair = pair_of(theme.config);
+    const Legibility legibility = legibility_of(pair, behind);
+    const bool whole = labels && highlights;
+    std::string advice;
+    if (!whole || !legibility.passes()) {
+        report.advice = advise(sampler, theme.config);
+        advice = in_words(*report.advice);
+    }
+    for (Finding& finding : report.findings)
+        if ((!labels && finding.key == name_of(ThemeKey::text_colour)) ||
+            (!highlights && finding.key == name_of(ThemeKey::highlight_colour)))
+            finding.mend += "; " + advice;
     if (labels) {
-        report.labels = smallest_contrast(*labels, behind.labels);
+        report.labels = legibility.labels;
         report.add(findings_in_contrast(ThemeKey::text_colour, "labels", *labels, *report.labels,
-                                        behind.labels, demand_at_rest));
+                                        demand_of_labels, advice));
     }
     if (highlights) {
-        report.highlights = smallest_contrast(*highlights, behind.keys);
+        report.highlights = legibility.highlights;
         report.add(findings_in_contrast(ThemeKey::highlight_colour, "highlights", *highlights,
-                                        *report.highlights, behind.keys, demand_at_rest));
+                                        *report.highlights, demand_of_highlights, advice));
     }
-    if (labels && highlights) {
-        const auto highlighted = covered(behind.keys, *highlights);
-        report.pressed = smallest_contrast(*labels, highlighted);
+    if (whole) {
+        report.pressed = legibility.pressed;
         report.add(findings_in_contrast(ThemeKey::text_colour, "labels of highlighted keys", *labels,
-                                        *report.pressed, highlighted, demand_when_pressed));
+                                        *report.pressed, demand_when_pressed, advice));
     }
     return report;
+}
+
+/// Puts the theme right and writes it in the form that it has. Answers what was done.
+std::vector<std::string> fix(const std::string& file, const Workshop& workshop,
+                             const BackdropSampler& sampler) {
+    const std::string contents = read_input(file);
+    const Form form = parse_property_list(contents, file).form;
+    const LoadedTheme theme = load_theme(workshop, file, contents);
+    std::vector<std::string> done = mend_values(theme.config, file);
+    const Pair before = pair_of(theme.config);
+    const Advice advice = advise(sampler, theme.config);
+    const bool recoloured = hex_of(before.labels) != hex_of(advice.pair.labels) ||
+                            hex_of(before.highlights) != hex_of(advice.pair.highlights);
+    if (recoloured || advice.changes_background()) {
+        apply(advice, theme.config);
+        done.push_back(in_words(advice));
+    }
+    if (done.empty()) return done;
+    if (form == Form::open_step) done.push_back("written as XML: the old form has no numbers");
+    Losses losses;
+    write_output(file, written_property_list(static_cast<NSObject*>(theme.config->asPlist()),
+                                             form == Form::binary ? form : Form::xml, file, losses));
+    return done;
 }
 
 std::string with_decimals(double number, int decimals) {
@@ -83,7 +120,7 @@ std::string with_decimals(double number, int decimals) {
 }
 
 std::string contrast_words(const char* what, const std::optional<Contrast>& contrast) {
-    return std::string(what) + " " + (contrast ? with_decimals(contrast->ratio, 1) : "unknown");
+    return std::string(what) + " " + (contrast ? with_decimals(contrast->ratio, 2) : "unknown");
 }
 
 void print(const Report& report) {
@@ -101,6 +138,8 @@ void print(const Report& report) {
                 contrast_words("highlights", report.highlights).c_str(),
                 contrast_words("one on the other", report.pressed).c_str(), image.c_str(),
                 with_decimals(report.load_milliseconds, 2).c_str());
+    for (const std::string& done : report.done)
+        std::printf("  %s %s\n", toned(Tone::good, "fixed").c_str(), done.c_str());
     for (const Finding& finding : report.findings) {
         const bool is_error = finding.severity == Finding::Severity::error;
         std::printf("  %s %s: found %s; expected %s: %s\n",
@@ -114,6 +153,17 @@ Json in_json(const std::optional<Contrast>& contrast) {
     if (!contrast) return nullptr;
     return {
         {"ratio", contrast->ratio}, {"worstKey", contrast->worst_key}, {"behind", hex_of(contrast->behind)}};
+}
+
+Json in_json(const std::optional<Advice>& advice) {
+    if (!advice) return nullptr;
+    Json colours = Json::array();
+    for (const Colour& colour : advice->colours) colours.push_back(hex_of(colour));
+    return {{"labels", hex_of(advice->pair.labels)},
+            {"highlights", hex_of(advice->pair.highlights)},
+            {"colors", colours},
+            {"dim", advice->dim},
+            {"blur", advice->blur}};
 }
 
 Json in_json(const Report& report) {
@@ -135,6 +185,8 @@ Json in_json(const Report& report) {
              {{"labels", in_json(report.labels)},
               {"highlights", in_json(report.highlights)},
               {"labelsOnHighlights", in_json(report.pressed)}}},
+            {"advice", in_json(report.advice)},
+            {"fixed", report.done},
             {"image", image},
             {"loadMilliseconds", report.load_milliseconds}};
 }
@@ -167,15 +219,20 @@ struct Totals {
 
 struct Lint {
     std::vector<std::string> files;
-    bool json = false;
+    bool fixing = false, json = false;
 
     Status operator()() const {
+        if (fixing && std::ranges::find(files, "-") != files.end())
+            throw Unusable("--fix", "found - among the files, expected files that can be written");
         return in_workshop([this](const Workshop& workshop) {
             const BackdropSampler sampler(workshop);
             Totals totals;
             Json all = Json::array();
             const Status status = for_each_file(files, [&](const std::string& file) {
-                const Report report = inspect(file, workshop, sampler);
+                std::vector<std::string> done;
+                if (fixing) done = fix(file, workshop, sampler);
+                Report report = inspect(file, workshop, sampler);
+                report.done = std::move(done);
                 totals.add(report);
                 json ? all.push_back(command::in_json(report)) : print(report);
                 return report.findings.empty() ? Status::fine : Status::finding;
@@ -197,14 +254,19 @@ void add_lint(CLI::App& command, Request& request) {
     CLI::App* sub = add_subcommand(command, request, "lint",
                                    "Say what is wrong with themes, and how to mend it", options);
     sub->add_option("files", options->files, "Themes")->required()->type_name("FILE");
+    sub->add_flag("--fix", options->fixing,
+                  "Follow the advice, and write the themes in place of what they were");
     add_json(sub, options->json);
     sub->footer(
-        "Contrast is WCAG 2's, of the simulated keyboard over a plain light page. Below 3 it is an error, "
-        "below\n"
-        "4.5 a warning; of labels on highlighted keys it is a warning below 3.\n\n"
+        "Contrast is WCAG 2's, of the simulated keyboard over a plain light page. Of labels it is an error "
+        "below "
+        "3 and\n"
+        "a warning below 4.5, of highlights an error below 2 and a warning below 3; of labels on highlighted "
+        "keys it\n"
+        "is a warning below 2.\n\n"
         "Examples:\n"
         "  huecraft lint Midnight.plist\n"
-        "  huecraft lint themes/*.plist\n"
+        "  huecraft lint --fix themes/*.plist\n"
         "  huecraft lint --json themes/*.plist | jq .summary");
 }
 

@@ -15,10 +15,11 @@ namespace {
 struct Preview {
     std::string file, output, library;
     double scale = 0;
-    bool json = false;
+    bool force = false, json = false;
 
     Status operator()() const {
         return in_workshop([this](const Workshop& workshop) {
+            if (!force) require_replaceable(output, OutputKind::picture, {file, library});
             const std::string theme = read_input(file);
             const auto build = command::library(library);
             const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")),
@@ -26,10 +27,18 @@ struct Preview {
             workshop.install_settings_pictures();
             tools::boot(workshop.device, tools::settings, tools::Screen().for_pictures(scale));
             tools::load(build);
-            write_output(output, preview_picture(workshop, load_theme(workshop, file, theme).config, scale,
-                                                 provenance));
+            const LoadedTheme loaded = load_theme(workshop, file, theme);
+            write_output(output, preview_picture(workshop, loaded.config, scale, provenance));
+            const bool differs = loaded.config->getVisibleKeycaps();
             if (json && output != "-")
-                std::fputs(printed({{"theme", file}, {"picture", output}}).c_str(), stdout);
+                std::fputs(
+                    printed({{"theme", file},
+                             {"picture", output},
+                             {"differsFromKeyboard", differs ? Json(caps_of_previews) : Json(nullptr)}})
+                        .c_str(),
+                    stdout);
+            else if (differs && output != "-")
+                std::printf("%s: %s\n", one_line(output, 4096).c_str(), caps_of_previews);
             return Status::fine;
         });
     }
@@ -47,6 +56,7 @@ void add_preview(CLI::App& command, Request& request) {
         ->type_name("FILE");
     taking_number(sub->add_option("--scale", options->scale, "Pixels per point; 2 without it"), 0.1, 8);
     add_library(sub, options->library);
+    add_force(sub, options->force);
     add_json(sub, options->json);
     sub->footer(
         "Examples:\n"

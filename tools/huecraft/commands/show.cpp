@@ -1,4 +1,6 @@
 // huecraft show: every key of a theme, as it is stored and as the library reads it.
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 #include "cli/command_line.h"
@@ -19,12 +21,17 @@ using tools::utf8;
 struct Answer {
     std::string words;
     Json json;
+    std::string swatches = {};  ///< of the colours in it, for a terminal
 };
 
 Answer colour_answer(UIColor* color) {
     if (!color) return {"no colour", nullptr};
-    const std::string hex = hex_of(colour_of(color));
-    return {hex, hex};
+    const Colour colour = colour_of(color);
+    const std::string hex = hex_of(colour);
+    const auto byte = [](double component) {
+        return static_cast<int>(std::lround(std::clamp(component, 0.0, 1.0) * 255));
+    };
+    return {hex, hex, swatch(byte(colour.red), byte(colour.green), byte(colour.blue))};
 }
 
 Answer colours_answer(NSArray* colors) {
@@ -34,6 +41,7 @@ Answer colours_answer(NSArray* colors) {
         const Answer one = colour_answer(color);
         answer.words += (answer.words.empty() ? "" : ", ") + one.words;
         answer.json.push_back(one.json);
+        answer.swatches += one.swatches;
     });
     return answer;
 }
@@ -85,7 +93,6 @@ struct Show {
             tools::load(library());
             Json all = Json::array();
             const Status status = for_each_file(files, [&](const std::string& file) {
-                objc::AutoreleasePool pool;
                 const LoadedTheme theme = load_theme(workshop, file);
                 json ? all.push_back(in_json(file, theme)) : print(file, theme);
                 return Status::fine;
@@ -101,11 +108,12 @@ struct Show {
         for (const ThemeKeyName& key : theme_keys) {
             id stored = theme.stored(key.name);
             const std::string value = stored ? in_words(stored) : "missing";
-            std::printf("  %-19s %s\n  %s\n", key.name,
-                        toned(stored ? Tone::plain : Tone::faint, value).c_str(),
-                        toned(Tone::faint, "                    " + std::string(key.getter) + ": " +
-                                               answer_of(theme.config, key.key).words)
-                            .c_str());
+            const Answer answer = answer_of(theme.config, key.key);
+            std::printf(
+                "  %-19s %s%s\n  %s\n", key.name, answer.swatches.c_str(),
+                toned(stored ? Tone::plain : Tone::faint, value).c_str(),
+                toned(Tone::faint, "                    " + std::string(key.getter) + ": " + answer.words)
+                    .c_str());
         }
         for (const std::string& name : theme.unknown_keys())
             std::printf("  %-19s %s\n  %s\n", one_line(name).c_str(),

@@ -1,7 +1,7 @@
 // Type encodings, taken apart and compared.
 #include "doctor/method_types.h"
 
-#include "support/plain_types.h"
+#include "objc/plain_types.h"
 
 namespace command {
 namespace {
@@ -108,7 +108,7 @@ std::optional<std::vector<std::string>> each_of(const std::string& types) {
 }  // namespace
 
 std::string plain_types(std::string types) {
-    tools::make_plain(types.data());
+    objc::make_plain(types.data());
     types.resize(types.find('\0') == types.npos ? types.size() : types.find('\0'));
     return types;
 }

@@ -39,11 +39,14 @@ Imported import_scheme(const YAML::Node& scheme) {
         const bool used = name == "base00" || name == "base05" || name == "base0D";
         if (!used && palette[name]) unused += (unused.empty() ? "" : ", ") + name;
     }
-    if (!unused.empty()) theme.losses.push_back("a theme has no place for " + unused);
+    if (!unused.empty()) theme.left_out.push_back("a theme has no place for " + unused);
     for (const auto& entry : scheme) {
         const std::string key = entry.first.IsScalar() ? entry.first.Scalar() : "";
         const bool known = key == "scheme" || key == "name" || key == "palette" || key.starts_with("base0");
-        if (!known) theme.losses.push_back("a theme has no place for " + in_quotes(key));
+        const bool usual =
+            key == "author" || key == "slug" || key == "system" || key == "variant" || key == "description";
+        if (!known)
+            (usual ? theme.left_out : theme.losses).push_back("a theme has no place for " + in_quotes(key));
     }
     return theme;
 }

@@ -69,11 +69,31 @@ std::optional<Colour> hash_colour(const std::string& text) {
     return colour_of(digits);
 }
 
-/// rgb(…) and rgba(…), with commas or with spaces.
+/// In degrees; a number without a unit is one of degrees.
+std::optional<double> degrees_of(const Quantity& quantity) {
+    constexpr std::pair<const char*, double> units[] = {
+        {"", 1}, {"deg", 1}, {"grad", 0.9}, {"turn", 360}, {"rad", 180 / 3.14159265358979323846}};
+    for (const auto& [unit, degrees] : units)
+        if (quantity.unit == unit) return quantity.number * degrees;
+    return std::nullopt;
+}
+
+/// From hue in degrees, and saturation and lightness from 0 to 1.
+Colour hsl_colour(double hue, double saturation, double lightness, double alpha) {
+    const double amplitude = saturation * std::min(lightness, 1 - lightness);
+    const auto component = [&](double offset) {
+        const double place = std::fmod(offset + std::fmod(hue, 360) / 30 + 12, 12);
+        return lightness - amplitude * std::max(-1.0, std::min({place - 3, 9 - place, 1.0}));
+    };
+    return {component(0), component(8), component(4), alpha};
+}
+
+/// rgb(…), hsl(…) and their kin with an a, with commas or with spaces.
 std::optional<Colour> function_colour(const std::string& text) {
     const size_t open = text.find('(');
     const std::string name = text.substr(0, open);
-    if ((name != "rgb" && name != "rgba") || text.back() != ')') return std::nullopt;
+    const bool hsl = name == "hsl" || name == "hsla";
+    if ((!hsl && name != "rgb" && name != "rgba") || text.back() != ')') return std::nullopt;
     std::string inside = text.substr(open + 1, text.size() - open - 2);
     std::ranges::replace(inside, ',', ' ');
     std::ranges::replace(inside, '/', ' ');
@@ -82,10 +102,19 @@ std::optional<Colour> function_colour(const std::string& text) {
     std::array<double, 4> components{0, 0, 0, 1};
     for (size_t i = 0; i < parts.size(); ++i) {
         const auto quantity = quantity_of(parts[i]);
-        if (!quantity || (quantity->unit != "" && quantity->unit != "%")) return std::nullopt;
-        const double whole = quantity->unit == "%" ? 100 : i < 3 ? 255 : 1;
+        if (!quantity) return std::nullopt;
+        if (hsl && i == 0) {
+            const auto degrees = degrees_of(*quantity);
+            if (!degrees) return std::nullopt;
+            components[0] = *degrees;
+            continue;
+        }
+        const bool percent = quantity->unit == "%";
+        if (!percent && (quantity->unit != "" || (hsl && i < 3))) return std::nullopt;
+        const double whole = percent ? 100 : i < 3 ? 255 : 1;
         components[i] = std::clamp(quantity->number / whole, 0.0, 1.0);
     }
+    if (hsl) return hsl_colour(components[0], components[1], components[2], components[3]);
     return Colour{components[0], components[1], components[2], components[3]};
 }
 
@@ -122,12 +151,8 @@ std::optional<unsigned> direction_of_side(const std::string& text) {
 std::optional<double> angle_of(const std::string& text) {
     const auto quantity = quantity_of(text);
     if (!quantity) return std::nullopt;
-    constexpr std::pair<const char*, double> units[] = {
-        {"deg", 1}, {"grad", 0.9}, {"turn", 360}, {"rad", 180 / 3.14159265358979323846}};
-    for (const auto& [unit, degrees] : units)
-        if (quantity->unit == unit) return quantity->number * degrees;
-    if (quantity->unit.empty() && quantity->number == 0) return 0;
-    return std::nullopt;
+    if (quantity->unit.empty() && quantity->number != 0) return std::nullopt;
+    return degrees_of(*quantity);
 }
 
 unsigned direction_of_angle(double degrees, const std::string& text, std::vector<std::string>& losses) {
@@ -216,6 +241,30 @@ class GradientReader {
 
 }  // namespace
 
-Imported import_css_gradient(const std::string& css) { return GradientReader().read(lowered(css)); }
+std::vector<std::string> comma_separated(const std::string& text) { return split(text, ","); }
+
+std::optional<Colour> colour_in_words(const std::string& text) {
+    if (const auto hex = colour_of(text)) return hex;
+    const std::string css = lowered(trimmed(text));
+    return css.empty() ? std::nullopt : css_colour(css);
+}
+
+std::string without_css_comments(const std::string& css) {
+    std::string kept;
+    for (size_t at = 0; at < css.size();) {
+        const size_t begin = css.find("/*", at);
+        kept += css.substr(at, begin - at);
+        if (begin == css.npos) break;
+        kept += ' ';  // a comment parts words
+        const size_t end = css.find("*/", begin + 2);
+        if (end == css.npos) break;  // one that is not closed reaches to the end
+        at = end + 2;
+    }
+    return kept;
+}
+
+Imported import_css_gradient(const std::string& css) {
+    return GradientReader().read(lowered(without_css_comments(css)));
+}
 
 }  // namespace command

@@ -7,6 +7,7 @@
 
 #include "cli/files.h"
 #include "cli/terminal.h"
+#include "formats/moderation.h"
 #include "formats/value.h"
 #include "objc/exception.h"
 #include "objc/fast_enumeration.h"
@@ -169,11 +170,13 @@ std::string name_of(Form form) {
 }
 
 PropertyList parse_property_list(const std::string& bytes, const std::string& file) {
+    require_moderate(bytes, file);
     NSUInteger format = 0;
     NSError* error = nullptr;
     id root = NSPropertyListSerialization::propertyListWithData(
         data_of(bytes), NSPropertyListSerialization::immutable, &format, &error);
     if (!root) throw Unusable(file, "it is no property list: " + reason_of(error));
+    require_moderate(root, file);
     return {root, static_cast<Form>(format)};
 }
 

@@ -2,6 +2,7 @@
 #include "formats/value.h"
 
 #include <cstdio>
+#include <regex>
 #include <string_view>
 
 #include "cli/terminal.h"
@@ -33,12 +34,16 @@ std::string shortest(double value) {
     return text;
 }
 
+bool printed_json = false;
+
 std::string number_text(NSNumber* number) {
     if (kind_of(number) == Kind::real) return shortest(number_of(number));
     return utf8(number->send<"stringValue", NSString*>());
 }
 
 }  // namespace
+
+static std::string in_words(id value, int depth);
 
 Kind kind_of(id value) {
     if (!value) return Kind::none;
@@ -67,7 +72,11 @@ std::string name_of(Kind kind) {
     return "something else";
 }
 
-std::string in_words(id value) {
+std::string in_words(id value) { return in_words(value, 0); }
+
+bool json_was_printed() { return printed_json; }
+
+static std::string in_words(id value, int depth) {
     switch (kind_of(value)) {
         case Kind::none: return "nothing";
         case Kind::text: return in_quotes(utf8(static_cast<NSString*>(value)));
@@ -78,10 +87,12 @@ std::string in_words(id value) {
         case Kind::list: {
             auto* list = static_cast<NSArray*>(value);
             constexpr NSUInteger shown = 8;
+            constexpr int deepest_shown = 2;
+            if (depth > deepest_shown) return "[… " + std::to_string(list->count()) + "]";
             std::string words;
             for (NSUInteger i = 0; i < list->count() && i < shown; ++i)
-                words += (i ? ", " : "") + in_words(list->objectAtIndex(i));
-            if (list->count() > shown) words += ", … " + counted(list->count(), "entrie");
+                words += (i ? ", " : "") + in_words(list->objectAtIndex(i), depth + 1);
+            if (list->count() > shown) words += ", … " + std::to_string(list->count()) + " entries";
             return "[" + words + "]";
         }
         case Kind::dictionary:
@@ -122,8 +133,23 @@ Json json_of(id value) {
     return utf8(static_cast<NSObject*>(value)->description());
 }
 
-std::string printed(const Json& json) {
+std::string printed(Json json) {
+    printed_json = true;
+    for (const Complaint& one : complaints())
+        json["errors"].push_back({{"file", one.file}, {"found", one.what}});
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+std::string without_addresses(const std::string& text) {
+    static const std::regex address(" ?\\(?0x[0-9a-fA-F]{6,}\\)?");
+    return std::regex_replace(text, address, "");
+}
+
+std::string exception_in_words(id raised) {
+    auto* exception = static_cast<NSObject*>(raised);
+    if (!exception->isKindOfClass(objc_getClass("NSException"))) return "an exception was raised";
+    return "an exception was raised: " + utf8(exception->send<"name", NSString*>()) + ": " +
+           one_line(without_addresses(utf8(exception->send<"reason", NSString*>())), 300);
 }
 
 double number_of(id value) { return objc::send<"doubleValue", double>(value); }

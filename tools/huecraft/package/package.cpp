@@ -1,8 +1,10 @@
-// Opens packages: an ar archive of two compressed tar archives.
+// Opens packages: an ar archive of two compressed tar archives. Installers refuse what is damaged, so every
+// header is checked field by field, and what is compressed is read to its end and held against its checksum.
 #include "package/package.h"
 
 #include <archive.h>
 #include <archive_entry.h>
+#include <zlib.h>
 
 #include <algorithm>
 #include <cstring>
@@ -15,17 +17,108 @@
 namespace command {
 namespace {
 
-/// Reads archives that are in memory. All that one package unpacks to is bounded by the largest input.
+// What one package unpacks to.
+constexpr size_t largest_unpacked = 2 * largest_input;
+constexpr size_t most_entries = 1000;
+
+[[noreturn]] void damaged(const std::string& file, const std::string& how) {
+    throw Unusable(file, "it is a damaged package: " + how);
+}
+
+[[noreturn]] void too_large(const std::string& file) {
+    throw Unusable(file, "it unpacks to more than " + std::to_string(largest_unpacked >> 20) +
+                             " MB, which no package of this library does");
+}
+
+// --- The outer archive ---
+
+struct Member {
+    std::string name, contents;
+};
+
+/// A field of a header: its text without the blanks behind it.
+std::string field_of(std::string_view header, size_t at, size_t length) {
+    std::string_view field = header.substr(at, length);
+    field.remove_suffix(field.size() - (field.find_last_not_of(' ') + 1));
+    return std::string(field);
+}
+
+/// The members of an ar archive, each whole. `end` is where the last of them ends.
+std::vector<Member> members_of(std::string_view bytes, const std::string& file, size_t& end) {
+    constexpr size_t header_size = 60;
+    struct Field {
+        const char* name;
+        size_t at, length;
+        const char* digits;
+    };
+    constexpr Field numbers[] = {{"date", 16, 12, "0123456789"},
+                                 {"owner", 28, 6, "0123456789"},
+                                 {"group", 34, 6, "0123456789"},
+                                 {"mode", 40, 8, "01234567"},
+                                 {"size", 48, 10, "0123456789"}};
+    std::vector<Member> members;
+    for (end = sizeof "!<arch>"; bytes.size() - end >= header_size;) {
+        const std::string_view header = bytes.substr(end, header_size);
+        if (header.substr(58) != "`\n") {
+            // What follows the last member is the caller's to judge; within, it is damage.
+            if (members.size() >= 3) break;
+            damaged(file, "found no header of a member at byte " + std::to_string(end));
+        }
+        std::string name = field_of(header, 0, 16);
+        if (name.ends_with('/')) name.pop_back();
+        for (const Field& field : numbers) {
+            const std::string text = field_of(header, field.at, field.length);
+            if (text.empty() || text.find_first_not_of(field.digits) != text.npos)
+                damaged(file, std::string("the ") + field.name + " of its part " + in_quotes(name) + " is " +
+                                  in_quotes(text) + ", expected digits");
+        }
+        const size_t size = std::stoull(field_of(header, 48, 10)), begin = end + header_size;
+        if (size > bytes.size() - begin)
+            damaged(file, "its part " + in_quotes(name) + " has " + counted(bytes.size() - begin, "byte") +
+                              ", expected " + std::to_string(size));
+        if (size % 2 && begin + size < bytes.size() && bytes[begin + size] != '\n')
+            damaged(file, "found no end of a line behind its part " + in_quotes(name));
+        members.push_back({name, std::string(bytes.substr(begin, size))});
+        end = std::min(begin + size + size % 2, bytes.size());
+    }
+    return members;
+}
+
+/// What a member in gzip's form unpacks to. Its checksum and length are compared, and nothing may follow.
+std::string inflated(const Member& member, const std::string& file) {
+    z_stream stream{};
+    constexpr int gzip_only = 15 + 16;
+    if (inflateInit2(&stream, gzip_only) != Z_OK) throw std::bad_alloc();
+    const std::unique_ptr<z_stream, int (*)(z_stream*)> ending(&stream, inflateEnd);
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(member.contents.data()));
+    stream.avail_in = static_cast<uInt>(member.contents.size());
+    std::string contents;
+    for (int result = Z_OK; result != Z_STREAM_END;) {
+        char bytes[65536];
+        stream.next_out = reinterpret_cast<Bytef*>(bytes);
+        stream.avail_out = sizeof bytes;
+        result = inflate(&stream, Z_NO_FLUSH);
+        contents.append(bytes, sizeof bytes - stream.avail_out);
+        if (contents.size() > largest_unpacked) too_large(file);
+        if (result != Z_OK && result != Z_STREAM_END)
+            damaged(file, member.name + ": " +
+                              (stream.msg ? one_line(stream.msg, 200) : "it ends before its checksum"));
+    }
+    if (stream.avail_in)
+        damaged(file, member.name + ": found " + counted(stream.avail_in, "byte") + " behind its checksum");
+    return contents;
+}
+
+/// Reads archives that are in memory. All that one package unpacks to is bounded.
 class Unpacking {
   public:
     explicit Unpacking(std::string file) : file_(std::move(file)) {}
 
-    using Support = int (*)(archive*);
     using Visit = std::function<void(archive_entry*, std::string contents)>;
 
-    void each(const std::string& bytes, std::initializer_list<Support> supported, const Visit& visit) {
+    void each(const std::string& bytes, const Visit& visit) {
         const std::unique_ptr<archive, int (*)(archive*)> reader(archive_read_new(), archive_read_free);
-        for (const Support support : supported) require(support(reader.get()), reader.get());
+        require(archive_read_support_format_tar(reader.get()), reader.get());
         require(archive_read_open_memory(reader.get(), bytes.data(), bytes.size()), reader.get());
         for (archive_entry* entry;;) {
             const int result = archive_read_next_header(reader.get(), &entry);
@@ -47,9 +140,7 @@ class Unpacking {
             if (count < 0) require(static_cast<int>(count), reader);
             if (count <= 0) return contents;
             unpacked_ += static_cast<size_t>(count);
-            if (unpacked_ > largest_unpacked)
-                throw Unusable(file_, "it unpacks to more than " + std::to_string(largest_unpacked >> 20) +
-                                          " MB, which no package of this library does");
+            if (unpacked_ > largest_unpacked) too_large(file_);
             contents.append(bytes, static_cast<size_t>(count));
         }
     }
@@ -57,12 +148,8 @@ class Unpacking {
     void require(int result, archive* reader) const {
         if (result >= ARCHIVE_WARN) return;
         const char* said = archive_error_string(reader);
-        throw Unusable(file_, "it is a damaged package: " + one_line(said ? said : "unknown", 200));
+        damaged(file_, one_line(said ? said : "unknown", 200));
     }
-
-    // The package itself counts, then what its two archives hold.
-    static constexpr size_t largest_unpacked = 2 * largest_input;
-    static constexpr size_t most_entries = 1000;
 
     std::string file_;
     size_t unpacked_ = 0, entries_ = 0;
@@ -87,15 +174,13 @@ PackagedFile::Kind kind_of(archive_entry* entry) {
 
 std::vector<PackagedFile> files_in(Unpacking& unpacking, const std::string& bytes) {
     std::vector<PackagedFile> files;
-    unpacking.each(
-        bytes, {archive_read_support_filter_gzip, archive_read_support_format_tar},
-        [&](archive_entry* entry, std::string contents) {
-            files.push_back({.path = path_of(entry),
-                             .kind = kind_of(entry),
-                             .mode = static_cast<unsigned>(archive_entry_perm(entry)),
-                             .of_root = archive_entry_uid(entry) == 0 && archive_entry_gid(entry) == 0,
-                             .contents = std::move(contents)});
-        });
+    unpacking.each(bytes, [&](archive_entry* entry, std::string contents) {
+        files.push_back({.path = path_of(entry),
+                         .kind = kind_of(entry),
+                         .mode = static_cast<unsigned>(archive_entry_perm(entry)),
+                         .of_root = archive_entry_uid(entry) == 0 && archive_entry_gid(entry) == 0,
+                         .contents = std::move(contents)});
+    });
     return files;
 }
 
@@ -127,20 +212,17 @@ Package open_package(const std::string& bytes, const std::string& file) {
     package.size = bytes.size();
     Unpacking unpacking(file);
     std::string control, data;
-    size_t end = sizeof "!<arch>";
-    unpacking.each(bytes, {archive_read_support_format_ar}, [&](archive_entry* entry, std::string contents) {
-        const char* name = archive_entry_pathname(entry);
-        package.members.emplace_back(name ? name : "");
-        constexpr size_t header = 60;
-        end += header + contents.size() + contents.size() % 2;
-        if (package.members.back() == "debian-binary")
-            package.format = std::move(contents);
-        else if (package.members.back() == "control.tar.gz")
-            control = std::move(contents);
-        else if (package.members.back() == "data.tar.gz")
-            data = std::move(contents);
-    });
-    package.trailing = bytes.size() - std::min(end, bytes.size());
+    size_t end = 0;
+    for (Member& member : members_of(bytes, file, end)) {
+        package.members.push_back(member.name);
+        if (member.name == "debian-binary")
+            package.format = std::move(member.contents);
+        else if (member.name == "control.tar.gz")
+            control = inflated(member, file);
+        else if (member.name == "data.tar.gz")
+            data = inflated(member, file);
+    }
+    package.trailing = bytes.size() - end;
     for (const auto& [part, name] : {std::pair{&control, "control.tar.gz"}, {&data, "data.tar.gz"}})
         if (part->empty())
             throw Unusable(file, std::string("it is no whole package: expected ") + name + ", found only " +

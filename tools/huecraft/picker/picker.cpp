@@ -28,6 +28,7 @@ const char* name_of(Kind kind) {
         case Kind::shook: return "shook";
         case Kind::closed: return "closed";
         case Kind::raised: return "raised";
+        case Kind::stood_still: return "stoodStill";
     }
     __builtin_unreachable();
 }
@@ -36,7 +37,7 @@ struct Picker {
     std::string script, output, library, width = "375", palette = "light", colour, theme, key = "text";
     PickerFiles files;
     double scale = 0;
-    bool save = false, json = false;
+    bool save = false, force = false, json = false;
 
     Status operator()() const {
         if (save && files.device.empty() && files.recent.empty() && theme.empty())
@@ -54,8 +55,10 @@ struct Picker {
             if (palette == "eclipse") install_eclipse(workshop);
             tools::boot(workshop.device, tools::settings, screens.at(width));
             tools::load(build);
-            objc::AutoreleasePool pool;
-            return show(workshop, played, provenance);
+            Status status = Status::fine;
+            on_the_phone(script.empty() ? "the picker" : script,
+                         [&] { status = show(workshop, played, provenance); });
+            return status;
         });
     }
 
@@ -79,9 +82,13 @@ struct Picker {
         fs::create_directories(setup.pictures);
 
         const PickerRun run = play(played, setup);
-        const RecentColours recent = recent_colours(workshop);
+        const RecentColours recent = recent_colours(workshop, files.recent_file());
         // From here on the user's files are written, each of them whole.
         if (!run.pictures.empty()) fs::create_directories(output);
+        if (!force)
+            for (const std::string& picture : run.pictures)
+                require_replaceable(fs::path(output) / picture, OutputKind::picture,
+                                    {script, theme, files.recent, library});
         for (const std::string& picture : run.pictures)
             write_output(fs::path(output) / picture,
                          tools::with_provenance(read_input(setup.pictures / picture, "picture"), provenance));
@@ -108,6 +115,9 @@ struct Picker {
                        in_quotes(event.second);
             case Kind::shook: return "the panel shook: the input was refused";
             case Kind::closed: return "the picker closed";
+            case Kind::stood_still:
+                return "the recording " + in_quotes(event.first) +
+                       " has one frame: no time passed; wait lets it";
             case Kind::raised:
                 return toned(Tone::bad, event.first) + " was raised: " + one_line(event.second, 500);
         }
@@ -135,6 +145,7 @@ struct Picker {
                   {"line", event.line ? Json(event.line) : Json(nullptr)},
                   {"time", event.time}};
         if (event.kind == Kind::told) json.update({{"color", event.first}, {"text", event.second}});
+        if (event.kind == Kind::stood_still) json["picture"] = event.first + ".png";
         if (event.kind == Kind::raised) json.update({{"name", event.first}, {"reason", event.second}});
         return json;
     }
@@ -185,6 +196,7 @@ void add_picker(CLI::App& command, Request& request) {
     taking_number(sub->add_option("--scale", options->scale, "Pixels per point; the screen's without it"),
                   0.1, 8);
     add_library(sub, options->library);
+    add_force(sub, options->force);
     add_json(sub, options->json);
     sub->footer(
         "Instructions:\n"

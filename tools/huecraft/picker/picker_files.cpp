@@ -6,6 +6,8 @@
 #include <fstream>
 
 #include "cli/files.h"
+#include "formats/moderation.h"
+#include "formats/property_list.h"
 #include "objc/fast_enumeration.h"
 #include "support/text.h"
 #include "themes/theme.h"
@@ -48,7 +50,11 @@ void PickerFiles::lend(const Workshop& workshop) const {
             if (const fs::path file = fs::path(device) / place; fs::exists(file))
                 put(workshop.device / place, read_input(file, "file of the device"));
     }
-    if (!recent.empty()) put(workshop.device / recent_place, read_input(recent, "file of recent colours"));
+    if (!recent.empty()) {
+        const std::string contents = read_input(recent, "file of recent colours");
+        require_moderate(contents, recent);
+        put(workshop.device / recent_place, contents);
+    }
 }
 
 void PickerFiles::take_back(const Workshop& workshop) const {
@@ -60,11 +66,14 @@ void PickerFiles::take_back(const Workshop& workshop) const {
     write_output(file, now);
 }
 
-RecentColours recent_colours(const Workshop& workshop) {
+RecentColours recent_colours(const Workshop& workshop, const std::string& name) {
     const fs::path file = workshop.device / recent_place;
     if (!fs::exists(file)) return {"no file", nullptr};
+    const std::string bytes = read_input(file);
+    require_moderate(bytes, name);
     id root = NSPropertyListSerialization::propertyListWithData(
-        data_of(read_input(file)), NSPropertyListSerialization::immutable, nullptr, nullptr);
+        data_of(bytes), NSPropertyListSerialization::immutable, nullptr, nullptr);
+    require_moderate(root, name);
     auto* dictionary = as<NSDictionary>(root);
     if (!dictionary) return {root ? "no dictionary, but " + in_words(root) : "no property list", nullptr};
     id list = dictionary->objectForKey(tools::text("Colors"));
@@ -89,7 +98,9 @@ void install_eclipse(const Workshop& workshop) {
 EditedTheme::EditedTheme(const Workshop& workshop, std::string file, const std::string& key)
     : file_(std::move(file)),
       highlight_(key == "highlight"),
-      config_(load_theme(workshop, file_).config) {
+      contents_(read_input(file_)),
+      form_(parse_property_list(contents_, file_).form),
+      config_(load_theme(workshop, file_, contents_).config) {
     if (!config_->getConfigName())
         throw Unusable(file_, "the theme has no name (_ConfigName), and the library saves none without");
 }
@@ -111,7 +122,10 @@ id EditedTheme::stored() const { return config_->asPlist()->objectForKey(tools::
 
 void EditedTheme::save(const Workshop& workshop) const {
     const std::string name = config_->getConfigName()->UTF8String();
-    save_theme(config_, {.name = name, .output = file_, .force = true}, file_, workshop);
+    save_theme(
+        config_,
+        {.name = name, .output = file_, .form = form_ == Form::binary ? form_ : Form::xml, .force = true},
+        file_, workshop);
 }
 
 }  // namespace command

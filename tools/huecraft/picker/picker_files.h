@@ -3,6 +3,7 @@
 #include <string>
 
 #include "cli/workshop.h"
+#include "formats/property_list.h"
 #include "formats/value.h"
 #include "model/HuecraftConfig.h"
 #include "objc/strong.h"
@@ -20,8 +21,7 @@ struct PickerFiles {
     void lend(const Workshop& workshop) const;
     /// The recent colours back to where they came from, if they have changed.
     void take_back(const Workshop& workshop) const;
-
-  private:
+    /// Where the recent colours come from; empty for nowhere.
     std::string recent_file() const;
 };
 
@@ -31,7 +31,7 @@ struct RecentColours {
     std::string words;
     Json json;
 };
-RecentColours recent_colours(const Workshop& workshop);
+RecentColours recent_colours(const Workshop& workshop, const std::string& name);
 
 /// Switches Eclipse, the extension that darkens the Settings app, on.
 void install_eclipse(const Workshop& workshop);
@@ -56,6 +56,8 @@ class EditedTheme {
   private:
     std::string file_;
     bool highlight_, changed_ = false;
+    std::string contents_;
+    Form form_;
     objc::strong<HuecraftConfig> config_;
 };
 

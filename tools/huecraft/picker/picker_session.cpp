@@ -5,6 +5,7 @@
 
 #include "cli/files.h"
 #include "cli/terminal.h"
+#include "formats/value.h"
 #include "model/HCCITool.h"
 #include "objc/exception.h"
 #include "objc/fast_enumeration.h"
@@ -76,6 +77,7 @@ class Session {
     void operator()(const say::Record& record) {
         check(sim_start_recording(setup_.scale, record.frames_per_second));
         recording_ = record.name;
+        recording_since_ = time_;
     }
     void operator()(const say::Stop&) { stop(); }
     void operator()(const say::Open&) {
@@ -98,7 +100,8 @@ class Session {
         // "an exception was raised: NAME: REASON"
         const std::string raised = why();
         const size_t name = raised.find(": ");
-        throw Raised{raised.substr(0, name), name == raised.npos ? "" : raised.substr(name + 2)};
+        throw Raised{raised.substr(0, name),
+                     name == raised.npos ? "" : without_addresses(raised.substr(name + 2))};
     }
     void require_open() const {
         if (!is_open_) refuse("the picker is closed; \"open\" shows another one");
@@ -113,6 +116,7 @@ class Session {
     std::string place_of(const std::string& name) const { return setup_.pictures / (name + ".png"); }
     void stop() {
         check(sim_stop_recording(place_of(recording_).c_str()));
+        if (time_ == recording_since_) note(PickerEvent::Kind::stood_still, recording_);
         run_.pictures.push_back(std::exchange(recording_, "") + ".png");
     }
 
@@ -133,6 +137,7 @@ class Session {
     double time_ = 0;
     bool is_open_ = false;
     std::string recording_;
+    double recording_since_ = 0;
     strong<NSObject> delegate_;
     strong<HCColorPickerController> picker_;
     strong<CAAnimation> shake_;
@@ -245,7 +250,7 @@ void Session::open() {
     if (!raised && setup_.colour) raised = objc::caught([this] { picker_->setInitialColor(setup_.colour); });
     if (raised)
         throw Raised{utf8(objc::send<"name", NSString*>(raised)),
-                     utf8(objc::send<"reason", NSString*>(raised))};
+                     without_addresses(utf8(objc::send<"reason", NSString*>(raised)))};
 }
 
 void Session::look() {

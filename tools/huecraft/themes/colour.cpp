@@ -17,21 +17,6 @@ double linear(double component) {
     return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
 }
 
-double luminance(const Colour& c) {
-    return 0.2126 * linear(c.red) + 0.7152 * linear(c.green) + 0.0722 * linear(c.blue);
-}
-
-double ratio(double a, double b) { return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05); }
-
-Colour mixed(const Colour& from, double grey, double part) {
-    auto mix = [&](double component) { return byte_of(component + (grey - component) * part) / 255.0; };
-    return {mix(from.red), mix(from.green), mix(from.blue), 1};
-}
-
-double distance(const Colour& a, const Colour& b) {
-    return std::hypot(a.red - b.red, a.green - b.green, a.blue - b.blue);
-}
-
 }  // namespace
 
 std::optional<Colour> colour_of(const std::string& hex) {
@@ -68,24 +53,16 @@ Colour over(const Colour& upper, const Colour& opaque) {
     return {mix(upper.red, opaque.red), mix(upper.green, opaque.green), mix(upper.blue, opaque.blue), 1};
 }
 
-double contrast(const Colour& a, const Colour& b) { return ratio(luminance(a), luminance(b)); }
+double luminance(const Colour& c) {
+    return 0.2126 * linear(c.red) + 0.7152 * linear(c.green) + 0.0722 * linear(c.blue);
+}
 
-std::optional<Colour> nearest_with_contrast(const Colour& colour, const std::vector<Colour>& behind,
-                                            double wanted) {
-    // Of the colours behind, their luminances are all that counts, and reckoning them is most of the work.
-    std::vector<double> luminances;
-    for (const Colour& opaque : behind) luminances.push_back(luminance(opaque));
-    std::optional<Colour> nearest;
-    for (double grey : {0.0, 1.0})
-        for (int step = 0; step <= 255; ++step) {
-            const Colour candidate = mixed(colour, grey, step / 255.0);
-            const double light = luminance(candidate);
-            if (std::ranges::any_of(luminances, [&](double other) { return ratio(light, other) < wanted; }))
-                continue;
-            if (!nearest || distance(candidate, colour) < distance(*nearest, colour)) nearest = candidate;
-            break;
-        }
-    return nearest;
+double contrast_of_luminances(double a, double b) {
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+double contrast(const Colour& a, const Colour& b) {
+    return contrast_of_luminances(luminance(a), luminance(b));
 }
 
 }  // namespace command

@@ -29,9 +29,8 @@ Colour over(const Colour& upper, const Colour& opaque);
 /// The contrast ratio of two opaque colours, from 1 to 21, as WCAG 2 defines it.
 double contrast(const Colour& a, const Colour& b);
 
-/// The opaque colour nearest to the given one, on its way to black or to white, that has the contrast over
-/// each; nothing when there is none.
-std::optional<Colour> nearest_with_contrast(const Colour& colour, const std::vector<Colour>& behind,
-                                            double wanted);
+/// Relative luminance as WCAG 2 defines it, from 0 to 1, and the contrast of two of them.
+double luminance(const Colour& opaque);
+double contrast_of_luminances(double a, double b);
 
 }  // namespace command

@@ -220,6 +220,11 @@ std::string ratio_text(double ratio) {
 
 std::vector<Finding> findings_in_values(const LoadedTheme& theme) { return Inspector(theme).inspect(); }
 
+// The largest keyboard, and what the library adds to its height: 414 by 266 points of 3 pixels.
+constexpr size_t fitting = size_t{1242} * 798 * 4;
+
+bool Weight::is_heavy() const { return decoded_bytes() > 4 * fitting; }
+
 Weight weight_of(const LoadedTheme& theme) {
     UIImage* image = theme.config->getImage();
     if (!image) return {};
@@ -229,11 +234,9 @@ Weight weight_of(const LoadedTheme& theme) {
 std::vector<Finding> findings_in_weight(const LoadedTheme& theme, const Weight& weight) {
     if (!weight.has_image) return {};
     std::vector<Finding> findings;
-    // The largest keyboard, and what the library adds to its height: 414 by 266 points of 3 pixels.
-    constexpr size_t fitting = size_t{1242} * 798 * 4;
     const std::string found = std::to_string(weight.width) + " x " + std::to_string(weight.height) +
                               " pixels, " + std::to_string(weight.decoded_bytes() >> 20) + " MB decoded";
-    if (weight.decoded_bytes() > 4 * fitting)
+    if (weight.is_heavy())
         findings.push_back({weight.decoded_bytes() > 16 * fitting ? error : warning, name_of(ThemeKey::image),
                             found, "no more than 1242 x 798 pixels, which fill the largest keyboard",
                             "make the picture smaller; each application decodes all of it"});
@@ -244,38 +247,14 @@ std::vector<Finding> findings_in_weight(const LoadedTheme& theme, const Weight& 
     return findings;
 }
 
-Contrast smallest_contrast(const Colour& colour, const std::vector<BehindKey>& behind) {
-    Contrast smallest{22, "", {}};
-    for (const BehindKey& key : behind)
-        for (const Colour& opaque : key.colours) {
-            const double ratio = contrast(over(colour, opaque), opaque);
-            if (ratio < smallest.ratio) smallest = {ratio, key.key, opaque};
-        }
-    return smallest;
-}
-
 std::vector<Finding> findings_in_contrast(ThemeKey key, const std::string& what, const Colour& colour,
-                                          const Contrast& contrast, const std::vector<BehindKey>& behind,
-                                          const Demand& demand) {
+                                          const Contrast& contrast, const Demand& demand,
+                                          const std::string& advice) {
     if (contrast.ratio >= demand.warning_below) return {};
-    std::vector<Colour> all;
-    for (const BehindKey& one : behind) all.insert(all.end(), one.colours.begin(), one.colours.end());
-    const auto nearest = nearest_with_contrast(colour, all, demand.warning_below);
-    return {
-        {contrast.ratio < demand.error_below ? error : warning, name_of(key),
-         hex_of(colour) + ", a contrast of " + ratio_text(contrast.ratio) + " with " +
-             hex_of(contrast.behind) + " behind the key " + in_quotes(contrast.worst_key),
-         "at least " + ratio_text(demand.warning_below) + " for " + what,
-         nearest
-             ? "the nearest colour that passes on every key is " + hex_of(*nearest)
-             : "no colour between it and black or white passes on every key; make the background calmer"}};
-}
-
-std::vector<BehindKey> covered(const std::vector<BehindKey>& behind, const Colour& colour) {
-    std::vector<BehindKey> all = behind;
-    for (BehindKey& key : all)
-        for (Colour& one : key.colours) one = over(colour, one);
-    return all;
+    return {{contrast.ratio < demand.error_below ? error : warning, name_of(key),
+             hex_of(colour) + ", a contrast of " + ratio_text(contrast.ratio) + " with " +
+                 hex_of(contrast.behind) + " behind the key " + in_quotes(contrast.worst_key),
+             "at least " + ratio_text(demand.warning_below) + " for " + what, advice}};
 }
 
 }  // namespace command

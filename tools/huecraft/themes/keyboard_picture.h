@@ -21,6 +21,11 @@ void put_on_theme(const Workshop& workshop, const std::string& file, const std::
 std::string keyboard_picture(const Workshop& workshop, const sim_keyboard& keyboard, double scale,
                              const tools::Provenance& provenance);
 
+/// How previews of themes with visible caps differ from the keyboard, which are drawn from pictures of their
+/// own.
+inline constexpr const char* caps_of_previews =
+    "the preview's key caps are dark grey; the keyboard's are light";
+
 /// The preview of the theme as PNG, drawn by the library. The scale is in pixels per point, 0 is the
 /// screen's. The phone has the pictures of the settings pane, and the library.
 std::string preview_picture(const Workshop& workshop, HuecraftConfig* theme, double scale,

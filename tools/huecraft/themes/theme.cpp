@@ -8,10 +8,13 @@
 
 #include "cli/files.h"
 #include "cli/terminal.h"
+#include "formats/moderation.h"
+#include "formats/value.h"
 #include "model/HCPreferences.h"
 #include "objc/exception.h"
 #include "objc/fast_enumeration.h"
 #include "objc/instance_variable.h"
+#include "photos/decoding.h"
 #include "support/text.h"
 
 namespace command {
@@ -26,6 +29,18 @@ std::string reason_of(NSError* error) {
     const std::string detail = utf8(as<NSString>(info->objectForKey(text("NSDebugDescription"))));
     if (!detail.empty()) return "it is no property list: " + one_line(detail, 200);
     return one_line(utf8(error->send<"localizedDescription", NSString*>()), 200);
+}
+
+/// The phone decodes whole pictures, whatever they take.
+void require_moderate_picture(id image, const std::string& file) {
+    constexpr size_t most = 36'000'000;
+    if (kind_of(image) != Kind::data) return;
+    auto* data = static_cast<NSData*>(image);
+    const size_t pixels = announced_pixels({static_cast<const char*>(data->bytes()), data->length()});
+    if (pixels > most)
+        throw Unusable(file, std::string(name_of(ThemeKey::image)) + ": found a picture of " +
+                                 std::to_string(pixels / 1'000'000) + " megapixels, expected at most " +
+                                 std::to_string(most / 1'000'000));
 }
 
 }  // namespace
@@ -64,7 +79,7 @@ std::string direction_in_words(NSUInteger direction) {
 
 id LoadedTheme::stored(const char* key) const { return config->asPlist()->objectForKey(text(key)); }
 
-std::vector<std::string> LoadedTheme::unknown_keys() const {
+std::vector<std::string> unknown_keys(HuecraftConfig* config) {
     std::vector<std::string> unknown;
     objc::for_each<NSString>(config->asPlist(), [&](NSString* key) {
         const std::string name = utf8(key);
@@ -80,6 +95,7 @@ LoadedTheme load_theme(const Workshop& workshop, const std::string& file) {
 }
 
 LoadedTheme load_theme(const Workshop& workshop, const std::string& file, const std::string& contents) {
+    require_moderate(contents, file);
     // By process: several may share a phone's folder.
     const std::string name = "theme-" + std::to_string(getpid()) + ".plist";
     workshop.place_theme(name, contents);
@@ -91,7 +107,10 @@ LoadedTheme load_theme(const Workshop& workshop, const std::string& file, const 
         objc::caught([&] { theme.config = HuecraftConfig::alloc()->initWithFilename(text(name), &error); });
     theme.milliseconds =
         std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-    if (raised || !theme.config) throw Unusable(file, reason_of(error));
+    if (raised) throw Unusable(file, exception_in_words(raised));
+    if (!theme.config) throw Unusable(file, reason_of(error));
+    require_moderate(static_cast<NSObject*>(theme.config->asPlist()), file);
+    require_moderate_picture(theme.stored(name_of(ThemeKey::image)), file);
     const bool any_known =
         std::ranges::any_of(theme_keys, [&](const auto& key) { return theme.stored(key.name); });
     if (!any_known)

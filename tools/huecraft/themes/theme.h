@@ -36,6 +36,9 @@ std::string background_in_words(NSUInteger type);
 /// "bottom to top"
 std::string direction_in_words(NSUInteger direction);
 
+/// The keys that the library does not read, in alphabetical order.
+std::vector<std::string> unknown_keys(HuecraftConfig* config);
+
 /// A theme, loaded by the library's own class from a phone's folder of themes, and how long that took.
 struct LoadedTheme {
     objc::strong<HuecraftConfig> config;
@@ -43,8 +46,7 @@ struct LoadedTheme {
     double milliseconds = 0;
 
     id stored(const char* key) const;
-    /// In alphabetical order.
-    std::vector<std::string> unknown_keys() const;
+    std::vector<std::string> unknown_keys() const { return command::unknown_keys(config); }
 };
 
 /// Needs a phone that is on, with the library. Throws Unusable for what is no theme.

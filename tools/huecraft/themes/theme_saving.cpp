@@ -34,7 +34,13 @@ void save_theme(HuecraftConfig* config, const Destination& destination, const st
     if (!config->saveConfiguration(&error))
         throw Unusable(file, "the library cannot save it: " +
                                  one_line(utf8(error->send<"localizedDescription", NSString*>()), 300));
-    write_output(file, read_input(workshop.theme(utf8(config->sanitizeFileName(name)) + ".plist")));
+    std::string saved = read_input(workshop.theme(utf8(config->sanitizeFileName(name)) + ".plist"));
+    if (destination.form != Form::xml) {
+        Losses losses;
+        saved = written_property_list(parse_property_list(saved, file).root, destination.form, file, losses);
+        for (const std::string& loss : losses) complain(file, loss);
+    }
+    write_output(file, saved);
 }
 
 }  // namespace command

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "cli/workshop.h"
+#include "formats/property_list.h"
 #include "model/HuecraftConfig.h"
 
 namespace command {
@@ -12,6 +13,8 @@ struct Destination {
     std::string name;
     /// Empty for the name's own file, "-" for standard output.
     std::string output;
+    /// The library writes XML; the old form is beyond everyone but `convert`.
+    Form form = Form::xml;
     /// Replaces a file that exists.
     bool force = false;
 };

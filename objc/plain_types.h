@@ -1,7 +1,7 @@
 // Type encodings as descriptions of systems have them.
 #pragma once
 
-namespace tools {
+namespace objc {
 
 /// Takes out of a method's or a variable's types, in place, what depends on processor and compiler: the
 /// frame's size, the arguments' offsets, and qualifiers such as `const`. A class becomes an object.
@@ -28,4 +28,4 @@ inline void make_plain(char* types) {
     *to = '\0';
 }
 
-}  // namespace tools
+}  // namespace objc
