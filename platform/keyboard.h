@@ -1,6 +1,8 @@
 // UIKit's private keyboard classes: those whose methods the library replaces, and what they are made of.
 #pragma once
 #include "platform/controls.h"
+#include "platform/effects.h"
+#include "platform/tables.h"
 
 // --- What a keyboard consists of, and how its keys are drawn ---
 
@@ -135,8 +137,24 @@ struct UIKBTextStyle : objc::Interface<UIKBTextStyle, "UIKBTextStyle", NSObject>
 
 // --- Views and layers ---
 
-/// A key that is drawn over the blurred backdrop rather than into the plane.
-struct UIKBBlurredKeyView : objc::Interface<UIKBBlurredKeyView, "UIKBBlurredKeyView", UIView> {
+/// Draws its key as the factory says: cap and edges by itself, the text with a label, the glyph of a key
+/// without text as a path.
+struct UIKBKeyView : objc::Interface<UIKBKeyView, "UIKBKeyView", UIView> {
+    /// The key lies in its plane where the view's frame has it.
+    objc::strong<UIKBKeyView> initWithKey(UIKBTree* key, UIKBRenderFactory* factory) {
+        return send<"initWithKey:factory:", objc::strong<UIKBKeyView>>(key, factory);
+    }
+
+    UIKBTree* key() { return send<"key", UIKBTree*>(); }
+    bool isPressed() { return send<"isPressed", bool>(); }
+    void setPressed(bool pressed) { send<"setPressed:">(pressed); }
+};
+
+/// A key's view with another key's view in it.
+struct UIKBContainerKeyView : objc::Interface<UIKBContainerKeyView, "UIKBContainerKeyView", UIKBKeyView> {};
+
+/// A key that is drawn over a backdrop of its own rather than into the plane.
+struct UIKBBlurredKeyView : objc::Interface<UIKBBlurredKeyView, "UIKBBlurredKeyView", UIKBContainerKeyView> {
     objc::strong<UIKBBlurredKeyView> initWithFrame(CGRect frame, UIKBTree* keyplane, UIKBTree* key) {
         return send<"initWithFrame:keyplane:key:", objc::strong<UIKBBlurredKeyView>>(frame, keyplane, key);
     }
@@ -236,18 +254,15 @@ struct UIKBInputBackdropView : objc::Interface<UIKBInputBackdropView, "UIKBInput
 
 /// The list of keyboards that the globe key opens.
 struct UIInputSwitcherTableView
-    : objc::Interface<UIInputSwitcherTableView, "UIInputSwitcherTableView", UIView> {};
+    : objc::Interface<UIInputSwitcherTableView, "UIInputSwitcherTableView", UITableView> {};
 
+/// One keyboard of the list. The selected one is the keyboard in use.
 struct UIInputSwitcherTableCell
-    : objc::Interface<UIInputSwitcherTableCell, "UIInputSwitcherTableCell", UIView> {
+    : objc::Interface<UIInputSwitcherTableCell, "UIInputSwitcherTableCell", UITableViewCell> {
     objc::strong<UIInputSwitcherTableCell> initWithStyle(NSInteger style, NSString* reuse_identifier) {
         return send<"initWithStyle:reuseIdentifier:", objc::strong<UIInputSwitcherTableCell>>(
             style, reuse_identifier);
     }
-    UILabel* textLabel() { return send<"textLabel", UILabel*>(); }
-    /// Whether it is the keyboard in use: it then has a mark in the tint colour.
-    bool isChecked() { return send<"isChecked", bool>(); }
-    void setChecked(bool checked) { send<"setChecked:">(checked); }
 };
 
 /// One picture of the switcher's row of keyboard positions. Its instance variables `_originalImage` and
@@ -255,8 +270,6 @@ struct UIInputSwitcherTableCell
 struct UIInputSwitcherTableCellSegmentView
     : objc::Interface<UIInputSwitcherTableCellSegmentView, "UIInputSwitcherTableCellSegmentView", UIView> {
     UIImageView* imageView() { return send<"imageView", UIImageView*>(); }
-    void setOriginalImage(UIImage* image) { send<"setOriginalImage:">(image); }
-    void setInvertedImage(UIImage* image) { send<"setInvertedImage:">(image); }
     bool isSelected() { return send<"isSelected", bool>(); }
     /// Shows the inverted image.
     void setSelected(bool selected) { send<"setSelected:">(selected); }

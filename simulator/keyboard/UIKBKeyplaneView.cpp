@@ -1,9 +1,9 @@
 // A view that draws a key plane.
 #include "keyboard/UIKBKeyplaneView.h"
 
-#include "keyboard/UIKBKeyView.h"
 #include "keyboard/key_kind.h"
 #include "objc/class.h"
+#include "platform/keyboard.h"
 
 namespace {
 

@@ -20,6 +20,8 @@ enum class KeyKind : NSInteger {
     bare,
     /// A mark on another key, such as the enabled languages on the space bar.
     indicator,
+    /// The surface of a menu that opens over a key.
+    menu,
 };
 
 }  // namespace sim

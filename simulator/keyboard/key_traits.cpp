@@ -65,6 +65,14 @@ KeyTraits bare_traits(UIKBRenderFactory* factory, CGFloat text_size) {
     return traits;
 }
 
+/// Like a letter's cap, and as round as menus are.
+KeyTraits menu_traits(UIKBRenderFactory* factory) {
+    KeyTraits traits = plain_traits(factory, 17);
+    traits.edge = nullptr;
+    traits.corner_radius = menu_corner_radius;
+    return traits;
+}
+
 /// A mark on another key, fainter than the key's own text.
 KeyTraits indicator_traits(UIKBRenderFactory* factory) {
     KeyTraits traits = bare_traits(factory, 10);
@@ -91,6 +99,7 @@ KeyTraits key_traits(UIKBRenderFactory* factory, UIKBTree* key, KeyState state) 
                            : highlighted(control_traits(factory, control_text));
         case KeyKind::bare: return bare_traits(factory, control_text);
         case KeyKind::indicator: return indicator_traits(factory);
+        case KeyKind::menu: return menu_traits(factory);
     }
     return plain_traits(factory, control_text);
 }

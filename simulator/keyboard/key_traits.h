@@ -5,6 +5,9 @@
 
 namespace sim {
 
+/// The rounding of a menu's corners.
+constexpr CGFloat menu_corner_radius = 12;
+
 enum class KeyState { idle, pressed };
 
 struct KeyTraits {

@@ -1,12 +1,11 @@
 // A view that draws one key.
-#include "keyboard/UIKBKeyView.h"
-
 #include <optional>
 
 #include "keyboard/glyph_image.h"
 #include "keyboard/key_kind.h"
 #include "keyboard/key_painter.h"
 #include "objc/class.h"
+#include "platform/keyboard.h"
 
 namespace {
 

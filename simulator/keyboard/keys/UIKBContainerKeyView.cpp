@@ -1,0 +1,42 @@
+// A key's view with another key's view in it, which does the drawing.
+#include "keyboard/make.h"
+#include "objc/class.h"
+#include "platform/keyboard.h"
+
+namespace {
+
+using objc::strong;
+
+struct ContainerKeyView : objc::Implements<ContainerKeyView, UIKBContainerKeyView> {
+    struct Ivars {
+        strong<UIKBKeyView> keyView;
+    };
+
+    strong<UIKBContainerKeyView> initWithFrame(CGRect frame, UIKBTree*, UIKBTree* key) {
+        auto self = initialised_by_super<"initWithFrame:">(frame);
+        if (!self) return nullptr;
+        self->ivars().keyView = UIKBKeyView::alloc()->initWithKey(key, sim::make<UIKBRenderFactory>());
+        self->self()->addSubview(self->ivars().keyView);
+        return self;
+    }
+
+    UIKBTree* key() { return ivars().keyView->key(); }
+    UIKBKeyView* contentsKeyView() { return ivars().keyView; }
+
+    void layoutSubviews() { ivars().keyView->setFrame(self()->bounds()); }
+
+    void drawRect(CGRect) {}
+};
+
+}  // namespace
+
+using namespace objc::definition;
+using Container = ContainerKeyView;
+
+OBJC_CLASS(UIKBContainerKeyView, UIKBKeyView, ContainerKeyView,
+           ivar<"_keyView", &Container::Ivars::keyView>,
+           method<"initWithFrame:keyplane:key:", &Container::initWithFrame>,
+           method<"key", &Container::key>,
+           method<"contentsKeyView", &Container::contentsKeyView>,
+           method<"layoutSubviews", &Container::layoutSubviews>,
+           method<"drawRect:", &Container::drawRect>)
