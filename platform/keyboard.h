@@ -1,6 +1,8 @@
 // UIKit's private keyboard classes: those whose methods the library replaces, and what they are made of.
 #pragma once
 #include "platform/controls.h"
+#include "platform/effects.h"
+#include "platform/tables.h"
 
 struct UIKBRenderingContext;
 
@@ -175,8 +177,11 @@ struct UIKBKeyView : objc::Interface<UIKBKeyView, "UIKBKeyView", UIView> {
     void displayLayer(CALayer* layer) { send<"displayLayer:">(layer); }
 };
 
-/// A key that is drawn over the blurred backdrop rather than into the plane.
-struct UIKBBlurredKeyView : objc::Interface<UIKBBlurredKeyView, "UIKBBlurredKeyView", UIView> {
+/// A key's view with another key's view in it.
+struct UIKBContainerKeyView : objc::Interface<UIKBContainerKeyView, "UIKBContainerKeyView", UIKBKeyView> {};
+
+/// A key that is drawn over a backdrop of its own rather than into the plane.
+struct UIKBBlurredKeyView : objc::Interface<UIKBBlurredKeyView, "UIKBBlurredKeyView", UIKBContainerKeyView> {
     objc::strong<UIKBBlurredKeyView> initWithFrame(CGRect frame, UIKBTree* keyplane, UIKBTree* key) {
         return send<"initWithFrame:keyplane:key:", objc::strong<UIKBBlurredKeyView>>(frame, keyplane, key);
     }
@@ -283,18 +288,15 @@ struct UIKBInputBackdropView : objc::Interface<UIKBInputBackdropView, "UIKBInput
 
 /// The list of keyboards that the globe key opens.
 struct UIInputSwitcherTableView
-    : objc::Interface<UIInputSwitcherTableView, "UIInputSwitcherTableView", UIView> {};
+    : objc::Interface<UIInputSwitcherTableView, "UIInputSwitcherTableView", UITableView> {};
 
+/// One keyboard of the list. The selected one is the keyboard in use.
 struct UIInputSwitcherTableCell
-    : objc::Interface<UIInputSwitcherTableCell, "UIInputSwitcherTableCell", UIView> {
+    : objc::Interface<UIInputSwitcherTableCell, "UIInputSwitcherTableCell", UITableViewCell> {
     objc::strong<UIInputSwitcherTableCell> initWithStyle(NSInteger style, NSString* reuse_identifier) {
         return send<"initWithStyle:reuseIdentifier:", objc::strong<UIInputSwitcherTableCell>>(
             style, reuse_identifier);
     }
-    UILabel* textLabel() { return send<"textLabel", UILabel*>(); }
-    /// Whether it is the keyboard in use: it then has a mark in the tint colour.
-    bool isChecked() { return send<"isChecked", bool>(); }
-    void setChecked(bool checked) { send<"setChecked:">(checked); }
 };
 
 /// One picture of the switcher's row of keyboard positions. Its instance variables `_originalImage` and
@@ -302,8 +304,6 @@ struct UIInputSwitcherTableCell
 struct UIInputSwitcherTableCellSegmentView
     : objc::Interface<UIInputSwitcherTableCellSegmentView, "UIInputSwitcherTableCellSegmentView", UIView> {
     UIImageView* imageView() { return send<"imageView", UIImageView*>(); }
-    void setOriginalImage(UIImage* image) { send<"setOriginalImage:">(image); }
-    void setInvertedImage(UIImage* image) { send<"setInvertedImage:">(image); }
     bool isSelected() { return send<"isSelected", bool>(); }
     /// Shows the inverted image.
     void setSelected(bool selected) { send<"setSelected:">(selected); }

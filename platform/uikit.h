@@ -396,11 +396,6 @@ struct UILabel : objc::Interface<UILabel, "UILabel", UIView> {
     void setLineBreakMode(NSLineBreakMode mode) { send<"setLineBreakMode:">(mode); }
 };
 
-/// Shows effects, and over them what is put into its content view. A view that is added to itself raises.
-struct UIVisualEffectView : objc::Interface<UIVisualEffectView, "UIVisualEffectView", UIView> {
-    UIView* contentView() { return send<"contentView", UIView*>(); }
-};
-
 struct UIImageView : objc::Interface<UIImageView, "UIImageView", UIView> {
     /// As large as the image.
     objc::strong<UIImageView> initWithImage(UIImage* image) {

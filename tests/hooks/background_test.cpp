@@ -140,6 +140,18 @@ TEST_F(EffectWithoutActiveView, ShowsTheAverageOfNoImage) {
     EXPECT_EQ(rgba(effect()->backgroundColor()), (Rgba{0, 0, 0, 1}));
 }
 
+// ---- Small views -----------------------------------------------------------------------------------------
+
+TEST_F(Background, AKeysOwnBackdropShowsTheWholeTheme) {
+    start("2", red_and_blue);
+    auto key = UIKBTree::alloc()->initWithType(8);
+    key->setName(text("Latin-Small-Letter-G"));
+    auto view = UIKBBlurredKeyView::alloc()->initWithFrame({{0, 0}, {31, 42}}, nullptr, key);
+    auto* backdrop = variable<UIKBBackdropView*>(view, "_backdropView");
+    EXPECT_EQ(class_of(backdrop->activeBackgroundView()), "_UIBackdropGradientView");
+    EXPECT_EQ(backdrop->activeBackgroundView()->bounds().size, (CGSize{31, 42}));
+}
+
 // ---- No background ---------------------------------------------------------------------------------------
 
 TEST_F(Background, AnyOtherTypeGetsAClearBackdrop) {

@@ -217,11 +217,12 @@ TEST_P(InheritedMethod, IsAddedToTheNamedClassInFrontOfTheInheritedOne) {
     EXPECT_EQ(of(declared_by) == of_the_superclass, !has_a_row_itself);
 }
 
-INSTANTIATE_TEST_SUITE_P(, InheritedMethod,
-                         testing::Values(InheritedRow{"UIKBVisualEffectView", "UIKBBackdropView",
-                                                      "initWithFrame:style:", true},
-                                         InheritedRow{"UIKBInputBackdropView", "UIView", "layoutSubviews"}),
-                         [](const auto& info) { return std::string(info.param.owner); });
+INSTANTIATE_TEST_SUITE_P(
+    , InheritedMethod,
+    testing::Values(InheritedRow{"UIInputSwitcherTableView", "UITableView", "layoutSubviews"},
+                    InheritedRow{"UIKBVisualEffectView", "UIKBBackdropView", "initWithFrame:style:", true},
+                    InheritedRow{"UIKBInputBackdropView", "UIView", "layoutSubviews"}),
+    [](const auto& info) { return std::string(info.param.owner); });
 
 TEST_F(Setup, AVisualEffectViewGetsTheReplacementOfItsSuperclassAsWell) {
     arrange_theme(phone);

@@ -16,6 +16,11 @@ class Switcher : public testing::Test {
         return static_cast<UIInputSwitcherTableCell*>(
             made<"initWithStyle:reuseIdentifier:">("UIInputSwitcherTableCell", NSInteger{0}, text("cell")));
     }
+    /// The system's segment takes its picture from variables that nobody else can set.
+    static void set_images(id segment, UIImage* original, UIImage* inverted) {
+        variable<objc::strong<UIImage>>(segment, "_originalImage") = original;
+        variable<objc::strong<UIImage>>(segment, "_invertedImage") = inverted;
+    }
     static id only_filter(CALayer* layer) {
         EXPECT_EQ(layer->filters()->count(), 1u);
         return layer->filters()->count() ? layer->filters()->objectAtIndex(0) : nullptr;
@@ -58,10 +63,36 @@ TEST_F(Switcher, ACellKeepsTheTextColourOfItsTime) {
 }
 
 TEST_F(Switcher, ACellIsMadeAsItIsAskedFor) {
+    static std::vector<NSInteger> styles;
+    static IMP previous;
+    previous =
+        stand_in("UITableViewCell",
+                 "initWithStyle:reuseIdentifier:", [](id self, SEL selector, NSInteger style, id name) {
+                     styles.push_back(style);
+                     return call<id>(previous, self, selector, style, name);
+                 });
     id made_cell =
         made<"initWithStyle:reuseIdentifier:">("UIInputSwitcherTableCell", NSInteger{3}, text("name"));
-    EXPECT_EQ((objc::send<"style", NSInteger>(made_cell)), 3);
+    EXPECT_EQ(styles, std::vector<NSInteger>{3});
     EXPECT_EQ(utf8(objc::send<"reuseIdentifier", id>(made_cell)), "name");
+}
+
+TEST_F(Switcher, ThePanelItselfIsNotThemed) {
+    sim_keyboard keyboard{};
+    keyboard.size = sizeof keyboard;
+    keyboard.switcher = true;
+    ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
+    void* switcher = nullptr;
+    ASSERT_EQ(sim_view_on_screen("UIInputSwitcherView", &switcher), SIM_OK) << sim_last_error();
+    std::vector<UIView*> views{static_cast<UIView*>(switcher)};
+    for (size_t i = 0; i < views.size(); ++i) {
+        EXPECT_FALSE(views[i]->isKindOfClass(UIKBBackdropView::class_object()));
+        EXPECT_FALSE(std::string(object_getClassName(views[i])).ends_with("edView")) << "none of ours";
+        NSArray* inside = views[i]->subviews();
+        for (NSUInteger k = 0; k < inside->count(); ++k)
+            views.push_back(static_cast<UIView*>(inside->objectAtIndex(k)));
+    }
+    EXPECT_GT(views.size(), 12u);
 }
 
 /// A switcher whose system has something to say in its methods.
@@ -113,8 +144,7 @@ TEST_F(SystemsSwitcher, TheTableIsLaidOutByTheSystemFirst) {
 TEST_F(SystemsSwitcher, TheSegmentsImagesAreTakenAfterTheSystemsLayout) {
     stand_in("UIInputSwitcherTableCellSegmentView", "layoutSubviews", [](id self, SEL) {
         auto* view = static_cast<UIInputSwitcherTableCellSegmentView*>(self);
-        view->setOriginalImage(filled_image(color(1, 0, 0), 3, 2));
-        view->setInvertedImage(filled_image(color(1, 0, 0), 2, 3));
+        set_images(view, filled_image(color(1, 0, 0), 3, 2), filled_image(color(1, 0, 0), 2, 3));
         view->imageView()->setImage(filled_image(color(1, 0, 0), 7, 5));
     });
     phone.load();
@@ -172,8 +202,7 @@ class SegmentView : public Switcher {
     void SetUp() override {
         Switcher::SetUp();
         view = static_cast<UIInputSwitcherTableCellSegmentView*>(made("UIInputSwitcherTableCellSegmentView"));
-        view->setOriginalImage(filled_image(color(1, 0, 0), 4, 4));
-        view->setInvertedImage(filled_image(color(0, 1, 0), 6, 3));
+        set_images(view, filled_image(color(1, 0, 0), 4, 4), filled_image(color(0, 1, 0), 6, 3));
     }
     UIInputSwitcherTableCellSegmentView* view = nullptr;
 };
@@ -203,8 +232,7 @@ TEST_F(SegmentView, LayingOutAgainChangesNothingMore) {
 }
 
 TEST_F(SegmentView, NilImagesStayNil) {
-    view->setOriginalImage(nullptr);
-    view->setInvertedImage(nullptr);
+    set_images(view, nullptr, nullptr);
     view->imageView()->setImage(nullptr);
     view->layoutSubviews();
     EXPECT_EQ(variable<UIImage*>(view, "_originalImage"), nullptr);
@@ -221,8 +249,7 @@ TEST_F(SegmentView, TheOldImagesAreReleased) {
             view->layoutSubviews();
         }
         EXPECT_EQ((old->send<"retainCount", NSUInteger>()), held_by_view - 1) << name;
-        view->setOriginalImage(filled_image(color(1, 0, 0), 4, 4));
-        view->setInvertedImage(filled_image(color(0, 1, 0), 6, 3));
+        set_images(view, filled_image(color(1, 0, 0), 4, 4), filled_image(color(0, 1, 0), 6, 3));
     }
 }
 

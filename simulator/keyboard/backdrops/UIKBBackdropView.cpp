@@ -12,7 +12,7 @@ struct BackdropView : objc::Implements<BackdropView, UIKBBackdropView> {
 
     objc::strong<UIKBBackdropView> initWithFrame(CGRect frame, NSInteger style) {
         auto self = initialised_by_super<"initWithFrame:">(frame);
-        if (self) static_cast<UIKBBackdropView*>(self.get())->transitionToStyle(style);
+        if (self) self->self()->transitionToStyle(style);
         return self;
     }
 

@@ -24,34 +24,31 @@ struct InputBackdropView : objc::Implements<InputBackdropView, UIKBInputBackdrop
         auto full = self->added_piece();
         full->setFrame(self->bounds());
         full->setAutoresizingMask(sim::follows_size);
-        as_sent(self)->setInputBackdropFullView(full);
+        self->self()->setInputBackdropFullView(full);
         return self;
     }
 
     NSInteger style() { return ivars().style; }
     void transitionToStyle(NSInteger style, bool) {
         ivars().style = style;
-        auto* self = as_sent(this);
-        for (auto* piece :
-             {self->inputBackdropFullView(), self->inputBackdropLeftView(), self->inputBackdropRightView()})
+        for (auto* piece : {self()->inputBackdropFullView(), self()->inputBackdropLeftView(),
+                            self()->inputBackdropRightView()})
             piece->transitionToStyle(style);
     }
 
     void layoutToFull(CGRect rect) {
-        auto* self = as_sent(this);
-        place(self->inputBackdropFullView(), rect);
-        self->inputBackdropLeftView()->setHidden(true);
-        self->inputBackdropRightView()->setHidden(true);
+        place(self()->inputBackdropFullView(), rect);
+        self()->inputBackdropLeftView()->setHidden(true);
+        self()->inputBackdropRightView()->setHidden(true);
     }
 
     // The left and the right piece are made when they are first needed.
     void layoutToSplit(CGRect left, CGRect right, NSUInteger) {
-        auto* self = as_sent(this);
-        if (!ivars().left) self->setInputBackdropLeftView(added_piece());
-        if (!ivars().right) self->setInputBackdropRightView(added_piece());
-        self->inputBackdropFullView()->setHidden(true);
-        place(self->inputBackdropLeftView(), left);
-        place(self->inputBackdropRightView(), right);
+        if (!ivars().left) self()->setInputBackdropLeftView(added_piece());
+        if (!ivars().right) self()->setInputBackdropRightView(added_piece());
+        self()->inputBackdropFullView()->setHidden(true);
+        place(self()->inputBackdropLeftView(), left);
+        place(self()->inputBackdropRightView(), right);
     }
 
     UIKBBackdropView* inputBackdropFullView() { return ivars().full; }
@@ -62,9 +59,6 @@ struct InputBackdropView : objc::Implements<InputBackdropView, UIKBInputBackdrop
     void setInputBackdropRightView(UIKBBackdropView* piece) { ivars().right = piece; }
 
   private:
-    /// Through the methods, as everybody else who wants the pieces.
-    static UIKBInputBackdropView* as_sent(InputBackdropView* self) { return self; }
-
     static void place(UIKBBackdropView* piece, CGRect frame) {
         piece->setFrame(frame);
         piece->setHidden(false);

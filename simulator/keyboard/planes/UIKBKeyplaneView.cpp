@@ -49,8 +49,6 @@ struct KeyplaneView : objc::Implements<KeyplaneView, UIKBKeyplaneView> {
     }
 
   private:
-    UIKBKeyplaneView* self() { return static_cast<UIKBKeyplaneView*>(this); }
-
     void add_view_of(UIKBTree* key) {
         const auto kind = static_cast<sim::KeyKind>(key->displayType());
         if (kind == sim::KeyKind::indicator) {

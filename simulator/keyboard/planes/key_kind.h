@@ -23,6 +23,10 @@ enum class KeyKind : int {
     indicator,
     /// The emoji categories, all of them one key.
     categories,
+    /// The surface of a menu that opens over a key.
+    menu,
+    /// Nothing by itself: the parts of a pop-up lie over it.
+    bare,
 };
 
 /// -[UIKBTree state]

@@ -72,6 +72,14 @@ KeyTraits emoji_control_traits(UIKBRenderFactory* factory, CGFloat text_size) {
     return traits;
 }
 
+/// Like a letter's cap, and as round as menus are.
+KeyTraits menu_traits(UIKBRenderFactory* factory) {
+    KeyTraits traits = plain_traits(factory, 17);
+    traits.edge = nullptr;
+    traits.corner_radius = menu_corner_radius;
+    return traits;
+}
+
 /// A mark on another key, fainter than the key's own text.
 KeyTraits indicator_traits(UIKBRenderFactory* factory) {
     KeyTraits traits = bare_traits(factory, 10);
@@ -97,8 +105,10 @@ KeyTraits key_traits(UIKBRenderFactory* factory, UIKBTree* key) {
             return pressed ? plain_traits(factory, control_text)
                            : highlighted(control_traits(factory, control_text));
         case KeyKind::emoji_control: return emoji_control_traits(factory, control_text);
-        case KeyKind::categories: return bare_traits(factory, control_text);
+        case KeyKind::categories:
+        case KeyKind::bare: return bare_traits(factory, control_text);
         case KeyKind::indicator: return indicator_traits(factory);
+        case KeyKind::menu: return menu_traits(factory);
     }
     return plain_traits(factory, control_text);
 }

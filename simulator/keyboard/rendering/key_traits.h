@@ -5,6 +5,9 @@
 
 namespace sim {
 
+/// The rounding of a menu's corners.
+constexpr CGFloat menu_corner_radius = 12;
+
 struct KeyTraits {
     objc::strong<UIKBGradient> fill;
     /// Over the fill; nil for none.

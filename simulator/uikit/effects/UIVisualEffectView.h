@@ -1,6 +1,6 @@
 // A view that shows effects, and what is put into its content view over them.
 #pragma once
-#include "platform/uikit.h"
+#include "platform/effects.h"
 
 namespace sim {
 

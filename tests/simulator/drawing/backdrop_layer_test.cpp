@@ -9,7 +9,7 @@ namespace {
 
 using objc::strong;
 
-constexpr NSInteger light = 2, without_material = -2;
+constexpr NSInteger light = 0, dark = 1, blur = 2, without_material = -2;
 
 /// A page, black on the left and white on the right, with a backdrop put into a pane of it.
 class BackdropLayer : public Drawing {
@@ -23,7 +23,15 @@ class BackdropLayer : public Drawing {
         page->addSubview(pane = view_with({{0, 50}, {side, 100}}));
     }
 
-    strong<_UIBackdropView> add_backdrop(NSInteger style = light) {
+    /// A view that is such a layer, with a wash of white.
+    strong<UIView> add_backdrop() {
+        auto* view = static_cast<UIView*>(made<"initWithFrame:">("_UIBackdropEffectView", pane->bounds()));
+        view->layer()->send<"setBlurRadius:">(20.0);
+        view->setBackgroundColor(UIColor::colorWithWhite(1, 0.3));
+        pane->addSubview(view);
+        return strong<UIView>(view);
+    }
+    strong<_UIBackdropView> add_backdrop_of_style(NSInteger style) {
         auto backdrop = _UIBackdropView::alloc()->initWithStyle(style);
         pane->addSubview(backdrop);
         return backdrop;
@@ -59,8 +67,8 @@ TEST_F(BackdropLayer, BlursASpotInItsLastCornerOnAPageThatIsElseEven) {
     EXPECT_GT(near_the_spot.red, plain.red);
 }
 
-TEST_F(BackdropLayer, IsLightAndTranslucent) {
-    add_backdrop();
+TEST_F(BackdropLayer, OfALightBackdropIsLightAndTranslucent) {
+    add_backdrop_of_style(light);
     const Picture picture = photographed(page);
     EXPECT_TRUE(near(picture.at(0, 100), {77, 77, 77, 255}, 2)) << "black behind a wash";
     EXPECT_EQ(picture.at(side - 1, 100), white)
@@ -68,8 +76,19 @@ TEST_F(BackdropLayer, IsLightAndTranslucent) {
     EXPECT_TRUE(near(picture.at(edge, 50), picture.at(edge, 100), 1)) << "what is above it is not seen in it";
 }
 
+TEST_F(BackdropLayer, ADarkOneDarkensAndABlurAloneDoesNeither) {
+    auto backdrop = add_backdrop_of_style(dark);
+    EXPECT_LT(photographed(page).at(side - 1, 100).red, 120);
+    backdrop->removeFromSuperview();
+    add_backdrop_of_style(blur);
+    const Picture picture = photographed(page);
+    EXPECT_EQ(picture.at(0, 100), black);
+    EXPECT_EQ(picture.at(side - 1, 100), white);
+    EXPECT_LT(step(picture, 100), 8);
+}
+
 TEST_F(BackdropLayer, WithoutMaterialNothingChanges) {
-    add_backdrop(without_material);
+    add_backdrop_of_style(without_material);
     const Picture picture = photographed(page);
     EXPECT_TRUE(is_sharp(picture, 100));
     EXPECT_EQ(picture.at(0, 100), black);

@@ -1,7 +1,7 @@
 // Backdrops, with nothing replaced.
 #include "objc/exception.h"
 #include "platform/keyboard.h"
-#include "support/phone.h"
+#include "support/runtime.h"
 
 namespace test {
 namespace {
@@ -167,8 +167,46 @@ TEST_F(Backdrop, ASystemBackdropDrawsTheMaterialOfItsStyle) {
     host->addSubview(_UIBackdropView::alloc()->initWithStyle(-2));
     EXPECT_EQ(shown(host), nothing);
     host->addSubview(_UIBackdropView::alloc()->initWithStyle(2));
+    EXPECT_EQ(shown(host), nothing) << "a blur has no colour";
+    host->addSubview(_UIBackdropView::alloc()->initWithStyle(0));
     EXPECT_NE(shown(host), nothing);
     EXPECT_LT(shown(host).alpha, 0.5) << "what it blurs is seen through it";
+}
+
+TEST_F(Backdrop, ASystemBackdropConsistsOfItsEffectAndItsTint) {
+    auto light = _UIBackdropView::alloc()->initWithStyle(0);
+    auto* effect = variable<UIView*>(light, "_backdropEffectView");
+    auto* tint = variable<UIView*>(light, "_colorTintView");
+    ASSERT_EQ(light->subviews()->count(), 2u);
+    EXPECT_EQ(light->subviews()->objectAtIndex(0), effect);
+    EXPECT_EQ(light->subviews()->objectAtIndex(1), tint);
+    EXPECT_STREQ(object_getClassName(effect), "_UIBackdropEffectView");
+    EXPECT_STREQ(object_getClassName(effect->layer()), "CABackdropLayer");
+    EXPECT_STREQ(object_getClassName(light->layer()), "_UIBackdropViewLayer");
+    auto none = _UIBackdropView::alloc()->initWithStyle(-2);
+    EXPECT_EQ(none->subviews()->count(), 0u);
+}
+
+TEST_F(Backdrop, ASystemBackdropsContentViewIsMadeWhenItIsAskedFor) {
+    auto backdrop = _UIBackdropView::alloc()->initWithStyle(2);
+    EXPECT_EQ(variable<UIView*>(backdrop, "_contentView"), nullptr);
+    auto* content = backdrop->send<"contentView", UIView*>();
+    EXPECT_EQ(content->superview(), backdrop.get());
+    EXPECT_EQ((backdrop->send<"contentView", UIView*>()), content);
+}
+
+TEST_F(Backdrop, AKeysOwnBackdropIsBehindIt) {
+    auto key = UIKBTree::alloc()->initWithType(8);
+    key->setDisplayString(text("EN"));
+    auto view = UIKBBlurredKeyView::alloc()->initWithFrame({{0, 0}, {40, 20}}, nullptr, key);
+    auto* backdrop = variable<UIKBBackdropView*>(view, "_backdropView");
+    ASSERT_NE(backdrop, nullptr);
+    EXPECT_EQ(view->subviews()->objectAtIndex(0), backdrop);
+    EXPECT_EQ(backdrop->frame(), (CGRect{{0, 0}, {40, 20}}));
+    EXPECT_EQ(variable<UIView*>(view, "_keyView")->superview(), view.get());
+    EXPECT_EQ(view->key(), key.get());
+    EXPECT_TRUE(view->isKindOfClass(UIKBContainerKeyView::class_object()));
+    EXPECT_TRUE(view->isKindOfClass(UIKBKeyView::class_object()));
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 #include "platform/keyboard.h"
 #include "platform/substrate.h"
-#include "support/phone.h"
+#include "support/runtime.h"
 
 namespace test {
 namespace {
@@ -213,29 +213,69 @@ TEST_F(ShownSurfaces, TheSwitcherHasThreeCellsAndThreeSegments) {
     EXPECT_TRUE(heard.empty()) << "none without being asked for";
     keyboard.switcher = true;
     show(keyboard);
-    EXPECT_EQ(heard["cell"], 3);
+    EXPECT_EQ(heard["cell"], 4) << "the row of segments is a cell, too";
     EXPECT_EQ(heard["selected"], 1);
     EXPECT_EQ(heard["other"], 2);
 }
 
+/// A view on the screen, by its class.
+UIView* on_screen(const char* class_name) {
+    void* view = nullptr;
+    EXPECT_EQ(sim_view_on_screen(class_name, &view), SIM_OK) << sim_last_error();
+    return static_cast<UIView*>(view);
+}
+
 TEST_F(ShownSurfaces, OneKeyboardOfTheSwitcherIsInUse) {
-    static IMP table;
-    heard.clear();
-    replace(
-        "UIInputSwitcherTableView", "layoutSubviews",
-        [](id self, SEL selector) {
-            reinterpret_cast<void (*)(id, SEL)>(table)(self, selector);
-            NSArray* cells = static_cast<UIView*>(self)->subviews();
-            for (NSUInteger i = 0; i < cells->count(); ++i)
-                heard[static_cast<UIInputSwitcherTableCell*>(cells->objectAtIndex(i))->isChecked()
-                          ? "in use"
-                          : "other"]++;
-        },
-        &table);
     auto keyboard = request();
     keyboard.switcher = true;
     show(keyboard);
-    EXPECT_EQ(heard, (std::map<std::string, int>{{"in use", 1}, {"other", 2}}));
+    NSArray* cells = static_cast<UITableView*>(on_screen("UIInputSwitcherTableView"))->visibleCells();
+    std::vector<bool> selected;
+    for (NSUInteger i = 0; i < cells->count(); ++i)
+        selected.push_back(static_cast<UITableViewCell*>(cells->objectAtIndex(i))->isSelected());
+    EXPECT_EQ(selected, (std::vector<bool>{true, false, false, false}));
+}
+
+TEST_F(ShownSurfaces, TheSwitchersSurfaceIsAKeysViewOverABlur) {
+    auto keyboard = request();
+    keyboard.switcher = true;
+    show(keyboard);
+    UIView* switcher = on_screen("UIInputSwitcherView");
+    auto* shadow = variable<UIView*>(switcher, "m_shadowView");
+    auto* surface = variable<UIView*>(switcher, "m_backgroundKeyView");
+    auto* table = variable<UIView*>(switcher, "m_table");
+    ASSERT_EQ(switcher->subviews()->count(), 3u);
+    EXPECT_EQ(switcher->subviews()->objectAtIndex(0), shadow);
+    EXPECT_EQ(switcher->subviews()->objectAtIndex(1), surface);
+    EXPECT_EQ(switcher->subviews()->objectAtIndex(2), table);
+    EXPECT_STREQ(object_getClassName(surface), "UIKBKeyView");
+    EXPECT_STREQ(object_getClassName(variable<UIView*>(shadow, "_blurView")), "_UIBackdropView");
+    EXPECT_EQ(table->bounds().size, switcher->bounds().size);
+}
+
+TEST_F(ShownSurfaces, TheSwitchersSegmentsAreInARowOfTheTable) {
+    auto keyboard = request();
+    keyboard.switcher = true;
+    show(keyboard);
+    UIView* segment = on_screen("UIInputSwitcherTableCellSegmentView");
+    std::vector<std::string> above;
+    for (UIView* view = segment->superview(); view && above.size() < 4; view = view->superview())
+        above.emplace_back(object_getClassName(view));
+    EXPECT_EQ(above,
+              (std::vector<std::string>{"UIInputSwitcherSegmentControl", "UIView",
+                                        "UIInputSwitcherSegmentedTableCell", "UIInputSwitcherTableView"}));
+    EXPECT_EQ(segment->frame(), (CGRect{{0, 0}, {72, 48}}));
+}
+
+// ---- Pop-up ----
+
+TEST_F(ShownSurfaces, ThePopUpIsAKeysView) {
+    auto keyboard = request();
+    keyboard.pressed_key = "g";
+    show(keyboard);
+    EXPECT_STREQ(object_getClassName(parts_on_screen().back()), "UIKBKeyView");
+    void* effect = nullptr;
+    EXPECT_EQ(sim_view_on_screen("UIKBVisualEffectView", &effect), SIM_NOT_FOUND);
 }
 
 // ---- Form ----

@@ -14,63 +14,54 @@ class InputSwitcher : public testing::Test {
         made->textLabel()->setText(text(name));
         return std::move(made).autoreleased();
     }
-    static UIImage* variable(id owner, const char* name) {
-        Ivar found = class_getInstanceVariable(owner->isa, name);
-        EXPECT_NE(found, nullptr) << name;
-        return *reinterpret_cast<UIImage**>(reinterpret_cast<char*>(owner) + ivar_getOffset(found));
-    }
-
     Phone phone;
 };
 
 TEST_F(InputSwitcher, ACellKeepsHowItWasMade) {
     UIInputSwitcherTableCell* row = cell("English");
-    EXPECT_EQ((row->send<"style", NSInteger>()), 0);
-    EXPECT_EQ(utf8(row->send<"reuseIdentifier", NSString*>()), "row");
+    EXPECT_EQ(utf8(row->reuseIdentifier()), "row");
     EXPECT_EQ(utf8(row->textLabel()->text()), "English");
     EXPECT_EQ(row->textLabel()->layer()->filters()->count(), 0u);
 }
 
-TEST_F(InputSwitcher, TheTablePutsItsCellsBelowEachOther) {
-    auto table = UIInputSwitcherTableView::alloc()->initWithFrame({{0, 0}, {200, 88}});
-    UIInputSwitcherTableCell *first = cell("English"), *second = cell("Emoji");
-    table->addSubview(first);
-    table->addSubview(second);
-    table->layoutIfNeeded();
-    EXPECT_EQ(first->frame(), (CGRect{{0, 0}, {200, 44}}));
-    EXPECT_EQ(second->frame(), (CGRect{{0, 44}, {200, 44}}));
+TEST_F(InputSwitcher, TheTableIsLaidOutLikeEveryTable) {
+    const auto layout_of = [](const char* name) {
+        return class_getMethodImplementation(objc_getClass(name), sel_registerName("layoutSubviews"));
+    };
+    EXPECT_EQ(layout_of("UIInputSwitcherTableView"), layout_of("UITableView"));
+    EXPECT_NE(layout_of("UITableView"), layout_of("UIScrollView"));
 }
 
 TEST_F(InputSwitcher, TheKeyboardInUseIsMarkedInTheTablesTint) {
     auto table = UIInputSwitcherTableView::alloc()->initWithFrame({{0, 0}, {200, 44}});
     UIInputSwitcherTableCell* row = cell("English");
-    EXPECT_FALSE(row->isChecked());
-    row->setChecked(true);
-    EXPECT_TRUE(row->isChecked());
+    EXPECT_EQ(row->accessoryView(), nullptr);
+    row->setSelected(true, false);
+    EXPECT_TRUE(row->isSelected());
     table->addSubview(row);
     table->setTintColor(color(1, 0, 0));
-    UIImageView* mark = nullptr;
-    for (NSUInteger index = 0; index < row->subviews()->count(); ++index)
-        if (auto* image_view = as<UIImageView>(row->subviews()->objectAtIndex(index))) mark = image_view;
-    ASSERT_NE(mark, nullptr);
-    EXPECT_FALSE(mark->isHidden());
+    objc::strong<UIImageView> mark = as<UIImageView>(row->accessoryView());
+    ASSERT_NE(mark.get(), nullptr);
+    EXPECT_EQ(mark->superview(), row);
     EXPECT_EQ(mark->image()->renderingMode(), UIImageRenderingModeAlwaysTemplate);
     EXPECT_EQ(rgba(mark->tintColor()), (Rgba{1, 0, 0, 1}));
+    row->setSelected(false, false);
+    EXPECT_EQ(row->accessoryView(), nullptr);
+    EXPECT_EQ(mark->superview(), nullptr);
 }
 
 TEST_F(InputSwitcher, ASegmentShowsItsOriginalImageOrWhenSelectedTheInvertedOne) {
     auto* segment = static_cast<UIInputSwitcherTableCellSegmentView*>(
         UIInputSwitcherTableCellSegmentView::alloc()->initWithFrame({{0, 0}, {60, 44}}).autoreleased());
-    UIImage *original = filled_image(color(1, 0, 0), 4, 4), *inverted = filled_image(color(0, 0, 1), 4, 4);
-    segment->setOriginalImage(original);
-    segment->setInvertedImage(inverted);
-    EXPECT_EQ(variable(segment, "_originalImage"), original);
-    EXPECT_EQ(variable(segment, "_invertedImage"), inverted);
+    objc::strong<UIImage> original = filled_image(color(1, 0, 0), 4, 4),
+                          inverted = filled_image(color(0, 0, 1), 4, 4);
+    variable<objc::strong<UIImage>>(segment, "_originalImage") = original;
+    variable<objc::strong<UIImage>>(segment, "_invertedImage") = inverted;
     segment->layoutIfNeeded();
-    EXPECT_EQ(segment->imageView()->image(), original);
+    EXPECT_EQ(segment->imageView()->image(), original.get());
     segment->setSelected(true);
     segment->layoutIfNeeded();
-    EXPECT_EQ(segment->imageView()->image(), inverted);
+    EXPECT_EQ(segment->imageView()->image(), inverted.get());
     EXPECT_EQ(segment->imageView()->frame(), (CGRect{{0, 0}, {60, 44}}));
 }
 

@@ -28,7 +28,7 @@ const std::map<std::string, std::string>& effects() {
          "letter keys keep their caps over the background"},
 
         {"-[UIKBBlurredKeyView initWithFrame:keyplane:key:]",
-         "the mark of the language on the space bar keeps a blurred patch behind it"},
+         "the mark of the language on the space bar is shown, on a patch of the theme"},
 
         {"-[UIInputSwitcherTableView layoutSubviews]",
          "the check mark in the list of keyboards keeps the system's colour"},
@@ -68,9 +68,9 @@ const std::map<std::string, std::string>& effects() {
         {"-[UIKBInputBackdropView inputBackdropRightView]",
          "a background image is not shown behind the right half of a split keyboard"},
         {"-[UIKBInputBackdropView layoutSubviews]",
-         "an input view with a background of its own shows the theme's as well"},
+         "the keyboard of a web form shows the theme, which otherwise is taken from behind it"},
         {"-[UIKBInputBackdropView removeKBBackdropEffects:]",
-         "an input view with a background of its own shows the theme's as well"},
+         "the keyboard of a web form shows the theme, which otherwise is taken from behind it"},
 
         {"-[UIKBTextStyle textColor]", "the labels of keys keep the system's colour"},
         {"+[UIKBRenderConfig backdropStyleForStyle:quality:]",

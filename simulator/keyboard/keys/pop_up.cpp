@@ -1,10 +1,10 @@
 // The pop-up over a pressed character key.
-#include "keyboard/pop_up.h"
+#include "keyboard/keys/pop_up.h"
 
 #include <algorithm>
 
-#include "keyboard/backdrops/backdrop_styles.h"
 #include "keyboard/make.h"
+#include "keyboard/planes/key_kind.h"
 #include "keyboard/rendering/key_painter.h"
 
 namespace sim {
@@ -64,12 +64,13 @@ CALayer* drawn_layer(CGSize size, Draw draw) {
     return layer;
 }
 
-CALayer* solid_layer(CGSize size, const Path& shape) {
-    return drawn_layer(size, [&](CGContextRef context) {
-        CGContextSetGrayFillColor(context, 0, 1);
-        CGContextAddPath(context, shape);
-        CGContextFillPath(context);
-    });
+/// The view of a key that draws nothing by itself.
+strong<UIKBKeyView> bare_key_view(CGRect frame, UIKBRenderFactory* factory) {
+    auto key = UIKBTree::alloc()->initWithType(static_cast<int>(TreeType::key));
+    key->setDisplayType(static_cast<int>(KeyKind::bare));
+    auto view = UIKBKeyView::alloc()->initWithFrame(frame, nullptr, key);
+    view->setFactory(factory);
+    return view;
 }
 
 }  // namespace
@@ -83,13 +84,8 @@ strong<UIView> make_pop_up(UIKBTree* key, CGRect key_frame, CGFloat width, UIKBR
     const CGRect cap{{key_frame.origin.x - left, size.height - key_frame.size.height}, key_frame.size};
     const Path shape = outline(size, cap, traits.body.corner_radius);
 
-    auto pop_up = make_view<UIView>({origin, size});
+    auto pop_up = bare_key_view({origin, size}, factory);
     apply_shadow(pop_up->layer(), shape, traits.body.shadow);
-
-    const NSInteger style = UIKBRenderConfig::backdropStyle(keyboard_style_light, keyboard_quality_full);
-    auto material = UIKBVisualEffectView::alloc()->initWithFrame({{0, 0}, size}, style);
-    material->layer()->setMask(solid_layer(size, shape));
-    pop_up->addSubview(material);
     pop_up->layer()->addSublayer(
         drawn_layer(size, [&](CGContextRef context) { paint_cap(context, shape, traits.body); }));
 
@@ -101,7 +97,7 @@ strong<UIView> make_pop_up(UIKBTree* key, CGRect key_frame, CGFloat width, UIKBR
     strong<UILabel> character = make_label(traits.field.text, key->displayString());
     character->setFrame(field);
     pop_up->addSubview(character);
-    return pop_up;
+    return strong<UIView>(pop_up.get());
 }
 
 }  // namespace sim

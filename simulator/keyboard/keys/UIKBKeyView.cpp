@@ -69,8 +69,6 @@ struct KeyView : objc::Implements<KeyView, UIKBKeyView> {
     }
 
   private:
-    UIKBKeyView* self() { return static_cast<UIKBKeyView*>(this); }
-
     CGRect cap() {
         CGRect bounds = this->bounds();
         bounds.size.height -= sim::room_below_cap;

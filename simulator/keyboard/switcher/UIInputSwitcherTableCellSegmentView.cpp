@@ -1,7 +1,7 @@
 // One picture of the input switcher's row of keyboard positions.
 #include "keyboard/make.h"
+#include "keyboard/switcher/UIInputSwitcherSegmentedTableCell.h"
 #include "objc/class.h"
-#include "platform/keyboard.h"
 
 namespace {
 
@@ -24,6 +24,7 @@ struct SegmentView : objc::Implements<SegmentView, UIInputSwitcherTableCellSegme
         return self;
     }
 
+    UIImageView* imageView() { return ivars().imageView; }
     bool isSelected() { return ivars().selected; }
     void setSelected(bool selected) {
         ivars().selected = selected;
@@ -41,15 +42,27 @@ struct SegmentView : objc::Implements<SegmentView, UIInputSwitcherTableCellSegme
 
 }  // namespace
 
+namespace sim {
+
+void set_images(UIInputSwitcherTableCellSegmentView* segment, UIImage* original, UIImage* inverted) {
+    auto& ivars = static_cast<SegmentView*>(segment)->ivars();
+    ivars.originalImage = original;
+    ivars.invertedImage = inverted;
+    static_cast<UIView*>(segment)->setNeedsLayout();
+}
+
+}  // namespace sim
+
 using namespace objc::definition;
 using Segment = SegmentView;
 
 OBJC_CLASS(UIInputSwitcherTableCellSegmentView, UIView, SegmentView,
-           property<"originalImage", &Segment::Ivars::originalImage>,
-           property<"invertedImage", &Segment::Ivars::invertedImage>,
-           property<"imageView", &Segment::Ivars::imageView>,
+           ivar<"_originalImage", &Segment::Ivars::originalImage>,
+           ivar<"_invertedImage", &Segment::Ivars::invertedImage>,
+           ivar<"_imageView", &Segment::Ivars::imageView>,
            ivar<"_selected", &Segment::Ivars::selected>,
            method<"initWithFrame:", &Segment::initWithFrame>,
+           method<"imageView", &Segment::imageView>,
            method<"isSelected", &Segment::isSelected>,
            method<"setSelected:", &Segment::setSelected>,
            method<"layoutSubviews", &Segment::layoutSubviews>)
