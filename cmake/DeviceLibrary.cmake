@@ -1,9 +1,9 @@
-# add_device_library(): cross-builds a dylib for iOS 12, with clang and lld alone. There is no vendor SDK: device/sdk holds
-# the C headers, device/stubs what may be linked to.
+# add_device_library() and add_device_executable(): cross-build for iOS 12, with clang and lld alone. There is no vendor SDK:
+# device/sdk holds the C headers, stubs say what may be linked to.
 
-find_program(DEVICE_LINKER ld64.lld-19 REQUIRED)
-find_program(DEVICE_LIPO llvm-lipo-19 REQUIRED)
-find_path(DEVICE_LIBCXX version PATHS /usr/lib/llvm-19/include/c++/v1 NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+find_program(DEVICE_LINKER ld64.lld-${HUECRAFT_LLVM} REQUIRED)
+find_program(DEVICE_LIPO llvm-lipo-${HUECRAFT_LLVM} REQUIRED)
+find_path(DEVICE_LIBCXX version PATHS /usr/lib/llvm-${HUECRAFT_LLVM}/include/c++/v1 NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
 get_filename_component(DEVICE_ROOT ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
 
 set(DEVICE_MINIMUM_VERSION 12.0)
@@ -32,17 +32,14 @@ set(DEVICE_LINK_OPTIONS
 set(DEVICE_STUBS
     libSystem.tbd libobjc.tbd CoreFoundation.tbd Foundation.tbd CoreGraphics.tbd UIKit.tbd CydiaSubstrate.tbd)
 
-# add_device_slice(<architecture> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> SOURCES <source>...)
-# Builds <architecture>/<name> in the current binary directory. Sources are relative to the current source directory.
-function(add_device_slice architecture)
-    cmake_parse_arguments(PARSE_ARGV 1 slice "" "OUTPUT;INSTALL_NAME;EXPORTS" SOURCES)
-    set(folder ${CMAKE_CURRENT_BINARY_DIR}/${architecture})
-    set(objects "")
-    foreach(source IN LISTS slice_SOURCES)
+# Compiles the sources for the architecture; the objects' paths are left in <objects>.
+function(add_device_objects architecture objects)
+    set(found "")
+    foreach(source IN LISTS ARGN)
         get_filename_component(source ${source} ABSOLUTE)
         file(RELATIVE_PATH name ${DEVICE_ROOT} ${source})
         string(REPLACE "../" "" name ${name})
-        set(object ${folder}/objects/${name}.o)
+        set(object ${CMAKE_CURRENT_BINARY_DIR}/${architecture}/objects/${name}.o)
         get_filename_component(object_folder ${object} DIRECTORY)
         file(MAKE_DIRECTORY ${object_folder})
         add_custom_command(
@@ -53,25 +50,41 @@ function(add_device_slice architecture)
             DEPFILE ${object}.d
             COMMENT "Building for ${architecture}: ${name}"
             VERBATIM)
-        list(APPEND objects ${object})
+        list(APPEND found ${object})
     endforeach()
+    set(${objects} ${found} PARENT_SCOPE)
+endfunction()
 
-    list(TRANSFORM DEVICE_STUBS PREPEND ${DEVICE_ROOT}/device/stubs/ OUTPUT_VARIABLE stubs)
-    get_filename_component(exports ${slice_EXPORTS} ABSOLUTE)
-    set(output ${folder}/${slice_OUTPUT})
-    set(unsigned ${folder}/unsigned/${slice_OUTPUT})  # the linker makes the name a part of LC_UUID
+# Links and signs <architecture>/<name> in the current binary directory, of objects and stubs, the INPUTS.
+function(link_device_slice architecture name)
+    cmake_parse_arguments(PARSE_ARGV 2 slice "" "" "OPTIONS;INPUTS;DEPENDS")
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/${architecture})
+    set(output ${folder}/${name})
+    set(unsigned ${folder}/unsigned/${name})  # the linker makes the name a part of LC_UUID
     file(MAKE_DIRECTORY ${folder}/unsigned)
     add_custom_command(
         OUTPUT ${output}
-        COMMAND ${DEVICE_LINKER} -dylib -arch ${architecture}
+        COMMAND ${DEVICE_LINKER} ${slice_OPTIONS} -arch ${architecture}
             -platform_version ${DEVICE_PLATFORM_${architecture}} ${DEVICE_MINIMUM_VERSION} ${DEVICE_MINIMUM_VERSION}
-            ${DEVICE_LINK_OPTIONS} -install_name ${slice_INSTALL_NAME} -exported_symbols_list ${exports}
-            -o ${unsigned} ${objects} ${stubs}
-        COMMAND sign_slice ${unsigned} ${slice_OUTPUT} ${output}
-        DEPENDS ${objects} ${stubs} ${exports} sign_slice
+            ${DEVICE_LINK_OPTIONS} -o ${unsigned} ${slice_INPUTS}
+        COMMAND sign_slice ${unsigned} ${name} ${output}
+        DEPENDS ${slice_INPUTS} ${slice_DEPENDS} sign_slice
         BYPRODUCTS ${unsigned}
-        COMMENT "Linking and signing for ${architecture}: ${slice_OUTPUT}"
+        COMMENT "Linking and signing for ${architecture}: ${name}"
         VERBATIM)
+endfunction()
+
+# add_device_slice(<architecture> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> SOURCES <source>...)
+# Builds <architecture>/<name> in the current binary directory. Sources are relative to the current source directory.
+function(add_device_slice architecture)
+    cmake_parse_arguments(PARSE_ARGV 1 slice "" "OUTPUT;INSTALL_NAME;EXPORTS" SOURCES)
+    add_device_objects(${architecture} objects ${slice_SOURCES})
+    list(TRANSFORM DEVICE_STUBS PREPEND ${DEVICE_ROOT}/device/stubs/ OUTPUT_VARIABLE stubs)
+    get_filename_component(exports ${slice_EXPORTS} ABSOLUTE)
+    link_device_slice(${architecture} ${slice_OUTPUT}
+        OPTIONS -dylib -install_name ${slice_INSTALL_NAME} -exported_symbols_list ${exports}
+        INPUTS ${objects} ${stubs}
+        DEPENDS ${exports})
 endfunction()
 
 # add_device_library(<target> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> SOURCES <source>...)
@@ -91,5 +104,21 @@ function(add_device_library target)
         COMMENT "Joining ${library_OUTPUT}"
         VERBATIM)
     add_custom_target(${target} ALL DEPENDS ${joined})
+    set(${target}_SLICES ${slices} PARENT_SCOPE)
+endfunction()
+
+# add_device_executable(<target> OUTPUT <name> STUBS <file>... SOURCES <source>...)
+# Builds arm64/<name> and x86_64/<name>, main executables; their paths are left in <target>_SLICES.
+function(add_device_executable target)
+    cmake_parse_arguments(PARSE_ARGV 1 executable "" OUTPUT "STUBS;SOURCES")
+    set(slices "")
+    foreach(architecture arm64 x86_64)
+        add_device_objects(${architecture} objects ${executable_SOURCES})
+        link_device_slice(${architecture} ${executable_OUTPUT}
+            OPTIONS -execute -pie -e _main
+            INPUTS ${objects} ${executable_STUBS})
+        list(APPEND slices ${CMAKE_CURRENT_BINARY_DIR}/${architecture}/${executable_OUTPUT})
+    endforeach()
+    add_custom_target(${target} ALL DEPENDS ${slices})
     set(${target}_SLICES ${slices} PARENT_SCOPE)
 endfunction()

@@ -5,6 +5,7 @@ set(HUECRAFT_SOURCES
     hooks/key_colours.cpp
     hooks/keyboard_cache.cpp
     hooks/monochrome_filter.cpp
+    hooks/named_colours.cpp
     hooks/setup.cpp
     hooks/switcher_accessory.cpp
     image.cpp

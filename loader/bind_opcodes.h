@@ -14,7 +14,7 @@ enum class BindTable {
     weak,  ///< C++ definitions of which the whole process should use one
 };
 
-/// A library ordinal that is none: where the symbol is looked for instead.
+/// Special ordinals: where the symbol is looked for when no library is named.
 enum Scope : int64_t {
     kScopeSelf = 0,
     kScopeMainProgram = -1,

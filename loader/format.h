@@ -18,7 +18,8 @@ inline constexpr Cpu kThisCpu = Cpu::x86_64;
 inline constexpr uint32_t kSubtypeMask = 0x00ffffff;  // what is left are capability bits
 inline constexpr uint32_t kSubtypeArm64e = 2;
 
-inline constexpr uint32_t kFileTypeDylib = 6;
+enum class FileType : uint32_t { executable = 2, dylib = 6 };
+inline constexpr uint32_t kFlagPositionIndependent = 0x200000;
 
 enum class Command : uint32_t {
     segment = 0x1,
@@ -29,6 +30,7 @@ enum class Command : uint32_t {
     fixed_file = 0x9,
     load_dylib = 0xc,
     id_dylib = 0xd,
+    load_dynamic_linker = 0xe,
     routines = 0x11,
     segment_64 = 0x19,
     routines_64 = 0x1a,
@@ -44,6 +46,7 @@ enum class Command : uint32_t {
     reexport_dylib = 0x8000001f,
     dyld_info_only = 0x80000022,
     load_upward_dylib = 0x80000023,
+    main = 0x80000028,
     dyld_exports_trie = 0x80000033,
     dyld_chained_fixups = 0x80000034,
 };

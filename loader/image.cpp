@@ -59,18 +59,19 @@ Image Image::load(const std::filesystem::path& path, const Resolver& resolver, c
 }
 
 Image Image::load_bytes(std::span<const uint8_t> file, std::string name, const Resolver& resolver,
-                        const Rules& rules) {
-    return naming_the_file(name, [&] { return Image(name, Bytes(file, "the file"), resolver, rules); });
+                        const Rules& rules, FileType type) {
+    return naming_the_file(name, [&] { return Image(name, Bytes(file, "the file"), resolver, rules, type); });
 }
 
-Image::Image(std::string name, const Bytes& file, const Resolver& resolver, const Rules& rules)
+Image::Image(std::string name, const Bytes& file, const Resolver& resolver, const Rules& rules, FileType type)
     : name_(std::move(name)) {
-    const Bytes slice = choose_slice(file, kThisCpu);
+    const Bytes slice = choose_slice(file, kThisCpu, type);
     layout_ = read_layout(slice);
     hold_to(rules, slice, layout_);
     resident_ = std::make_unique<Resident>(layout_, slice);
     fix_up(slice, resolver);
     find_initialisers();
+    find_entry();
     resident_->mapping.protect();
     describe_frames(layout_, resident_->mapping, resident_->frames);
     resident_->frames.publish();
@@ -120,6 +121,13 @@ void Image::find_initialisers() {
     }
 }
 
+void Image::find_entry() {
+    if (!layout_.entry) return;
+    entry_ = resident_->mapping.address_of(layout_.header_address) + *layout_.entry;
+    if (!resident_->mapping.is_code(entry_))
+        refuse("LC_MAIN begins at what is no code of the image (found " + hex(*layout_.entry) + ")");
+}
+
 void* Image::symbol(std::string_view name) const {
     const auto found = exports_.find(name);
     return found == exports_.end() ? nullptr : found->second;
@@ -138,6 +146,16 @@ void Image::run_initialisers() {
     using Initialiser = void (*)(int, const char**, const char**, const char**, const void*);
     for (const uintptr_t initialiser : std::exchange(initialisers_, {}))
         reinterpret_cast<Initialiser>(initialiser)(0, nullptr, nullptr, nullptr, nullptr);
+}
+
+int Image::run_main(const std::vector<const char*>& arguments, const char* const* environment) {
+    run_initialisers();
+    std::vector<const char*> vector = arguments;
+    vector.push_back(nullptr);
+    using Main = int (*)(int, const char**, const char* const*, const char**);
+    const char* nothing_of_the_loaders = nullptr;
+    return reinterpret_cast<Main>(entry_)(static_cast<int>(arguments.size()), vector.data(), environment,
+                                          &nothing_of_the_loaders);
 }
 
 const Mapping& Image::mapping() const { return resident_->mapping; }

@@ -1,4 +1,4 @@
-// A Mach-O dylib for iOS, loaded into this process.
+// A Mach-O dylib or main executable for iOS, loaded into this process.
 #pragma once
 #include <cstdint>
 #include <filesystem>
@@ -28,7 +28,7 @@ class Image {
     static Image load(const std::filesystem::path& path, const Resolver& resolver, const Rules& rules = {});
     /// The same with a file's bytes, which are not needed afterwards. `name` is for messages.
     static Image load_bytes(std::span<const uint8_t> file, std::string name, const Resolver& resolver,
-                            const Rules& rules = {});
+                            const Rules& rules = {}, FileType type = FileType::dylib);
 
     Image(Image&&) noexcept;
     Image& operator=(Image&&) = delete;
@@ -48,6 +48,9 @@ class Image {
     /// The weak imports that nothing was found for. Other missing symbols are an Error when loading.
     std::vector<std::string> missing() const;
 
+    /// Runs a main executable, after its initialisers, as the device calls it; returns its exit status.
+    int run_main(const std::vector<const char*>& arguments, const char* const* environment);
+
     /// Runs the image's initialisers in their order; later calls do nothing. An initialiser's exception
     /// comes through, and those after it do not run.
     void run_initialisers();
@@ -60,9 +63,10 @@ class Image {
   private:
     struct Resident;
 
-    Image(std::string name, const Bytes& file, const Resolver& resolver, const Rules& rules);
+    Image(std::string name, const Bytes& file, const Resolver& resolver, const Rules& rules, FileType type);
     void fix_up(const Bytes& slice, const Resolver& resolver);
     void find_initialisers();
+    void find_entry();
 
     std::string name_;
     Layout layout_;
@@ -70,6 +74,7 @@ class Image {
     std::map<std::string, void*, std::less<>> exports_;
     Binding binding_;
     std::vector<uintptr_t> initialisers_;
+    uintptr_t entry_ = 0;
     bool stays_mapped_ = false;
 };
 

@@ -62,6 +62,8 @@ class LoadCommands {
   public:
     explicit LoadCommands(const Bytes& slice) : slice_(slice) {
         layout_.cpu = static_cast<Cpu>(slice.u32(4));
+        layout_.type = static_cast<FileType>(slice.u32(12));
+        layout_.position_independent = (slice.u32(24) & kFlagPositionIndependent) != 0;
     }
 
     Layout read() {
@@ -78,12 +80,21 @@ class LoadCommands {
             one(number, all.part(at, size, name));
             at += size;
         }
+        if (is_executable() && !layout_.entry)
+            refuse("no place to begin (expected the load command LC_MAIN)");
         if (!has_tables_) refuse("no fix-up tables (expected the load command LC_DYLD_INFO_ONLY)");
         check_segments();
         return std::move(layout_);
     }
 
   private:
+    bool is_executable() const { return layout_.type == FileType::executable; }
+    /// A main executable reserves the addresses that are no pointers by mistake: nothing is to be mapped.
+    bool only_reserves(const Segment& segment) const {
+        return is_executable() && segment.file_size == 0 && !segment.readable && !segment.writable &&
+               !segment.executable;
+    }
+
     void one(uint32_t number, const Bytes& command) {
         switch (static_cast<Command>(number)) {
             case Command::segment_64: return segment(command);
@@ -123,6 +134,11 @@ class LoadCommands {
             case Command::dyld_exports_trie:
                 refuse("linked with chained fix-ups, which iOS 12 cannot load either (found load command " +
                        name_of_command(number) + ", expected LC_DYLD_INFO_ONLY)");
+            case Command::load_dynamic_linker: layout_.dynamic_linker = command.text(command.u32(8)); return;
+            case Command::main:
+                if (!is_executable()) refuse(std::string(command.name()) + " is not supported in a library");
+                layout_.entry = command.u64(8);
+                return;
             case Command::code_signature: layout_.signature = {command.u32(8), command.u32(12)}; return;
             case Command::rpath: return;
         }
@@ -133,14 +149,14 @@ class LoadCommands {
     void segment(const Bytes& command) {
         constexpr uint64_t rows_at = 72, row_size = 80;
         const uint32_t protection = command.u32(60);
-        const Segment segment{.name = command.padded_text(8, 16),
-                              .address = command.u64(24),
-                              .size = command.u64(32),
-                              .file_offset = command.u64(40),
-                              .file_size = command.u64(48),
-                              .readable = (protection & 1) != 0,
-                              .writable = (protection & 2) != 0,
-                              .executable = (protection & 4) != 0};
+        Segment segment{.name = command.padded_text(8, 16),
+                        .address = command.u64(24),
+                        .size = command.u64(32),
+                        .file_offset = command.u64(40),
+                        .file_size = command.u64(48),
+                        .readable = (protection & 1) != 0,
+                        .writable = (protection & 2) != 0,
+                        .executable = (protection & 4) != 0};
         const std::string subject = "segment " + segment.name;
         if (!inside(segment.file_offset, segment.file_size, 0, slice_.size()))
             refuse(subject + " leaves the file (found " + range(segment.file_offset, segment.file_size) +
@@ -150,6 +166,8 @@ class LoadCommands {
                    ", expected at most " + hex(segment.size) + ")");
         if (segment.writable && segment.executable)
             refuse(subject + " is both writable and executable, which the device does not allow");
+
+        if (only_reserves(segment)) segment.size = 0;
 
         const uint64_t count = command.u32(64);
         const Bytes rows = command.part(rows_at, count * row_size, "a segment's list of sections");
@@ -170,9 +188,10 @@ class LoadCommands {
     }
 
     void check_segments() {
-        if (layout_.segments.empty()) refuse("no segments");
         std::vector<const Segment*> sorted;
-        for (const Segment& segment : layout_.segments) sorted.push_back(&segment);
+        for (const Segment& segment : layout_.segments)
+            if (!only_reserves(segment)) sorted.push_back(&segment);
+        if (sorted.empty()) refuse("no segments");
 
         std::ranges::sort(sorted, {}, &Segment::address);
         layout_.start = sorted.front()->address;

@@ -1,6 +1,7 @@
 // What a dylib's load commands say: segments, sections, libraries, and where the tables are.
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,7 @@ struct Dependency {
 
 struct Layout {
     Cpu cpu;
+    FileType type;
     std::vector<Segment> segments;  ///< in file order, which the fix-up opcodes count by
     std::vector<Section> sections;
     std::vector<Dependency> libraries;  ///< in file order, which binds count by, from 1
@@ -44,8 +46,11 @@ struct Layout {
     uint32_t platform = 0;         ///< 2 is iOS, 7 its simulator
     uint32_t minimum_version = 0;  ///< 0x000c0000 is 12.0.0
     FileRange rebase, bind, weak_bind, lazy_bind, exports;
-    FileRange signature;          ///< empty where there is none; nothing of it is checked here
-    uint64_t header_address = 0;  ///< where the Mach-O header is: exports and unwind offsets count from it
+    bool position_independent = false;
+    std::string dynamic_linker;     ///< of a main executable
+    std::optional<uint64_t> entry;  ///< of a main executable: its first instruction, from the header
+    FileRange signature;            ///< empty where there is none; nothing of it is checked here
+    uint64_t header_address = 0;    ///< where the Mach-O header is: exports and unwind offsets count from it
 
     uint64_t start = 0;   ///< the lowest segment's address
     uint64_t extent = 0;  ///< from there to the highest segment's end

@@ -43,7 +43,7 @@ Bytes slice_of_fat_file(const Bytes& file, const std::string& wanted) {
 
 }  // namespace
 
-Bytes choose_slice(const Bytes& file, Cpu cpu) {
+Bytes choose_slice(const Bytes& file, Cpu cpu, FileType type) {
     const std::string wanted = processor(static_cast<uint32_t>(cpu), 0);
     const bool fat = file.size() >= 8 && file.u32_big_endian(0) == kFatMagic;
     const Bytes slice = fat ? slice_of_fat_file(file, wanted) : file;
@@ -52,9 +52,11 @@ Bytes choose_slice(const Bytes& file, Cpu cpu) {
         refuse("not a Mach-O file (found " + first_bytes(slice) + ", expected cf fa ed fe)");
     const std::string found = processor(slice.u32(4), slice.u32(8));
     if (found != wanted) refuse("built for another processor (found " + found + ", expected " + wanted + ")");
-    if (const uint32_t type = slice.u32(12); type != kFileTypeDylib)
-        refuse("not a dynamic library (found file type " + std::to_string(type) + ", expected " +
-               std::to_string(kFileTypeDylib) + ")");
+    const auto expected = static_cast<uint32_t>(type);
+    if (const uint32_t number = slice.u32(12); number != expected)
+        refuse(std::string(type == FileType::dylib ? "not a dynamic library" : "not a main executable") +
+               " (found file type " + std::to_string(number) + ", expected " + std::to_string(expected) +
+               ")");
     return slice;
 }
 

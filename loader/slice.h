@@ -5,8 +5,8 @@
 
 namespace macho {
 
-/// The Mach-O dylib for `cpu` inside `file`: the file itself, or one slice of a fat file. Its magic number,
-/// processor and file type are what they should be.
-Bytes choose_slice(const Bytes& file, Cpu cpu);
+/// The Mach-O dylib or main executable for `cpu` inside `file`: the file itself, or one slice of a fat file.
+/// Its magic number, processor and file type are what they should be.
+Bytes choose_slice(const Bytes& file, Cpu cpu, FileType type = FileType::dylib);
 
 }  // namespace macho

@@ -122,7 +122,8 @@ class StructureRules {
 
     void check() {
         for (const Form& form : kForms) check_form(form);
-        if (!find(kIdentity)) broken("LC_ID_DYLIB", "no install name", "nothing", "one for a dylib");
+        if (layout_.type == FileType::dylib && !find(kIdentity))
+            broken("LC_ID_DYLIB", "no install name", "nothing", "one for a dylib");
         if (layout_.libraries.empty())
             broken("LC_LOAD_DYLIB", "no libraries", "nothing", "at least libSystem");
         for (const SegmentCommand& segment : segments_) check_segment(segment);

@@ -197,7 +197,7 @@ struct Implements : ClassInterface {
     /// hear. A plain call, `setNeedsLayout()`, is C++ and goes past them to this very implementation.
     ClassInterface* self() { return this; }
 
-    /// The superclass's method; in a class method, `super_of(self)`.
+    /// The superclass's method; in a class method, `class_super(self)`.
     template <Name Selector, class Result = void, class... Arguments>
     Result super(Arguments... arguments) {
         return send_super<Selector, Result>(this, ClassInterface::class_object(), arguments...);

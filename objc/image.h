@@ -8,11 +8,18 @@
 /// A macro, because a section's entries are named objects. On the device the runtime has made the classes and
 /// strings by then; on Linux they are made first.
 #ifdef __APPLE__
-#define OBJC_IMAGE(...)                                                                                     \
+#define OBJC_IMAGE(...)                                                                               \
+    namespace {                                                                                       \
+    [[gnu::used,                                                                                      \
+      gnu::section("__DATA,__mod_init_func,mod_init_funcs")]] void (*const objc_initializers[])() = { \
+        __VA_ARGS__};                                                                                 \
+    }                                                                                                 \
+    OBJC_IMAGE_INFO
+
+/// What tells the device's runtime that an image has to do with it: that of an executable, which has no
+/// initializers.
+#define OBJC_IMAGE_INFO                                                                                     \
     namespace {                                                                                             \
-    [[gnu::used,                                                                                            \
-      gnu::section("__DATA,__mod_init_func,mod_init_funcs")]] void (*const objc_initializers[])() = {       \
-        __VA_ARGS__};                                                                                       \
     constexpr unsigned objc_class_properties_flag = 64, objc_simulator_flag = TARGET_OS_SIMULATOR ? 32 : 0; \
     [[gnu::used, gnu::section("__DATA,__objc_imageinfo,regular,no_dead_strip")]] constinit struct {         \
         unsigned version, flags;                                                                            \

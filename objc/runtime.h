@@ -44,6 +44,7 @@ const char* sel_getName(SEL);
 BOOL sel_isEqual(SEL, SEL);
 
 Class objc_getClass(const char* name);
+Class objc_lookUpClass(const char* name);
 id objc_getProtocol(const char* name);
 Class objc_allocateClassPair(Class superclass, const char* name, size_t extra_bytes);
 void objc_registerClassPair(Class);
@@ -52,6 +53,8 @@ Class class_getSuperclass(Class);
 const char* class_getName(Class);
 size_t class_getInstanceSize(Class);
 Ivar class_getInstanceVariable(Class, const char* name);
+Ivar* class_copyIvarList(Class, unsigned* count);
+Method* class_copyMethodList(Class, unsigned* count);
 Method class_getInstanceMethod(Class, SEL);
 IMP class_getMethodImplementation(Class, SEL);
 BOOL class_addIvar(Class, const char* name, size_t size, uint8_t log2_alignment, const char* types);
@@ -94,9 +97,7 @@ void objc_msgSendSuper2_stret();
 #else
 IMP objc_msg_lookup(id, SEL);
 IMP objc_msg_lookup_super(objc_super*, SEL);  // objc_super holds the superclass
-Class objc_lookUpClass(const char* name);
 int objc_getClassList(Class*, int capacity);
-Method* class_copyMethodList(Class, unsigned* count);
 void objc_disposeClassPair(Class);
 BOOL class_isMetaClass(Class);
 void __objc_update_dispatch_table_for_class(Class);

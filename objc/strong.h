@@ -79,18 +79,19 @@ strong<T> adopt(T* object) {
     return strong<T>::adopt(object);
 }
 
-/// A strong reference for the life of the process: filled once, never released, nothing to destroy at exit.
+/// A strong reference for the life of the process: filled once, never released, nothing to destroy at exit. It may be
+/// read and filled on any thread; what is stored twice must be the same object.
 template <class T>
 class lasting {
   public:
     constexpr lasting() = default;
     lasting(const lasting&) = delete;
     lasting& operator=(T* object) {
-        object_ = strong<T>(object).leak();
+        __atomic_store_n(&object_, strong<T>(object).leak(), __ATOMIC_RELEASE);
         return *this;
     }
-    operator T*() const { return object_; }
-    T* operator->() const { return object_; }
+    operator T*() const { return __atomic_load_n(&object_, __ATOMIC_ACQUIRE); }
+    T* operator->() const { return *this; }
 
   private:
     T* object_ = nullptr;

@@ -11,9 +11,6 @@ constexpr UITouchPhase UITouchPhaseStationary = 2;
 constexpr UITouchPhase UITouchPhaseEnded = 3;
 constexpr UITouchPhase UITouchPhaseCancelled = 4;
 
-using UIInterfaceOrientation = NSInteger;
-constexpr UIInterfaceOrientation UIInterfaceOrientationPortrait = 1;
-
 /// What becomes of the view behind a presented one.
 using UIModalPresentationStyle = NSInteger;
 constexpr UIModalPresentationStyle UIModalPresentationFullScreen = 0;

@@ -2,7 +2,7 @@
 #pragma once
 #include "platform/application.h"
 
-/// Added.
+/// A bit mask.
 using UIControlEvents = NSUInteger;
 constexpr UIControlEvents UIControlEventTouchDown = 1;
 constexpr UIControlEvents UIControlEventTouchDownRepeat = 1 << 1;
@@ -19,7 +19,7 @@ constexpr UIControlEvents UIControlEventEditingChanged = 1 << 17;
 constexpr UIControlEvents UIControlEventEditingDidEnd = 1 << 18;
 constexpr UIControlEvents UIControlEventEditingDidEndOnExit = 1 << 19;
 
-/// Added; 0 is normal.
+/// A bit mask; 0 is normal.
 using UIControlState = NSUInteger;
 constexpr UIControlState UIControlStateNormal = 0;
 constexpr UIControlState UIControlStateHighlighted = 1;

@@ -189,6 +189,9 @@ struct NSURL : objc::Interface<NSURL, "NSURL", NSObject> {
 };
 
 extern "C" {
+/// nil where no class has the name.
+Class NSClassFromString(NSString* name);
+NSString* NSStringFromClass(Class of);
 /// Variadic: what is written here has no arguments.
 void NSLog(NSString* format, ...);
 extern NSString* const NSLocalizedDescriptionKey;

@@ -1,6 +1,6 @@
 // UIKit's private keyboard classes: those whose methods the library replaces, and what they are made of.
 #pragma once
-#include "platform/uikit.h"
+#include "platform/controls.h"
 
 // --- What a keyboard consists of, and how its keys are drawn ---
 
@@ -172,20 +172,21 @@ struct UIKeyboardEmojiCategoryBar
 /// the active one.
 struct UIKeyboardPredictionCell
     : objc::Interface<UIKeyboardPredictionCell, "UIKeyboardPredictionCell", UIView> {
-    NSString* text() { return send<"text", NSString*>(); }
-    void setText(NSString* text) { send<"setText:">(text); }
-    bool isActive() { return send<"isActive", bool>(); }
+    void setText(NSString* text, id prediction, bool active, bool is_emoji) {
+        send<"setText:prediction:active:isEmoji:">(text, prediction, active, is_emoji);
+    }
+    UILabel* label() { return send<"label", UILabel*>(); }
+    bool active() { return send<"active", bool>(); }
     void setActive(bool active) { send<"setActive:">(active); }
     UIColor* textColor() { return send<"textColor", UIColor*>(); }
 };
 
-/// A button below the keys: the globe, the microphone.
+/// The bar below the keys, on phones with a home indicator.
+struct UIKeyboardDockView : objc::Interface<UIKeyboardDockView, "UIKeyboardDockView", UIView> {};
+
+/// A button of the dock: the globe, the microphone.
 struct UIKeyboardDockItemButton
-    : objc::Interface<UIKeyboardDockItemButton, "UIKeyboardDockItemButton", UIView> {
-    UIImage* image() { return send<"image", UIImage*>(); }
-    /// Drawn as a template, in the tint colour.
-    void setImage(UIImage* image) { send<"setImage:">(image); }
-};
+    : objc::Interface<UIKeyboardDockItemButton, "UIKeyboardDockItemButton", UIButton> {};
 
 /// The system's backdrop for a numeric style. It fits itself to the view that it is put into.
 struct _UIBackdropView : objc::Interface<_UIBackdropView, "_UIBackdropView", UIView> {
@@ -195,11 +196,11 @@ struct _UIBackdropView : objc::Interface<_UIBackdropView, "_UIBackdropView", UIV
 };
 
 /// What stands behind a keyboard or a part of one.
-struct UIKBBackdropView : objc::Interface<UIKBBackdropView, "UIKBBackdropView", UIView> {
+struct UIKBBackdropView : objc::Interface<UIKBBackdropView, "UIKBBackdropView", UIVisualEffectView> {
     objc::strong<UIKBBackdropView> initWithFrame(CGRect frame, NSInteger style) {
         return send<"initWithFrame:style:", objc::strong<UIKBBackdropView>>(frame, style);
     }
-    UIView* contentView() { return send<"contentView", UIView*>(); }
+    void transitionToStyle(NSInteger style) { send<"transitionToStyle:">(style); }
     /// Added by the library: the themed view inside this one, or nil.
     UIView* activeBackgroundView() { return send<"activeBackgroundView", UIView*>(); }
     void setActiveBackgroundView(UIView* view) { send<"setActiveBackgroundView:">(view); }
@@ -213,14 +214,22 @@ struct UIKBVisualEffectView
     }
 };
 
-/// The backdrop of the whole keyboard: one piece, or a left and a right one while the keyboard is split.
+/// The backdrop of the keys, or of a bar above them: one piece, or a left and a right one while the keyboard
+/// is split. A piece may be nil.
 struct UIKBInputBackdropView : objc::Interface<UIKBInputBackdropView, "UIKBInputBackdropView", UIView> {
     UIKBBackdropView* inputBackdropFullView() { return send<"inputBackdropFullView", UIKBBackdropView*>(); }
     UIKBBackdropView* inputBackdropLeftView() { return send<"inputBackdropLeftView", UIKBBackdropView*>(); }
     UIKBBackdropView* inputBackdropRightView() { return send<"inputBackdropRightView", UIKBBackdropView*>(); }
-    /// While split, the full piece is hidden, and the left and the right one are shown.
-    bool isSplit() { return send<"isSplit", bool>(); }
-    void setSplit(bool split) { send<"setSplit:">(split); }
+    void setInputBackdropFullView(UIKBBackdropView* piece) { send<"setInputBackdropFullView:">(piece); }
+    void setInputBackdropLeftView(UIKBBackdropView* piece) { send<"setInputBackdropLeftView:">(piece); }
+    void setInputBackdropRightView(UIKBBackdropView* piece) { send<"setInputBackdropRightView:">(piece); }
+    /// Shows the full piece, in its own coordinates, and hides the others.
+    void layoutToFull(CGRect rect) { send<"layoutInputBackdropToFullWithRect:">(rect); }
+    /// Shows the left and the right piece, and hides the full one.
+    void layoutToSplit(CGRect left, CGRect right, NSUInteger inner_corners) {
+        send<"layoutInputBackdropToSplitWithLeftViewRect:andRightViewRect:innerCorners:">(left, right,
+                                                                                          inner_corners);
+    }
     /// Added by the library: takes the themed view out of the piece.
     void removeKBBackdropEffects(UIView* piece) { send<"removeKBBackdropEffects:">(piece); }
 };
@@ -253,18 +262,23 @@ struct UIInputSwitcherTableCellSegmentView
     void setSelected(bool selected) { send<"setSelected:">(selected); }
 };
 
+/// A view above a keyboard or in its place.
+struct UIInputView : objc::Interface<UIInputView, "UIInputView", UIView> {};
+
 /// The bar over the keyboard of a web form. Its instance variables `_leftToolbar` and `_rightToolbar` are
 /// views.
-struct UIWebFormAccessory : objc::Interface<UIWebFormAccessory, "UIWebFormAccessory", UIView> {};
+struct UIWebFormAccessory : objc::Interface<UIWebFormAccessory, "UIWebFormAccessory", UIInputView> {};
 
-/// The part of a toolbar that holds its buttons.
-struct _UIToolbarContentView : objc::Interface<_UIToolbarContentView, "_UIToolbarContentView", UIView> {};
+/// The part of a bar that holds its buttons.
+struct _UIBarContentView : objc::Interface<_UIBarContentView, "_UIBarContentView", UIView> {};
+struct _UIToolbarContentView
+    : objc::Interface<_UIToolbarContentView, "_UIToolbarContentView", _UIBarContentView> {};
 
 // --- The rest ---
 
 struct UIKeyboardImpl : objc::Interface<UIKeyboardImpl, "UIKeyboardImpl", UIView> {
-    /// Points. Orientations 1 and 2 are portrait, 3 and 4 landscape.
-    static CGSize keyboardSize(NSInteger orientation) {
+    /// Points; zero where the system has no such class.
+    static CGSize keyboardSize(UIInterfaceOrientation orientation) {
         return class_send<"keyboardSizeForInterfaceOrientation:", CGSize>(orientation);
     }
 };

@@ -25,6 +25,11 @@ constexpr UIImageRenderingMode UIImageRenderingModeAlwaysTemplate = 2;
 using UIImageOrientation = NSInteger;
 constexpr UIImageOrientation UIImageOrientationUp = 0;
 
+/// How the screen is held, as the system numbers it.
+using UIInterfaceOrientation = NSInteger;
+constexpr UIInterfaceOrientation UIInterfaceOrientationPortrait = 1;
+constexpr UIInterfaceOrientation UIInterfaceOrientationLandscapeLeft = 4;
+
 using UIViewContentMode = NSInteger;
 constexpr UIViewContentMode UIViewContentModeScaleToFill = 0;
 constexpr UIViewContentMode UIViewContentModeScaleAspectFit = 1;
@@ -227,14 +232,14 @@ struct UIResponder : objc::Interface<UIResponder, "UIResponder", NSObject> {
 struct UIView : objc::Interface<UIView, "UIView", UIResponder> {
     /// The class of the views' layers.
     static Class layerClass() { return class_send<"layerClass", Class>(); }
-    /// What the first block changes is shown bit by bit, in seconds. The second one, or nil, is told whether
-    /// the animations went to their end.
+    /// Animates the changes made by the block `animations`, in seconds; the block `completion`, or nil, gets
+    /// whether they finished.
     static void animate(double duration, double delay, UIViewAnimationOptions options, id animations,
                         id completion) {
         class_send<"animateWithDuration:delay:options:animations:completion:">(duration, delay, options,
                                                                                animations, completion);
     }
-    /// Like a spring: damping 1 does not swing; the velocity is in whole ways per second.
+    /// Like a spring: damping 1 does not overshoot; velocity 1 covers the whole distance in a second.
     static void animate(double duration, double delay, CGFloat damping, CGFloat velocity,
                         UIViewAnimationOptions options, id animations, id completion) {
         class_send<"animateWithDuration:delay:usingSpringWithDamping:initialSpringVelocity:options:"
@@ -389,6 +394,11 @@ struct UILabel : objc::Interface<UILabel, "UILabel", UIView> {
     void setNumberOfLines(NSInteger lines) { send<"setNumberOfLines:">(lines); }
     NSLineBreakMode lineBreakMode() { return send<"lineBreakMode", NSLineBreakMode>(); }
     void setLineBreakMode(NSLineBreakMode mode) { send<"setLineBreakMode:">(mode); }
+};
+
+/// Shows effects, and over them what is put into its content view. A view that is added to itself raises.
+struct UIVisualEffectView : objc::Interface<UIVisualEffectView, "UIVisualEffectView", UIView> {
+    UIView* contentView() { return send<"contentView", UIView*>(); }
 };
 
 struct UIImageView : objc::Interface<UIImageView, "UIImageView", UIView> {

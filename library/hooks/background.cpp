@@ -21,7 +21,7 @@ UIColor* average_of_theme_image() {
         ->colorWithAlphaComponent(sharedPreferences->getImageAlpha());
 }
 
-/// Keeps the view as the active one, and shows it over the whole content view.
+/// Shows the view over the whole content view.
 void show(UIView* themed, UIKBBackdropView* backdrop) {
     themed->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
     backdrop->contentView()->addSubview(themed);
@@ -79,16 +79,12 @@ objc::strong<UIKBBackdropView> install_background(objc::Previous<BackdropInit> p
 /// The visual-effect view gets no themed view, but a colour that comes near to the theme.
 objc::strong<UIKBBackdropView> approximate_background(objc::Previous<BackdropInit> previous,
                                                       UIKBBackdropView*, CGRect frame, NSInteger style) {
-    static Class keyboardImplClass = nullptr;
-    constexpr NSInteger portrait = 1;
     objc::strong<UIKBBackdropView> view = previous(frame, style);
     NSArray* colors = sharedPreferences->getColors();
     switch (sharedPreferences->getBackgroundType()) {
         case image_background: view->setBackgroundColor(average_of_theme_image()); break;
         case gradient_background: {
-            if (!keyboardImplClass) keyboardImplClass = objc_getClass("UIKeyboardImpl");
-            const auto size = objc::send<"keyboardSizeForInterfaceOrientation:", CGSize>(
-                reinterpret_cast<id>(keyboardImplClass), portrait);
+            const CGSize size = UIKeyboardImpl::keyboardSize(UIInterfaceOrientationPortrait);
             auto* active = static_cast<_UIBackdropGradientView*>(view->activeBackgroundView());
             view->setBackgroundColor(HCCITool::averageColorForImage(active->imageFromGradientOfSize(size))
                                          ->colorWithAlphaComponent(1.0));
@@ -133,9 +129,7 @@ void strip_pieces(UIKBInputBackdropView* self) {
 }
 
 void remove_backdrop_effects(UIKBInputBackdropView*, id piece) {
-    static Class backdropViewClass = nullptr;
-    if (!backdropViewClass) backdropViewClass = objc_getClass("UIKBBackdropView");
-    if (!static_cast<NSObject*>(piece)->isKindOfClass(backdropViewClass)) return;
+    if (!static_cast<NSObject*>(piece)->isKindOfClass(UIKBBackdropView::class_object())) return;
     auto* backdrop = static_cast<UIKBBackdropView*>(piece);
     if (backdrop->activeBackgroundView()) take_out_active_background(backdrop);
 }

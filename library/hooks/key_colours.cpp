@@ -29,10 +29,8 @@ void pass_no(bool& flag) { flag = false; }
 
 /// Glyphs are tinted by multiplication; everything else in the bar becomes the highlight colour.
 void recolour_category_glyphs(UIKeyboardEmojiCategoryBar*, CALayer* layer) {
-    static Class keyViewLayerClass = nullptr;
-    if (!keyViewLayerClass) keyViewLayerClass = objc_getClass("_UIKBKeyViewLayer");
     objc::for_each<CALayer>(layer->sublayers(), [](CALayer* sublayer) {
-        if (sublayer->isKindOfClass(keyViewLayerClass))
+        if (sublayer->isKindOfClass(_UIKBKeyViewLayer::class_object()))
             sublayer->setContentsMultiplyColor(text_colour()->CGColor());
         else if (sublayer->isKindOfClass(CALayer::class_object()))
             set_monochrome_filter(sublayer, sharedPreferences->getHighlightColor()->CGColor(), 0.5f);

@@ -46,12 +46,10 @@ void tint_segment_images(UIInputSwitcherTableCellSegmentView* self) {
 
 /// The toolbars' contents become monochrome in the bar's own tint colour, which is not the theme's.
 void filter_toolbars(UIWebFormAccessory* self) {
-    static Class toolbarContentViewClass = nullptr;
-    if (!toolbarContentViewClass) toolbarContentViewClass = objc_getClass("_UIToolbarContentView");
     for (const char* variable : {"_leftToolbar", "_rightToolbar"})
         objc::for_each<UIView>(
             objc::instance_variable<UIView>(self, variable)->subviews(), [self](UIView* content) {
-                if (content->isKindOfClass(toolbarContentViewClass))
+                if (content->isKindOfClass(_UIToolbarContentView::class_object()))
                     set_monochrome_filter(content->layer(), self->tintColor()->CGColor(), full_bias);
             });
 }

@@ -2,7 +2,7 @@
 #include "model/HCPreferences.h"
 
 #include "model/HuecraftConfig.h"
-#include "model/property_values.h"
+#include "model/property_list_file.h"
 #include "objc/class.h"
 
 namespace {
@@ -22,8 +22,7 @@ NSDictionary* read_preferences() {
     NSData* bytes = NSData::dataWithContentsOfFile(
         "/var/mobile/Library/Preferences/com.quillmoth.huecraftios12.plist"_ns);
     if (!bytes) return fallback_preferences();
-    id root = NSPropertyListSerialization::propertyListWithData(bytes, NSPropertyListSerialization::immutable,
-                                                                nullptr, nullptr);
+    id root = read_property_list(bytes);
     if (!root) return nullptr;
     auto* dictionary = as<NSDictionary>(root);
     return dictionary ? dictionary : fallback_preferences();

@@ -93,8 +93,7 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
         NSData* bytes = NSData::dataWithContentsOfFile(path);
         if (!bytes) return fail(error, config_error::unreadable);
         NSError* parse_error = nullptr;
-        id root = NSPropertyListSerialization::propertyListWithData(
-            bytes, NSPropertyListSerialization::immutable, nullptr, &parse_error);
+        id root = read_property_list(bytes, &parse_error);
         if (parse_error) {
             if (error) *error = parse_error;
             return nullptr;
@@ -105,7 +104,7 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
         return self;
     }
 
-    NSString* getConfigName() { return lasting_here(as<NSString>(value("_ConfigName"_ns))); }
+    NSString* getConfigName() { return kept_for_caller(as<NSString>(value("_ConfigName"_ns))); }
     UIColor* getTextColor() { return color_of(value("_TextColor"_ns)); }
     UIColor* getHighlightColor() { return color_of(value("_HighlightColor"_ns)); }
     NSUInteger getBackgroundType() { return unsigned_value(value("_BackgroundType"_ns), type_when_missing); }
@@ -150,7 +149,7 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
     /// Answers what the cache held when it was asked: the call that fills it answers nil. Hooks rely on
     /// asking again, so it stays.
     UIImage* getImageCache() {
-        if (ivars().backgroundImageCache) return lasting_here(ivars().backgroundImageCache.get());
+        if (ivars().backgroundImageCache) return kept_for_caller(ivars().backgroundImageCache.get());
         if (auto* data = as<NSData>(value("_Image"_ns))) {
             objc::AutoreleasePool decoded;  // only the scaled image stays
             // The preview's class, which stands above this one, knows how large a keyboard is.
@@ -191,7 +190,7 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
 
     /// The object, kept for as long as the caller's pool although a setter may replace it.
     template <class T>
-    static T* lasting_here(T* object) {
+    static T* kept_for_caller(T* object) {
         return strong<T>(object).autoreleased();
     }
 

@@ -2,6 +2,7 @@
 #include "settings/HCColorPickerController.h"
 
 #include "model/HCCITool.h"
+#include "model/property_list_file.h"
 #include "objc/class.h"
 #include "settings/clipboard_icons.h"
 #include "settings/panel_motion.h"
@@ -265,9 +266,7 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
     void grabRecentColorData() {
         auto& own = ivars();
         if (NSData* bytes = settings::recent_colors_file())
-            own.recentColorDictionary =
-                static_cast<NSMutableDictionary*>(NSPropertyListSerialization::propertyListWithData(
-                    bytes, NSPropertyListSerialization::immutable, nullptr, nullptr));
+            own.recentColorDictionary = static_cast<NSMutableDictionary*>(read_property_list(bytes));
         if (auto* dictionary = as<NSDictionary>(own.recentColorDictionary)) {
             own.recentColors = static_cast<NSMutableArray*>(dictionary->objectForKey("Colors"_ns));
         } else {

@@ -1,8 +1,8 @@
-// What a modal panel is built from: where it is, how it looks, and who is told of its buttons.
+// What a modal panel is built from: where it is, how it looks, and who is notified by its buttons.
 #pragma once
 #include "platform/uikit.h"
 
-/// The protocol of who is told of the panel's two buttons. Both methods are required.
+/// Notified by the panel's two buttons. Both methods are required.
 struct HCModalDelegate : objc::ProtocolInterface<"HCModalDelegate"> {
     void closeButtonPressed() { send<"closeButtonPressed">(); }
     void selectButtonPressed() { send<"selectButtonPressed">(); }

@@ -1,7 +1,7 @@
 // Whether Eclipse, another extension, darkens the Settings app: see the header.
 #include "settings/eclipse.h"
 
-#include "model/property_values.h"
+#include "model/property_list_file.h"
 
 namespace settings {
 
@@ -14,8 +14,7 @@ bool is_eclipse_enabled() {
     if (!files->fileExistsAtPath(library) || !files->fileExistsAtPath(preferences)) return false;
     NSData* bytes = NSData::dataWithContentsOfFile(preferences);
     if (!bytes) return false;
-    auto* values = as<NSDictionary>(NSPropertyListSerialization::propertyListWithData(
-        bytes, NSPropertyListSerialization::immutable, nullptr, nullptr));
+    auto* values = as<NSDictionary>(read_property_list(bytes));
     return bool_value(values->objectForKey("enabled"_ns)) &&
            bool_value(values->objectForKey("EnabledApps-com.apple.Preferences"_ns));
 }

@@ -4,7 +4,7 @@
 
 namespace settings {
 
-/// Puts the panel so many points below its place, from where it springs up half a second later.
+/// Moves the panel `height` points down; half a second later it springs back.
 void spring_up(UIView* panel, CGFloat height);
 /// Sideways, for a fifth of a second; the panel's place is not changed.
 void shake(UIView* panel);

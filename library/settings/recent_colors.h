@@ -9,7 +9,7 @@ constexpr NSInteger recent_color_count = 6;
 
 /// nil when it cannot be read.
 NSData* recent_colors_file();
-/// As many transparent blacks.
+/// `recent_color_count` transparent blacks.
 NSMutableArray* default_recent_colors();
 /// Puts the text in the place of the oldest one, unless it is the newest already, and writes the file. Raises
 /// for a list or a dictionary that is immutable, before anything is written. A failed write is not noticed.

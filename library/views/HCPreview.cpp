@@ -3,25 +3,15 @@
 
 #include "model/HCCITool.h"
 #include "objc/class.h"
+#include "platform/keyboard.h"
 #include "views/backdrops.h"
 #include "views/theme_background.h"
 #include "views/translucency.h"
-
-extern "C" Class NSClassFromString(NSString* name);
 
 namespace {
 
 using namespace objc::literals;
 using objc::strong;
-
-/// Interface orientations, as the system numbers them.
-constexpr NSInteger portrait = 1, landscape = 4;
-
-/// Zero where the system has no keyboard class to ask.
-CGSize keyboard_size(NSInteger orientation) {
-    auto keyboard = reinterpret_cast<id>(NSClassFromString("UIKeyboardImpl"_ns));
-    return objc::send<"keyboardSizeForInterfaceOrientation:", CGSize>(keyboard, orientation);
-}
 
 strong<UIImageView> make_picture_view(CGSize size, UIImage* picture) {
     auto view = UIImageView::make<"initWithFrame:">(CGRect{{0, 0}, size});
@@ -58,8 +48,12 @@ struct Preview : objc::Implements<Preview, HCPreview> {
         return instance;
     }
 
-    static CGSize keyboardPortraitSize(Class) { return keyboard_size(portrait); }
-    static CGSize keyboardLandscapeSize(Class) { return keyboard_size(landscape); }
+    static CGSize keyboardPortraitSize(Class) {
+        return UIKeyboardImpl::keyboardSize(UIInterfaceOrientationPortrait);
+    }
+    static CGSize keyboardLandscapeSize(Class) {
+        return UIKeyboardImpl::keyboardSize(UIInterfaceOrientationLandscapeLeft);
+    }
 
     strong<HCPreview> init() {
         auto self = initialised_by_super<"init">();

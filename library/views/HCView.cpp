@@ -3,8 +3,6 @@
 
 #include "objc/class.h"
 
-extern "C" NSString* NSStringFromClass(Class);
-
 namespace {
 
 using namespace objc::literals;
@@ -18,7 +16,7 @@ void pin_to_edges(UIView* inner, UIView* outer) {
     inner->bottomAnchor()->constraintEqualToAnchor(outer->bottomAnchor())->setActive(true);
 }
 
-/// The system's own backdrop; a subclass of it is none.
+/// Exactly _UIBackdropView, not a subclass.
 bool is_plain_backdrop(UIView* view) {
     return NSStringFromClass(view->send<"class", Class>())->isEqualToString("_UIBackdropView"_ns);
 }

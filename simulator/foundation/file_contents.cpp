@@ -83,6 +83,7 @@ NSString* path_of(NSURL* url) {
 
 std::optional<std::string> host_path_of(NSString* device_path, LastLink last) {
     const auto path = utf8_of(device_path);
+    errno = ENOENT;
     return path ? host_path(*path, last) : std::nullopt;
 }
 
@@ -95,7 +96,7 @@ int read_file(NSString* device_path, std::string& contents) {
 
 int write_file(NSString* device_path, std::string_view contents, Writing writing) {
     const auto path = host_path_of(device_path);
-    if (!path) return ENOENT;
+    if (!path) return errno;
     switch (writing) {
         case Writing::in_place: return write_to(*path, contents, O_TRUNC);
         case Writing::new_only: return write_to(*path, contents, O_EXCL);

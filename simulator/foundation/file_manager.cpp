@@ -29,10 +29,11 @@ bool failed_to_read(NSError** error, NSString* path, int posix_error) {
     return fail(error, [&] { return file_error(read_error(posix_error), path, posix_error); });
 }
 
-/// Why there is not even a link at the path, as an errno value; 0 if there is something.
+/// Why there is not even a link at the path that was just looked up, as an errno value; 0 if there is
+/// something.
 int absence(const std::optional<std::string>& host) {
     struct stat status;
-    if (!host) return ENOENT;
+    if (!host) return errno;
     return lstat(host->c_str(), &status) == 0 ? 0 : errno;
 }
 
@@ -51,15 +52,15 @@ std::optional<fs::perms> permissions_of(NSDictionary* attributes) {
 /// kept.
 struct Journey {
     std::optional<std::string> from, to;
-    Journey(NSString* source, NSString* destination)
-        : from(host_path_of(source, LastLink::keep)),
-          to(host_path_of(destination, LastLink::keep)) {}
-
     /// What forbids it, as an errno value; 0 if nothing does.
-    int obstacle() const {
-        if (const int missing = absence(from)) return missing;
-        if (!to) return ENOENT;
-        return absence(to) ? 0 : EEXIST;
+    int obstacle = 0;
+
+    Journey(NSString* source, NSString* destination) : from(host_path_of(source, LastLink::keep)) {
+        obstacle = absence(from);
+        if (obstacle) return;
+        to = host_path_of(destination, LastLink::keep);
+        const int absent = absence(to);
+        obstacle = !to ? absent : absent ? 0 : EEXIST;
     }
 };
 
@@ -90,7 +91,7 @@ struct Manager : NSFileManager {
 
     bool moveItem(NSString* source, NSString* destination, NSError** error) {
         const Journey journey(source, destination);
-        if (const int obstacle = journey.obstacle()) return failed_to_write(error, source, obstacle);
+        if (const int obstacle = journey.obstacle) return failed_to_write(error, source, obstacle);
         std::error_code failure;
         fs::rename(*journey.from, *journey.to, failure);
         return !failure || failed_to_write(error, source, failure.value());
@@ -98,7 +99,7 @@ struct Manager : NSFileManager {
 
     bool copyItem(NSString* source, NSString* destination, NSError** error) {
         const Journey journey(source, destination);
-        if (const int obstacle = journey.obstacle())
+        if (const int obstacle = journey.obstacle)
             return obstacle == EEXIST ? failed_to_write(error, source, obstacle)
                                       : failed_to_read(error, source, obstacle);
         std::error_code failure;
@@ -110,7 +111,7 @@ struct Manager : NSFileManager {
     bool createDirectory(NSString* path, bool with_intermediates, NSDictionary* attributes, NSError** error) {
         const auto permissions = permissions_of(attributes);
         const auto host = host_path_of(path);
-        if (!host) return failed_to_write(error, path, ENOENT);
+        if (!host) return failed_to_write(error, path, errno);
         std::error_code failure;
         if (with_intermediates) {
             const bool is_there = !absence(host);
@@ -138,7 +139,7 @@ struct Manager : NSFileManager {
     /// Sorted, so that nothing depends on the host.
     NSArray* contentsOfDirectory(NSString* path, NSError** error) {
         const auto host = host_path_of(path);
-        std::error_code failure(ENOENT, std::generic_category());
+        std::error_code failure(errno, std::generic_category());
         fs::directory_iterator entries;
         if (host) entries = fs::directory_iterator(*host, failure);
         if (failure) {
@@ -156,14 +157,15 @@ struct Manager : NSFileManager {
 
     bool createSymbolicLink(NSString* path, NSString* destination, NSError** error) {
         const auto host = host_path_of(path, LastLink::keep);
+        const int posix_error = errno;
         const auto target = utf8_of(destination);
-        if (!host || !target) return failed_to_write(error, path, ENOENT);
+        if (!host || !target) return failed_to_write(error, path, host ? ENOENT : posix_error);
         return symlink(target->c_str(), host->c_str()) == 0 || failed_to_write(error, path, errno);
     }
 
     NSString* destinationOfSymbolicLink(NSString* path, NSError** error) {
         const auto host = host_path_of(path, LastLink::keep);
-        std::error_code failure(ENOENT, std::generic_category());
+        std::error_code failure(errno, std::generic_category());
         fs::path target;
         if (host) target = fs::read_symlink(*host, failure);
         if (failure) failed_to_read(error, path, failure.value());

@@ -46,6 +46,15 @@ char** readable_environment() {
 
 namespace sim {
 
+void claim_arguments(const std::vector<std::string>& arguments) {
+    static std::vector<std::string> claimed;  // Foundation may keep the pointers
+    claimed = arguments;
+    std::vector<char*> vector;
+    for (std::string& argument : claimed) vector.push_back(argument.data());
+    vector.push_back(nullptr);
+    GSInitializeProcess(static_cast<int>(claimed.size()), vector.data(), readable_environment());
+}
+
 void start_foundation(const std::string& executable, ClaimedArguments arguments) {
     static std::string path;  // Foundation may keep the pointer
     path = executable;

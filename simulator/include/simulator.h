@@ -95,6 +95,9 @@ typedef struct sim_options {
     int injection; /* a sim_injection */
     /* Functions that are too short to be replaced, "UIKBGetNamedColor"; ends with NULL. */
     const char* const* unpatchable_functions;
+    /* Folders of the device that the process's sandbox denies it: what lies in them can be neither found, nor
+     * read, nor written; ends with NULL. They need not exist. */
+    const char* const* denied_folders;
 } sim_options;
 
 /* Switches the phone on: once per process. */
@@ -121,6 +124,13 @@ SIM_API const char* sim_class_name(const sim_library* library, size_t index);
 /* The processor time in seconds that the initialisers took when the library was loaded. Of an ELF build it is
  * the time of loading as a whole, which the dynamic linker does not divide. */
 SIM_API sim_status sim_initialiser_time(const sim_library* library, double* seconds);
+
+/* ---- Programs ------------------------------------------------------------------------------------------ */
+
+/* Runs a main executable, built for the device, that lies at a path of the device. The process claims to have
+ * the arguments, which end with NULL; the first is what it claims to be. A process that the program starts is
+ * a child of this one. What it writes goes to this process's standard output and error. */
+SIM_API sim_status sim_run(const char* device_path, const char* const* arguments, int* exit_status);
 
 /* ---- What the library installed ---------------------------------------------------------------------- */
 

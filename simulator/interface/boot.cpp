@@ -103,6 +103,11 @@ void check(const BootOptions& options) {
     const HookLimits& limits = options.hook_limits;
     for (const Names* names : {&limits.unfound_methods, &limits.methods_without_previous})
         for (const std::string& name : *names) check_method(name);
+    for (const std::string& folder : options.denied_folders)
+        if (!folder.starts_with('/') || folder.ends_with('/') || folder.find("/.") != folder.npos)
+            throw Refusal(SIM_MISUSE, "cannot deny \"" + folder +
+                                          "\": a folder is named by its whole path, such as "
+                                          "/var/mobile/Library/Preferences");
     for (const std::string& name : limits.unpatchable_functions)
         if (!is_hookable_function(name))
             throw Refusal(SIM_NOT_FOUND, "cannot keep " + name +
@@ -135,6 +140,7 @@ void boot(const BootOptions& options) {
     install_reference_counting();
     limit_hooks(options.hook_limits);
     mount_root(root);
+    deny_folders(options.denied_folders);
     objc_autoreleasePoolPush();  // the main thread's outermost pool, which is never drained
     mend_foundation();
     add_geometry_to_values();

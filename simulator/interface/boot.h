@@ -2,6 +2,7 @@
 #pragma once
 #include <set>
 #include <string>
+#include <vector>
 
 #include "foundation/process_arguments.h"
 #include "phone/device.h"
@@ -19,6 +20,8 @@ struct BootOptions {
     /// Names of classes that the model has and this phone has not.
     std::set<std::string, std::less<>> left_out_classes;
     HookLimits hook_limits;
+    /// Of the device, without links, by their paths without a slash at the end.
+    std::vector<std::string> denied_folders;
 };
 
 /// Once per process. Throws a Refusal before anything has been done, if the options cannot be met.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "interface/boot.h"
+#include "interface/executable.h"
 #include "interface/library.h"
 #include "interface/refusal.h"
 #include "objc/exception.h"
@@ -130,7 +131,7 @@ sim::Injection injection(int kind) {
 
 template <class Container>
 void insert_all(Container& into, const char* const* names) {
-    for (; names && *names; ++names) into.insert(*names);
+    for (; names && *names; ++names) into.insert(into.end(), *names);
 }
 
 sim::BootOptions boot_options(const sim_options& given) {
@@ -149,6 +150,7 @@ sim::BootOptions boot_options(const sim_options& given) {
     insert_all(limits.unfound_methods, options.unfound_methods);
     insert_all(limits.methods_without_previous, options.methods_without_previous);
     insert_all(limits.unpatchable_functions, options.unpatchable_functions);
+    insert_all(wanted.denied_folders, options.denied_folders);
     return wanted;
 }
 
@@ -238,6 +240,18 @@ sim_status sim_load(const char* host_path, sim_library** library) {
         require_boot("sim_load");
         libraries().push_back(std::make_unique<sim_library>(sim::load_library(host_path)));
         *library = libraries().back().get();
+    });
+}
+
+sim_status sim_run(const char* device_path, const char* const* arguments, int* exit_status) {
+    return answer([&] {
+        require(device_path, "sim_run", "device_path");
+        require(arguments, "sim_run", "arguments");
+        require(exit_status, "sim_run", "exit_status");
+        require_boot("sim_run");
+        std::vector<std::string> vector;
+        for (auto* argument = arguments; *argument; ++argument) vector.emplace_back(*argument);
+        *exit_status = sim::run_executable(device_path, vector);
     });
 }
 

@@ -54,6 +54,8 @@ class ElfLibrary final : public Library {
         return std::filesystem::path(install_name).stem() == name_;
     }
 
+    const void* start_if_it_holds(const void*) const override { return nullptr; }
+
   private:
     // The handle's search goes on to the libraries that it needs; what is found there is not its export.
     void* exported(const std::string& name) const override {

@@ -8,6 +8,8 @@
 #include <cmath>
 #include <string_view>
 
+#include "interface/dynamic_linker.h"
+#include "interface/processes.h"
 #include "objc/runtime.h"
 #include "runtime/exceptions.h"
 #include "runtime/exported.h"
@@ -89,6 +91,14 @@ void* resolve_import(const std::string& symbol) {
         {"__bzero", address(&clear_bytes)},
         {"memset_pattern16", address(&fill_with_pattern)},
         {"__sincos_stret", address(&sine_and_cosine)},
+        // What a program asks about the device, and not about the host.
+        {"dlopen", address(&open_library)},
+        {"dlsym", address(&symbol_of)},
+        {"dladdr", address(&information_about)},
+        {"dlerror", address(&last_linking_error)},
+        {"posix_spawn", address(&start_process)},
+        {"_NSGetExecutablePath", address(&path_of_executable)},
+        {"sysctlbyname", address(&system_number)},
     };
     for (const Import& import : imports)
         if (import.symbol == symbol) return import.address;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <fstream>
@@ -23,21 +24,9 @@ constexpr std::string_view elf_magic =
 constexpr std::string_view macho_magic = "\xcf\xfa\xed\xfe", fat_macho_magic = "\xca\xfe\xba\xbe";
 constexpr off_t largest_library = 256 << 20;
 
-std::string read_whole(const std::string& path) {
-    struct stat status;
-    if (stat(path.c_str(), &status) != 0) {
-        const int error = errno;
-        throw Refusal(error == ENOENT ? SIM_NOT_FOUND : SIM_BAD_FILE,
-                      "cannot load " + path + ": " + std::strerror(error));
-    }
-    if (!S_ISREG(status.st_mode)) throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it is not a file");
-    if (status.st_size > largest_library)
-        throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it is larger than any library, " +
-                                        std::to_string(status.st_size) + " bytes");
-    std::string contents(static_cast<size_t>(status.st_size), '\0');
-    if (!std::ifstream(path, std::ios::binary).read(contents.data(), status.st_size))
-        throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it cannot be read");
-    return contents;
+std::string real_path(const std::string& host_path) {
+    const std::unique_ptr<char, decltype(&std::free)> real(realpath(host_path.c_str(), nullptr), &std::free);
+    return real ? real.get() : host_path;
 }
 
 /// By the paths of their files.
@@ -54,6 +43,23 @@ Class class_behind(std::string_view symbol, std::string_view prefix, const std::
 }
 
 }  // namespace
+
+std::string contents_of(const std::string& path) {
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0) {
+        const int error = errno;
+        throw Refusal(error == ENOENT ? SIM_NOT_FOUND : SIM_BAD_FILE,
+                      "cannot load " + path + ": " + std::strerror(error));
+    }
+    if (!S_ISREG(status.st_mode)) throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it is not a file");
+    if (status.st_size > largest_library)
+        throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it is larger than any library, " +
+                                        std::to_string(status.st_size) + " bytes");
+    std::string contents(static_cast<size_t>(status.st_size), '\0');
+    if (!std::ifstream(path, std::ios::binary).read(contents.data(), status.st_size))
+        throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it cannot be read");
+    return contents;
+}
 
 double processor_seconds() {
     timespec now;
@@ -78,19 +84,28 @@ void* Library::symbol(std::string_view name) const {
 }
 
 std::unique_ptr<Library> load_library(const std::string& host_path) {
-    std::string contents = read_whole(host_path);
+    std::string contents = contents_of(host_path);
     auto is = [&](std::string_view magic) { return contents.starts_with(magic); };
     if (!is(elf_magic) && !is(macho_magic) && !is(fat_macho_magic))
         throw Refusal(SIM_BAD_FILE,
                       "cannot load " + host_path + ": it is neither an ELF nor a Mach-O library");
-    char* real = realpath(host_path.c_str(), nullptr);
-    const std::string path = real ? real : host_path;
-    std::free(real);
+    const std::string path = real_path(host_path);
     if (loaded_libraries().contains(path))
         throw Refusal(SIM_MISUSE, "cannot load " + host_path + ": it is loaded already");
     auto library = is(elf_magic) ? load_elf(path, contents) : load_macho(path, std::move(contents));
     loaded_libraries().emplace(path, library.get());
     return library;
+}
+
+const Library* loaded_from(const std::string& host_path) {
+    const auto found = loaded_libraries().find(real_path(host_path));
+    return found == loaded_libraries().end() ? nullptr : found->second;
+}
+
+const void* start_of_library_at(const void* address) {
+    for (const auto& [path, library] : loaded_libraries())
+        if (const void* start = library->start_if_it_holds(address)) return start;
+    return nullptr;
 }
 
 const Library* library_installed_as(std::string_view install_name) {

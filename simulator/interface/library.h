@@ -23,6 +23,10 @@ class Library {
     /// The processor time that its initialisers took, in seconds.
     double initialiser_seconds() const { return initialiser_seconds_; }
 
+    /// Where it begins in memory, if the address lies in it and the host's linker does not know that; else
+    /// null.
+    virtual const void* start_if_it_holds(const void* address) const = 0;
+
     /// Whether other libraries ask for its symbols under that name.
     virtual bool is_installed_as(std::string_view install_name) const = 0;
 
@@ -49,6 +53,15 @@ std::unique_ptr<Library> load_macho(const std::string& host_path, std::string co
 /// The library that others ask for under that name; null when none was loaded, and for the system's own.
 /// Whoever loaded it keeps it for good.
 const Library* library_installed_as(std::string_view install_name);
+
+/// The library that was loaded from a path of the host; null when none was.
+const Library* loaded_from(const std::string& host_path);
+
+/// Where the library begins that the address lies in; null for code of the host's own kind.
+const void* start_of_library_at(const void* address);
+
+/// What a file of the host holds. Throws a Refusal.
+std::string contents_of(const std::string& host_path);
 
 /// The processor time that the process has taken so far, in seconds.
 double processor_seconds();

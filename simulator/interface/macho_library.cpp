@@ -6,6 +6,7 @@
 
 #include "interface/imports.h"
 #include "interface/library.h"
+#include "interface/macho_image.h"
 #include "interface/refusal.h"
 #include "loader/image.h"
 #include "loader/objc_import.h"
@@ -23,6 +24,12 @@ class MachoLibrary final : public Library {
 
     bool is_installed_as(std::string_view install_name) const override {
         return image_.layout().install_name == install_name;
+    }
+
+    const void* start_if_it_holds(const void* address) const override {
+        const macho::Mapping& mapping = image_.mapping();
+        if (!mapping.contains(reinterpret_cast<uintptr_t>(address))) return nullptr;
+        return reinterpret_cast<const void*>(mapping.address_of(image_.layout().header_address));
     }
 
   private:
@@ -66,26 +73,32 @@ void adopt_strings(const macho::Image& image) {
 }
 
 /// The image, mapped and bound. The file's contents are gone by the time that anything of it runs.
-macho::Image image_of(const std::string& host_path, std::string contents) {
+macho::Image image_of(const std::string& host_path, std::string contents, macho::FileType type) {
     const std::span file(reinterpret_cast<const uint8_t*>(contents.data()), contents.size());
-    return macho::Image::load_bytes(file, host_path, [](const macho::Import& import) {
+    const auto resolve = [](const macho::Import& import) {
         // An import names its library. What another one has under the name is not meant.
         const Library* library = library_installed_as(import.install_name);
         return library ? library->symbol(import.symbol) : resolve_import(import.symbol);
-    });
+    };
+    return macho::Image::load_bytes(file, host_path, resolve, macho::Rules{}, type);
 }
 
 }  // namespace
 
-std::unique_ptr<Library> load_macho(const std::string& host_path, std::string contents) try {
-    auto image = image_of(host_path, std::move(contents));
+LoadedImage load_image(const std::string& host_path, std::string contents, macho::FileType type) {
+    auto image = image_of(host_path, std::move(contents), type);
     adopt_strings(image);
     auto classes = [&] {
         const AddingCategories adding;
         return macho::import_classes(image).registered;
     }();
     std::sort(classes.begin(), classes.end());
-    const double seconds = processor_seconds_of([&] { image.run_initialisers(); });
+    return {std::move(image), std::move(classes)};
+}
+
+std::unique_ptr<Library> load_macho(const std::string& host_path, std::string contents) try {
+    auto [image, classes] = load_image(host_path, std::move(contents), macho::FileType::dylib);
+    const double seconds = processor_seconds_of([&image = image] { image.run_initialisers(); });
     return std::make_unique<MachoLibrary>(std::move(image), std::move(classes), seconds);
 } catch (const macho::Error& error) {
     throw Refusal(SIM_BAD_FILE, std::string("cannot load ") + error.what());

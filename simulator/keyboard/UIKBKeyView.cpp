@@ -16,10 +16,16 @@ using namespace objc::literals;
 /// The glyph of a key that shows no text.
 std::optional<sim::Glyph> glyph_of(UIKBTree* key) {
     if (key->displayString() || !key->name()) return std::nullopt;
-    if (key->name()->isEqualToString("Delete-Key"_ns)) return sim::Glyph::backspace;
-    if (!key->name()->isEqualToString("Shift-Key"_ns)) return std::nullopt;
     const bool engaged = static_cast<sim::KeyKind>(key->displayType()) == sim::KeyKind::engaged_control;
-    return engaged ? sim::Glyph::shift_engaged : sim::Glyph::shift;
+    const std::pair<NSString*, sim::Glyph> glyphs[] = {
+        {"Delete-Key"_ns, sim::Glyph::backspace},
+        {"Shift-Key"_ns, engaged ? sim::Glyph::shift_engaged : sim::Glyph::shift},
+        {"International-Key"_ns, sim::Glyph::globe},
+        {"Dictation-Key"_ns, sim::Glyph::microphone},
+    };
+    for (const auto& [name, glyph] : glyphs)
+        if (key->name()->isEqualToString(name)) return glyph;
+    return std::nullopt;
 }
 
 struct KeyView : objc::Implements<KeyView, UIKBKeyView> {

@@ -1,7 +1,7 @@
 // The style that the keyboard is drawn in, and the backdrop that belongs to it.
 #include <string>
 
-#include "keyboard/backdrop_styles.h"
+#include "keyboard/backdrops/backdrop_styles.h"
 #include "objc/class.h"
 #include "platform/keyboard.h"
 #include "runtime/not_modelled.h"

@@ -25,7 +25,10 @@ constexpr Phone phones[] = {
 KeyboardMetrics keyboard_metrics(bool landscape) {
     const Device& screen = device();
     const CGFloat narrow = std::min(screen.screen_width, screen.screen_height);
-    const CGFloat width = landscape ? std::max(screen.screen_width, screen.screen_height) : narrow;
+    const CGFloat wide = std::max(screen.screen_width, screen.screen_height);
+    const CGFloat width = landscape ? wide : narrow;
+    // Phones with a home indicator are the ones whose screen is more than twice as high as wide.
+    const bool has_home_indicator = wide > 2 * narrow;
     const Phone* phone = phones;
     for (const Phone& other : phones)
         if (other.width <= narrow) phone = &other;
@@ -43,7 +46,9 @@ KeyboardMetrics keyboard_metrics(bool landscape) {
         .key = {(width - 2 * side - 9 * gap) / 10, key_height},
         .row_pitch = row_pitch,
         .prediction_height = landscape ? 34.0 : 42.0,
-        .dock_height = landscape ? 32.0 : 46.0,
+        .dock_height = !has_home_indicator ? 0.0
+                       : landscape         ? 53.0
+                                           : 75.0,
     };
 }
 

@@ -10,8 +10,10 @@ struct KeyboardMetrics {
     CGFloat side, gap, top;
     CGSize key;
     CGFloat row_pitch;
-    /// The bars above and below the keys.
-    CGFloat prediction_height, dock_height;
+    CGFloat prediction_height;
+    /// The bar below the keys with the globe and the microphone; 0 on a phone without a home indicator, where
+    /// both are keys.
+    CGFloat dock_height;
 };
 
 /// The bar along the bottom of the emoji plane, and the keys at its ends.

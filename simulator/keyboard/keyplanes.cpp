@@ -79,14 +79,27 @@ class Planner {
         add(2, end - side_key, end, "Delete-Key", nullptr, KeyKind::control);
     }
 
+    /// With a globe and a microphone between the other plane's key and the space bar, unless the dock has
+    /// them.
     void add_last_row(const Plan& plan, ReturnKey return_key) {
-        const CGFloat side_key = 2 * metrics_.key.width + 4 * metrics_.gap;
-        const CGFloat start = metrics_.side, end = metrics_.size.width - metrics_.side;
-        const CGFloat space_end = end - side_key - metrics_.gap;
+        const CGFloat wide_key = 2 * metrics_.key.width + 4 * metrics_.gap;
+        const CGFloat end = metrics_.size.width - metrics_.side, space_end = end - wide_key - metrics_.gap;
+        CGFloat left = metrics_.side;
+        auto add_left = [&](CGFloat width, const char* name, const char* text) {
+            add(3, left, left + width, name, text, KeyKind::control);
+            left += width + metrics_.gap;
+        };
+        if (metrics_.dock_height > 0) {
+            add_left(wide_key, "More-Key", plan.mode_text);
+        } else {
+            const CGFloat narrow_key = metrics_.key.width + metrics_.gap / 2;
+            add_left(narrow_key, "More-Key", plan.mode_text);
+            add_left(narrow_key, "International-Key", nullptr);
+            add_left(narrow_key, "Dictation-Key", nullptr);
+        }
         const bool confirms = return_key == ReturnKey::go;
-        add(3, start, start + side_key, "More-Key", plan.mode_text, KeyKind::control);
-        add(3, start + side_key + metrics_.gap, space_end, "Space-Key", "space", KeyKind::space);
-        add(3, end - side_key, end, "Return-Key", confirms ? "Go" : "return",
+        add(3, left, space_end, "Space-Key", "space", KeyKind::space);
+        add(3, end - wide_key, end, "Return-Key", confirms ? "Go" : "return",
             confirms ? KeyKind::confirming : KeyKind::control);
         add(3, space_end - 30, space_end - 4, "EnabledLanguageIndicator", "EN", KeyKind::indicator);
     }

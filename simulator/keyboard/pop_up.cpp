@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "keyboard/backdrop_styles.h"
+#include "keyboard/backdrops/backdrop_styles.h"
 #include "keyboard/key_painter.h"
 #include "keyboard/make.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "keyboard/backdrop_styles.h"
+#include "keyboard/backdrops/backdrop_styles.h"
 #include "keyboard/make.h"
 #include "keyboard/path.h"
 

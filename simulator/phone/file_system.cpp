@@ -24,6 +24,19 @@ std::string& root() {
 
 int root_descriptor = -1;
 
+std::vector<std::string>& denied_folders() {
+    static std::vector<std::string> folders;
+    return folders;
+}
+
+/// Of a path without links.
+bool is_denied(const std::string& device_path) {
+    return std::ranges::any_of(denied_folders(), [&](const std::string& folder) {
+        return device_path.starts_with(folder) &&
+               (device_path.size() == folder.size() || device_path[folder.size()] == '/');
+    });
+}
+
 constexpr int most_links = 32;  // as many as the device's kernel follows in one path
 
 enum class Found { nothing, link, folder, other };
@@ -64,6 +77,8 @@ void mount_root(const std::string& host_folder) {
     root_descriptor = open(host_folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
 }
 
+void deny_folders(std::vector<std::string> device_folders) { denied_folders() = std::move(device_folders); }
+
 std::optional<std::string> resolved_device_path(std::string_view device_path, LastLink last) {
     if (root().empty() || device_path.empty() || device_path.find('\0') != device_path.npos)
         return std::nullopt;
@@ -102,7 +117,8 @@ std::optional<std::string> resolved_device_path(std::string_view device_path, La
 
 std::optional<std::string> host_path(std::string_view device_path, LastLink last) {
     auto resolved = resolved_device_path(device_path, last);
-    if (!resolved) return std::nullopt;
+    errno = resolved ? EPERM : ENOENT;
+    if (!resolved || is_denied(*resolved)) return std::nullopt;
     return root() + *resolved;
 }
 
@@ -113,7 +129,7 @@ int open_file(std::string_view device_path, int flags) {
         device_path.substr(std::min(device_path.find_first_not_of('/'), device_path.size())));
     const bool is_plain = !below_root.empty() && below_root.size() == std::strlen(below_root.c_str()) &&
                           !below_root.starts_with('.') && below_root.find("/.") == below_root.npos;
-    if (is_plain) {
+    if (is_plain && denied_folders().empty()) {
         open_how how{};
         how.flags = static_cast<uint64_t>(flags);
         how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
@@ -121,9 +137,7 @@ int open_file(std::string_view device_path, int flags) {
         if (opened >= 0 || errno == ENOENT || errno == ENOTDIR) return static_cast<int>(opened);
     }
     const auto host = host_path(device_path);
-    if (host) return open(host->c_str(), flags);
-    errno = ENOENT;
-    return -1;
+    return host ? open(host->c_str(), flags) : -1;
 }
 
 }  // namespace sim

@@ -3,11 +3,15 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace sim {
 
 /// Makes the folder the root, by its real path. Called once, at boot.
 void mount_root(const std::string& host_folder);
+
+/// Folders of the device that the process's sandbox denies it, with everything in them: EPERM.
+void deny_folders(std::vector<std::string> device_folders);
 
 /// Whether a symbolic link at the very end of a path is followed. Links on the way always are.
 enum class LastLink { follow, keep };
@@ -16,7 +20,7 @@ enum class LastLink { follow, keep };
 /// chains of links say, as if the root folder were "/". A relative path counts from there too. What lies at
 /// the end need not exist, nor the folders before it. Nothing for a path that cannot be: an empty one, one
 /// with a zero byte, one whose links never end, or one that goes back ("..") from where nothing is. Before
-/// boot every path is nothing.
+/// boot every path is nothing. errno then says why: ENOENT, or EPERM of what the sandbox denies.
 ///
 /// Files of the device are reached through this function and open_file only.
 std::optional<std::string> host_path(std::string_view device_path, LastLink last = LastLink::follow);

@@ -14,7 +14,7 @@ IMP replace_method(Class owner, SEL selector, IMP replacement);
 IMP replace_method(Class owner, Method method, IMP replacement);
 
 /// libobjc's class_addMethod: false, and nothing happens, if the class has a method of its own. The exported
-/// function of that name keeps a record besides, which the simulator's own additions are none of.
+/// function of that name keeps a record; additions by the simulator itself are not recorded.
 bool add_method(Class owner, SEL selector, IMP implementation, const char* types);
 
 /// Gives a class of Foundation the C++ function as a method, in place of the one it has or in addition;

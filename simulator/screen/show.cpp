@@ -7,16 +7,17 @@
 #include <utility>
 
 #include "keyboard/UIKBKeyplaneView.h"
-#include "keyboard/backdrop_styles.h"
-#include "keyboard/bars.h"
+#include "keyboard/dock/dock.h"
 #include "keyboard/emoji_plane.h"
 #include "keyboard/key_kind.h"
 #include "keyboard/key_traits.h"
 #include "keyboard/keyplanes.h"
 #include "keyboard/make.h"
 #include "keyboard/pop_up.h"
+#include "keyboard/prediction/prediction_bar.h"
 #include "keyboard/split.h"
 #include "keyboard/switcher.h"
+#include "keyboard/window/input_window.h"
 #include "phone/device.h"
 #include "screen/app_content.h"
 #include "screen/picture.h"
@@ -112,32 +113,26 @@ strong<UIView> make_keyboard(const KeyboardRequest& request, KeyboardPlane plane
                              UIKBTree* pressed, const KeyboardMetrics& metrics) {
     constexpr CGFloat accessory_height = 44, switcher_margin = 6;
     const CGFloat width = metrics.size.width;
-    const CGFloat prediction_top = request.form_accessory ? accessory_height : 0;
-    const CGFloat key_top = prediction_top + (request.split ? 0 : metrics.prediction_height);
-    const CGFloat dock_top = key_top + metrics.size.height;
-    const CGRect whole{{0, 0}, {width, dock_top + metrics.dock_height}};
-
-    auto keyboard = make_view<UIView>(whole);
-    auto backdrop = make_view<UIKBInputBackdropView>(whole);
-    backdrop->setSplit(request.split);
-    keyboard->addSubview(backdrop);
-    if (request.form_accessory)
-        keyboard->addSubview(make_view<UIWebFormAccessory>({{0, 0}, {width, accessory_height}}));
-    if (!request.split)
-        keyboard->addSubview(make_prediction_bar({{0, prediction_top}, {width, metrics.prediction_height}}));
-
     auto factory = make<UIKBRenderFactory>();
-    strong<UIView> key_area = make_key_area(plane, keyplane, pressed, factory, metrics);
-    key_area->setFrame({{0, key_top}, metrics.size});
-    keyboard->addSubview(key_area);
-    keyboard->addSubview(make_dock({{0, dock_top}, {width, metrics.dock_height}}));
+    InputParts parts;
+    if (request.form_accessory)
+        parts.accessory = make_view<UIWebFormAccessory>({{0, 0}, {width, accessory_height}}).get();
+    if (!request.split) parts.predictions = make_prediction_bar({{0, 0}, {width, metrics.prediction_height}});
+    parts.keys = make_key_area(plane, keyplane, pressed, factory, metrics);
+    if (metrics.dock_height > 0) parts.dock = make_dock({{0, 0}, {width, metrics.dock_height}});
+    const InputWindow window = make_input_window(parts, width, request.split);
+
     if (pressed && is_character(pressed)) {
         CGRect frame = pressed->frame();
-        frame.origin.y += key_top;
-        keyboard->addSubview(make_pop_up(pressed, frame, width, factory));
+        frame.origin.y += window.key_top;
+        window.host->addSubview(make_pop_up(pressed, frame, width, factory));
     }
-    if (request.switcher) keyboard->addSubview(make_switcher({switcher_margin, dock_top}));
-    return keyboard;
+    if (request.switcher) {
+        // Over the globe, which is a key of the last row or in the dock.
+        const CGFloat globe_top = window.dock_top - (metrics.dock_height > 0 ? 0 : metrics.row_pitch);
+        window.host->addSubview(make_switcher({switcher_margin, globe_top}));
+    }
+    return window.host;
 }
 
 }  // namespace

@@ -240,13 +240,29 @@ TEST_F(Background, EveryThemedViewIsMadeWithStyle2) {
 
 // ---- What the system is asked for, and what it answers ----------------------------------------------------
 
-TEST_F(Background, TheSystemIsAskedForTheSameFrameAndStyle) {
+class AskedBackdrop : public Background {
+    void before_load() override {
+        static IMP previous;
+        previous =
+            stand_in("UIKBBackdropView",
+                     "initWithFrame:style:", [](id self, SEL selector, CGRect frame, NSInteger style) -> id {
+                         asked_for.emplace_back(frame, style);
+                         return call<id>(previous, self, selector, frame, style);
+                     });
+    }
+
+  protected:
+    static inline std::vector<std::pair<CGRect, NSInteger>> asked_for;
+};
+
+TEST_F(AskedBackdrop, TheSystemIsAskedForTheSameFrameAndStyle) {
     start("1", half_red);
     for (const char* name : {"UIKBBackdropView", "UIKBVisualEffectView"}) {
-        auto* view = static_cast<UIView*>(
-            made<"initWithFrame:style:">(name, CGRect{{5, 6}, {70, 80}}, NSInteger{3901}));
-        EXPECT_EQ(view->frame(), (CGRect{{5, 6}, {70, 80}})) << name;
-        EXPECT_EQ((view->send<"style", NSInteger>()), 3901) << name;
+        asked_for.clear();
+        constexpr CGRect frame{{5, 6}, {70, 80}};
+        auto* view = static_cast<UIView*>(made<"initWithFrame:style:">(name, frame, NSInteger{3901}));
+        EXPECT_EQ(view->frame(), frame) << name;
+        EXPECT_EQ(asked_for, (std::vector<std::pair<CGRect, NSInteger>>{{frame, 3901}})) << name;
     }
 }
 

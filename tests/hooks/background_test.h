@@ -30,9 +30,18 @@ class Background : public testing::Test {
     static UIKBVisualEffectView* effect() {
         return static_cast<UIKBVisualEffectView*>(styled("UIKBVisualEffectView"));
     }
-    static UIKBInputBackdropView* input() {
+    /// That was never split: with the full piece alone, which nobody has fetched yet.
+    static UIKBInputBackdropView* unsplit_input() {
         return static_cast<UIKBInputBackdropView*>(
             made<"initWithFrame:">("UIKBInputBackdropView", CGRect{{0, 0}, {375, 216}}));
+    }
+    /// With all three pieces, the full one shown.
+    static UIKBInputBackdropView* input() {
+        constexpr CGRect whole{{0, 0}, {375, 216}}, left{{0, 0}, {150, 216}}, right{{225, 0}, {150, 216}};
+        auto* view = unsplit_input();
+        view->layoutToSplit(left, right, 0);
+        view->layoutToFull(whole);
+        return view;
     }
 
     static std::string class_of(id object) { return object ? object_getClassName(object) : "nil"; }

@@ -209,6 +209,21 @@ TEST_F(PredictionCell, IsLaidOutByTheSystemFirst) {
     EXPECT_EQ(active_view(cell)->layer()->sublayers()->count(), 0u) << "what it adds goes, too";
 }
 
+TEST_F(PredictionCell, OneThatBecomesActiveLaterIsHighlightedAtItsNextLayout) {
+    phone.start();
+    auto* cell = static_cast<UIKeyboardPredictionCell*>(
+        made<"initWithFrame:">("UIKeyboardPredictionCell", CGRect{{0, 0}, {125, 42}}));
+    cell->layoutIfNeeded();
+    cell->setActive(true);
+    cell->layoutIfNeeded();
+    ASSERT_EQ(active_view(cell)->layer()->sublayers()->count(), 1u)
+        << "the system's white lies over the highlight: nothing asked for a layout";
+    cell->setNeedsLayout();
+    cell->layoutIfNeeded();
+    EXPECT_EQ(active_view(cell)->layer()->sublayers()->count(), 0u);
+    EXPECT_EQ(background(cell), theme_highlight);
+}
+
 // ---- Dock button -----------------------------------------------------------------------------------------
 
 TEST_F(GlyphColours, DockButtonsAreTintedWithTheTextColourAtEveryLayout) {
@@ -230,6 +245,42 @@ TEST_F(GlyphColours, ADockButtonIsLaidOutByTheSystemFirst) {
     id button = made("UIKeyboardDockItemButton");
     objc::send<"layoutSubviews">(button);
     EXPECT_EQ(rgba(objc::send<"tintColor", id>(button)), theme_text);
+}
+
+TEST_F(GlyphColours, ADockButtonsImageIsDrawnInTheTextColour) {
+    phone.start();
+    auto* button = static_cast<UIKeyboardDockItemButton*>(
+        made<"initWithFrame:">("UIKeyboardDockItemButton", CGRect{{0, 0}, {60, 46}}));
+    button->setImage(
+        filled_image(color(1, 0, 0), 20, 20)->imageWithRenderingMode(UIImageRenderingModeAlwaysTemplate),
+        UIControlStateNormal);
+    button->layoutIfNeeded();
+    EXPECT_EQ(button->imageView()->frame(), (CGRect{{20, 13}, {20, 20}})) << "the button laid it out";
+    EXPECT_EQ(rgba(button->imageView()->tintColor()), theme_text) << "the image has the button's tint";
+}
+
+// ---- Methods that the class inherits ---------------------------------------------------------------------
+
+TEST_F(GlyphColours, AnInheritedMethodIsReplacedForTheNamedClassAlone) {
+    struct Inherited {
+        const char *class_name, *owner, *selector;
+    };
+    constexpr Inherited rows[] = {{"UIKeyboardPredictionCell", "UIView", "layoutSubviews"},
+                                  {"UIKeyboardDockItemButton", "UIButton", "layoutSubviews"}};
+    auto implementation = [](const char* class_name, const char* selector) {
+        return class_getMethodImplementation(objc_getClass(class_name), sel_registerName(selector));
+    };
+    phone.boot();
+    std::vector<IMP> before;
+    for (const auto& row : rows) {
+        before.push_back(implementation(row.owner, row.selector));
+        EXPECT_EQ(implementation(row.class_name, row.selector), before.back()) << row.class_name;
+    }
+    phone.load();
+    for (size_t i = 0; i < std::size(rows); ++i) {
+        EXPECT_EQ(implementation(rows[i].owner, rows[i].selector), before[i]) << rows[i].owner;
+        EXPECT_NE(implementation(rows[i].class_name, rows[i].selector), before[i]) << rows[i].class_name;
+    }
 }
 
 // ---- A theme that lacks colours --------------------------------------------------------------------------

@@ -45,6 +45,16 @@ TEST_F(ImageBackground, EachPieceShowsTheImage) {
     }
 }
 
+TEST_F(ImageBackground, PiecesThatTheSystemHasNotMadeStayNil) {
+    start_with_alpha("<real>1.0</real>");
+    auto* view = unsplit_input();
+    EXPECT_EQ(raised_by([&] {
+                  EXPECT_EQ(view->inputBackdropLeftView(), nullptr);
+                  EXPECT_EQ(view->inputBackdropRightView(), nullptr);
+              }),
+              "");
+}
+
 TEST_F(ImageBackground, FetchingAPieceTwiceAddsOneImageOnly) {
     start_with_alpha("<real>1.0</real>");
     auto* view = input();
@@ -142,7 +152,7 @@ class ImageAlpha : public ImageBackground {
         start_with_alpha(alpha);
         stand_in("_UIBackdropImageView",
                  "setImageAlpha:", [](id, SEL, double value) { seen.push_back(value); });
-        input()->inputBackdropFullView();
+        unsplit_input()->inputBackdropFullView();
         if (seen.empty()) {
             ADD_FAILURE() << "backdropWithStyle: sends its own alpha";
             return {};
@@ -188,11 +198,6 @@ class Stripping : public ImageBackground {
         view = input();
         parent->addSubview(view);
     }
-    /// The system's own layout fetches the pieces, too: it does nothing here.
-    void before_load() override {
-        stand_in("UIKBInputBackdropView", "layoutSubviews", [](id, SEL) {});
-    }
-
     static void answer_init_for_ucb(Class type) {
         class_addMethod(type, sel_registerName("initForUCB:"),
                         reinterpret_cast<IMP>(+[](id self, SEL, int) { return self; }), "@20@0:8B16");

@@ -46,8 +46,11 @@ UIKBBackdropView* backdrop(const char* class_name, NSUInteger type) {
     return made_view;
 }
 
+/// With all three pieces.
 UIKBInputBackdropView* input_backdrop() {
-    return static_cast<UIKBInputBackdropView*>(made<"initWithFrame:">("UIKBInputBackdropView", frame));
+    auto* view = static_cast<UIKBInputBackdropView*>(made<"initWithFrame:">("UIKBInputBackdropView", frame));
+    view->layoutToSplit(frame, frame, 0);
+    return view;
 }
 
 std::string name_of_class(id object) { return object ? object_getClassName(object) : "nil"; }

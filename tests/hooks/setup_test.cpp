@@ -190,6 +190,55 @@ TEST_F(Setup, AnInheritedMethodIsReplacedForTheNamedClassOnly) {
     EXPECT_NE(layout_of("UIKeyboardDockItemButton"), of_every_view);
 }
 
+/// A row whose class inherits the method that it replaces.
+struct InheritedRow {
+    const char *owner, *declared_by, *selector;
+    /// The class that declares the method is in the table, too.
+    bool has_a_row_itself = false;
+    friend void PrintTo(const InheritedRow& row, std::ostream* out) { *out << row.owner; }
+};
+
+class InheritedMethod : public testing::TestWithParam<InheritedRow> {
+  protected:
+    static IMP of(const char* name) {
+        return class_getMethodImplementation(objc_getClass(name), sel_registerName(GetParam().selector));
+    }
+    Phone phone;
+};
+
+TEST_P(InheritedMethod, IsAddedToTheNamedClassInFrontOfTheInheritedOne) {
+    const auto& [owner, declared_by, selector, has_a_row_itself] = GetParam();
+    arrange_theme(phone);
+    phone.boot();
+    ASSERT_EQ(of(owner), of(declared_by)) << "the system's class has a method of its own";
+    const IMP of_the_superclass = of(declared_by);
+    phone.load();
+    EXPECT_NE(of(owner), of(declared_by));
+    EXPECT_EQ(of(declared_by) == of_the_superclass, !has_a_row_itself);
+}
+
+INSTANTIATE_TEST_SUITE_P(, InheritedMethod,
+                         testing::Values(InheritedRow{"UIKBVisualEffectView", "UIKBBackdropView",
+                                                      "initWithFrame:style:", true},
+                                         InheritedRow{"UIKBInputBackdropView", "UIView", "layoutSubviews"}),
+                         [](const auto& info) { return std::string(info.param.owner); });
+
+TEST_F(Setup, AVisualEffectViewGetsTheReplacementOfItsSuperclassAsWell) {
+    arrange_theme(phone);
+    phone.boot();
+    static std::vector<std::string> set;
+    phone.load();
+    static IMP previous;
+    previous = stand_in("UIKBBackdropView", "setActiveBackgroundView:", [](id self, SEL selector, id view) {
+        set.emplace_back(view ? object_getClassName(view) : "nil");
+        call(previous, self, selector, view);
+    });
+    made<"initWithFrame:style:">("UIKBVisualEffectView", CGRect{{0, 0}, {10, 10}}, NSInteger{2});
+    ASSERT_EQ(set.size(), 2u);
+    EXPECT_TRUE(set[0].starts_with("_UIBackdrop")) << set[0] << ", by the row of UIKBBackdropView";
+    EXPECT_EQ(set[1], "nil") << "by its own row";
+}
+
 TEST_F(Setup, DisabledLeavesTheKeyboardClassesAsTheyWere) {
     arrange_theme(phone, false);
     phone.boot();

@@ -24,6 +24,8 @@ struct Themed {
     const char *plane = nullptr, *pressed = nullptr;
     bool landscape = false, split = false, switcher = false, form_accessory = false;
     const char* page = "busy";
+    /// Points; an upright screen.
+    double screen_height = 667;
     /// What the test is called, where it is not called like the picture.
     const char* test_name = nullptr;
 
@@ -100,7 +102,7 @@ TEST_P(Keyboard, LooksAsExpected) {
     phone.write(preference_file, property_list("<dict><key>_Enabled</key><true/><key>_Config</key>"
                                                "<string>Made.plist</string></dict>"));
     phone.write(std::string(theme_folder) + "Made.plist", theme_file(themed));
-    phone.start();
+    phone.start({.screen_height = themed.screen_height});
     sim_keyboard keyboard{};
     keyboard.size = sizeof keyboard;
     keyboard.plane = themed.plane;
@@ -128,6 +130,7 @@ INSTANTIATE_TEST_SUITE_P(
         Themed{.name = "flat-translucent", .background = flat, .alpha = 0.6},
         Themed{.name = "flat-symbols", .background = flat, .caps = true, .plane = "symbols"},
         Themed{.name = "flat-emoji", .background = flat, .plane = "emoji"},
+        Themed{.name = "flat-dock", .background = flat, .page = "notes", .screen_height = 812},
         Themed{.name = "flat-landscape-split",
                .background = flat,
                .caps = true,

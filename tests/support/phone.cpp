@@ -98,9 +98,10 @@ static sim_injection injection_under_test() {
 }
 
 void Phone::boot(const Options& wanted) {
-    std::vector<const char*> left_out = wanted.left_out, unfound = wanted.unfound,
-                             without_previous = wanted.without_previous, unpatchable = wanted.unpatchable;
-    for (auto* list : {&left_out, &unfound, &without_previous, &unpatchable}) list->push_back(nullptr);
+    Options lists = wanted;
+    for (auto* list :
+         {&lists.left_out, &lists.unfound, &lists.without_previous, &lists.unpatchable, &lists.denied})
+        list->push_back(nullptr);
     const auto root = root_.string();
     sim_options options{};
     options.size = sizeof options;
@@ -111,11 +112,12 @@ void Phone::boot(const Options& wanted) {
     options.screen_width = wanted.screen_width;
     options.screen_height = wanted.screen_height;
     options.screen_scale = wanted.screen_scale;
-    options.left_out_classes = left_out.data();
-    options.unfound_methods = unfound.data();
-    options.methods_without_previous = without_previous.data();
+    options.left_out_classes = lists.left_out.data();
+    options.unfound_methods = lists.unfound.data();
+    options.methods_without_previous = lists.without_previous.data();
     options.injection = wanted.injection.value_or(injection_under_test());
-    options.unpatchable_functions = unpatchable.data();
+    options.unpatchable_functions = lists.unpatchable.data();
+    options.denied_folders = lists.denied.data();
     ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
     pool_ = objc_autoreleasePoolPush();
 }

@@ -80,7 +80,8 @@ class Phone {
         const char* executable = notes;
         sim_arguments arguments = SIM_ARGUMENTS_EXECUTABLE;
         const char* system_version = nullptr;
-        std::vector<const char*> left_out = {}, unfound = {}, without_previous = {}, unpatchable = {};
+        std::vector<const char*> left_out = {}, unfound = {}, without_previous = {}, unpatchable = {},
+                                 denied = {};
         /// Otherwise the one that HUECRAFT_INJECTION names: the library's tests run under several.
         std::optional<sim_injection> injection = {};
         double screen_width = 0, screen_height = 0;

@@ -29,13 +29,13 @@ check() {
 }
 
 check_format() {
-    cpp_files | xargs -0 -r clang-format-19 --dry-run -Werror --ferror-limit=1 2>&1 |
-        sed -nE 's/^([^:]+:[0-9]+):[0-9]+: error: .*/\1: not as clang-format-19 -i writes it/p'
+    cpp_files | xargs -0 -r "clang-format-$llvm" --dry-run -Werror --ferror-limit=1 2>&1 |
+        sed -nE 's/^([^:]+:[0-9]+):[0-9]+: error: .*/\1: not as clang-format-'"$llvm"' -i writes it/p'
 }
 
 check_tidy() {
     # The counts of what it suppressed are no finding. Two of them may have been written into each other.
-    files -path './objc/*.cpp' -o -path './platform/*.cpp' -o -path './library/*.cpp' | xargs -0 -r -n 1 -P 2 clang-tidy-19 -p build/release --quiet 2>&1 |
+    files -path './objc/*.cpp' -o -path './platform/*.cpp' -o -path './library/*.cpp' | xargs -0 -r -n 1 -P 2 "clang-tidy-$llvm" -p build/release --quiet 2>&1 |
         sed -E '/^[0-9]* ?(warning|error)s? .*generated\.$/d; /^$/d'
 }
 
@@ -52,6 +52,7 @@ check_includes() {
             below["library/settings"] = "settings model platform objc"
             below["library/hooks"] = "hooks views model platform objc"
             below["loader"] = "loader objc"
+            below["describe"] = "describe hooks platform objc"
             below["simulator/runtime"] = "runtime platform objc"
             below["simulator/phone"] = "phone runtime platform objc"
             below["simulator/foundation"] = "foundation phone runtime platform objc"
@@ -88,6 +89,16 @@ check_lengths() {
 
 check_whitespace() { files -true | xargs -0 -r grep -HnIE '[[:space:]]+$' || true; }
 
+# Every relative link of a page leads to a file.
+check_links() {
+    local page target
+    while IFS= read -r -d '' page; do
+        grep -oE '\]\([^)]+\)' "$page" | sed -E 's/^\]\(//; s/[)#].*$//' | while IFS= read -r target; do
+            [[ -z $target || $target == *:* || -e $(dirname "$page")/$target ]] || echo "$page: no file $target"
+        done || true
+    done < <(files -name '*.md')
+}
+
 check_scripts() {
     # Along with what they source.
     scripts | xargs -0 -r shellcheck --external-sources --check-sourced --severity=warning --format=gcc
@@ -104,6 +115,7 @@ command_lint() {
     check "macros are defined where nothing else serves" check_macros
     check "no C++ file has more than 600 lines" check_lengths
     check "no line ends in blanks" check_whitespace
+    check "links of pages lead to files" check_links
     check "scripts are sound" check_scripts
     check "clang-tidy finds nothing in objc/, platform/ and library/" check_tidy
     return "$lint_status"

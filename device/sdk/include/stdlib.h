@@ -1,5 +1,6 @@
-// What libc++'s own <stdlib.h> is built on. Memory comes from the Objective-C runtime, not from here.
+// What libc++'s own <stdlib.h> is built on. The library's memory comes from the Objective-C runtime, not from here.
 #pragma once
+#include <stddef.h>
 
 typedef struct {
     int quot, rem;
@@ -19,6 +20,8 @@ long labs(long value);
 long long llabs(long long value);
 ldiv_t ldiv(long numerator, long denominator);
 lldiv_t lldiv(long long numerator, long long denominator);
+void* malloc(size_t size);
+void free(void* memory);
 __attribute__((noreturn)) void abort(void);
 #ifdef __cplusplus
 }

@@ -57,6 +57,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Shown{.name = "switcher", .switcher = true, .page = "busy"},
                     Shown{.name = "form", .form_accessory = true, .page = "light"},
                     Shown{.name = "split", .split = true, .page = "busy"},
+                    Shown{.name = "dock", .screen_width = 375, .screen_height = 812, .screen_scale = 3},
                     Shown{.name = "small-phone", .screen_width = 320, .screen_height = 568},
                     Shown{
                         .name = "large-phone", .screen_width = 414, .screen_height = 736, .screen_scale = 3}),

@@ -1,9 +1,14 @@
 // Suggestions and dock buttons, with nothing replaced.
 #include "platform/keyboard.h"
+#include "platform/substrate.h"
 #include "support/phone.h"
 
 namespace test {
 namespace {
+
+IMP implementation(Class type, const char* selector) {
+    return class_getMethodImplementation(type, sel_registerName(selector));
+}
 
 class PredictionCell : public testing::Test {
   protected:
@@ -24,34 +29,59 @@ class PredictionCell : public testing::Test {
 
 TEST_F(PredictionCell, IsWrittenInBlack) { EXPECT_EQ(rgba(cell->textColor()), (Rgba{0, 0, 0, 1})); }
 
-TEST_F(PredictionCell, KeepsItsText) {
-    cell->setText(text("hello"));
-    EXPECT_EQ(utf8(cell->text()), "hello");
+TEST_F(PredictionCell, KeepsItsTextAndWhetherItIsActive) {
+    cell->setText(text("hello"), nullptr, true, false);
+    EXPECT_EQ(utf8(cell->label()->text()), "hello");
+    EXPECT_TRUE(cell->active());
+}
+
+TEST_F(PredictionCell, InheritsItsLayout) {
+    EXPECT_EQ(implementation(UIKeyboardPredictionCell::class_object(), "layoutSubviews"),
+              implementation(UIView::class_object(), "layoutSubviews"));
 }
 
 TEST_F(PredictionCell, ShowsItsActiveViewOnlyWhileItIsActive) {
-    cell->layoutIfNeeded();
     EXPECT_TRUE(active_view->isHidden());
     cell->setActive(true);
-    cell->layoutIfNeeded();
     EXPECT_FALSE(active_view->isHidden());
-    EXPECT_EQ(active_view->frame(), (CGRect{{5, 5}, {115, 32}}));
+    cell->setActive(false);
+    EXPECT_TRUE(active_view->isHidden());
 }
 
-TEST_F(PredictionCell, DrawsItsActiveStateWithALayerInTheActiveView) {
+TEST_F(PredictionCell, ItsPartsFollowItsFrame) {
+    cell->setActive(true);
+    cell->setFrame({{0, 0}, {200, 52}});
+    EXPECT_EQ(active_view->frame(), (CGRect{{5, 5}, {190, 42}}));
+    EXPECT_EQ(static_cast<CALayer*>(active_view->layer()->sublayers()->objectAtIndex(0))->frame(),
+              (CGRect{{0, 0}, {190, 42}}));
+    EXPECT_EQ(cell->label()->frame(), (CGRect{{0, 0}, {200, 52}}));
+}
+
+TEST_F(PredictionCell, BecomingActivePaintsAnewAndAsksForNoLayout) {
+    static int layouts = 0;
+    IMP previous = nullptr;
+    MSHookMessageEx(UIKeyboardPredictionCell::class_object(), sel_registerName("layoutSubviews"),
+                    reinterpret_cast<IMP>(+[](id, SEL) { ++layouts; }), &previous);
+    cell->layoutIfNeeded();
+    EXPECT_EQ(layouts, 1);
+    active_view->layer()->setSublayers(nullptr);
     cell->setActive(true);
     cell->layoutIfNeeded();
-    ASSERT_EQ(active_view->layer()->sublayers()->count(), 1u);
+    EXPECT_EQ(layouts, 1);
+    EXPECT_EQ(active_view->layer()->sublayers()->count(), 1u) << "its white layer is there again";
     EXPECT_EQ(active_view->layer()->backgroundColor(), nullptr);
 }
 
 TEST_F(PredictionCell, WritesInTheColourThatItsOwnGetterAnswers) {
-    cell->setText(text("hello"));
-    cell->layoutIfNeeded();
+    static UIColor* answered = nullptr;
+    answered = color(0, 1, 0);
+    IMP previous = nullptr;
+    MSHookMessageEx(UIKeyboardPredictionCell::class_object(), sel_registerName("textColor"),
+                    reinterpret_cast<IMP>(+[](id, SEL) -> id { return answered; }), &previous);
+    cell->setText(text("hello"), nullptr, false, false);
+    EXPECT_EQ(rgba(cell->label()->textColor()), (Rgba{0, 1, 0, 1}));
     NSArray* views = cell->subviews();
-    auto* label = as<UILabel>(views->objectAtIndex(views->count() - 1));
-    ASSERT_NE(label, nullptr) << "the text is in front";
-    EXPECT_EQ(rgba(label->textColor()), rgba(cell->textColor()));
+    EXPECT_EQ(views->objectAtIndex(views->count() - 1), cell->label()) << "the text is in front";
 }
 
 class DockItemButton : public testing::Test {
@@ -65,9 +95,11 @@ class DockItemButton : public testing::Test {
     UIKeyboardDockItemButton* button = nullptr;
 };
 
-TEST_F(DockItemButton, ShowsItsImageAsATemplate) {
-    button->setImage(filled_image(color(1, 0, 0), 20, 20));
-    EXPECT_EQ(button->image()->renderingMode(), UIImageRenderingModeAlwaysTemplate);
+TEST_F(DockItemButton, InheritsItsLayoutFromTheButton) {
+    EXPECT_EQ(implementation(UIKeyboardDockItemButton::class_object(), "layoutSubviews"),
+              implementation(UIButton::class_object(), "layoutSubviews"));
+    EXPECT_NE(implementation(UIButton::class_object(), "layoutSubviews"),
+              implementation(UIView::class_object(), "layoutSubviews"));
 }
 
 TEST_F(DockItemButton, TakesTheTintOfTheDock) {
@@ -78,7 +110,9 @@ TEST_F(DockItemButton, TakesTheTintOfTheDock) {
 }
 
 TEST_F(DockItemButton, DrawsItsImageInTheTintColour) {
-    button->setImage(filled_image(color(1, 0, 0), 20, 20));
+    button->setImage(
+        filled_image(color(1, 0, 0), 20, 20)->imageWithRenderingMode(UIImageRenderingModeAlwaysTemplate),
+        UIControlStateNormal);
     button->setTintColor(color(0, 0, 1));
     button->layoutIfNeeded();
     UIGraphicsBeginImageContextWithOptions({60, 46}, false, 1);

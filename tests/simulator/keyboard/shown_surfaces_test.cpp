@@ -133,6 +133,59 @@ TEST_F(ShownSurfaces, TheEmojiPlaneIsNeverSplit) {
                  "shifted, numbers, symbols");
 }
 
+// ---- Backdrops ----
+
+/// The views beside each other that make up the keyboard on the screen.
+std::vector<UIView*> parts_on_screen() {
+    void* host = nullptr;
+    EXPECT_EQ(sim_view_on_screen("UIInputSetHostView", &host), SIM_OK) << sim_last_error();
+    NSArray* subviews = static_cast<UIView*>(host)->subviews();
+    std::vector<UIView*> parts;
+    for (NSUInteger i = 0; i < subviews->count(); ++i)
+        parts.push_back(static_cast<UIView*>(subviews->objectAtIndex(i)));
+    return parts;
+}
+
+std::vector<CGRect> backdrop_frames() {
+    std::vector<CGRect> frames;
+    for (UIView* part : parts_on_screen())
+        if (as<UIKBInputBackdropView>(part)) frames.push_back(part->frame());
+    return frames;
+}
+
+TEST_F(ShownSurfaces, KeysPredictionsAndTheFormsBarHaveABackdropEach) {
+    auto keyboard = request();
+    show(keyboard);
+    EXPECT_EQ(backdrop_frames(), (std::vector<CGRect>{{{0, 42}, {375, 262}}, {{0, 0}, {375, 42}}}));
+    keyboard.form_accessory = true;
+    show(keyboard);
+    EXPECT_EQ(backdrop_frames(),
+              (std::vector<CGRect>{{{0, 86}, {375, 262}}, {{0, 44}, {375, 42}}, {{0, 0}, {375, 44}}}));
+}
+
+TEST_F(ShownSurfaces, ASplitKeyboardsBackdropIsThatOfTheKeys) {
+    auto keyboard = request();
+    keyboard.split = true;
+    show(keyboard);
+    EXPECT_EQ(backdrop_frames(), (std::vector<CGRect>{{{0, 0}, {375, 262}}}));
+}
+
+TEST_F(ShownSurfaces, TheFormsBarIsASiblingOfTheBackdropsAndAnswersInitForUCB) {
+    auto keyboard = request();
+    const SEL init_for_ucb = sel_registerName("initForUCB:");
+    const auto answering = [&] {
+        std::vector<std::string> classes;
+        for (UIView* part : parts_on_screen())
+            if (part->respondsToSelector(init_for_ucb)) classes.emplace_back(object_getClassName(part));
+        return classes;
+    };
+    show(keyboard);
+    EXPECT_EQ(answering(), std::vector<std::string>{});
+    keyboard.form_accessory = true;
+    show(keyboard);
+    EXPECT_EQ(answering(), std::vector<std::string>{"UIWebFormAccessory"});
+}
+
 // ---- Switcher ----
 
 TEST_F(ShownSurfaces, TheSwitcherHasThreeCellsAndThreeSegments) {

@@ -1,6 +1,6 @@
 // The input switcher and the bar over web forms, with nothing replaced.
 #include "platform/keyboard.h"
-#include "support/phone.h"
+#include "support/runtime.h"
 
 namespace test {
 namespace {
@@ -116,6 +116,13 @@ TEST_F(WebFormAccessory, ButtonsStandSideBySide) {
     };
     EXPECT_GT(frame(0).size.width, 0.0);
     EXPECT_GT(frame(1).origin.x, frame(0).origin.x + frame(0).size.width);
+}
+
+TEST_F(WebFormAccessory, IsToldThatItStandsInABarWithOthers) {
+    EXPECT_FALSE(variable<bool>(bar, "_usesUCB"));
+    bar->send<"initForUCB:">(id{});
+    EXPECT_TRUE(variable<bool>(bar, "_usesUCB"));
+    EXPECT_STREQ(class_getName(class_getSuperclass(bar->isa)), "UIInputView");
 }
 
 TEST_F(WebFormAccessory, TheTextIsInTheTintColour) {

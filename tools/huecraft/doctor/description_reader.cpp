@@ -13,8 +13,9 @@ namespace {
 
 constexpr const char* forms =
     "\"class Name : Superclass\", \"-[Class selector] types\", \"+[Class selector] types\", \"variable Class "
-    "name type\", \"function name\", \"system version\", \"unrecorded class Name\", \"unrecorded methods "
-    "Name\", \"unrecorded functions\", \"hook method took effect\" or \"hook method had no effect\"";
+    "name type\", \"function name\", \"system version\", \"unrecorded class Name\", \"unrecorded members "
+    "Name\", \"unrecorded methods\", \"unrecorded functions\", \"hook method took effect\" or \"hook method "
+    "had no effect\"";
 
 bool is_name(const std::string& text) {
     constexpr const char* letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_$.0123456789";
@@ -150,8 +151,8 @@ class DescriptionReader {
             device_.unrecorded_classes_.insert(rest);
         else if (kind == "methods" && rest.empty())
             device_.has_unrecorded_methods_ = true;
-        else if (kind == "methods" && is_name(rest))
-            device_.classes_[rest].has_unrecorded_methods = true;
+        else if (kind == "members" && is_name(rest))
+            device_.classes_[rest].has_unrecorded_members = true;
         else if (kind == "functions" && rest.empty())
             device_.has_unrecorded_functions_ = true;
         else

@@ -10,20 +10,14 @@ std::string selector_of_method(const std::string& method) {
     return method.substr(start, method.find(']') - start);
 }
 
-namespace {
-
-Member found_in(const std::map<std::string, std::string>& members, const std::string& name,
-                const std::string& owner) {
-    const auto found = members.find(name);
-    return found == members.end() ? Member() : Member{Presence::there, found->second, owner};
+bool DeviceDescription::may_have_more_variables(const std::string& class_name) const {
+    const auto known = classes_.find(class_name);
+    return unrecorded_classes_.contains(class_name) ||
+           (known != classes_.end() && known->second.has_unrecorded_members);
 }
 
-}  // namespace
-
-bool DeviceDescription::has_unrecorded_methods(const std::string& class_name) const {
-    if (has_unrecorded_methods_ || unrecorded_classes_.contains(class_name)) return true;
-    const auto known = classes_.find(class_name);
-    return known != classes_.end() && known->second.has_unrecorded_methods;
+bool DeviceDescription::may_have_more_methods(const std::string& class_name) const {
+    return has_unrecorded_methods_ || may_have_more_variables(class_name);
 }
 
 Presence DeviceDescription::class_named(const std::string& name) const {
@@ -31,46 +25,39 @@ Presence DeviceDescription::class_named(const std::string& name) const {
     return unrecorded_classes_.contains(name) ? Presence::unrecorded : Presence::missing;
 }
 
-/// Asks the class, then those above it.
-template <class Member_of>
-Member DeviceDescription::in_chain(const std::string& class_name, Member_of member_of) const {
-    Member found;
+/// Asks the class, then those above it. What hooks find in a superclass is told also where not all of it is;
+/// so only a class that nothing is told of, or the asked class itself, leaves the answer open.
+template <class Find>
+Member DeviceDescription::in_chain(const std::string& class_name, bool is_open, Find find) const {
     for (std::string each = class_name; !each.empty();) {
+        if (unrecorded_classes_.contains(each)) is_open = true;
         const auto known = classes_.find(each);
-        Member here = known == classes_.end() ? Member() : member_of(each, known->second);
-        if (here.presence == Presence::there) return here;
-        if (here.presence == Presence::unrecorded || unrecorded_classes_.contains(each))
-            found.presence = Presence::unrecorded;
         if (known == classes_.end()) break;
+        if (const auto [members, name] = find(known->second); members->contains(name))
+            return {Presence::there, members->at(name), each};
         each = known->second.superclass;
     }
-    return found;
-}
-
-Member DeviceDescription::method(const std::string& method) const {
-    const std::string key = method[0] + selector_of_method(method);
-    return in_chain(class_of_method(method), [&](const std::string& name, const ClassRecord& facts) {
-        Member found = found_in(facts.methods, key, name);
-        if (found.presence == Presence::missing && has_unrecorded_methods(name))
-            found.presence = Presence::unrecorded;
-        return found;
-    });
+    return {is_open ? Presence::unrecorded : Presence::missing, "", ""};
 }
 
 Member DeviceDescription::own_method(const std::string& method) const {
     const std::string owner = class_of_method(method);
-    Member found;
     if (const auto known = classes_.find(owner); known != classes_.end())
-        found = found_in(known->second.methods, method[0] + selector_of_method(method), owner);
-    if (found.presence == Presence::missing && has_unrecorded_methods(owner))
-        found.presence = Presence::unrecorded;
-    return found;
+        if (const auto found = known->second.methods.find(method[0] + selector_of_method(method));
+            found != known->second.methods.end())
+            return {Presence::there, found->second, owner};
+    return {may_have_more_methods(owner) ? Presence::unrecorded : Presence::missing, "", ""};
+}
+
+Member DeviceDescription::method(const std::string& method) const {
+    const std::string owner = class_of_method(method), name = method[0] + selector_of_method(method);
+    return in_chain(owner, may_have_more_methods(owner),
+                    [&](const ClassRecord& facts) { return std::pair(&facts.methods, name); });
 }
 
 Member DeviceDescription::variable(const std::string& class_name, const std::string& variable) const {
-    return in_chain(class_name, [&](const std::string& name, const ClassRecord& facts) {
-        return found_in(facts.variables, variable, name);
-    });
+    return in_chain(class_name, may_have_more_variables(class_name),
+                    [&](const ClassRecord& facts) { return std::pair(&facts.variables, variable); });
 }
 
 Presence DeviceDescription::function(const std::string& name) const {

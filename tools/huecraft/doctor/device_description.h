@@ -23,8 +23,8 @@ struct ClassRecord {
     std::map<std::string, std::string> methods;
     /// The name with its type.
     std::map<std::string, std::string> variables;
-    /// It may have methods that are not told.
-    bool has_unrecorded_methods = false;
+    /// It may have methods and variables that are not told.
+    bool has_unrecorded_members = false;
 };
 
 /// A text of one fact to a line, in any order, as docs/command.md says. What a superclass has, its subclasses
@@ -46,15 +46,16 @@ class DeviceDescription {
     /// Whether it is told that the library's hook of this target had no effect there.
     bool had_no_effect(const std::string& target) const { return without_effect_.contains(target); }
 
+    /// Every class that is named.
     const std::map<std::string, ClassRecord>& classes() const { return classes_; }
     const std::set<std::string>& functions() const { return functions_; }
-    bool has_unrecorded_functions() const { return has_unrecorded_functions_; }
+    bool may_have_more_methods(const std::string& class_name) const;
+    bool may_have_more_variables(const std::string& class_name) const;
 
   private:
     friend class DescriptionReader;
-    template <class Member_of>
-    Member in_chain(const std::string& class_name, Member_of member_of) const;
-    bool has_unrecorded_methods(const std::string& class_name) const;
+    template <class Find>
+    Member in_chain(const std::string& class_name, bool is_open, Find find) const;
 
     std::string system_;
     std::map<std::string, ClassRecord> classes_;

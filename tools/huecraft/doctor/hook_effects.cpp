@@ -5,6 +5,8 @@
 #include <set>
 #include <stdexcept>
 
+#include "platform/coregraphics.h"
+
 namespace command {
 namespace {
 
@@ -58,7 +60,7 @@ const std::map<std::string, std::string>& effects() {
         {"-[UIKBBackdropView setActiveBackgroundView:]",
          "the themed view of a backdrop is not kept, and colour and gradient are not shown"},
         {"-[UIKBVisualEffectView initWithFrame:style:]",
-         "the pop-up over a pressed key keeps the system's material"},
+         "the strip of applications in Messages keeps the system's background"},
         {"-[UIKBInputBackdropView inputBackdropFullView]",
          "a background image is not shown behind the keyboard"},
         {"-[UIKBInputBackdropView inputBackdropLeftView]",
@@ -134,7 +136,8 @@ const std::vector<LookUp>& look_ups() {
         {class_name, "_UIToolbarContentView", "",
          "the arrows and \"Done\" above the keyboard of a web form keep the system's colours", ""},
         {class_method, "UIKeyboardImpl", "+[UIKeyboardImpl keyboardSizeForInterfaceOrientation:]",
-         "the settings' preview has no size", "the settings stop when they show a preview"},
+         "the settings' preview has no size", "the settings stop when they show a preview",
+         objc::stored<objc::encode_plain_method<CGSize, NSInteger>()>.text},
         {variable, "UIKeyboardPredictionCell", "m_activeView", "",
          "applications stop when suggestions are shown"},
         {variable, "UIInputSwitcherTableCellSegmentView", "_invertedImage", "",

@@ -21,6 +21,8 @@ struct LookUp {
     std::string without_class;
     /// Where the class is there, and not its member.
     std::string without_member;
+    /// Of a method: the types with which it is called.
+    std::string types = {};
 };
 const std::vector<LookUp>& look_ups();
 

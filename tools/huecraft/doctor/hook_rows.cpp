@@ -9,6 +9,7 @@
 #include "doctor/device_description.h"
 #include "doctor/hook_effects.h"
 #include "doctor/method_types.h"
+#include "doctor/replacement_types.h"
 #include "objc/strong.h"
 #include "platform/uikit.h"
 #include "support/phone.h"
@@ -36,13 +37,15 @@ std::vector<HookRow> rows_of_the_library() {
         sim_installing_call call;
         tools::require(sim_installing_call_at(i, &call), "reading the hooks");
         if (call.kind == SIM_HOOK_FUNCTION) {
-            rows.push_back({call.name, HookRow::How::function});
+            rows.push_back({call.name, HookRow::How::function, ""});
             continue;
         }
         if (!call.class_name)
             throw tools::Failure(std::string("the simulator has no class for the hook of ") + call.name);
-        rows.push_back({std::string(call.on_class ? "+[" : "-[") + call.class_name + " " + call.name + "]",
-                        call.kind == SIM_ADD_METHOD ? HookRow::How::added : HookRow::How::replaced});
+        const std::string target =
+            std::string(call.on_class ? "+[" : "-[") + call.class_name + " " + call.name + "]";
+        rows.push_back({target, call.kind == SIM_ADD_METHOD ? HookRow::How::added : HookRow::How::replaced,
+                        types_of_replacement(target)});
     }
     return rows;
 }
@@ -91,7 +94,7 @@ std::string written(const std::map<std::string, ClassRecord>& records,
     const auto typed = [](const std::string& types) { return (types.empty() ? "" : " " + types) + "\n"; };
     for (const auto& [name, facts] : records) {
         classes += "class " + name + (facts.superclass.empty() ? "" : " : " + facts.superclass) + "\n";
-        if (facts.has_unrecorded_methods) unrecorded += "unrecorded methods " + name + "\n";
+        if (facts.has_unrecorded_members) unrecorded += "unrecorded members " + name + "\n";
         for (const auto& [method, types] : facts.methods)
             methods[method.substr(0, 1) + "[" + name + " " + method.substr(1) + "]"] = typed(types);
         for (const auto& [variable, types] : facts.variables)
@@ -109,6 +112,11 @@ std::string written(const std::map<std::string, ClassRecord>& records,
 std::vector<HookRow> installed_hook_rows(const Workshop& workshop) {
     boot(workshop);
     return rows_of_the_library();
+}
+
+std::map<std::string, ClassRecord> simulated_classes(const Workshop& workshop) {
+    boot(workshop);
+    return every_class();
 }
 
 std::string simulated_description(const Workshop& workshop) {
@@ -139,7 +147,7 @@ std::string simulated_description(const Workshop& workshop) {
         for (std::string above = facts.at(owner).superclass; !above.empty();
              above = facts.at(above).superclass) {
             told[above].superclass = facts.at(above).superclass;
-            told[above].has_unrecorded_methods = !described.contains(above);
+            told[above].has_unrecorded_members = !described.contains(above);
         }
     }
     objc::AutoreleasePool pool;

@@ -124,10 +124,9 @@ BackdropSampler::BackdropSampler(const Workshop& workshop) {
     double keyboard_top = screen.size.height;
     std::vector<sim_key> keys(sim_key_count());
     for (size_t i = 0; i < keys.size(); ++i) tools::require(sim_key_at(i, &keys[i]), "finding the keys");
-    // The bar of suggestions is as high above the first row as the whole keyboard is above the keys.
+    // The keys have a backdrop of their own; this phone has no dock, which would share it.
     const CGSize key_area = UIKeyboardImpl::keyboardSize(1);
-    constexpr double prediction_bar = 42, dock = 46;
-    keyboard_top -= key_area.height + prediction_bar + dock;
+    keyboard_top -= key_area.height;
     size_ = {screen.size.width, screen.size.height - keyboard_top};
     for (const sim_key& key : keys) {
         Place place{key.text ? key.text : key.name, {}};
@@ -148,6 +147,7 @@ Behind BackdropSampler::behind(HuecraftConfig* config) const {
     auto page = make_view<UIView>({{0, 0}, size_});
     page->setBackgroundColor(UIColor::colorWithWhite(0.97, 1));
     auto backdrop = make_view<UIKBInputBackdropView>({{0, 0}, size_});
+    backdrop->layoutToFull({{0, 0}, size_});
     page->addSubview(backdrop);
     page->layoutIfNeeded();
     UIGraphicsBeginImageContextWithOptions(size_, true, backdrop_scale);

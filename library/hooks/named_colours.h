@@ -1,0 +1,9 @@
+// The system's named-colour lookup, answering the theme's colours.
+#pragma once
+
+namespace hooks {
+
+/// Hooks `UIKBGetNamedColor`, in every process: it may be asked on any thread.
+void hook_named_colors();
+
+}  // namespace hooks

@@ -1,8 +1,0 @@
-// A bar of buttons, as much of it as the keyboard's accessories need.
-#pragma once
-#include "platform/keyboard.h"
-
-/// Its buttons are views of their own size, side by side in its content view, in the tint colour.
-struct UIToolbar : objc::Interface<UIToolbar, "UIToolbar", UIView> {
-    _UIToolbarContentView* contentView() { return send<"contentView", _UIToolbarContentView*>(); }
-};

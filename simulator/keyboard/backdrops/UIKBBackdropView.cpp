@@ -1,0 +1,28 @@
+// What stands behind a keyboard or a part of one: a material of the system's and, over it, whatever is put
+// into the content view. The model's materials are plain colours; nothing is blurred.
+#include "keyboard/backdrops/backdrop_material.h"
+#include "objc/class.h"
+#include "platform/keyboard.h"
+#include "uikit/effects/UIVisualEffectView.h"
+
+namespace {
+
+struct BackdropView : objc::Implements<BackdropView, UIKBBackdropView> {
+    using Ivars = objc::NoIvars;
+
+    objc::strong<UIKBBackdropView> initWithFrame(CGRect frame, NSInteger style) {
+        auto self = initialised_by_super<"initWithFrame:">(frame);
+        if (self) static_cast<UIKBBackdropView*>(self.get())->transitionToStyle(style);
+        return self;
+    }
+
+    void transitionToStyle(NSInteger style) { sim::show_effect(this, sim::backdrop_material(style).color); }
+};
+
+}  // namespace
+
+using namespace objc::definition;
+
+OBJC_CLASS(UIKBBackdropView, UIVisualEffectView, BackdropView,
+           method<"initWithFrame:style:", &BackdropView::initWithFrame>,
+           method<"transitionToStyle:", &BackdropView::transitionToStyle>)

@@ -1,0 +1,1 @@
+// The precompiled headers belong to this file.
