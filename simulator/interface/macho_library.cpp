@@ -80,7 +80,7 @@ macho::Image image_of(const std::string& host_path, std::string contents, macho:
         const Library* library = library_installed_as(import.install_name);
         return library ? library->symbol(import.symbol) : resolve_import(import.symbol);
     };
-    return macho::Image::load_bytes(file, host_path, resolve, {}, type);
+    return macho::Image::load_bytes(file, host_path, resolve, macho::Rules{}, type);
 }
 
 }  // namespace
