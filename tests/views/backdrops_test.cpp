@@ -198,7 +198,7 @@ TEST_F(Backdrop, TheContentViewLiesOverWhatTheSystemsBackdropMade) {
                                         std::pair("_UIBackdropImageView", "imageView"),
                                         std::pair("_UIBackdropGradientView", "gradientView")}) {
         id backdrop = with_style(name);
-        EXPECT_EQ(static_cast<UIView*>(backdrop)->subviews()->count(), 2u) << name;
+        EXPECT_EQ(static_cast<UIView*>(backdrop)->subviews()->count(), 3u) << name << ": with its effect";
         expect_content_set_up(backdrop, variable<UIView*>(backdrop, content));
     }
 }
