@@ -28,6 +28,10 @@ TEST(Crashing, Aborts) {
 }
 TEST(Exiting, ClaimsToHavePassed) { std::exit(0); }
 TEST(Hanging, Sleeps) { std::this_thread::sleep_for(std::chrono::hours(1)); }
+TEST(Hanging, Computes) {
+    for (volatile unsigned turns = 0;; turns = turns + 1) {
+    }
+}
 TEST(Skipping, SaysWhy) { GTEST_SKIP() << "there is nothing to do"; }
 
 class Each : public testing::TestWithParam<const char*> {};

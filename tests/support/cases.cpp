@@ -4,6 +4,7 @@
 #include <fnmatch.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -23,12 +24,13 @@ namespace {
 struct Settings {
     std::string prefix;
     size_t jobs = std::max(1u, std::thread::hardware_concurrency());
-    unsigned limit = 120;
+    unsigned limit = 120, patience = 1200;
     bool here = false;
 };
 
 enum class Verdict { passed, failed, skipped };
-// What a case's process says of itself. Every other status is a failure: a case that calls exit(0) has not passed.
+// What a case's process says of itself. Every other status is a failure: a case that calls exit(0) has not
+// passed.
 constexpr int passed_status = 76, skipped_status = 77;
 
 struct Case {
@@ -64,10 +66,13 @@ Settings settings(int argc, char** argv) {
             read.jobs = number(argument, value);
         else if (argument.starts_with("--limit="))
             read.limit = number(argument, value);
+        else if (argument.starts_with("--patience="))
+            read.patience = number(argument, value);
         else if (argument == "--here")
             read.here = true;
         else
-            misuse(argument + ": expected --prefix=, --jobs=, --limit=, --here or an option of gtest's");
+            misuse(argument +
+                   ": expected --prefix=, --jobs=, --limit=, --patience=, --here or an option of gtest's");
     }
     return read;
 }
@@ -101,10 +106,12 @@ std::vector<Case> selected_cases() {
 }
 
 /// The whole life of a case's process.
-[[noreturn]] void run_one(const Case& one, unsigned limit) {
+[[noreturn]] void run_one(const Case& one, const Settings& settings) {
     const int output = fileno(one.output);
     if (dup2(output, STDOUT_FILENO) < 0 || dup2(output, STDERR_FILENO) < 0) _exit(1);
-    alarm(limit);
+    const itimerval limit{.it_interval = {}, .it_value = {.tv_sec = settings.limit, .tv_usec = 0}};
+    setitimer(ITIMER_PROF, &limit, nullptr);
+    alarm(settings.patience);
     GTEST_FLAG_SET(filter, one.name);
     GTEST_FLAG_SET(brief, true);
     const int result = RUN_ALL_TESTS();
@@ -118,13 +125,13 @@ std::vector<Case> selected_cases() {
     std::exit(program.skipped_test_count() ? skipped_status : passed_status);
 }
 
-pid_t start(Case& one, unsigned limit) {
+pid_t start(Case& one, const Settings& settings) {
     one.output = std::tmpfile();
     if (!one.output) misuse("there is no place for temporary files");
     std::fflush(nullptr);
     const pid_t process = fork();
     if (process < 0) misuse("no process can be made");
-    if (process == 0) run_one(one, limit);
+    if (process == 0) run_one(one, settings);
     return process;
 }
 
@@ -132,9 +139,12 @@ double seconds(const timeval& time) { return static_cast<double>(time.tv_sec) + 
 double processor_seconds(const rusage& usage) { return seconds(usage.ru_utime) + seconds(usage.ru_stime); }
 
 /// How a process ended that did not pass, where the case itself cannot have said so.
-std::string ending(int status, unsigned limit) {
+std::string ending(int status, const Settings& settings) {
     if (!WIFSIGNALED(status)) return "";
-    if (WTERMSIG(status) == SIGALRM) return ": it took more than " + std::to_string(limit) + " s";
+    if (WTERMSIG(status) == SIGPROF)
+        return ": it took more than " + std::to_string(settings.limit) + " s of processor time";
+    if (WTERMSIG(status) == SIGALRM)
+        return ": it was not done after " + std::to_string(settings.patience) + " s";
     return std::string(": ") + strsignal(WTERMSIG(status));
 }
 
@@ -151,7 +161,7 @@ void finish(Case& one, int status, const rusage& usage, const Settings& settings
     if (WIFEXITED(status) && WEXITSTATUS(status) == skipped_status) one.verdict = Verdict::skipped;
     if (one.verdict != Verdict::passed) {
         std::printf("%s: %s%s%s\n", one.verdict == Verdict::failed ? "FAILED" : "SKIPPED",
-                    settings.prefix.c_str(), one.name.c_str(), ending(status, settings.limit).c_str());
+                    settings.prefix.c_str(), one.name.c_str(), ending(status, settings).c_str());
         print_output(one);
     }
     std::fclose(one.output);
@@ -162,7 +172,7 @@ void run(std::vector<Case>& cases, const Settings& settings) {
     for (auto next = cases.begin(); next != cases.end() || !running.empty();) {
         if (next != cases.end() && running.size() < settings.jobs) {
             Case& one = *next++;
-            running[start(one, settings.limit)] = &one;
+            running[start(one, settings)] = &one;
             continue;
         }
         int status = 0;

@@ -9,7 +9,8 @@ namespace test {
 /// summary. Arguments:
 ///   --prefix=<text>    stands before the names that are printed
 ///   --jobs=<number>    runs so many cases at once; as many as there are processors unless given
-///   --limit=<seconds>  ends a case that takes longer; 120 unless given
+///   --limit=<seconds>  ends a case that takes more processor time; 120 unless given
+///   --patience=<seconds>  ends a case that is not done by then; 1200 unless given, for a machine may be busy
 ///   --here             runs them in this process, one after another: for the debugger
 int run_cases(int argc, char** argv);
 

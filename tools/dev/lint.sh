@@ -33,10 +33,43 @@ check_format() {
         sed -nE 's/^([^:]+:[0-9]+):[0-9]+: error: .*/\1: not as clang-format-'"$llvm"' -i writes it/p'
 }
 
+# What clang-tidy found nothing in is not read again: build/tidy has an empty file named after a digest of all that decides
+# it, which is its checks, its version, and the source with whatever the build says that it includes.
 check_tidy() {
-    # The counts of what it suppressed are no finding. Two of them may have been written into each other.
-    files -path './objc/*.cpp' -o -path './platform/*.cpp' -o -path './library/*.cpp' | xargs -0 -r -n 1 -P 2 "clang-tidy-$llvm" -p build/release --quiet 2>&1 |
-        sed -E '/^[0-9]* ?(warning|error)s? .*generated\.$/d; /^$/d'
+    mkdir -p build/tidy/includes
+    ninja -C build/release -t deps | awk -v root="$root/" '
+        /: #deps/ { list = ""; is_host = index($0, "CMakeFiles/"); next }
+        /^    / && is_host {
+            name = substr($0, 5)
+            if (list == "") {
+                list = index(name, root) == 1 ? substr(name, length(root) + 1) : name
+                sub(/^(\.\.\/)+/, "", list)
+                gsub("/", ":", list)
+                list = "build/tidy/includes/" list
+            }
+            print name >list
+        }
+        /^$/ && list != "" { close(list) }'
+    files -path './objc/*.cpp' -o -path './platform/*.cpp' -o -path './library/*.cpp' |
+        LLVM=$llvm xargs -0 -r -n 1 -P "$(nproc)" bash -c "$(declare -f tidy); tidy \"\$1\"" tidy
+}
+
+# tidy <source>: prints what clang-tidy finds in it, unless it is known to find nothing.
+tidy() {
+    local includes=build/tidy/includes/${1//\//:} stamp='' found status=0
+    if [[ -s $includes ]]; then
+        stamp=$({ cat .clang-tidy .llvm-version && cd build/release && xargs -d '\n' sha256sum; } <"$includes" 2>&1 | sha256sum)
+        stamp=build/tidy/${stamp%% *}
+        [[ ! -e $stamp ]] || return 0
+    fi
+    # The counts of what it suppressed are no finding.
+    found=$(set -o pipefail && "clang-tidy-$LLVM" -p build/release --quiet "$1" 2>&1 |
+        sed -E '/^[0-9]+ (warning|error)s? .*generated\.$/d; /^$/d') || status=$?
+    if [[ $found ]] || ((status)); then
+        echo "${found:-$1: clang-tidy ended with status $status}"
+    elif [[ $stamp ]]; then
+        : >"$stamp"
+    fi
 }
 
 # Which folder may include which. Both towers, the library and the simulator, stand on objc and platform and know nothing
