@@ -103,9 +103,9 @@ TEST_F(Convert, WhatIsNoPropertyListLeavesTheOutputAlone) {
     EXPECT_EQ(read("kept.plist"), "kept");
 }
 
-TEST_F(Convert, AFileMayBeReplacedByItsOwnConversion) {
+TEST_F(Convert, AFileIsReplacedByItsOwnConversionWhenForced) {
     write("a.plist", rich_theme());
-    EXPECT_EQ(run({"convert", "a.plist", "-o", "a.plist", "--to", "binary"}).status, 0);
+    EXPECT_EQ(run({"convert", "a.plist", "-o", "a.plist", "--to", "binary", "--force"}).status, 0);
     EXPECT_TRUE(read("a.plist").starts_with("bplist00"));
 }
 

@@ -83,7 +83,7 @@ TEST_F(Keyboard, AnOutputThatIsAFolderIsNamedAndKept) {
 
 TEST_F(Keyboard, AnOutputThroughALinkReplacesWhatItPointsTo) {
     write("sound.plist", sound_theme());
-    write("old.png", "old");
+    write("old.png", "");
     std::filesystem::create_symlink("old.png", path("link.png"));
     ASSERT_EQ(run({"keyboard", "sound.plist", "-o", "link.png"}).status, 0);
     EXPECT_TRUE(std::filesystem::is_symlink(path("link.png")));

@@ -88,6 +88,31 @@ std::string jpeg_of(const Sample& picture, const JpegWish& wish) {
     return file;
 }
 
+std::string large_jpeg(int width, int height) {
+    std::vector<uint8_t> row;
+    for (int x = 0; x < width * 3; ++x) row.push_back(static_cast<uint8_t>(x / 3 * 255 / width));
+    jpeg_compress_struct jpeg{};
+    jpeg_error_mgr errors;
+    jpeg.err = jpeg_std_error(&errors);
+    jpeg_create_compress(&jpeg);
+    unsigned char* bytes = nullptr;
+    unsigned long length = 0;
+    jpeg_mem_dest(&jpeg, &bytes, &length);
+    jpeg.image_width = static_cast<JDIMENSION>(width);
+    jpeg.image_height = static_cast<JDIMENSION>(height);
+    jpeg.input_components = 3;
+    jpeg.in_color_space = JCS_RGB;
+    jpeg_set_defaults(&jpeg);
+    jpeg_start_compress(&jpeg, TRUE);
+    JSAMPROW line = row.data();
+    for (int y = 0; y < height; ++y) jpeg_write_scanlines(&jpeg, &line, 1);
+    jpeg_finish_compress(&jpeg);
+    jpeg_destroy_compress(&jpeg);
+    std::string file(reinterpret_cast<const char*>(bytes), length);
+    std::free(bytes);
+    return file;
+}
+
 std::string png_of(const Sample& picture) {
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, picture.width, picture.height);
     for (int y = 0; y < picture.height; ++y) {

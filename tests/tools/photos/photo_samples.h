@@ -25,6 +25,8 @@ struct JpegWish {
     bool inks = false;         ///< CMYK, as Adobe writes it, from red, green and blue without black
 };
 std::string jpeg_of(const Sample& picture, const JpegWish& wish = {});
+/// From left to right from black to white, made row by row.
+std::string large_jpeg(int width, int height);
 std::string png_of(const Sample& picture);
 std::string webp_of(const Sample& picture);
 std::string heic_of(const Sample& picture);

@@ -112,9 +112,7 @@ TEST_F(Photo, TwelveMegapixelsBecomeASmallThemeAndItIsSaid) {
 }
 
 TEST_F(Photo, AHundredMegapixelsTakeLittleTimeAndMemory) {
-    write("photo", jpeg_of(sample(12000, 9000, [](int x, int y) {
-              return Rgb{x / 47, y / 36, (x / 50 + y / 50) % 256};
-          })));
+    write("photo", large_jpeg(12000, 9000));
     const Outcome run = this->run({"new", "T", "--image", "photo"});
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_LT(run.processor_seconds, 4);
