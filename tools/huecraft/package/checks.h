@@ -14,11 +14,14 @@ struct Check {
 };
 using Checks = std::vector<Check>;
 
-/// The package around the dylib: its parts, places, description, filter and size. Needs a phone, whose
-/// Foundation reads the filter.
+/// The package around the dylib or the executable: its parts, places, description, size, and the filter of a
+/// dylib. Needs a phone, whose Foundation reads the filter.
 Checks checks_of_package(const Package& package);
 
 /// The dylib: what system it is for, what it takes and offers, its signature and size.
 Checks checks_of_dylib(const std::string& bytes);
+
+/// The same of huecraft-describe.
+Checks checks_of_executable(const std::string& bytes);
 
 }  // namespace command

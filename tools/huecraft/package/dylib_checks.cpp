@@ -1,4 +1,4 @@
-// Checks of the dylib in a package.
+// Checks of the dylib or the executable in a package.
 #include <yaml-cpp/yaml.h>
 
 #include <algorithm>
@@ -28,17 +28,44 @@ namespace {
 using Names = std::set<std::string>;
 using macho::version_text;
 
-constexpr size_t largest_dylib = 160 << 10;
 constexpr const char* install_name = "/Library/MobileSubstrate/DynamicLibraries/HuecraftiOS12.dylib";
-constexpr const char* signed_as = "HuecraftiOS12.dylib";
+constexpr const char* dynamic_linker = "/usr/lib/dyld";
 constexpr uint32_t signature_version = 0x20200;
 constexpr uint32_t minimum_version = macho::packed_version(12);
 constexpr const char* target = "arm64-ios";
 
+/// What is expected of an image.
+struct Promise {
+    macho::FileType type;
+    const char *what, *name, *signed_as;
+    size_t largest;
+    const char *stubs, *imports;  ///< the stubs' folder, and what they say
+    const char *export_list, *exports;
+};
+
+const Promise dylib{.type = macho::FileType::dylib,
+                    .what = "dylib",
+                    .name = "the dylib",
+                    .signed_as = "HuecraftiOS12.dylib",
+                    .largest = 160 << 10,
+                    .stubs = "device/stubs",
+                    .imports = promised_imports,
+                    .export_list = "device/exports.txt",
+                    .exports = promised_exports};
+const Promise executable{.type = macho::FileType::executable,
+                         .what = "executable",
+                         .name = "the executable",
+                         .signed_as = "huecraft-describe",
+                         .largest = 96 << 10,
+                         .stubs = "describe/stubs",
+                         .imports = promised_imports_of_describe,
+                         .export_list = "the list of executables",
+                         .exports = "__mh_execute_header"};
+
 /// What each library offers to the device, by install name.
-std::map<std::string, Names> offered_imports() {
+std::map<std::string, Names> offered_imports(const char* stubs) {
     std::map<std::string, Names> offers;
-    for (const YAML::Node& stub : YAML::LoadAll(promised_imports)) {
+    for (const YAML::Node& stub : YAML::LoadAll(stubs)) {
         Names& names = offers[stub["install-name"].as<std::string>()];
         for (const YAML::Node& group : stub["exports"]) {
             const auto targets = group["targets"].as<std::vector<std::string>>();
@@ -53,9 +80,9 @@ std::map<std::string, Names> offered_imports() {
     return offers;
 }
 
-Names listed_exports() {
+Names listed_exports(const char* list) {
     Names names;
-    std::istringstream lines(promised_exports);
+    std::istringstream lines(list);
     for (std::string line; std::getline(lines, line);) {
         std::istringstream words(line.substr(0, line.find('#')));
         for (std::string name; words >> name;) names.insert(name);
@@ -67,25 +94,29 @@ std::string platform_text(uint32_t platform) {
     return platform == macho::kPlatformIos ? "iOS" : "platform " + std::to_string(platform);
 }
 
-class DylibChecks {
+class ImageChecks {
   public:
-    explicit DylibChecks(const std::string& bytes)
-        : file_({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, "the dylib") {}
+    ImageChecks(const std::string& bytes, const Promise& promise)
+        : promise_(promise),
+          file_({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, promise.name) {}
 
     Checks all() {
         check("slice", [this](Check& check) { slice(check); });
         check("fix-ups", [this](Check& check) { fix_ups(check); });
-        check_of_layout("system", &DylibChecks::system);
-        check_of_layout("install name", &DylibChecks::name);
-        check_of_layout("library versions", &DylibChecks::library_versions);
-        check_of_layout("imports", &DylibChecks::imports);
-        check_of_layout("exports", &DylibChecks::exports);
-        check_of_layout("signature", &DylibChecks::signature);
-        check("dylib size", [this](Check& check) {
+        check_of_layout("system", &ImageChecks::system);
+        if (promise_.type == macho::FileType::dylib)
+            check_of_layout("install name", &ImageChecks::name);
+        else
+            check_of_layout("start", &ImageChecks::start);
+        check_of_layout("library versions", &ImageChecks::library_versions);
+        check_of_layout("imports", &ImageChecks::imports);
+        check_of_layout("exports", &ImageChecks::exports);
+        check_of_layout("signature", &ImageChecks::signature);
+        check(std::string(promise_.what) + " size", [this](Check& check) {
             check.found = std::to_string(file_.size()) + " bytes";
-            if (file_.size() > largest_dylib)
+            if (file_.size() > promise_.largest)
                 check.faults.push_back("found " + check.found + ", expected at most " +
-                                       std::to_string(largest_dylib));
+                                       std::to_string(promise_.largest));
         });
         return std::move(checks_);
     }
@@ -106,17 +137,18 @@ class DylibChecks {
     }
 
     /// What cannot be checked has not passed.
-    void check_of_layout(const std::string& name, void (DylibChecks::*work)(Check&)) {
+    void check_of_layout(const std::string& name, void (ImageChecks::*work)(Check&)) {
         check(name, [&](Check& check) {
             if (layout_) return (this->*work)(check);
-            check.faults.push_back("not checked, since the dylib cannot be read");
+            check.faults.push_back(std::string("not checked, since the ") + promise_.what +
+                                   " cannot be read");
         });
     }
 
     void slice(Check& check) {
         if (file_.size() >= 4 && file_.u32_big_endian(0) == macho::kFatMagic)
             check.faults.push_back("found a file of several slices, expected the arm64 slice alone");
-        slice_ = macho::choose_slice(file_, macho::Cpu::arm64);
+        slice_ = macho::choose_slice(file_, macho::Cpu::arm64, promise_.type);
         check.found = "arm64 alone";
     }
 
@@ -142,6 +174,16 @@ class DylibChecks {
             check.faults.push_back("found " + in_quotes(check.found) + ", expected \"" + install_name + "\"");
     }
 
+    /// How the system gets it going.
+    void start(Check& check) {
+        check.found = "position-independent, by LC_MAIN and " + std::string(dynamic_linker);
+        if (!layout_->position_independent)
+            check.faults.push_back("found code for one place alone, expected the header's flag MH_PIE");
+        if (layout_->dynamic_linker != dynamic_linker)
+            check.faults.push_back("found the dynamic linker " + in_quotes(layout_->dynamic_linker) +
+                                   ", expected \"" + dynamic_linker + "\"");
+    }
+
     /// The stubs say what is linked with, and this what the system has: a stub may be wrong.
     void library_versions(Check& check) {
         for (const macho::Dependency& library : layout_->libraries) {
@@ -157,11 +199,12 @@ class DylibChecks {
     }
 
     void imports(Check& check) {
-        const auto offers = offered_imports();
+        const auto offers = offered_imports(promise_.imports);
+        const std::string stubs = promise_.stubs;
         for (const macho::Dependency& library : layout_->libraries)
             if (!offers.contains(library.install_name))
-                check.faults.push_back("links with " + one_line(library.install_name) +
-                                       ", which device/stubs has not");
+                check.faults.push_back("links with " + one_line(library.install_name) + ", which " + stubs +
+                                       " has not");
         std::set<std::pair<std::string, std::string>> taken;
         using macho::BindTable;
         for (const auto& [range, table] : {std::pair{layout_->bind, BindTable::regular},
@@ -176,26 +219,26 @@ class DylibChecks {
             const auto offer = offers.find(library);
             if (offer == offers.end() || !offer->second.contains(symbol))
                 check.faults.push_back("imports " + one_line(symbol) + " from " +
-                                       (library.empty() ? "wherever it is" : one_line(library)) +
-                                       ", which device/stubs does not list");
+                                       (library.empty() ? "wherever it is" : one_line(library)) + ", which " +
+                                       stubs + " does not list");
         }
         if (taken.empty()) check.faults.push_back("imports nothing: that cannot be the library");
-        check.found = std::to_string(taken.size()) + ", as device/stubs lists them";
+        check.found = std::to_string(taken.size()) + ", as " + stubs + " lists them";
     }
 
     void exports(Check& check) {
-        const Names promised = listed_exports();
+        const Names promised = listed_exports(promise_.exports);
+        const std::string list = promise_.export_list;
         Names offered;
         for (const auto& [name, where] : macho::read_exports(part(layout_->exports, "the export trie")))
             offered.insert(name);
         for (const std::string& name : offered)
             if (!promised.contains(name))
-                check.faults.push_back("exports " + one_line(name) +
-                                       ", which device/exports.txt does not list");
+                check.faults.push_back("exports " + one_line(name) + ", which " + list + " does not list");
         for (const std::string& name : promised)
             if (!offered.contains(name))
-                check.faults.push_back("does not export " + name + ", which device/exports.txt lists");
-        check.found = std::to_string(offered.size()) + ", as device/exports.txt has them";
+                check.faults.push_back("does not export " + name + ", which " + list + " lists");
+        check.found = std::to_string(offered.size()) + ", as " + list + " has them";
     }
 
     /// As installers of the time sign: nobody's, but not marked so, which the system's own check rejects.
@@ -214,7 +257,7 @@ class DylibChecks {
             const std::string of = std::string(directory.hash_name()) + " CodeDirectory";
             expect(of + " version", macho::hex(directory.version), macho::hex(signature_version));
             expect(of + " flags", macho::hex(directory.flags), macho::hex(0));
-            expect(of + " identifier", in_quotes(directory.identifier), in_quotes(signed_as));
+            expect(of + " identifier", in_quotes(directory.identifier), in_quotes(promise_.signed_as));
             collect(check, [&] { macho::verify_requirements(directory, signature); });
             collect(check, [&] { macho::verify_pages(directory, *slice_); });
         }
@@ -226,6 +269,7 @@ class DylibChecks {
         return slice_->part(range.offset, range.size, name);
     }
 
+    const Promise& promise_;
     macho::Bytes file_;
     std::optional<macho::Bytes> slice_;
     std::optional<macho::Layout> layout_;
@@ -234,6 +278,7 @@ class DylibChecks {
 
 }  // namespace
 
-Checks checks_of_dylib(const std::string& bytes) { return DylibChecks(bytes).all(); }
+Checks checks_of_dylib(const std::string& bytes) { return ImageChecks(bytes, dylib).all(); }
+Checks checks_of_executable(const std::string& bytes) { return ImageChecks(bytes, executable).all(); }
 
 }  // namespace command

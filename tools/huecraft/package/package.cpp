@@ -201,7 +201,16 @@ const PackagedFile* Package::installed(const std::string& path) const {
     return found == data.end() ? nullptr : &*found;
 }
 
-const PackagedFile& Package::dylib() const { return *std::ranges::find_if(data, is_dylib); }
+bool Package::is_of_describe() const {
+    const auto file = std::ranges::find(control, "/control", &PackagedFile::path);
+    return file != control.end() &&
+           ("\n" + file->contents).find("\nPackage: com.quillmoth.huecraftios12.describe\n") !=
+               std::string::npos;
+}
+
+const PackagedFile& Package::image() const {
+    return is_of_describe() ? *installed(describe_path) : *std::ranges::find_if(data, is_dylib);
+}
 
 Package open_package(const std::string& bytes, const std::string& file) {
     if (!bytes.starts_with("!<arch>\n"))
@@ -230,6 +239,12 @@ Package open_package(const std::string& bytes, const std::string& file) {
     package.control = files_in(unpacking, control);
     package.data = files_in(unpacking, data);
 
+    if (package.is_of_describe()) {
+        const PackagedFile* executable = package.installed(describe_path);
+        if (!executable || executable->kind != PackagedFile::Kind::file)
+            throw Unusable(file, std::string("it has no ") + describe_path + " inside");
+        return package;
+    }
     std::vector<std::string> dylibs;
     for (const PackagedFile& one : package.data)
         if (is_dylib(one)) dylibs.push_back(one.path);

@@ -27,11 +27,16 @@ struct Package {
     std::vector<PackagedFile> data;     ///< what it installs
 
     const PackagedFile* installed(const std::string& path) const;
-    /// The one dylib, wherever it lies.
-    const PackagedFile& dylib() const;
+    /// Whether it says that it is the package of huecraft-describe; else it is to be the library's.
+    bool is_of_describe() const;
+    /// The one dylib, wherever it lies; of the package of huecraft-describe that executable.
+    const PackagedFile& image() const;
 };
 
-/// Throws Unusable, naming the file, for what is no package, is damaged, or has not exactly one dylib.
+inline constexpr const char* describe_path = "/usr/bin/huecraft-describe";
+
+/// Throws Unusable, naming the file, for what is no package, is damaged, or does not have exactly one dylib
+/// or the executable, whichever it should have.
 Package open_package(const std::string& bytes, const std::string& file);
 
 }  // namespace command

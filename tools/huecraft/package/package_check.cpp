@@ -31,7 +31,10 @@ struct PackageCheck {
             const Status status = for_each_file(files, [&](const std::string& file) {
                 const Package package = open_package(read_input(file, "package"), file);
                 Checks checks = checks_of_package(package);
-                std::ranges::move(checks_of_dylib(package.dylib().contents), std::back_inserter(checks));
+                const std::string& image = package.image().contents;
+                std::ranges::move(
+                    package.is_of_describe() ? checks_of_executable(image) : checks_of_dylib(image),
+                    std::back_inserter(checks));
                 json ? all.push_back(in_json(file, checks)) : print(file, checks);
                 return faulty(checks) ? Status::finding : Status::fine;
             });

@@ -1,4 +1,4 @@
-// Checks of a package, apart from the dylib in it.
+// Checks of a package, apart from the dylib or the executable in it.
 #include <algorithm>
 #include <cstdio>
 #include <map>
@@ -34,6 +34,7 @@ constexpr const char* pictures[] = {"PreviewKeyboardBackground.png",
                                     "PreviewKeyboardKeyCaps.png",
                                     "copy.png",
                                     "paste.png"};
+constexpr const char* folders_of_describe[] = {"/", "/usr", "/usr/bin"};
 constexpr size_t largest_package = 250 << 10;
 
 /// What users have, and a package must never bring along or replace: settings and themes.
@@ -41,6 +42,12 @@ bool is_preference(const PackagedFile& file) {
     return file.kind != Kind::folder && (file.path.find("/Preferences/") != file.path.npos ||
                                          file.path.find("/HuecraftConfiguration/") != file.path.npos ||
                                          (file.path.ends_with(".plist") && file.path != filter_path));
+}
+
+bool has_its_place_in_describe(const PackagedFile& file) {
+    return file.kind == Kind::folder
+               ? std::ranges::find(folders_of_describe, file.path) != std::end(folders_of_describe)
+               : file.path == describe_path;
 }
 
 bool has_its_place(const PackagedFile& file) {
@@ -77,9 +84,9 @@ Check layout(const Package& package) {
         if (is_preference(file)) continue;  // told by a check of its own
         if (file.kind == Kind::other)
             faults.push_back("found " + path + ", which is neither file nor folder");
-        else if (!has_its_place(file))
+        else if (!(package.is_of_describe() ? has_its_place_in_describe(file) : has_its_place(file)))
             faults.push_back("found " + path + ", which has no place in the package");
-        const unsigned mode = file.kind == Kind::folder ? 0755 : 0644;
+        const unsigned mode = file.kind == Kind::folder || file.path == describe_path ? 0755 : 0644;
         if (file.mode != mode)
             faults.push_back("found mode " + octal(file.mode) + " at " + path + ", expected " + octal(mode));
         if (!file.of_root) faults.push_back("found another owner than root at " + path);
@@ -88,8 +95,11 @@ Check layout(const Package& package) {
     if (const auto twice = std::ranges::adjacent_find(paths); twice != paths.end())
         faults.push_back("found " + one_line(*twice, 200) + " twice");
 
-    std::vector<std::string> needed{dylib_path, filter_path};
-    for (const char* picture : pictures) needed.push_back(bundle + "/" + picture);
+    std::vector<std::string> needed{describe_path};
+    if (!package.is_of_describe()) {
+        needed = {dylib_path, filter_path};
+        for (const char* picture : pictures) needed.push_back(bundle + "/" + picture);
+    }
     for (const std::string& path : needed)
         if (!std::ranges::binary_search(paths, path)) faults.push_back("found no " + path);
     check.found = counted(files, "file") + ", each in its place";
@@ -149,10 +159,12 @@ Check control(const Package& package) {
         return values.contains(name) ? in_quotes(values.at(name)) : std::string("no such field");
     };
 
-    const std::pair<const char*, const char*> expected[] = {
-        {"Package", "com.quillmoth.huecraftios12"},
+    const bool describe = package.is_of_describe();
+    const std::pair<const char*, std::string> expected[] = {
+        {"Package", std::string("com.quillmoth.huecraftios12") + (describe ? ".describe" : "")},
         {"Architecture", "iphoneos-arm"},
-        {"Depends", "mobilesubstrate, firmware (>= 12.0), firmware (<< 13.0)"},
+        {"Depends",
+         std::string(describe ? "" : "mobilesubstrate, ") + "firmware (>= 12.0), firmware (<< 13.0)"},
     };
     for (const auto& [name, value] : expected)
         if (values[name] != value)
@@ -233,6 +245,8 @@ Check size(const Package& package) {
 }  // namespace
 
 Checks checks_of_package(const Package& package) {
+    if (package.is_of_describe())
+        return {layout(package), preferences(package), control(package), size(package)};
     return {layout(package), preferences(package), control(package), filter(package), size(package)};
 }
 

@@ -1,4 +1,4 @@
-// What the repository promises of the dylib: its lists, as they were when the command was built.
+// What the repository promises of what it packs: its lists, as they were when the command was built.
 #pragma once
 
 namespace command {
@@ -8,5 +8,8 @@ extern const char* const promised_exports;
 
 /// device/stubs: the linker's text stubs, one after the other.
 extern const char* const promised_imports;
+
+/// describe/stubs: the same of huecraft-describe.
+extern const char* const promised_imports_of_describe;
 
 }  // namespace command
