@@ -7,6 +7,10 @@
 
 @protocol LTDrawing <LTNamed>
 - (long)draw;
++ (long)drawn;
+@optional
+- (void)draw:(LTHostShape*)shape twice:(BOOL)twice;
++ (void)forget;
 @end
 
 @interface LTBase : LTHostShape <LTDrawing> {
