@@ -195,10 +195,12 @@ struct Metadata {
     }
 
     static constexpr uint32_t metaclass_flag = 1;
+    // It has a .cxx_destruct, and no .cxx_construct. Both sides say so.
+    static constexpr uint32_t destruction_flags = Definition::has_destruction ? 1 << 2 | 1 << 8 : 0;
     static constexpr auto name = Self::Implemented::runtime_name;
 
     OBJC_CONST ClassReadOnly of_metaclass{
-        .flags = metaclass_flag,
+        .flags = metaclass_flag | destruction_flags,
         .instance_start = sizeof(ClassObject),
         .instance_size = sizeof(ClassObject),
         .name = MetadataText<name>::class_name.text,
@@ -206,6 +208,7 @@ struct Metadata {
         .protocols = adopted_protocols(),
     };
     OBJC_CONST ClassReadOnly of_class{
+        .flags = destruction_flags,
         .instance_start = first_place,
         .instance_size = first_place + layout.size,
         .name = MetadataText<name>::class_name.text,

@@ -258,23 +258,29 @@ struct ClassDefinition {
     using protocols = Concatenated<typename Rows::protocols...>;
     using declared_protocols = Concatenated<typename Rows::declared_protocols...>;
 
-    /// Runs the implementation's own `dealloc`, if it has one, lets the variables go, last declared first,
-    /// and passes on to the superclass.
+    /// The implementation's own `dealloc`, and then the superclass's.
     struct Deallocation {
         static constexpr size_t arity = 0;
         static constexpr auto types = encode_method<void>();
         static void call(id object, SEL) {
             auto* self = static_cast<Self*>(object);
-            if constexpr (requires { self->dealloc(); }) self->dealloc();
-            self->ivars().~ivars();
+            self->dealloc();
             self->template super<"dealloc">();
         }
     };
-    static constexpr bool needs_deallocation =
-        !std::is_trivially_destructible_v<ivars> || requires(Self& self) { self.dealloc(); };
+    /// Lets the variables go, the last declared first. The runtime calls it when every `-dealloc` has run, a
+    /// class's before its superclass's.
+    struct Destruction {
+        static constexpr size_t arity = 0;
+        static constexpr auto types = encode_method<void>();
+        static void call(id object, SEL) { static_cast<Self*>(object)->ivars().~ivars(); }
+    };
+    static constexpr bool has_destruction = !std::is_trivially_destructible_v<ivars>;
     using methods = Concatenated<
-        typename Rows::methods...,
-        std::conditional_t<needs_deallocation, List<Implemented<"dealloc", Deallocation>>, List<>>>;
+        typename Rows::methods..., std::conditional_t<requires(Self& self) {
+            self.dealloc();
+        }, List<Implemented<"dealloc", Deallocation>>, List<>>,
+        std::conditional_t<has_destruction, List<Implemented<".cxx_destruct", Destruction>>, List<>>>;
 };
 
 /// Where variables lie inside their block when they are laid out one after another, each at its alignment, as
