@@ -309,7 +309,7 @@ TEST_F(ObjcMetadataTest, ASuperReferenceToWhatIsNoClassIsRefused) {
 }
 
 TEST_F(ObjcMetadataTest, AProtocolsMethodsOutsideTheImageAreRefused) {
-    for (const size_t field : {24, 32, 40, 48}) {
+    for (const size_t field : {24, 40, 48}) {
         Draft fresh("classes");
         std::swap(draft, fresh);
         draft.set64(pointed_to(protocols(base()) + 8) + field, kOutside);

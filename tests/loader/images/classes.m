@@ -7,7 +7,6 @@
 
 @protocol LTDrawing <LTNamed>
 - (long)draw;
-+ (long)drawn;
 @optional
 - (void)draw:(LTHostShape*)shape twice:(BOOL)twice;
 + (void)forget;
