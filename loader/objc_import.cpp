@@ -67,13 +67,16 @@ class Importer {
 
     ImportedClasses run() {
         for (const auto& [slot, name] : metadata_.selectors) point(slot, sel_registerName(name));
+        // Before a class adopts one: by name alone it would be made without its methods.
+        for (const auto& [name, required, optional] : metadata_.protocols)
+            objc::protocol_named(name, {required.on_instances, required.on_class},
+                                 {optional.on_instances, optional.on_class});
         for (const ClassDescription& each : metadata_.classes) import(each);
         for (const CategoryDescription& each : metadata_.categories) import(each);
         for (const uintptr_t slot : metadata_.class_references) {
             const auto own = host_class_.find(mapping_.read_pointer(slot, "a class reference"));
             if (own != host_class_.end()) point(slot, own->second);
         }
-        for (const char* protocol : metadata_.protocols) objc::protocol_named(protocol);
         for (const auto& [slot, name] : metadata_.protocol_references)
             point(slot, objc::protocol_named(name));
         return std::move(result_);

@@ -23,6 +23,16 @@ enum DataField : uint64_t {
     kProperties = 64,
     kDataSize = 72,
 };
+// protocol_t, whose size is among its own fields.
+enum ProtocolField : uint64_t {
+    kProtocolName = 8,
+    kRequiredMethods = 24,
+    kRequiredClassMethods = 32,
+    kOptionalMethods = 40,
+    kOptionalClassMethods = 48,
+    kOwnSize = 64,
+    kExtendedTypes = 72,
+};
 enum CategoryField : uint64_t {
     kCategoryName = 0,
     kExtended = 8,
@@ -34,7 +44,8 @@ enum CategoryField : uint64_t {
 constexpr uint32_t kIsMetaclass = 1;
 
 constexpr uint64_t kMethodRowSize = 24, kVariableRowSize = 32, kPropertyRowSize = 16;
-constexpr uint64_t kProtocolSize = 24;         // of the fields read here: isa, name, protocols
+constexpr uint64_t kProtocolSize = 24;         // of the fields of any: isa, name, protocols
+constexpr uint64_t kDefinedProtocolSize = 72;  // of one that is defined, without what old files lack
 constexpr uint64_t kCategorySize = 48;         // without the class's own properties, which old files lack
 constexpr uint32_t kLargestLog2Alignment = 4;  // objects themselves are aligned to 16 bytes
 constexpr int64_t kLargestInstance = 1 << 20;  // bytes
@@ -67,8 +78,10 @@ class MetadataReader {
         found.classes = classes();
         found.categories = categories(found.classes);
         found.class_references = class_references(found.classes);
+        std::set<uintptr_t> read;
         for (const uintptr_t slot : slots("__objc_protolist"))
-            found.protocols.push_back(protocol_name(pointed_to(slot)));
+            if (const uintptr_t at = pointed_to(slot); read.insert(at).second)
+                found.protocols.push_back(protocol(at));
         found.protocol_references = protocol_references();
         return found;
     }
@@ -302,7 +315,42 @@ class MetadataReader {
 
     const char* protocol_name(uintptr_t protocol) const {
         const Bytes fields = mapping_.read(protocol, kProtocolSize, "a protocol");
-        return mapping_.text(fields.u64(8), "a protocol's name");
+        return mapping_.text(fields.u64(kProtocolName), "a protocol's name");
+    }
+
+    ProtocolDescription protocol(uintptr_t address) {
+        ProtocolDescription found{.name = protocol_name(address), .required = {}, .optional = {}};
+        try {
+            const Bytes fields = mapping_.read(address, kDefinedProtocolSize, "the protocol");
+            found.required = {listed_methods(fields.u64(kRequiredMethods)),
+                              listed_methods(fields.u64(kRequiredClassMethods))};
+            found.optional = {listed_methods(fields.u64(kOptionalMethods)),
+                              listed_methods(fields.u64(kOptionalClassMethods))};
+            if (fields.u32(kOwnSize) >= kExtendedTypes + kPointerSize)
+                check_extended_types(mapping_.read_pointer(address + kExtendedTypes, "the protocol"),
+                                     found.required.on_instances.size() + found.required.on_class.size() +
+                                         found.optional.on_instances.size() + found.optional.on_class.size());
+        } catch (const Fault& fault) {
+            refuse(std::string("protocol ") + found.name + ": " + fault.what());
+        }
+        return found;
+    }
+
+    std::vector<objc::ListedMethod> listed_methods(uintptr_t list) {
+        const Bytes all = rows(list, kMethodRowSize, "the list of methods");
+        std::vector<objc::ListedMethod> found;
+        for (uint64_t at = 0; at < all.size(); at += kMethodRowSize)
+            found.push_back({mapping_.text(all.u64(at), "a method's name"),
+                             mapping_.text(all.u64(at + 8), "a method's types")});
+        return found;
+    }
+
+    // libobjc keeps none: there is nothing to import, but a bad list is a bad file.
+    void check_extended_types(uintptr_t list, uint64_t count) const {
+        if (!list || !count) return;
+        const Bytes all = mapping_.read(list, count * kPointerSize, "the methods' extended types");
+        for (uint64_t i = 0; i < count; ++i)
+            mapping_.text(all.u64(i * kPointerSize), "a method's extended types");
     }
 
     std::vector<const char*> protocols(uintptr_t list) const {

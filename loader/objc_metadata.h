@@ -5,6 +5,7 @@
 
 #include "loader/layout.h"
 #include "loader/mapping.h"
+#include "objc/protocol_registered.h"
 
 namespace macho {
 
@@ -46,6 +47,14 @@ struct CategoryDescription {
     std::vector<const char*> protocols;
 };
 
+/// A protocol that the image defines.
+struct ProtocolDescription {
+    const char* name;
+    struct Methods {
+        std::vector<objc::ListedMethod> on_instances, on_class;
+    } required, optional;
+};
+
 /// A pointer of the image that stands for something with a name.
 struct NamedReference {
     uintptr_t slot;
@@ -57,7 +66,7 @@ struct ObjcMetadata {
     std::vector<ClassDescription> classes;        ///< superclasses first
     std::vector<CategoryDescription> categories;  ///< as listed: a later one's methods win
     std::vector<uintptr_t> class_references;      ///< pointers to classes, of the image or of the host
-    std::vector<const char*> protocols;           ///< that the image defines
+    std::vector<ProtocolDescription> protocols;   ///< that the image defines
     std::vector<NamedReference> protocol_references;
     uint64_t offset_width;  ///< of an offset slot, in bytes
 };

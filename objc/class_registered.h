@@ -2,6 +2,7 @@
 // loads.
 #pragma once
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
@@ -34,6 +35,19 @@ void for_each(List<Items...>, Visit visit) {
     (visit(Items{}), ...);
 }
 
+/// The texts of a protocol's methods.
+template <class... Methods>
+auto listed(List<Methods...>) {
+    return std::array<ListedMethod, sizeof...(Methods)>{
+        ListedMethod{stored<Methods::selector>.text, stored<Methods::types>.text}...};
+}
+template <class Protocol>
+id registered(Protocol) {
+    const auto required = listed(typename Protocol::required_methods{});
+    const auto optional = listed(typename Protocol::optional_methods{});
+    return protocol_named(Protocol::name.text, {required, {}}, {optional, {}});
+}
+
 template <class Definition, class Self>
 class Registration {
     using Ivars = typename Self::Ivars;
@@ -57,9 +71,8 @@ class Registration {
                             types.text);
         }
         for_each(typename Definition::protocols{},
-                 [&](auto protocol) { class_addProtocol(made, protocol_named(protocol.name.text)); });
-        for_each(typename Definition::declared_protocols{},
-                 [](auto protocol) { protocol_named(protocol.name.text); });
+                 [&](auto protocol) { class_addProtocol(made, registered(protocol)); });
+        for_each(typename Definition::declared_protocols{}, [](auto protocol) { registered(protocol); });
         objc_registerClassPair(made);
         find_variables(made);
         return made;

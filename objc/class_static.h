@@ -53,12 +53,12 @@ struct VariableSlot {
 
 constexpr size_t first_place = sizeof(void*);  // behind isa; the runtime slides the block past the superclass
 
-template <class... Items>
+template <template <class> class Entry, class Items>
 struct MethodTable;
-template <class... Methods>
-struct MethodTable<List<Methods...>> {
+template <template <class> class Entry, class... Methods>
+struct MethodTable<Entry, List<Methods...>> {
     uint32_t entry_size = 24, count = sizeof...(Methods);
-    struct Entries : MethodEntry<Methods>... {
+    struct Entries : Entry<Methods>... {
     } entries;
     static_assert(sizeof...(Methods) == 0 || sizeof(Entries) == 24 * sizeof...(Methods));
 };
@@ -77,28 +77,60 @@ struct PropertyTable<List<Properties...>> {
     } entries;
 };
 
+template <class... Items>
+constexpr size_t count_of(List<Items...>) {
+    return sizeof...(Items);
+}
+template <class Items, class Table>
+constexpr const void* unless_empty(Table& table) {
+    return count_of(Items{}) ? &table : nullptr;
+}
+
+template <class Method>
+struct ListedEntry {
+    const char* name = MetadataText<Method::selector>::method_name.text;
+    const char* types = MetadataText<Method::types>::type.text;
+    const void* implementation = nullptr;
+};
+/// The types once more, with the classes of objects: of all methods, the required ones first.
+template <class Items>
+struct ExtendedTypes;
+template <class... Methods>
+struct ExtendedTypes<List<Methods...>> {
+    const char* entries[sizeof...(Methods) + 1] = {MetadataText<Methods::extended_types>::type.text...};
+};
+
 struct ProtocolObject {
     const void* isa;
     const char* name;
-    const void *protocols, *methods, *class_methods, *optional_methods, *optional_class_methods, *properties;
-    uint32_t size, flags;
+    const void *protocols = nullptr, *methods, *class_methods = nullptr, *optional_methods,
+               *optional_class_methods = nullptr, *properties = nullptr;
+    uint32_t size, flags = 0;
     const void* types;
-    const char* demangled_name;
-    const void* class_properties;
+    const char* demangled_name = nullptr;
+    const void* class_properties = nullptr;
 };
 static_assert(sizeof(ProtocolObject) == 96);
 
-/// A protocol's name alone: where the frameworks have one of that name, the runtime keeps theirs.
-template <Name ProtocolName>
-struct NamedProtocol {
+/// A protocol. Where the frameworks have one of that name, the runtime keeps theirs.
+template <class Protocol>
+struct ProtocolMetadata {
+    using Required = typename Protocol::required_methods;
+    using Optional = typename Protocol::optional_methods;
+    using All = Concatenated<Required, Optional>;
+
+    OBJC_CONST MethodTable<ListedEntry, Required> required{};
+    OBJC_CONST MethodTable<ListedEntry, Optional> optional{};
+    OBJC_CONST ExtendedTypes<All> types{};
+
     [[OBJC_SECTION("__data")]] static constinit inline ProtocolObject object{
-        nullptr, MetadataText<ProtocolName>::class_name.text,
-        nullptr, nullptr,
-        nullptr, nullptr,
-        nullptr, nullptr,
-        96,      0,
-        nullptr, nullptr,
-        nullptr};
+        .isa = nullptr,
+        .name = MetadataText<Protocol::name>::class_name.text,
+        .methods = unless_empty<Required>(required),
+        .optional_methods = unless_empty<Optional>(optional),
+        .size = sizeof(ProtocolObject),
+        .types = unless_empty<All>(types),
+    };
     [[gnu::used,
       OBJC_SECTION(
           "__objc_protolist,coalesced,no_dead_strip")]] static constinit inline ProtocolObject* listed =
@@ -113,13 +145,13 @@ struct ProtocolTable;
 template <class... Protocols>
 struct ProtocolTable<List<Protocols...>> {
     uintptr_t count = sizeof...(Protocols);
-    const ProtocolObject* entries[sizeof...(Protocols) + 1] = {NamedProtocol<Protocols::name>::get()...,
+    const ProtocolObject* entries[sizeof...(Protocols) + 1] = {ProtocolMetadata<Protocols>::get()...,
                                                                nullptr};
 };
 /// Puts protocols into the image that no class in it adopts.
 template <class... Protocols>
 constexpr void keep(List<Protocols...>) {
-    (NamedProtocol<Protocols::name>::get(), ...);
+    (ProtocolMetadata<Protocols>::get(), ...);
 }
 
 template <class Variable, VariableOffset* Slot>
@@ -141,11 +173,6 @@ struct VariableTable<Ivars, List<Variables...>, std::index_sequence<Indices...>>
     } entries;
 };
 
-template <class... Items>
-constexpr size_t count_of(List<Items...>) {
-    return sizeof...(Items);
-}
-
 /// The tables of one class and of its metaclass.
 template <class Definition, class Self>
 struct Metadata {
@@ -156,16 +183,11 @@ struct Metadata {
                       (std::is_empty_v<Ivars> ? 0 : sizeof(Ivars)),
                   "a definition lists all of its Ivars, in their order");
 
-    OBJC_CONST MethodTable<typename Definition::methods> methods{};
-    OBJC_CONST MethodTable<typename Definition::class_methods> class_methods{};
+    OBJC_CONST MethodTable<MethodEntry, typename Definition::methods> methods{};
+    OBJC_CONST MethodTable<MethodEntry, typename Definition::class_methods> class_methods{};
     OBJC_CONST PropertyTable<typename Definition::properties> properties{};
     OBJC_CONST ProtocolTable<typename Definition::protocols> protocols{};
     OBJC_CONST VariableTable<Ivars, Variables, std::make_index_sequence<count_of(Variables{})>> variables{};
-
-    template <class Items, class Table>
-    static constexpr const void* unless_empty(Table& table) {
-        return count_of(Items{}) ? &table : nullptr;
-    }
 
     static constexpr const void* adopted_protocols() {
         keep(typename Definition::declared_protocols{});
@@ -173,10 +195,12 @@ struct Metadata {
     }
 
     static constexpr uint32_t metaclass_flag = 1;
+    // It has a .cxx_destruct, and no .cxx_construct. Both sides say so.
+    static constexpr uint32_t destruction_flags = Definition::has_destruction ? 1 << 2 | 1 << 8 : 0;
     static constexpr auto name = Self::Implemented::runtime_name;
 
     OBJC_CONST ClassReadOnly of_metaclass{
-        .flags = metaclass_flag,
+        .flags = metaclass_flag | destruction_flags,
         .instance_start = sizeof(ClassObject),
         .instance_size = sizeof(ClassObject),
         .name = MetadataText<name>::class_name.text,
@@ -184,6 +208,7 @@ struct Metadata {
         .protocols = adopted_protocols(),
     };
     OBJC_CONST ClassReadOnly of_class{
+        .flags = destruction_flags,
         .instance_start = first_place,
         .instance_size = first_place + layout.size,
         .name = MetadataText<name>::class_name.text,

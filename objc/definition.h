@@ -67,9 +67,28 @@ struct PropertyOf {
     static constexpr auto attributes = Attributes;
 };
 
-template <Name ProtocolName>
+/// One method that a protocol lists: its types are those of the function in the protocol's interface.
+template <Name SelectorName, class Signature>
+struct Listed {
+    static_assert(sizeof(Signature) == 0, "a protocol's method is a member function of its interface");
+};
+template <Name SelectorName, class Protocol, class Result, class... Arguments>
+struct Listed<SelectorName, Result (Protocol::*)(Arguments...)> {
+    static_assert(SelectorName.colons() == sizeof...(Arguments),
+                  "the selector and the function's parameters disagree");
+    using interface = Protocol;
+    static constexpr auto selector = SelectorName;
+    static constexpr auto types = encode_method<Result, Arguments...>();
+    static constexpr auto extended_types = encode_extended_method<Result, Arguments...>();
+};
+
+template <Name ProtocolName, class... Methods>
 struct ProtocolOf {
+    static_assert(((Methods::interface::runtime_name == Name("<") + ProtocolName + Name(">")) && ...),
+                  "the method is of another protocol's interface");
     static constexpr auto name = ProtocolName;
+    using required_methods = Concatenated<std::conditional_t<Methods::is_required, List<Methods>, List<>>...>;
+    using optional_methods = Concatenated<std::conditional_t<Methods::is_required, List<>, List<Methods>>...>;
 };
 
 /// Where a class's block of instance variables lies in its objects; each home fills the offset in.
@@ -166,16 +185,29 @@ struct read_only_property : method<GetterName, Function> {
     using properties = List<PropertyOf<PropertyName, attributes(Function)>>;
 };
 
-/// The class says that it conforms to a protocol of the frameworks or of ours.
-template <Name ProtocolName>
-struct conforms : Row {
-    using protocols = List<ProtocolOf<ProtocolName>>;
+/// A method of a protocol of ours, by its function in the protocol's interface:
+/// `required<"closeButtonPressed", &HCModalDelegate::closeButtonPressed>`.
+template <Name SelectorName, auto Function>
+struct required : Listed<SelectorName, decltype(Function)> {
+    static constexpr bool is_required = true;
+};
+/// The same of one that an object may do without.
+template <Name SelectorName, auto Function>
+struct optional : Listed<SelectorName, decltype(Function)> {
+    static constexpr bool is_required = false;
 };
 
-/// A protocol of ours that classes elsewhere conform to: the runtime knows it.
-template <Name ProtocolName>
+/// The class says that it conforms to a protocol: of the frameworks, by its name alone, or of ours, with its
+/// methods. One class of the library names the methods of a protocol.
+template <Name ProtocolName, class... Methods>
+struct conforms : Row {
+    using protocols = List<ProtocolOf<ProtocolName, Methods...>>;
+};
+
+/// A protocol of ours that classes elsewhere conform to, with its methods: the runtime knows it.
+template <Name ProtocolName, class... Methods>
 struct declares : Row {
-    using declared_protocols = List<ProtocolOf<ProtocolName>>;
+    using declared_protocols = List<ProtocolOf<ProtocolName, Methods...>>;
 };
 
 }  // namespace definition
@@ -230,23 +262,29 @@ struct ClassDefinition {
     using protocols = Concatenated<typename Rows::protocols...>;
     using declared_protocols = Concatenated<typename Rows::declared_protocols...>;
 
-    /// Runs the implementation's own `dealloc`, if it has one, lets the variables go, last declared first,
-    /// and passes on to the superclass.
+    /// The implementation's own `dealloc`, and then the superclass's.
     struct Deallocation {
         static constexpr size_t arity = 0;
         static constexpr auto types = encode_method<void>();
         static void call(id object, SEL) {
             auto* self = static_cast<Self*>(object);
-            if constexpr (requires { self->dealloc(); }) self->dealloc();
-            self->ivars().~ivars();
+            self->dealloc();
             self->template super<"dealloc">();
         }
     };
-    static constexpr bool needs_deallocation =
-        !std::is_trivially_destructible_v<ivars> || requires(Self& self) { self.dealloc(); };
+    /// Lets the variables go, the last declared first. The runtime calls it when every `-dealloc` has run, a
+    /// class's before its superclass's.
+    struct Destruction {
+        static constexpr size_t arity = 0;
+        static constexpr auto types = encode_method<void>();
+        static void call(id object, SEL) { static_cast<Self*>(object)->ivars().~ivars(); }
+    };
+    static constexpr bool has_destruction = !std::is_trivially_destructible_v<ivars>;
     using methods = Concatenated<
-        typename Rows::methods...,
-        std::conditional_t<needs_deallocation, List<Implemented<"dealloc", Deallocation>>, List<>>>;
+        typename Rows::methods..., std::conditional_t<requires(Self& self) {
+            self.dealloc();
+        }, List<Implemented<"dealloc", Deallocation>>, List<>>,
+        std::conditional_t<has_destruction, List<Implemented<".cxx_destruct", Destruction>>, List<>>>;
 };
 
 /// Where variables lie inside their block when they are laid out one after another, each at its alignment, as

@@ -109,21 +109,44 @@ namespace detail {
 template <class T>
 constexpr size_t argument_size = std::is_integral_v<T> && sizeof(T) < 4 ? 4 : sizeof(T);
 
-template <size_t Offset>
+enum class Objects { plain, by_class };
+
+template <Objects Kind, class T>
+consteval auto encode_part() {
+    if constexpr (Kind == Objects::by_class && encode<T>() == Name("@") &&
+                  requires { std::remove_pointer_t<T>::runtime_name; })
+        return Name("@\"") + std::remove_pointer_t<T>::runtime_name + Name("\"");
+    else
+        return encode<T>();
+}
+
+template <Objects Kind, size_t Offset>
 consteval auto encode_arguments() {
     return Name("");
 }
-template <size_t Offset, class T, class... Rest>
+template <Objects Kind, size_t Offset, class T, class... Rest>
 consteval auto encode_arguments() {
-    return encode<T>() + decimal<Offset>() + encode_arguments<Offset + argument_size<T>, Rest...>();
+    return encode_part<Kind, T>() + decimal<Offset>() +
+           encode_arguments<Kind, Offset + argument_size<T>, Rest...>();
+}
+
+template <Objects Kind, class Result, class... Arguments>
+consteval auto encode_frame() {
+    return encode_part<Kind, Result>() + decimal<(16 + ... + argument_size<Arguments>)>() + Name("@0:8") +
+           encode_arguments<Kind, 16, Arguments...>();
 }
 }  // namespace detail
 
 /// A method's types with the frame's size and the arguments' offsets: "v24@0:8@16".
 template <class Result, class... Arguments>
 consteval auto encode_method() {
-    return encode<Result>() + decimal<(16 + ... + detail::argument_size<Arguments>)>() + Name("@0:8") +
-           detail::encode_arguments<16, Arguments...>();
+    return detail::encode_frame<detail::Objects::plain, Result, Arguments...>();
+}
+
+/// The same with the objects' classes, as protocols have it beside: "v24@0:8@\"UIColor\"16".
+template <class Result, class... Arguments>
+consteval auto encode_extended_method() {
+    return detail::encode_frame<detail::Objects::by_class, Result, Arguments...>();
 }
 
 /// A method's types alone, the form used where methods are added by hand: "v@:@".

@@ -27,7 +27,8 @@ class strong {
         std::swap(object_, other.object_);
         return *this;
     }
-    ~strong() { objc_release(as_id()); }
+    // Empty before it releases: what that calls finds no object that is gone.
+    ~strong() { objc_release(to_id(leak())); }
 
     /// Takes over a reference that the caller owns.
     static strong adopt(T* object) {

@@ -19,6 +19,7 @@ struct Root : NSObject {
     void dealloc() {
         clear_weak_references(this);  // of a class that has a -release of its own
         drop_associated_objects(this);
+        end_deallocation(this);
         objc::Previous<void()>(previous_dealloc, this, objc::selector<"dealloc">())();
     }
 };

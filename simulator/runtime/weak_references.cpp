@@ -1,13 +1,19 @@
 // Zeroing weak references: one table of the variables, by object, under one lock.
 #include "runtime/weak_references.h"
 
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <mutex>
 #include <unordered_map>
 #include <vector>
 
 #include "runtime/exported.h"
 
-extern "C" BOOL NSDecrementExtraRefCountWasZero(id);
+extern "C" {
+BOOL NSDecrementExtraRefCountWasZero(id);
+id objc_storeWeakOrNil(id* variable, id object);
+}
 
 namespace sim {
 namespace {
@@ -16,6 +22,8 @@ namespace {
 struct Table {
     std::recursive_mutex lock;
     std::unordered_map<id, std::vector<id*>> variables;
+    /// Those whose last reference is gone, the latest last: as many as deallocations are nested.
+    std::vector<id> dying;
 
     static Table& get() {
         static auto* table = new Table;
@@ -28,6 +36,15 @@ struct Table {
         for (id* variable : found->second) *variable = nullptr;
         variables.erase(found);
     }
+
+    void store(id* variable, id object) {
+        if (*variable == object) return;
+        if (*variable) remove(*variable, variable);
+        *variable = object;
+        if (object) variables[object].push_back(variable);
+    }
+
+    bool is_dying(id object) const { return object && std::ranges::find(dying, object) != dying.end(); }
 
     void remove(id object, id* variable) {
         auto found = variables.find(object);
@@ -43,7 +60,10 @@ bool drop_reference(id object) {
     Table& table = Table::get();
     std::lock_guard guard(table.lock);
     const bool last = NSDecrementExtraRefCountWasZero(object);
-    if (last) table.clear(object);
+    if (last) {
+        table.clear(object);
+        table.dying.push_back(object);
+    }
     return last;
 }
 
@@ -53,21 +73,48 @@ void clear_weak_references(id object) {
     table.clear(object);
 }
 
+void end_deallocation(id object) {
+    Table& table = Table::get();
+    std::lock_guard guard(table.lock);
+    const auto found = std::ranges::find(table.dying.rbegin(), table.dying.rend(), object);
+    if (found != table.dying.rend()) table.dying.erase(std::next(found).base());
+}
+
 }  // namespace sim
 
+// As on the device, a weak reference to an object that is being deallocated is an error that ends the
+// process, unless the caller is content with nil.
 SIM_EXPORTED id objc_storeWeak(id* variable, id object) {
     auto& table = sim::Table::get();
     std::lock_guard guard(table.lock);
-    if (*variable == object) return object;
-    if (*variable) table.remove(*variable, variable);
-    *variable = object;
-    if (object) table.variables[object].push_back(variable);
+    if (table.is_dying(object)) {
+        std::fprintf(
+            stderr,
+            "objc_storeWeak: an object of class %s is being deallocated: no weak reference to it can "
+            "be formed\n",
+            object_getClassName(object));
+        std::abort();
+    }
+    table.store(variable, object);
+    return object;
+}
+
+SIM_EXPORTED id objc_storeWeakOrNil(id* variable, id object) {
+    auto& table = sim::Table::get();
+    std::lock_guard guard(table.lock);
+    if (table.is_dying(object)) object = nullptr;
+    table.store(variable, object);
     return object;
 }
 
 SIM_EXPORTED id objc_initWeak(id* variable, id object) {
     *variable = nullptr;
     return objc_storeWeak(variable, object);
+}
+
+SIM_EXPORTED id objc_initWeakOrNil(id* variable, id object) {
+    *variable = nullptr;
+    return objc_storeWeakOrNil(variable, object);
 }
 
 SIM_EXPORTED void objc_destroyWeak(id* variable) { objc_storeWeak(variable, nullptr); }

@@ -12,4 +12,8 @@ bool drop_reference(id object);
 /// Clears the weak references to an object that is being deallocated.
 void clear_weak_references(id object);
 
+/// The object's memory is about to be given back. From its last reference to this, no weak reference to it
+/// can be formed.
+void end_deallocation(id object);
+
 }  // namespace sim

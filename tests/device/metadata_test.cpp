@@ -7,7 +7,6 @@
 
 #include "files.h"
 #include "objc_metadata_text.h"
-#include "protocols.h"
 #include "support/phone.h"
 
 extern "C" Ivar* class_copyIvarList(Class, unsigned* count);
@@ -269,36 +268,6 @@ TEST(ContractFiles, ADescribedKeyThatTheDylibLacksIsNamed) {
     EXPECT_EQ(refusal_of({settings_file, "_Enabled"}), "the dylib does not hold the key \"_Config\" of " +
                                                            std::string(settings_file) +
                                                            ", which tools/contract/files.cpp describes");
-}
-
-// --- The contract's table of protocols ---
-
-std::string refusal_of_protocols(const std::set<std::string>& names, const std::set<std::string>& selectors) {
-    try {
-        contract::protocols_declared_in(names, selectors);
-    } catch (const std::exception& refusal) {
-        return refusal.what();
-    }
-    return "none";
-}
-
-TEST(ContractProtocols, OursAreToldFromTheSystems) {
-    const auto found = contract::protocols_declared_in({"HCModalDelegate", "UITextFieldDelegate"},
-                                                       {"closeButtonPressed", "selectButtonPressed"});
-    ASSERT_EQ(found.size(), 1u);
-    EXPECT_EQ(found[0].name, "HCModalDelegate");
-}
-
-TEST(ContractProtocols, OneThatNobodyDescribedIsNamed) {
-    EXPECT_EQ(refusal_of_protocols({"HCSecretDelegate"}, {}),
-              "the dylib declares the protocol HCSecretDelegate, which tools/contract/protocols.cpp does not "
-              "describe");
-}
-
-TEST(ContractProtocols, ADescribedMethodThatTheDylibLacksIsNamed) {
-    EXPECT_EQ(refusal_of_protocols({"HCModalDelegate"}, {"closeButtonPressed"}),
-              "the dylib does not hold the selector of -selectButtonPressed in HCModalDelegate, which "
-              "tools/contract/protocols.cpp describes");
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 
 #include "draft.h"
 #include "host.h"
-#include "objc/runtime.h"
+#include "objc/protocol_registered.h"
 
 namespace {
 
@@ -164,6 +164,25 @@ TEST_F(ObjcImportTest, ProtocolsAreAdoptedWithWhatTheyAdopt) {
     EXPECT_TRUE(class_conformsToProtocol(class_named("LTBase"), objc_getProtocol("LTDrawing")));
     EXPECT_TRUE(class_conformsToProtocol(class_named("LTBase"), objc_getProtocol("LTNamed")));
     EXPECT_FALSE(class_conformsToProtocol(class_named("LTHostShape"), objc_getProtocol("LTDrawing")));
+}
+
+std::vector<std::string> listed(const objc::GnuMethodList* methods) {
+    std::vector<std::string> lines;
+    for (int i = 0; methods && i < methods->count; ++i)
+        lines.push_back(std::string(sel_getName(methods->methods[i].name)) + " " + methods->methods[i].types);
+    return lines;
+}
+
+TEST_F(ObjcImportTest, AProtocolHasItsMethods) {
+    const auto* required = reinterpret_cast<objc::GnuProtocol*>(objc_getProtocol("LTDrawing"));
+    ASSERT_NE(required, nullptr);
+    EXPECT_THAT(listed(required->instance_methods), ElementsAre("draw q16@0:8"));
+    EXPECT_EQ(required->class_methods, nullptr);
+    const auto* optional = reinterpret_cast<objc::GnuProtocol*>(
+        objc_getProtocol(objc::name_of_optional_part("LTDrawing").c_str()));
+    ASSERT_NE(optional, nullptr);
+    EXPECT_THAT(listed(optional->instance_methods), ElementsAre("draw:twice: v28@0:8@16c24"));
+    EXPECT_THAT(listed(optional->class_methods), ElementsAre("forget v16@0:8"));
 }
 
 TEST_F(ObjcImportTest, AReferenceToAProtocolIsToTheRuntimes) {

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "draft.h"
 #include "host.h"
 #include "loader/fault.h"
@@ -62,7 +64,9 @@ TEST_F(ObjcMetadataTest, IsReadWhole) {
     EXPECT_EQ(base.protocols.size(), 2u);
     EXPECT_STREQ(metadata.classes[1].name, "LTDerived");
     EXPECT_TRUE(metadata.classes[1].superclass_in_image);
-    EXPECT_THAT(metadata.protocols, UnorderedElementsAre(StrEq("LTNamed"), StrEq("LTDrawing")));
+    ASSERT_EQ(metadata.protocols.size(), 2u);
+    EXPECT_THAT((std::array{metadata.protocols[0].name, metadata.protocols[1].name}),
+                UnorderedElementsAre(StrEq("LTNamed"), StrEq("LTDrawing")));
 }
 
 TEST_F(ObjcMetadataTest, AListOfClassesWithAnOddSizeIsRefused) {
@@ -302,6 +306,24 @@ TEST_F(ObjcMetadataTest, AReferenceToWhatIsNoClassIsRefused) {
 TEST_F(ObjcMetadataTest, ASuperReferenceToWhatIsNoClassIsRefused) {
     draft.set64(draft.content("__objc_superrefs"), kOutside);
     EXPECT_EQ(refusal(), "section __objc_superrefs refers to what is no class (found 0x7000000)");
+}
+
+TEST_F(ObjcMetadataTest, AProtocolsMethodsOutsideTheImageAreRefused) {
+    for (const size_t field : {24, 40, 48}) {
+        Draft fresh("classes");
+        std::swap(draft, fresh);
+        draft.set64(pointed_to(protocols(base()) + 8) + field, kOutside);
+        EXPECT_EQ(refusal(),
+                  "protocol LTDrawing: the list of methods lies outside the image (found 8 bytes "
+                  "at 0x7000000)")
+            << field;
+    }
+}
+
+TEST_F(ObjcMetadataTest, AProtocolsExtendedTypesOutsideTheImageAreRefused) {
+    draft.set64(pointed_to(protocols(base()) + 8) + 72, kOutside);
+    EXPECT_THAT(refusal(),
+                HasSubstr("protocol LTDrawing: the methods' extended types lies outside the image"));
 }
 
 TEST_F(ObjcMetadataTest, AListedProtocolOutsideTheImageIsRefused) {

@@ -23,6 +23,11 @@ struct HCMeadow : objc::Interface<HCMeadow, "HCMeadow", NSObject> {
     std::string& notes() { return *send<"notes", std::string*>(); }
 };
 
+struct HCGrazing : objc::ProtocolInterface<"HCGrazing"> {
+    void graze() { send<"graze">(); }
+    bool likes(NSString* grass, NSUInteger amount) { return send<"likes:amount:", bool>(grass, amount); }
+};
+
 namespace {
 
 int meadows_gone = 0;
@@ -65,7 +70,9 @@ using namespace objc::definition;
 OBJC_CLASS(HCMeadow, NSObject, Meadow, ivar<"mown", &Meadow::Ivars::mown>,
            property<"name", &Meadow::Ivars::name>, property<"owner", &Meadow::Ivars::owner>,
            property<"area", &Meadow::Ivars::area>, ivar<"_state", &Meadow::Ivars::state>,
-           conforms<"NSCopying">, conforms<"HCGrowing">, declares<"HCGrazing">, class_method<"version", &Meadow::version>,
+           conforms<"NSCopying">, conforms<"HCGrowing">,
+           declares<"HCGrazing", required<"graze", &HCGrazing::graze>, optional<"likes:amount:", &HCGrazing::likes>>,
+           class_method<"version", &Meadow::version>,
            method<"initWithName:", &Meadow::initWithName>, method<"mown", &Meadow::mown>,
            method<"mix:b:c:d:e:", &Meadow::mix>, method<"notes", &Meadow::notes>,
            method<"description", &Meadow::description>)
@@ -181,6 +188,37 @@ TEST_F(SeamClass, AProtocolThatTheSystemLacksIsMade) {
 TEST_F(SeamClass, ADeclaredProtocolIsForOthers) {
     ASSERT_NE(objc_getProtocol("HCGrazing"), nullptr);
     EXPECT_FALSE(class_conformsToProtocol(objc_getClass("HCMeadow"), objc_getProtocol("HCGrazing")));
+}
+
+std::string types_in_protocol(const char* selector, bool required, bool instance = true) {
+    const auto [name, types] = protocol_getMethodDescription(objc_getProtocol("HCGrazing"),
+                                                             sel_registerName(selector), required, instance);
+    return name ? std::string(sel_getName(name)) + " " + types : "none";
+}
+
+TEST_F(SeamClass, ADeclaredProtocolKnowsItsRequiredMethods) {
+    EXPECT_EQ(types_in_protocol("graze", true), "graze v16@0:8");
+    EXPECT_EQ(types_in_protocol("graze", false), "none");
+    EXPECT_EQ(types_in_protocol("graze", true, false), "none") << "it is none of the class's";
+}
+
+TEST_F(SeamClass, ADeclaredProtocolKnowsItsOptionalMethods) {
+    EXPECT_EQ(types_in_protocol("likes:amount:", false), "likes:amount: B32@0:8@16Q24");
+    EXPECT_EQ(types_in_protocol("likes:amount:", true), "none");
+}
+
+TEST_F(SeamClass, ADeclaredProtocolListsItsMethods) {
+    for (const auto& [required, selector] : {std::pair(true, "graze"), std::pair(false, "likes:amount:")}) {
+        unsigned count = 7;
+        objc_method_description* methods =
+            protocol_copyMethodDescriptionList(objc_getProtocol("HCGrazing"), required, true, &count);
+        ASSERT_EQ(count, 1u);
+        EXPECT_STREQ(sel_getName(methods[0].name), selector);
+        std::free(methods);
+        EXPECT_EQ(protocol_copyMethodDescriptionList(objc_getProtocol("HCGrazing"), required, false, &count),
+                  nullptr);
+        EXPECT_EQ(count, 0u);
+    }
 }
 
 TEST_F(SeamClass, NilAnswersZeroOfEveryKind) {

@@ -22,6 +22,9 @@ static_assert(objc::encode<CGColorRef>() == Name("^{CGColor=}"));
 static_assert(objc::encode<Class>() == Name("#"));
 static_assert(objc::encode<SEL>() == Name(":"));
 static_assert(objc::encode<const char*>() == Name("r*"));
+static_assert(objc::encode_extended_method<void, UIColor*, NSString*>() ==
+              Name("v32@0:8@\"UIColor\"16@\"NSString\"24"));
+static_assert(objc::encode_extended_method<id, bool, Class, SEL, double>() == Name("@44@0:8B16#20:28d36"));
 static_assert(objc::encode_variable<objc::strong<UIColor>>() == Name("@\"UIColor\""));
 static_assert(objc::encode_variable<objc::weak<NSObject>>() == Name("@\"NSObject\""));
 static_assert(objc::encode_variable<NSUInteger>() == Name("Q"));

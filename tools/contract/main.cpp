@@ -65,7 +65,8 @@ Classes classes_of_device() {
 }
 
 struct Binary {
-    std::set<std::string> exports, texts, selectors, protocols;
+    std::set<std::string> exports, texts;
+    std::vector<Protocol> protocols;  // of ours
 };
 
 class DeviceSlice {
@@ -82,19 +83,38 @@ class DeviceSlice {
                  slice_.part(layout_.exports.offset, layout_.exports.size, "the export trie")))
             binary.exports.insert(std::string(macho::c_name(name)));
         binary.texts = texts_in("__cstring");
-        binary.selectors = texts_in("__objc_methname");
-        // A protocol's name is its second word. Until the image is loaded, pointers are addresses as in the
-        // file.
         if (const macho::Section* list = layout_.section("__objc_protolist"))
             for (uint64_t at = 0; at < list->size; at += macho::kPointerSize) {
-                const uint64_t protocol = slice_.u64(offset_of(list->address + at));
-                const uint64_t name = slice_.u64(offset_of(protocol + macho::kPointerSize));
-                binary.protocols.emplace(slice_.text(offset_of(name)));
+                Protocol found = protocol(word(list->address + at));
+                if (found.name.starts_with("HC")) binary.protocols.push_back(std::move(found));
             }
+        std::ranges::sort(binary.protocols, {}, &Protocol::name);
         return binary;
     }
 
   private:
+    // Until the image is loaded, pointers are addresses as in the file.
+    uint64_t word(uint64_t address) const { return slice_.u64(offset_of(address)); }
+    std::string text(uint64_t address) const { return std::string(slice_.text(offset_of(address))); }
+
+    /// protocol_t: the name is its second word, the lists of methods are from the fourth on, the types with
+    /// classes, of all methods in that order, the tenth.
+    Protocol protocol(uint64_t address) const {
+        constexpr uint64_t lists = 24, types = 72, row_size = 24;
+        Protocol found{text(word(address + 8)), {}};
+        uint64_t with_classes = word(address + types);
+        for (const auto& [side, optional] :
+             {std::pair("-", false), std::pair("+", false), std::pair("-", true), std::pair("+", true)}) {
+            const uint64_t index = (side[0] == '+') + 2 * optional;
+            const uint64_t list = word(address + lists + index * macho::kPointerSize);
+            const uint32_t count = list ? slice_.u32(offset_of(list + 4)) : 0;
+            for (uint32_t i = 0; i < count; ++i, with_classes += macho::kPointerSize)
+                found.methods.push_back(
+                    {side + text(word(list + 8 + i * row_size)), text(word(with_classes)), optional});
+        }
+        return found;
+    }
+
     std::set<std::string> texts_in(const char* name) const {
         std::set<std::string> found;
         const macho::Section* section = layout_.section(name);
@@ -190,31 +210,25 @@ void write_classes(std::ostream& page, const Binary& binary, const Classes& clas
     }
 }
 
-/// A protocol's method as a class of the dylib has it that adopts the protocol; nothing where none does.
-std::string types_of(const std::string& method, const std::string& protocol, const Classes& classes) {
-    for (const auto& [name, facts] : classes) {
-        if (std::ranges::find(facts.protocols, protocol) == facts.protocols.end()) continue;
-        const auto found = facts.methods.lower_bound(method + " ");
-        if (found != facts.methods.end() && found->starts_with(method + " "))
-            return found->substr(method.size() + 1);
-    }
-    return "";
+/// The classes with a variable that is typed by the protocol.
+std::string keepers_of(const std::string& protocol, const Classes& classes) {
+    std::string found;
+    for (const auto& [name, facts] : classes)
+        if (std::ranges::any_of(facts.variables, [&](const std::string& variable) {
+                return variable.ends_with("@\"<" + protocol + ">\"");
+            }))
+            found += (found.empty() ? "`" : ", `") + name + "`";
+    return found;
 }
 
 void write_protocols(std::ostream& page, const Binary& binary, const Classes& classes) {
-    const auto protocols = protocols_declared_in(binary.protocols, binary.selectors);
-    if (protocols.empty()) return;
-    page << "## Protocols\n\nOf an optional method the sender asks `respondsToSelector:` first. Types are "
-            "those of a "
-            "class in the dylib that adopts the\nprotocol, where one does.\n\n"
+    if (binary.protocols.empty()) return;
+    page << "## Protocols\n\nOf an optional method the sender asks `respondsToSelector:` first.\n\n"
             "| protocol | of the delegate of | method | needed | types |\n|---|---|---|---|---|\n";
-    for (const Protocol& protocol : protocols)
-        for (const ProtocolMethod& method : protocol.methods) {
-            const std::string types = types_of(method.name, protocol.name, classes);
-            page << "| `" << protocol.name << "` | `" << protocol.of << "` | `" << method.name << "` | "
-                 << (method.optional ? "optional" : "required") << " | "
-                 << (types.empty() ? "" : "`" + types + "`") << " |\n";
-        }
+    for (const auto& [protocol, methods] : binary.protocols)
+        for (const auto& [method, types, optional] : methods)
+            page << "| `" << protocol << "` | " << keepers_of(protocol, classes) << " | `" << method << "` | "
+                 << (optional ? "optional" : "required") << " | `" << types << "` |\n";
     page << "\n";
 }
 

@@ -7,6 +7,9 @@
 
 @protocol LTDrawing <LTNamed>
 - (long)draw;
+@optional
+- (void)draw:(LTHostShape*)shape twice:(BOOL)twice;
++ (void)forget;
 @end
 
 @interface LTBase : LTHostShape <LTDrawing> {

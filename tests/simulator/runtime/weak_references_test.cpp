@@ -15,6 +15,7 @@ namespace {
 int deaths = 0;
 id* watched = nullptr;
 bool cleared_at_death = false;
+void (*at_death)(id) = nullptr;
 
 struct Mourner : objc::Implements<Mourner, TSTMourner> {
     struct Ivars {
@@ -23,6 +24,7 @@ struct Mourner : objc::Implements<Mourner, TSTMourner> {
     void dealloc() {
         ++deaths;
         cleared_at_death = watched && !*watched;
+        if (at_death) at_death(this);
     }
 };
 
@@ -41,6 +43,7 @@ class WeakReference : public testing::Test {
         objc::register_classes([](auto) { return true; });
         deaths = 0;
         watched = nullptr;
+        at_death = nullptr;
     }
     ~WeakReference() override { objc_destroyWeak(&variable); }
 
@@ -64,6 +67,59 @@ TEST_F(WeakReference, IsNilAlreadyWhenDeallocRuns) {
     watched = &variable;
     object = nullptr;
     EXPECT_TRUE(cleared_at_death);
+}
+
+extern "C" id objc_storeWeakOrNil(id* variable, id object);
+extern "C" id objc_initWeakOrNil(id* variable, id object);
+
+TEST_F(WeakReference, StoredDuringDeallocEndsTheProcess) {
+    static id late = nullptr;
+    constexpr const char* message = "an object of class TSTMourner is being deallocated: no weak reference";
+    auto object = TSTMourner::make();
+    at_death = [](id dying) { objc_storeWeak(&late, dying); };
+    EXPECT_DEATH(object = nullptr, message);
+    at_death = [](id dying) { objc_initWeak(&late, dying); };
+    EXPECT_DEATH(object = nullptr, message);
+    at_death = nullptr;
+}
+
+TEST_F(WeakReference, StoredDuringDeallocIsNilWhereThatIsAllowed) {
+    static id stored, initialised;
+    stored = nullptr;
+    initialised = reinterpret_cast<id>(&stored);
+    static auto other = TSTMourner::make();
+    objc_storeWeak(&stored, other);
+    at_death = [](id dying) {
+        EXPECT_EQ(objc_storeWeakOrNil(&stored, dying), nullptr);
+        EXPECT_EQ(objc_initWeakOrNil(&initialised, dying), nullptr);
+    };
+    TSTMourner::make();
+    at_death = nullptr;
+    EXPECT_EQ(deaths, 1);
+    EXPECT_EQ(stored, nullptr);
+    EXPECT_EQ(initialised, nullptr);
+    EXPECT_EQ(objc_storeWeakOrNil(&stored, other), other.get()) << "of one that lives";
+    other = nullptr;
+    EXPECT_EQ(stored, nullptr);
+}
+
+TEST_F(WeakReference, MayBeStoredToAnotherObjectDuringDealloc) {
+    static id late;
+    static auto other = TSTMourner::make();
+    at_death = [](id) { objc_storeWeak(&late, other); };
+    TSTMourner::make();
+    at_death = nullptr;
+    EXPECT_EQ(late, other.get());
+    other = nullptr;
+    EXPECT_EQ(late, nullptr);
+}
+
+TEST_F(WeakReference, ToAnObjectAtADeadOnesPlaceIsFormed) {
+    for (int round = 0; round < 100; ++round) {
+        auto object = TSTMourner::make();
+        objc_storeWeak(&variable, object);
+        EXPECT_EQ(variable, object.get());
+    }
 }
 
 TEST_F(WeakReference, DoesNotKeepTheObject) {
