@@ -1,7 +1,7 @@
 // NSData and files: read and written inside the root folder, with the device's errors.
 #include "foundation/cocoa_error.h"
+#include "foundation/corrections.h"
 #include "foundation/file_contents.h"
-#include "foundation/mends.h"
 #include "runtime/method_replacement.h"
 
 namespace sim {
@@ -76,26 +76,26 @@ struct DataFiles : NSData {
 
 }  // namespace
 
-void mend_data_files() {
+void correct_data_files() {
     Class data = NSData::class_object();
-    mend_everywhere<"initWithContentsOfFile:", &DataFiles::initWithContentsOfFile>(data);
-    mend_everywhere<"initWithContentsOfMappedFile:", &DataFiles::initWithContentsOfFile>(data);
-    mend_everywhere<"initWithContentsOfFile:options:error:", &DataFiles::initWithContentsOfFileOptionsError>(
+    correct_everywhere<"initWithContentsOfFile:", &DataFiles::initWithContentsOfFile>(data);
+    correct_everywhere<"initWithContentsOfMappedFile:", &DataFiles::initWithContentsOfFile>(data);
+    correct_everywhere<"initWithContentsOfFile:options:error:", &DataFiles::initWithContentsOfFileOptionsError>(
         data);
-    mend_everywhere<"initWithContentsOfURL:", &DataFiles::initWithContentsOfURL>(data);
-    mend_everywhere<"initWithContentsOfURL:options:error:", &DataFiles::initWithContentsOfURLOptionsError>(
+    correct_everywhere<"initWithContentsOfURL:", &DataFiles::initWithContentsOfURL>(data);
+    correct_everywhere<"initWithContentsOfURL:options:error:", &DataFiles::initWithContentsOfURLOptionsError>(
         data);
-    mend_everywhere<"dataWithContentsOfFile:", &DataFiles::dataWithContentsOfFile>(data);
-    mend_everywhere<"dataWithContentsOfMappedFile:", &DataFiles::dataWithContentsOfFile>(data);
-    mend_everywhere<"dataWithContentsOfFile:options:error:", &DataFiles::dataWithContentsOfFileOptionsError>(
+    correct_everywhere<"dataWithContentsOfFile:", &DataFiles::dataWithContentsOfFile>(data);
+    correct_everywhere<"dataWithContentsOfMappedFile:", &DataFiles::dataWithContentsOfFile>(data);
+    correct_everywhere<"dataWithContentsOfFile:options:error:", &DataFiles::dataWithContentsOfFileOptionsError>(
         data);
-    mend_everywhere<"dataWithContentsOfURL:", &DataFiles::dataWithContentsOfURL>(data);
-    mend_everywhere<"dataWithContentsOfURL:options:error:", &DataFiles::dataWithContentsOfURLOptionsError>(
+    correct_everywhere<"dataWithContentsOfURL:", &DataFiles::dataWithContentsOfURL>(data);
+    correct_everywhere<"dataWithContentsOfURL:options:error:", &DataFiles::dataWithContentsOfURLOptionsError>(
         data);
-    mend_everywhere<"writeToFile:atomically:", &DataFiles::writeToFile>(data);
-    mend_everywhere<"writeToFile:options:error:", &DataFiles::writeToFileOptionsError>(data);
-    mend_everywhere<"writeToURL:atomically:", &DataFiles::writeToURL>(data);
-    mend_everywhere<"writeToURL:options:error:", &DataFiles::writeToURLOptionsError>(data);
+    correct_everywhere<"writeToFile:atomically:", &DataFiles::writeToFile>(data);
+    correct_everywhere<"writeToFile:options:error:", &DataFiles::writeToFileOptionsError>(data);
+    correct_everywhere<"writeToURL:atomically:", &DataFiles::writeToURL>(data);
+    correct_everywhere<"writeToURL:options:error:", &DataFiles::writeToURLOptionsError>(data);
 }
 
 }  // namespace sim

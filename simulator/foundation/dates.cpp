@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 
-#include "foundation/mends.h"
+#include "foundation/corrections.h"
 #include "platform/foundation.h"
 #include "runtime/method_replacement.h"
 
@@ -56,10 +56,10 @@ struct Date : NSObject {
 
 }  // namespace
 
-void mend_dates() {
+void correct_dates() {
     Class date = objc_getClass("NSDate");
-    mend_everywhere<"description", &Date::description>(date);
-    mend_everywhere<"descriptionWithLocale:", &Date::descriptionWithLocale>(date);
+    correct_everywhere<"description", &Date::description>(date);
+    correct_everywhere<"descriptionWithLocale:", &Date::descriptionWithLocale>(date);
 }
 
 }  // namespace sim

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "foundation/cocoa_error.h"
+#include "foundation/corrections.h"
 #include "foundation/file_contents.h"
-#include "foundation/mends.h"
 #include "foundation/paths.h"
 #include "foundation/text.h"
 #include "runtime/method_replacement.h"
@@ -186,21 +186,21 @@ struct Manager : NSFileManager {
 
 }  // namespace
 
-void mend_file_manager() {
+void correct_file_manager() {
     Class manager = NSFileManager::class_object();
-    mend<"fileExistsAtPath:", &Manager::fileExists>(manager);
-    mend<"fileExistsAtPath:isDirectory:", &Manager::fileExistsIsDirectory>(manager);
-    mend<"removeItemAtPath:error:", &Manager::removeItem>(manager);
-    mend<"moveItemAtPath:toPath:error:", &Manager::moveItem>(manager);
-    mend<"copyItemAtPath:toPath:error:", &Manager::copyItem>(manager);
-    mend<"createDirectoryAtPath:withIntermediateDirectories:attributes:error:", &Manager::createDirectory>(
-        manager);
-    mend<"createFileAtPath:contents:attributes:", &Manager::createFile>(manager);
-    mend<"contentsAtPath:", &Manager::contents>(manager);
-    mend<"contentsOfDirectoryAtPath:error:", &Manager::contentsOfDirectory>(manager);
-    mend<"createSymbolicLinkAtPath:withDestinationPath:error:", &Manager::createSymbolicLink>(manager);
-    mend<"destinationOfSymbolicLinkAtPath:error:", &Manager::destinationOfSymbolicLink>(manager);
-    previous_attributes = mend<"attributesOfItemAtPath:error:", &Manager::attributesOfItem>(manager);
+    redefine<"fileExistsAtPath:", &Manager::fileExists>(manager);
+    redefine<"fileExistsAtPath:isDirectory:", &Manager::fileExistsIsDirectory>(manager);
+    redefine<"removeItemAtPath:error:", &Manager::removeItem>(manager);
+    redefine<"moveItemAtPath:toPath:error:", &Manager::moveItem>(manager);
+    redefine<"copyItemAtPath:toPath:error:", &Manager::copyItem>(manager);
+    redefine<"createDirectoryAtPath:withIntermediateDirectories:attributes:error:",
+             &Manager::createDirectory>(manager);
+    redefine<"createFileAtPath:contents:attributes:", &Manager::createFile>(manager);
+    redefine<"contentsAtPath:", &Manager::contents>(manager);
+    redefine<"contentsOfDirectoryAtPath:error:", &Manager::contentsOfDirectory>(manager);
+    redefine<"createSymbolicLinkAtPath:withDestinationPath:error:", &Manager::createSymbolicLink>(manager);
+    redefine<"destinationOfSymbolicLinkAtPath:error:", &Manager::destinationOfSymbolicLink>(manager);
+    previous_attributes = redefine<"attributesOfItemAtPath:error:", &Manager::attributesOfItem>(manager);
 }
 
 }  // namespace sim

@@ -2,7 +2,7 @@
 // device's processor converts them. Foundation on Linux leaves it to the compiler, which promises nothing.
 #include <limits>
 
-#include "foundation/mends.h"
+#include "foundation/corrections.h"
 #include "platform/foundation.h"
 #include "runtime/method_replacement.h"
 
@@ -29,17 +29,17 @@ struct RealNumber : NSNumber {
 
 }  // namespace
 
-void mend_numbers() {
+void correct_numbers() {
     for (const char* name : {"NSDoubleNumber", "NSFloatNumber"}) {
         Class number = objc_getClass(name);
-        mend<"intValue", &RealNumber::intValue>(number);
-        mend<"unsignedIntValue", &RealNumber::unsignedIntValue>(number);
-        mend<"longValue", &RealNumber::longValue>(number);
-        mend<"integerValue", &RealNumber::longValue>(number);
-        mend<"longLongValue", &RealNumber::longValue>(number);
-        mend<"unsignedLongValue", &RealNumber::unsignedLongValue>(number);
-        mend<"unsignedIntegerValue", &RealNumber::unsignedLongValue>(number);
-        mend<"unsignedLongLongValue", &RealNumber::unsignedLongValue>(number);
+        redefine<"intValue", &RealNumber::intValue>(number);
+        redefine<"unsignedIntValue", &RealNumber::unsignedIntValue>(number);
+        redefine<"longValue", &RealNumber::longValue>(number);
+        redefine<"integerValue", &RealNumber::longValue>(number);
+        redefine<"longLongValue", &RealNumber::longValue>(number);
+        redefine<"unsignedLongValue", &RealNumber::unsignedLongValue>(number);
+        redefine<"unsignedIntegerValue", &RealNumber::unsignedLongValue>(number);
+        redefine<"unsignedLongLongValue", &RealNumber::unsignedLongValue>(number);
     }
 }
 

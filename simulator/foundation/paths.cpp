@@ -2,8 +2,8 @@
 // host answers a path inside the root folder, so that whatever is built on it stays inside.
 #include "foundation/paths.h"
 
+#include "foundation/corrections.h"
 #include "foundation/file_contents.h"
-#include "foundation/mends.h"
 #include "foundation/text.h"
 #include "runtime/method_replacement.h"
 #include "runtime/not_modelled.h"
@@ -56,14 +56,14 @@ struct Enumerator : NSObject {
 KeepLinks::KeepLinks() : before_(std::exchange(last_link, LastLink::keep)) {}
 KeepLinks::~KeepLinks() { last_link = before_; }
 
-void mend_paths() {
+void correct_paths() {
     Class manager = NSFileManager::class_object();
-    mend<"fileSystemRepresentationWithPath:", &Manager::fileSystemRepresentation>(manager);
-    mend<"currentDirectoryPath", &Manager::currentDirectoryPath>(manager);
-    mend<"changeCurrentDirectoryPath:", &Manager::changeCurrentDirectoryPath>(manager);
-    mend<"stringByResolvingSymlinksInPath", &Path::resolved>(NSString::class_object());
+    redefine<"fileSystemRepresentationWithPath:", &Manager::fileSystemRepresentation>(manager);
+    redefine<"currentDirectoryPath", &Manager::currentDirectoryPath>(manager);
+    redefine<"changeCurrentDirectoryPath:", &Manager::changeCurrentDirectoryPath>(manager);
+    redefine<"stringByResolvingSymlinksInPath", &Path::resolved>(NSString::class_object());
     previous_next_object =
-        mend<"nextObject", &Enumerator::nextObject>(objc_getClass("NSDirectoryEnumerator"));
+        redefine<"nextObject", &Enumerator::nextObject>(objc_getClass("NSDirectoryEnumerator"));
 }
 
 }  // namespace sim

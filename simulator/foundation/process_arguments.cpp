@@ -68,8 +68,8 @@ void start_foundation(const std::string& executable, ClaimedArguments arguments)
     Class info = NSProcessInfo::class_object();
     switch (arguments) {
         case ClaimedArguments::executable: break;
-        case ClaimedArguments::none: mend<"arguments", &ProcessInfo::no_arguments>(info); break;
-        case ClaimedArguments::nil: mend<"arguments", &ProcessInfo::nil_arguments>(info); break;
+        case ClaimedArguments::none: redefine<"arguments", &ProcessInfo::no_arguments>(info); break;
+        case ClaimedArguments::nil: redefine<"arguments", &ProcessInfo::nil_arguments>(info); break;
     }
 }
 

@@ -2,8 +2,8 @@
 #include <optional>
 
 #include "foundation/cocoa_error.h"
+#include "foundation/corrections.h"
 #include "foundation/file_contents.h"
-#include "foundation/mends.h"
 #include "foundation/property_list/reader.h"
 #include "foundation/property_list/writer.h"
 #include "runtime/method_replacement.h"
@@ -137,26 +137,26 @@ struct ListFiles : Collection {
 };
 
 template <class Files>
-void mend_list_files(Class collection) {
-    mend_everywhere<"writeToFile:atomically:", &Files::writeToFile>(collection);
-    mend_everywhere<"writeToURL:atomically:", &Files::writeToURL>(collection);
-    mend_everywhere<"writeToURL:error:", &Files::writeToURLError>(collection);
-    mend_everywhere<"initWithContentsOfFile:", &Files::initWithContentsOfFile>(collection);
-    mend_everywhere<"initWithContentsOfURL:", &Files::initWithContentsOfURL>(collection);
-    mend_everywhere<"initWithContentsOfURL:error:", &Files::initWithContentsOfURLError>(collection);
+void correct_list_files(Class collection) {
+    correct_everywhere<"writeToFile:atomically:", &Files::writeToFile>(collection);
+    correct_everywhere<"writeToURL:atomically:", &Files::writeToURL>(collection);
+    correct_everywhere<"writeToURL:error:", &Files::writeToURLError>(collection);
+    correct_everywhere<"initWithContentsOfFile:", &Files::initWithContentsOfFile>(collection);
+    correct_everywhere<"initWithContentsOfURL:", &Files::initWithContentsOfURL>(collection);
+    correct_everywhere<"initWithContentsOfURL:error:", &Files::initWithContentsOfURLError>(collection);
 }
 
 }  // namespace
 
-void mend_property_lists() {
+void correct_property_lists() {
     Class serialization = NSPropertyListSerialization::class_object();
-    mend<"propertyListWithData:options:format:error:", &Serialization::readData>(serialization);
-    mend<"propertyListFromData:mutabilityOption:format:errorDescription:", &Serialization::readDataOrText>(
-        serialization);
-    mend<"dataWithPropertyList:format:options:error:", &Serialization::writeData>(serialization);
-    mend<"propertyList:isValidForFormat:", &Serialization::isValid>(serialization);
-    mend_list_files<ListFiles<NSDictionary, "initWithDictionary:">>(NSDictionary::class_object());
-    mend_list_files<ListFiles<NSArray, "initWithArray:">>(NSArray::class_object());
+    redefine<"propertyListWithData:options:format:error:", &Serialization::readData>(serialization);
+    redefine<"propertyListFromData:mutabilityOption:format:errorDescription:",
+             &Serialization::readDataOrText>(serialization);
+    redefine<"dataWithPropertyList:format:options:error:", &Serialization::writeData>(serialization);
+    redefine<"propertyList:isValidForFormat:", &Serialization::isValid>(serialization);
+    correct_list_files<ListFiles<NSDictionary, "initWithDictionary:">>(NSDictionary::class_object());
+    correct_list_files<ListFiles<NSArray, "initWithArray:">>(NSArray::class_object());
 }
 
 }  // namespace sim

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string>
 
-#include "foundation/mends.h"
+#include "foundation/corrections.h"
 #include "platform/foundation.h"
 #include "runtime/method_replacement.h"
 
@@ -79,12 +79,12 @@ struct Text : NSString {
 
 }  // namespace
 
-void mend_strings() {
+void correct_strings() {
     Class string = NSString::class_object();
-    mend_everywhere<"intValue", &Text::intValue>(string);
-    mend_everywhere<"doubleValue", &Text::doubleValue>(string);
-    mend_everywhere<"floatValue", &Text::floatValue>(string);
-    Text::previous_append = mend<"stringByAppendingString:", &Text::stringByAppendingString>(string);
+    correct_everywhere<"intValue", &Text::intValue>(string);
+    correct_everywhere<"doubleValue", &Text::doubleValue>(string);
+    correct_everywhere<"floatValue", &Text::floatValue>(string);
+    Text::previous_append = redefine<"stringByAppendingString:", &Text::stringByAppendingString>(string);
 }
 
 }  // namespace sim

@@ -9,7 +9,7 @@
 #include <memory>
 #include <string_view>
 
-#include "foundation/mends.h"
+#include "foundation/corrections.h"
 #include "interface/leak_checking.h"
 #include "interface/refusal.h"
 #include "objc/class.h"
@@ -127,7 +127,7 @@ const Device& device() { return booted_device(); }
 bool is_booted() { return booted; }
 
 // The order matters: Foundation first, then what the runtime lacks, before objects are made that need it; the
-// mends before anything reads a file; the system's classes last.
+// corrections before anything reads a file; the system's classes last.
 void boot(const BootOptions& options) {
     if (booted) throw Refusal(SIM_MISUSE, "the phone is on already: one boot per process");
     const std::string root = checked_root(options.root);
@@ -142,7 +142,7 @@ void boot(const BootOptions& options) {
     mount_root(root);
     deny_folders(options.denied_folders);
     objc_autoreleasePoolPush();  // the main thread's outermost pool, which is never drained
-    mend_foundation();
+    correct_foundation();
     add_geometry_to_values();
     add_items_to_index_paths();
     // Foundation looks for its settings when they are first wanted, in many places; now these are the

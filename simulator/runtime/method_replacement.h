@@ -24,9 +24,9 @@ bool add_method(Class owner, SEL selector, IMP implementation, const char* types
 ///     struct Text : NSString {
 ///         int intValue() { … }
 ///     };
-///     mend<"intValue", &Text::intValue>(NSString::class_object());
+///     redefine<"intValue", &Text::intValue>(NSString::class_object());
 template <objc::Name Selector, auto Function>
-IMP mend(Class owner) {
+IMP redefine(Class owner) {
     using Entry = objc::Entry<Function>;
     static_assert(Selector.colons() == Entry::arity, "the selector and the function's parameters disagree");
     if (Entry::on_class) owner = object_getClass(reinterpret_cast<id>(owner));
@@ -40,13 +40,13 @@ IMP mend(Class owner) {
 /// Calls `visit` with each subclass of `owner`, or its metaclass, that has a method of its own.
 void for_each_override(Class owner, bool on_class, SEL selector, void (*visit)(Class));
 
-/// Mends the method in the class and in each of its subclasses that has one of its own, as the members of a
-/// class cluster do.
+/// Redefines the method in the class and in each of its subclasses that has one of its own, as the members of
+/// a class cluster do.
 template <objc::Name Selector, auto Function>
-void mend_everywhere(Class owner) {
-    mend<Selector, Function>(owner);
+void correct_everywhere(Class owner) {
+    redefine<Selector, Function>(owner);
     for_each_override(owner, objc::Entry<Function>::on_class, objc::selector<Selector>(),
-                      [](Class overriding) { mend<Selector, Function>(overriding); });
+                      [](Class overriding) { redefine<Selector, Function>(overriding); });
 }
 
 }  // namespace sim

@@ -27,8 +27,8 @@ struct Root : NSObject {
 }  // namespace
 
 void install_reference_counting() {
-    mend<"release", &Root::release>(NSObject::class_object());
-    previous_dealloc = mend<"dealloc", &Root::dealloc>(NSObject::class_object());
+    redefine<"release", &Root::release>(NSObject::class_object());
+    previous_dealloc = redefine<"dealloc", &Root::dealloc>(NSObject::class_object());
 }
 
 }  // namespace sim

@@ -23,12 +23,12 @@ struct GeometryValue : NSValue {
 
 void add_geometry_to_values() {
     Class value = NSValue::class_object();
-    mend<"valueWithCGPoint:", &GeometryValue::with<CGPoint, "valueWithPoint:">>(value);
-    mend<"valueWithCGSize:", &GeometryValue::with<CGSize, "valueWithSize:">>(value);
-    mend<"valueWithCGRect:", &GeometryValue::with<CGRect, "valueWithRect:">>(value);
-    mend<"CGPointValue", &GeometryValue::geometry<CGPoint, "pointValue">>(value);
-    mend<"CGSizeValue", &GeometryValue::geometry<CGSize, "sizeValue">>(value);
-    mend<"CGRectValue", &GeometryValue::geometry<CGRect, "rectValue">>(value);
+    redefine<"valueWithCGPoint:", &GeometryValue::with<CGPoint, "valueWithPoint:">>(value);
+    redefine<"valueWithCGSize:", &GeometryValue::with<CGSize, "valueWithSize:">>(value);
+    redefine<"valueWithCGRect:", &GeometryValue::with<CGRect, "valueWithRect:">>(value);
+    redefine<"CGPointValue", &GeometryValue::geometry<CGPoint, "pointValue">>(value);
+    redefine<"CGSizeValue", &GeometryValue::geometry<CGSize, "sizeValue">>(value);
+    redefine<"CGRectValue", &GeometryValue::geometry<CGRect, "rectValue">>(value);
 }
 
 }  // namespace sim

@@ -96,7 +96,7 @@ TEST_F(Lint, NumbersInTextsAreAWarningAndUsed) {
 TEST_F(Lint, AColourThatTheLibraryReadsOtherwiseIsAWarning) {
     const json report = linted(theme("#12345", "#777777", flat("#FFFFFF")));
     EXPECT_EQ(findings(report).at(0), "warning _TextColor: \"#12345\"");
-    EXPECT_NE(report.at("findings").at(0).at("mend").get<std::string>().find("#000000"), std::string::npos);
+    EXPECT_NE(report.at("findings").at(0).at("fix").get<std::string>().find("#000000"), std::string::npos);
 }
 
 TEST_F(Lint, EntriesOfColoursAreCounted) {
@@ -169,7 +169,7 @@ TEST_F(Lint, LabelsBelowThreeAreAnErrorAndBelowFourAndAHalfAWarning) {
 
 TEST_F(Lint, TheNearestColourThatPassesDoesPassAndItsNeighbourDoesNot) {
     const json report = linted(theme("#959595", "#000000", flat("#FFFFFF")));
-    EXPECT_EQ(report.at("findings").at(0).at("mend"),
+    EXPECT_EQ(report.at("findings").at(0).at("fix"),
               "the nearest pair that passes on every key is #767676 for labels and #000000 for highlights");
 }
 
@@ -189,7 +189,7 @@ TEST_F(Lint, NoColourPassesOverBlackAndWhite) {
         "<key>_Colors</key><array><string>#FFFFFF</string><string>#000000</string></array>"));
     EXPECT_NE(report.at("findings")
                   .at(0)
-                  .at("mend")
+                  .at("fix")
                   .get<std::string>()
                   .find("no pair passes on this background; the nearest is with _Colors #"),
               std::string::npos);

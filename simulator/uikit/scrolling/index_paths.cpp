@@ -21,11 +21,11 @@ struct ItemPath : NSIndexPath {
 
 void add_items_to_index_paths() {
     Class path = NSIndexPath::class_object();
-    mend<"indexPathForItem:inSection:", &ItemPath::indexPathForItem>(path);
-    mend<"indexPathForRow:inSection:", &ItemPath::indexPathForItem>(path);
-    mend<"section", &ItemPath::section>(path);
-    mend<"item", &ItemPath::item>(path);
-    mend<"row", &ItemPath::item>(path);
+    redefine<"indexPathForItem:inSection:", &ItemPath::indexPathForItem>(path);
+    redefine<"indexPathForRow:inSection:", &ItemPath::indexPathForItem>(path);
+    redefine<"section", &ItemPath::section>(path);
+    redefine<"item", &ItemPath::item>(path);
+    redefine<"row", &ItemPath::item>(path);
 }
 
 }  // namespace sim

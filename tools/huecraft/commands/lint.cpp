@@ -10,7 +10,7 @@
 #include "formats/property_list.h"
 #include "formats/value.h"
 #include "themes/findings.h"
-#include "themes/mending.h"
+#include "themes/fixing.h"
 
 namespace command {
 namespace {
@@ -70,7 +70,7 @@ Report inspect(const std::string& file, const Workshop& workshop, const Backdrop
     for (Finding& finding : report.findings)
         if ((!labels && finding.key == name_of(ThemeKey::text_colour)) ||
             (!highlights && finding.key == name_of(ThemeKey::highlight_colour)))
-            finding.mend += "; " + advice;
+            finding.fix += "; " + advice;
     if (labels) {
         report.labels = legibility.labels;
         report.add(findings_in_contrast(ThemeKey::text_colour, "labels", *labels, *report.labels,
@@ -95,7 +95,7 @@ std::vector<std::string> fix(const std::string& file, const Workshop& workshop,
     const std::string contents = read_input(file);
     const Form form = parse_property_list(contents, file).form;
     const LoadedTheme theme = load_theme(workshop, file, contents);
-    std::vector<std::string> done = mend_values(theme.config, file);
+    std::vector<std::string> done = correct_values(theme.config, file);
     const Pair before = pair_of(theme.config);
     const Advice advice = advise(sampler, theme.config);
     const bool recoloured = hex_of(before.labels) != hex_of(advice.pair.labels) ||
@@ -145,7 +145,7 @@ void print(const Report& report) {
         std::printf("  %s %s: found %s; expected %s: %s\n",
                     toned(is_error ? Tone::bad : Tone::warning, is_error ? "error" : "warning").c_str(),
                     finding.key.c_str(), finding.found.c_str(), finding.expected.c_str(),
-                    finding.mend.c_str());
+                    finding.fix.c_str());
     }
 }
 
@@ -173,7 +173,7 @@ Json in_json(const Report& report) {
                             {"key", one.key},
                             {"found", one.found},
                             {"expected", one.expected},
-                            {"mend", one.mend}});
+                            {"fix", one.fix}});
     Json image = nullptr;
     if (report.weight.has_image)
         image = {{"width", report.weight.width},
@@ -251,8 +251,8 @@ struct Lint {
 
 void add_lint(CLI::App& command, Request& request) {
     auto options = std::make_shared<Lint>();
-    CLI::App* sub = add_subcommand(command, request, "lint",
-                                   "Say what is wrong with themes, and how to mend it", options);
+    CLI::App* sub =
+        add_subcommand(command, request, "lint", "Say what is wrong with themes, and how to fix it", options);
     sub->add_option("files", options->files, "Themes")->required()->type_name("FILE");
     sub->add_flag("--fix", options->fixing,
                   "Follow the advice, and write the themes in place of what they were");

@@ -10,7 +10,7 @@
 #include "cli/files.h"
 #include "cli/terminal.h"
 #include "support/text.h"
-#include "themes/mending.h"
+#include "themes/fixing.h"
 #include "themes/picture_colours.h"
 #include "themes/theme.h"
 

@@ -6,7 +6,7 @@
 #include "objc/fast_enumeration.h"
 #include "photos/photo.h"
 #include "support/text.h"
-#include "themes/mending.h"
+#include "themes/fixing.h"
 #include "themes/oklab.h"
 
 namespace command {

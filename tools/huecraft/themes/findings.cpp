@@ -39,14 +39,14 @@ class Inspector {
         keycaps();
         for (const std::string& key : theme_.unknown_keys())
             findings_.push_back({warning, one_line(key), in_words(theme_.stored(key.c_str())), "no such key",
-                                 "remove it, or mend its spelling: the library does not read it"});
+                                 "remove it, or fix its spelling: the library does not read it"});
         return std::move(findings_);
     }
 
   private:
     void add(Finding::Severity severity, ThemeKey key, const std::string& found, const std::string& expected,
-             const std::string& mend) {
-        findings_.push_back({severity, name_of(key), found, expected, mend});
+             const std::string& fix) {
+        findings_.push_back({severity, name_of(key), found, expected, fix});
     }
 
     id stored(ThemeKey key) const { return theme_.stored(name_of(key)); }

@@ -12,7 +12,7 @@ struct Finding {
     enum class Severity { warning, error } severity;
     std::string key;
     /// The value found, the value expected, and what to do.
-    std::string found, expected, mend;
+    std::string found, expected, fix;
 };
 
 /// What can be told of the values alone: missing, mistyped, unknown, unreadable.

@@ -1,5 +1,5 @@
 // What makes a theme fine: the values.
-#include "themes/mending.h"
+#include "themes/fixing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,11 +45,11 @@ std::optional<std::string> readable_hex(id value) {
     return hex_of(colour_of(HCCITool::colorFromHexString(hex)));
 }
 
-class Mending {
+class Fixing {
   public:
-    Mending(HuecraftConfig* config, const std::string& file) : config_(config), file_(file) {}
+    Fixing(HuecraftConfig* config, const std::string& file) : config_(config), file_(file) {}
 
-    std::vector<std::string> mend() {
+    std::vector<std::string> fix() {
         unknown_keys();
         name();
         colour(ThemeKey::text_colour, "#FFFFFF");
@@ -197,8 +197,8 @@ objc::strong<HuecraftConfig> copy_of(HuecraftConfig* config) {
     return copy;
 }
 
-std::vector<std::string> mend_values(HuecraftConfig* config, const std::string& file) {
-    return Mending(config, file).mend();
+std::vector<std::string> correct_values(HuecraftConfig* config, const std::string& file) {
+    return Fixing(config, file).fix();
 }
 
 std::optional<std::string> stored_image(HuecraftConfig* config) {

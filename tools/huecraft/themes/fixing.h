@@ -15,7 +15,7 @@ objc::strong<HuecraftConfig> copy_of(HuecraftConfig* config);
 
 /// Puts right what `findings_in_values` and `findings_in_weight` find. Answers what was done, a line each.
 /// `file` names a theme without a name.
-std::vector<std::string> mend_values(HuecraftConfig* config, const std::string& file);
+std::vector<std::string> correct_values(HuecraftConfig* config, const std::string& file);
 
 /// The pair to take and, where none passes on the background as it is, what to do to that first.
 struct Advice {
