@@ -124,8 +124,6 @@ void Image::find_initialisers() {
 void Image::find_entry() {
     if (!layout_.entry) return;
     entry_ = resident_->mapping.address_of(layout_.header_address) + *layout_.entry;
-    if (!resident_->mapping.is_code(entry_))
-        refuse("LC_MAIN begins at what is no code of the image (found " + hex(*layout_.entry) + ")");
 }
 
 void* Image::symbol(std::string_view name) const {

@@ -84,6 +84,7 @@ class LoadCommands {
             refuse("no place to begin (expected the load command LC_MAIN)");
         if (!has_tables_) refuse("no fix-up tables (expected the load command LC_DYLD_INFO_ONLY)");
         check_segments();
+        check_entry();
         return std::move(layout_);
     }
 
@@ -93,6 +94,15 @@ class LoadCommands {
     bool only_reserves(const Segment& segment) const {
         return is_executable() && segment.file_size == 0 && !segment.readable && !segment.writable &&
                !segment.executable;
+    }
+
+    void check_entry() const {
+        if (!layout_.entry) return;
+        const auto begins_in = [at = layout_.header_address + *layout_.entry](const Segment& segment) {
+            return segment.executable && at >= segment.address && at - segment.address < segment.file_size;
+        };
+        if (std::ranges::none_of(layout_.segments, begins_in))
+            refuse("LC_MAIN begins at what is no code of the image (found " + hex(*layout_.entry) + ")");
     }
 
     void one(uint32_t number, const Bytes& command) {
