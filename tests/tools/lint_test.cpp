@@ -239,7 +239,7 @@ TEST_P(LintAgainstTheKeyboard, SeesWhatIsBehindTheLabels) {
     // On a screen of 375 x 667 points.
     const std::string key = worst.at("worstKey");
     const std::map<std::string, std::pair<int, int>> middles{
-        {"q", {18, 442}}, {"p", {356, 442}}, {"Shift-Key", {24, 550}}, {"return", {333, 604}}};
+        {"q", {18, 480}}, {"p", {356, 480}}, {"Shift-Key", {24, 588}}, {"123", {20, 642}}, {"return", {328, 642}}};
     ASSERT_TRUE(middles.contains(key)) << key;
     const auto [x, y] = middles.at(key);
     const unsigned seen = png.at(x, y);

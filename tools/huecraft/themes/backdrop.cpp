@@ -99,6 +99,11 @@ Pixels picture_of_caps(const Workshop& workshop, bool caps, const char* backdrop
     return Pixels(tools::read_picture(picture));
 }
 
+CGSize on_whole_pixels(CGSize size) {
+    auto rounded_up = [](double points) { return std::ceil(points * backdrop_scale) / backdrop_scale; };
+    return {rounded_up(size.width), rounded_up(size.height)};
+}
+
 template <class T>
 objc::strong<T> make_view(CGRect frame) {
     return objc::adopt(static_cast<T*>(T::alloc()->initWithFrame(frame).leak()));
@@ -121,13 +126,11 @@ BackdropSampler::BackdropSampler(const Workshop& workshop) {
     tools::require(sim_show_keyboard(&keyboard), "showing the keyboard");
 
     const CGRect screen = UIScreen::mainScreen()->bounds();
-    double keyboard_top = screen.size.height;
+    // The keys have a backdrop of their own; this phone has no dock, which would share it.
+    const double keyboard_top = screen.size.height - UIKeyboardImpl::keyboardSize(1).height;
+    size_ = {screen.size.width, screen.size.height - keyboard_top};
     std::vector<sim_key> keys(sim_key_count());
     for (size_t i = 0; i < keys.size(); ++i) tools::require(sim_key_at(i, &keys[i]), "finding the keys");
-    // The keys have a backdrop of their own; this phone has no dock, which would share it.
-    const CGSize key_area = UIKeyboardImpl::keyboardSize(1);
-    keyboard_top -= key_area.height;
-    size_ = {screen.size.width, screen.size.height - keyboard_top};
     for (const sim_key& key : keys) {
         Place place{key.text ? key.text : key.name, {}};
         // The room of a label: the middle of the key.
@@ -144,13 +147,16 @@ BackdropSampler::BackdropSampler(const Workshop& workshop) {
 Behind BackdropSampler::behind(HuecraftConfig* config) const {
     objc::AutoreleasePool pool;
     wear(config);
-    auto page = make_view<UIView>({{0, 0}, size_});
+    // The page fills the last pixels too: what they lacked would be black, and the backdrop blurs what it
+    // is over.
+    const CGSize page_size = on_whole_pixels(size_);
+    auto page = make_view<UIView>({{0, 0}, page_size});
     page->setBackgroundColor(UIColor::colorWithWhite(0.97, 1));
     auto backdrop = make_view<UIKBInputBackdropView>({{0, 0}, size_});
     backdrop->layoutToFull({{0, 0}, size_});
     page->addSubview(backdrop);
     page->layoutIfNeeded();
-    UIGraphicsBeginImageContextWithOptions(size_, true, backdrop_scale);
+    UIGraphicsBeginImageContextWithOptions(page_size, true, backdrop_scale);
     page->drawViewHierarchyInRect(page->bounds(), true);
     const Pixels pixels(UIGraphicsGetImageFromCurrentImageContext());
     UIGraphicsEndImageContext();
