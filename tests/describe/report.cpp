@@ -77,6 +77,9 @@ DescribedPhone::Outcome DescribedPhone::run(const std::vector<const char*>& argu
     }
     outcome.out = contents_of(out);
     outcome.err = contents_of(err);
+    // The emulator has a line of its own for a child that a signal ended.
+    if (outcome.err.starts_with("qemu: uncaught target signal "))
+        outcome.err.erase(0, outcome.err.find('\n') + 1);
     return outcome;
 }
 
