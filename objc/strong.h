@@ -80,8 +80,8 @@ strong<T> adopt(T* object) {
     return strong<T>::adopt(object);
 }
 
-/// A strong reference for the life of the process: filled once, never released, nothing to destroy at exit. It may be
-/// read and filled on any thread; what is stored twice must be the same object.
+/// A strong reference for the life of the process: filled once, never released, nothing to destroy at exit.
+/// It may be read and filled on any thread; what is stored twice must be the same object.
 template <class T>
 class lasting {
   public:

@@ -80,15 +80,15 @@ void correct_data_files() {
     Class data = NSData::class_object();
     correct_everywhere<"initWithContentsOfFile:", &DataFiles::initWithContentsOfFile>(data);
     correct_everywhere<"initWithContentsOfMappedFile:", &DataFiles::initWithContentsOfFile>(data);
-    correct_everywhere<"initWithContentsOfFile:options:error:", &DataFiles::initWithContentsOfFileOptionsError>(
-        data);
+    correct_everywhere<"initWithContentsOfFile:options:error:",
+                       &DataFiles::initWithContentsOfFileOptionsError>(data);
     correct_everywhere<"initWithContentsOfURL:", &DataFiles::initWithContentsOfURL>(data);
     correct_everywhere<"initWithContentsOfURL:options:error:", &DataFiles::initWithContentsOfURLOptionsError>(
         data);
     correct_everywhere<"dataWithContentsOfFile:", &DataFiles::dataWithContentsOfFile>(data);
     correct_everywhere<"dataWithContentsOfMappedFile:", &DataFiles::dataWithContentsOfFile>(data);
-    correct_everywhere<"dataWithContentsOfFile:options:error:", &DataFiles::dataWithContentsOfFileOptionsError>(
-        data);
+    correct_everywhere<"dataWithContentsOfFile:options:error:",
+                       &DataFiles::dataWithContentsOfFileOptionsError>(data);
     correct_everywhere<"dataWithContentsOfURL:", &DataFiles::dataWithContentsOfURL>(data);
     correct_everywhere<"dataWithContentsOfURL:options:error:", &DataFiles::dataWithContentsOfURLOptionsError>(
         data);

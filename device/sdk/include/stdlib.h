@@ -1,4 +1,5 @@
-// What libc++'s own <stdlib.h> is built on. The library's memory comes from the Objective-C runtime, not from here.
+// What libc++'s own <stdlib.h> is built on. The library's memory comes from the Objective-C runtime, not from
+// here.
 #pragma once
 #include <stddef.h>
 
