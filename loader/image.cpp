@@ -6,12 +6,12 @@
 #include <fstream>
 #include <utility>
 
-#include "loader/exports.h"
 #include "loader/fault.h"
-#include "loader/frame_table.h"
-#include "loader/rebase.h"
-#include "loader/slice.h"
-#include "loader/unwinding.h"
+#include "loader/fixups/rebase.h"
+#include "loader/format/exports.h"
+#include "loader/format/slice.h"
+#include "loader/unwinding/frame_table.h"
+#include "loader/unwinding/unwinding.h"
 
 namespace macho {
 namespace {

@@ -9,11 +9,11 @@
 #include <string_view>
 #include <vector>
 
-#include "loader/binding.h"
 #include "loader/error.h"
-#include "loader/layout.h"
+#include "loader/fixups/binding.h"
+#include "loader/format/layout.h"
 #include "loader/mapping.h"
-#include "loader/rules.h"
+#include "loader/rules/rules.h"
 
 namespace macho {
 

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "loader/bytes.h"
-#include "loader/layout.h"
+#include "loader/format/bytes.h"
+#include "loader/format/layout.h"
 
 namespace macho {
 

@@ -7,7 +7,7 @@
 
 #include "coregraphics/CGColorSpace.h"
 #include "coregraphics/CGImage.h"
-#include "coregraphics/pixels.h"
+#include "coregraphics/drawing/pixels.h"
 #include "coregraphics/transform.h"
 #include "objc/class.h"
 #include "runtime/exported.h"

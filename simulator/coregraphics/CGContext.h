@@ -1,6 +1,6 @@
 // Contexts: what the C functions of CoreGraphics draw into.
 #pragma once
-#include "coregraphics/canvas.h"
+#include "coregraphics/drawing/canvas.h"
 #include "platform/foundation.h"
 
 struct CGContext : objc::Interface<CGContext, "CGContext", NSObject> {};

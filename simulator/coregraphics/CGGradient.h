@@ -2,7 +2,7 @@
 #pragma once
 #include <vector>
 
-#include "coregraphics/gradient_fill.h"
+#include "coregraphics/drawing/gradient_fill.h"
 #include "platform/coregraphics.h"
 #include "platform/foundation.h"
 

@@ -15,7 +15,7 @@
 #include "objc/class.h"
 #include "objc/string.h"
 #include "phone/file_system.h"
-#include "runtime/reference_counting.h"
+#include "runtime/references/reference_counting.h"
 #include "uikit/geometry_values.h"
 #include "uikit/scrolling/index_paths.h"
 

@@ -6,7 +6,7 @@
 
 #include "foundation/process_arguments.h"
 #include "phone/device.h"
-#include "runtime/hooks.h"
+#include "runtime/injection/hooks.h"
 
 namespace sim {
 

@@ -13,7 +13,7 @@
 #include "interface/refusal.h"
 #include "objc/exception.h"
 #include "platform/keyboard.h"
-#include "runtime/installing_calls.h"
+#include "runtime/injection/installing_calls.h"
 #include "screen/picture.h"
 #include "screen/recording.h"
 #include "screen/show.h"

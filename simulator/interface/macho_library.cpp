@@ -9,9 +9,9 @@
 #include "interface/macho_image.h"
 #include "interface/refusal.h"
 #include "loader/image.h"
-#include "loader/objc_import.h"
+#include "loader/objc/objc_import.h"
 #include "objc/runtime.h"
-#include "runtime/installing_calls.h"
+#include "runtime/injection/installing_calls.h"
 
 namespace sim {
 namespace {

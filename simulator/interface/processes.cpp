@@ -12,7 +12,7 @@
 
 #include "interface/executable.h"
 #include "interface/refusal.h"
-#include "loader/format.h"
+#include "loader/format/format.h"
 #include "phone/file_system.h"
 #include "runtime/not_modelled.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "coregraphics/CGColor.h"
-#include "coregraphics/pixels.h"
+#include "coregraphics/drawing/pixels.h"
 #include "runtime/not_modelled.h"
 
 namespace sim {

@@ -7,7 +7,7 @@
 
 #include "coregraphics/CGContext.h"
 #include "coregraphics/CGPath.h"
-#include "coregraphics/box_blur.h"
+#include "coregraphics/drawing/box_blur.h"
 #include "coregraphics/transform.h"
 #include "quartzcore/layer_renderer.h"
 #include "runtime/not_modelled.h"

@@ -6,7 +6,7 @@
 #include <fstream>
 
 #include "coregraphics/CGContext.h"
-#include "coregraphics/picture_files.h"
+#include "coregraphics/pictures/picture_files.h"
 #include "quartzcore/animation/running_animations.h"
 
 namespace sim {

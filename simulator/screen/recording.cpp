@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "coregraphics/CGContext.h"
-#include "coregraphics/animated_png.h"
+#include "coregraphics/pictures/animated_png.h"
 #include "quartzcore/animation/clock.h"
 #include "screen/picture.h"
 #include "uikit/controllers/screen.h"

@@ -2,7 +2,7 @@
 #include <filesystem>
 
 #include "coregraphics/CGImage.h"
-#include "coregraphics/picture_files.h"
+#include "coregraphics/pictures/picture_files.h"
 #include "coregraphics/transform.h"
 #include "objc/class.h"
 #include "platform/uikit.h"

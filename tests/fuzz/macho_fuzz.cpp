@@ -6,9 +6,9 @@
 
 #include "loader/error.h"
 #include "loader/fault.h"
+#include "loader/format/slice.h"
 #include "loader/image.h"
-#include "loader/objc_metadata.h"
-#include "loader/slice.h"
+#include "loader/objc/objc_metadata.h"
 
 extern "C" size_t LLVMFuzzerMutate(uint8_t* data, size_t size, size_t largest);
 

@@ -1,5 +1,5 @@
 // Bind opcodes.
-#include "loader/bind_opcodes.h"
+#include "loader/fixups/bind_opcodes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
 // Checked reads, and the forms read one after the other.
-#include "loader/bytes.h"
+#include "loader/format/bytes.h"
 
 #include <gtest/gtest.h>
 
 #include "host.h"
-#include "loader/cursor.h"
 #include "loader/fault.h"
+#include "loader/format/cursor.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "loader/format.h"
+#include "loader/format/format.h"
 #include "loader/image.h"
 
 namespace loader_test {

@@ -1,5 +1,5 @@
 // The export trie.
-#include "loader/exports.h"
+#include "loader/format/exports.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

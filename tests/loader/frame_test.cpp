@@ -1,15 +1,15 @@
 // The arithmetic of compact unwind encodings. The encodings are what the compiler made of the functions
 // described.
-#include "loader/frame.h"
+#include "loader/unwinding/frame.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "host.h"
 #include "loader/fault.h"
-#include "loader/frame_arm64.h"
-#include "loader/frame_table.h"
-#include "loader/frame_x86_64.h"
+#include "loader/unwinding/frame_arm64.h"
+#include "loader/unwinding/frame_table.h"
+#include "loader/unwinding/frame_x86_64.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Load commands: what is read from them, and what is refused.
-#include "loader/layout.h"
+#include "loader/format/layout.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "loader/format.h"
+#include "loader/format/format.h"
 
 namespace loader_test {
 namespace {

@@ -15,10 +15,10 @@
 
 #include "host.h"
 #include "loader/fault.h"
+#include "loader/format/slice.h"
 #include "loader/image.h"
-#include "loader/objc_import.h"
-#include "loader/objc_metadata.h"
-#include "loader/slice.h"
+#include "loader/objc/objc_import.h"
+#include "loader/objc/objc_metadata.h"
 #include "objc/runtime.h"
 
 #if __has_feature(address_sanitizer)

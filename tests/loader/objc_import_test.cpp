@@ -1,5 +1,5 @@
 // Classes of an image as classes of this process.
-#include "loader/objc_import.h"
+#include "loader/objc/objc_import.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

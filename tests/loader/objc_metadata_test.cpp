@@ -1,5 +1,5 @@
 // Damaged Objective-C metadata: refused before anything is registered.
-#include "loader/objc_metadata.h"
+#include "loader/objc/objc_metadata.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -4,7 +4,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "loader/layout.h"
+#include "loader/format/layout.h"
 
 namespace loader_test {
 

@@ -1,5 +1,5 @@
 // Rebase opcodes.
-#include "loader/rebase.h"
+#include "loader/fixups/rebase.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

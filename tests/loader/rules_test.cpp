@@ -1,12 +1,12 @@
 // What the device's loader refuses: every image here breaks one rule, and could be run otherwise.
-#include "loader/rules.h"
+#include "loader/rules/rules.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "draft.h"
 #include "host.h"
-#include "loader/versions.h"
+#include "loader/format/versions.h"
 
 namespace {
 

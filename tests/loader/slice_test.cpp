@@ -1,5 +1,5 @@
 // Which part of a file is loaded, and which files are refused at once.
-#include "loader/slice.h"
+#include "loader/format/slice.h"
 
 #include <gtest/gtest.h>
 

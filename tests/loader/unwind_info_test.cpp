@@ -1,5 +1,5 @@
 // The compact unwind pages.
-#include "loader/unwind_info.h"
+#include "loader/unwinding/unwind_info.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

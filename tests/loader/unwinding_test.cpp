@@ -9,7 +9,7 @@
 #include "draft.h"
 #include "host.h"
 #include "loader/fault.h"
-#include "loader/unwind_info.h"
+#include "loader/unwinding/unwind_info.h"
 #include "objc/runtime.h"
 
 extern "C" [[noreturn]] void objc_exception_throw(id exception);

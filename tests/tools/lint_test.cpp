@@ -238,8 +238,11 @@ TEST_P(LintAgainstTheKeyboard, SeesWhatIsBehindTheLabels) {
     const Png png(path("k.png"));
     // On a screen of 375 x 667 points.
     const std::string key = worst.at("worstKey");
-    const std::map<std::string, std::pair<int, int>> middles{
-        {"q", {18, 480}}, {"p", {356, 480}}, {"Shift-Key", {24, 588}}, {"123", {20, 642}}, {"return", {328, 642}}};
+    const std::map<std::string, std::pair<int, int>> middles{{"q", {18, 480}},
+                                                             {"p", {356, 480}},
+                                                             {"Shift-Key", {24, 588}},
+                                                             {"123", {20, 642}},
+                                                             {"return", {328, 642}}};
     ASSERT_TRUE(middles.contains(key)) << key;
     const auto [x, y] = middles.at(key);
     const unsigned seen = png.at(x, y);
@@ -263,6 +266,10 @@ constexpr const char* backgrounds[] = {
     "integer><key>_Colors</key>"
     "<array><string>#FFC0C0</string><string>#503050</string></array><key>_VisibleKeycaps</key><true/>",
     "<key>_BackgroundType</key><integer>0</integer>",
+    // From top to bottom: the worst key is in the last row.
+    "<key>_BackgroundType</key><integer>2</integer><key>_GradientDirection</key><integer>2</"
+    "integer><key>_Colors</key>"
+    "<array><string>#FFC0C0</string><string>#503050</string></array>",
 };
 INSTANTIATE_TEST_SUITE_P(Backgrounds, LintAgainstTheKeyboard, testing::ValuesIn(backgrounds));
 

@@ -8,10 +8,10 @@
 #include <sstream>
 
 #include "files.h"
-#include "loader/exports.h"
 #include "loader/fault.h"
-#include "loader/layout.h"
-#include "loader/slice.h"
+#include "loader/format/exports.h"
+#include "loader/format/layout.h"
+#include "loader/format/slice.h"
 #include "objc/strong.h"
 #include "objc_metadata_text.h"
 #include "platform/coregraphics.h"

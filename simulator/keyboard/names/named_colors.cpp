@@ -10,7 +10,7 @@
 #include "keyboard/names/color_names.h"
 #include "platform/keyboard.h"
 #include "runtime/exported.h"
-#include "runtime/hookable_function.h"
+#include "runtime/injection/hookable_function.h"
 #include "runtime/not_modelled.h"
 
 namespace {

@@ -34,7 +34,8 @@ struct Help {
     Status operator()() const {
         // Its own help() would be that of the subcommand that was called, which is this one.
         if (subcommand.empty())
-            return print(command->get_formatter()->make_help(command, "", CLI::AppFormatMode::Normal));
+            return print(command->get_formatter()->make_help(command, command->get_name(),
+                                                             CLI::AppFormatMode::Normal));
         for (const CLI::App* one : command->get_subcommands([](const CLI::App*) { return true; }))
             if (one->get_name() == subcommand) return print(one->help("huecraft"));
         throw Unusable("help",

@@ -10,15 +10,15 @@
 #include <sstream>
 
 #include "cli/terminal.h"
-#include "loader/bind_opcodes.h"
-#include "loader/code_signature.h"
-#include "loader/exports.h"
 #include "loader/fault.h"
-#include "loader/rebase.h"
-#include "loader/rules.h"
-#include "loader/slice.h"
-#include "loader/system_libraries.h"
-#include "loader/versions.h"
+#include "loader/fixups/bind_opcodes.h"
+#include "loader/fixups/rebase.h"
+#include "loader/format/exports.h"
+#include "loader/format/slice.h"
+#include "loader/format/versions.h"
+#include "loader/rules/code_signature.h"
+#include "loader/rules/rules.h"
+#include "loader/rules/system_libraries.h"
 #include "package/checks.h"
 #include "package/promised.h"
 

@@ -1,0 +1,110 @@
+// Resolving imports and setting the pointers to them.
+#include "loader/fixups/binding.h"
+
+#include <cstdlib>
+#include <map>
+#include <tuple>
+
+#include "loader/fault.h"
+
+namespace macho {
+namespace {
+
+/// What lazy pointers go through until they are bound. All of them are bound at load.
+[[noreturn]] void stub_binder() { std::abort(); }
+
+class Binder {
+  public:
+    Binder(const Layout& layout, const ExportTable& exports, Mapping& mapping, const Resolver& resolver)
+        : layout_(layout),
+          exports_(exports),
+          mapping_(mapping),
+          resolver_(resolver) {}
+
+    void bind(const Bytes& opcodes, BindTable table) {
+        for (const BindRow& row : read_binds(opcodes, table, layout_)) {
+            const size_t import = import_of(row, table);
+            const uintptr_t slot = mapping_.address_of(row.address);
+            set(slot, result_.imports[import].target, row.addend, table);
+            result_.binds.push_back({slot, import, row.addend, table});
+        }
+    }
+
+    Binding finish() {
+        std::string missing;
+        unsigned count = 0;
+        for (const Import& import : result_.imports) {
+            if (import.target || import.weak) continue;
+            missing += (count++ ? ", " : "") + import.symbol;
+            if (!import.install_name.empty()) missing += " (from " + import.install_name + ")";
+        }
+        if (count)
+            refuse(std::to_string(count) + (count == 1 ? " symbol is missing: " : " symbols are missing: ") +
+                   missing);
+        return std::move(result_);
+    }
+
+  private:
+    size_t import_of(const BindRow& row, BindTable table) {
+        // A definition to be shared is there already: the image's own, until another is found.
+        const bool weak = row.weak_import || table == BindTable::weak;
+        const auto [known, is_new] =
+            index_.try_emplace({row.symbol, row.ordinal, weak}, result_.imports.size());
+        if (is_new) {
+            Import import{.symbol = std::string(c_name(row.symbol)),
+                          .install_name = install_name_of(row),
+                          .weak = weak};
+            import.target = resolve(row, import);
+            result_.imports.push_back(std::move(import));
+        }
+        return known->second;
+    }
+
+    std::string install_name_of(const BindRow& row) const {
+        return row.ordinal > 0 ? layout_.libraries[static_cast<size_t>(row.ordinal - 1)].install_name : "";
+    }
+
+    void* resolve(const BindRow& row, const Import& import) const {
+        if (import.symbol == "dyld_stub_binder") return reinterpret_cast<void*>(&stub_binder);
+        if (row.ordinal != kScopeSelf)
+            if (void* found = resolver_(import)) return found;
+        const bool own_counts = row.ordinal <= 0 && row.ordinal != kScopeMainProgram;
+        const auto own = own_counts ? exports_.find(row.symbol) : exports_.end();
+        return own == exports_.end() ? nullptr : address_of(own->second, layout_, mapping_);
+    }
+
+    void set(uintptr_t slot, void* target, int64_t addend, BindTable table) {
+        const auto address = reinterpret_cast<uintptr_t>(target);
+        if (target)
+            mapping_.write_pointer(slot, address + static_cast<uintptr_t>(addend), "a bound pointer");
+        else if (table != BindTable::weak)
+            mapping_.write_pointer(slot, 0, "a bound pointer");
+    }
+
+    const Layout& layout_;
+    const ExportTable& exports_;
+    Mapping& mapping_;
+    const Resolver& resolver_;
+    std::map<std::tuple<std::string_view, int64_t, bool>, size_t> index_;
+    Binding result_;
+};
+
+}  // namespace
+
+Binding bind_all(const Layout& layout, const Bytes& slice, const ExportTable& exports, Mapping& mapping,
+                 const Resolver& resolver) {
+    Binder binder(layout, exports, mapping, resolver);
+    const auto table = [&](FileRange range) { return slice.part(range.offset, range.size, "a bind table"); };
+    binder.bind(table(layout.bind), BindTable::regular);
+    binder.bind(table(layout.weak_bind), BindTable::weak);
+    binder.bind(table(layout.lazy_bind), BindTable::lazy);
+    return binder.finish();
+}
+
+void* address_of(const Export& found, const Layout& layout, const Mapping& mapping) {
+    const uintptr_t address =
+        found.absolute ? found.value : mapping.address_of(layout.header_address + found.value);
+    return reinterpret_cast<void*>(address);
+}
+
+}  // namespace macho

@@ -1,0 +1,250 @@
+// Load commands.
+#include "loader/format/layout.h"
+
+#include <algorithm>
+
+#include "loader/fault.h"
+#include "loader/format/command_names.h"
+
+namespace macho {
+namespace {
+
+constexpr uint64_t kHeaderSize = 32;
+
+struct Unsupported {
+    SectionType type;
+    const char* what;
+};
+
+constexpr Unsupported kUnsupported[] = {
+    {SectionType::terminators, "terminators"},
+    {SectionType::interposing, "interposed functions"},
+    {SectionType::lazy_library_pointers, "pointers into libraries that are loaded when used"},
+    {SectionType::initialiser_offsets, "initialisers by offset"},
+    {SectionType::thread_local_regular, "thread-local variables"},
+    {SectionType::thread_local_zero_fill, "thread-local variables"},
+    {SectionType::thread_local_variables, "thread-local variables"},
+    {SectionType::thread_local_pointers, "thread-local variables"},
+    {SectionType::thread_local_initialisers, "thread-local variables"},
+};
+
+bool has_no_bytes(SectionType type) {
+    return type == SectionType::zero_fill || type == SectionType::large_zero_fill;
+}
+
+/// Whether [at, at + size) lies in [outer_at, outer_at + outer_size), in numbers that may be anything.
+bool inside(uint64_t at, uint64_t size, uint64_t outer_at, uint64_t outer_size) {
+    return at >= outer_at && at - outer_at <= outer_size && size <= outer_size - (at - outer_at);
+}
+
+std::string range(uint64_t at, uint64_t size) { return hex(size) + " bytes at " + hex(at); }
+
+Section read_section(const Bytes& row, const Segment& segment) {
+    const Section section{.segment = row.padded_text(16, 16),
+                          .name = row.padded_text(0, 16),
+                          .address = row.u64(32),
+                          .size = row.u64(40),
+                          .type = static_cast<SectionType>(row.u8(64))};
+    const std::string subject = "section " + section.name;
+    for (const auto& [type, what] : kUnsupported)
+        if (section.type == type) refuse(subject + " holds " + what + ", which are not supported");
+    const uint64_t room = has_no_bytes(section.type) ? segment.size : segment.file_size;
+    if (section.type > kLastSectionType)
+        refuse(subject + " has the unknown type " + hex(static_cast<uint8_t>(section.type)));
+    if (!inside(section.address, section.size, segment.address, room))
+        refuse(subject + " leaves segment " + segment.name + " (found " +
+               range(section.address, section.size) + ", expected within " + range(segment.address, room) +
+               ")");
+    return section;
+}
+
+class LoadCommands {
+  public:
+    explicit LoadCommands(const Bytes& slice) : slice_(slice) {
+        layout_.cpu = static_cast<Cpu>(slice.u32(4));
+        layout_.type = static_cast<FileType>(slice.u32(12));
+        layout_.position_independent = (slice.u32(24) & kFlagPositionIndependent) != 0;
+    }
+
+    Layout read() {
+        const uint32_t count = slice_.u32(16);
+        const Bytes all = slice_.part(kHeaderSize, slice_.u32(20), "the list of load commands");
+        uint64_t at = 0;
+        for (uint32_t i = 0; i < count; ++i) {
+            const uint32_t number = all.u32(at), size = all.u32(at + 4);
+            if (size < 8 || size % 8)
+                refuse("load command " + std::to_string(i) + " (" + name_of_command(number) + ") has size " +
+                       std::to_string(size) + ", expected a multiple of 8");
+            // The views of its bytes name it while it is read.
+            const std::string name = "load command " + name_of_command(number);
+            one(number, all.part(at, size, name));
+            at += size;
+        }
+        if (is_executable() && !layout_.entry)
+            refuse("no place to begin (expected the load command LC_MAIN)");
+        if (!has_tables_) refuse("no fix-up tables (expected the load command LC_DYLD_INFO_ONLY)");
+        check_segments();
+        check_entry();
+        return std::move(layout_);
+    }
+
+  private:
+    bool is_executable() const { return layout_.type == FileType::executable; }
+    /// A main executable reserves the addresses that are no pointers by mistake: nothing is to be mapped.
+    bool only_reserves(const Segment& segment) const {
+        return is_executable() && segment.file_size == 0 && !segment.readable && !segment.writable &&
+               !segment.executable;
+    }
+
+    void check_entry() const {
+        if (!layout_.entry) return;
+        const auto begins_in = [at = layout_.header_address + *layout_.entry](const Segment& segment) {
+            return segment.executable && at >= segment.address && at - segment.address < segment.file_size;
+        };
+        if (std::ranges::none_of(layout_.segments, begins_in))
+            refuse("LC_MAIN begins at what is no code of the image (found " + hex(*layout_.entry) + ")");
+    }
+
+    void one(uint32_t number, const Bytes& command) {
+        switch (static_cast<Command>(number)) {
+            case Command::segment_64: return segment(command);
+            case Command::load_dylib:
+            case Command::load_weak_dylib:
+            case Command::reexport_dylib:
+            case Command::load_upward_dylib:
+            case Command::lazy_load_dylib:
+                layout_.libraries.push_back({.install_name = std::string(command.text(command.u32(8))),
+                                             .compatibility_version = command.u32(20)});
+                return;
+            case Command::id_dylib: layout_.install_name = command.text(command.u32(8)); return;
+            case Command::dyld_info:
+            case Command::dyld_info_only: return tables(command);
+            case Command::build_version:
+                layout_.platform = command.u32(8);
+                layout_.minimum_version = command.u32(12);
+                return;
+            case Command::version_min_iphoneos:
+                layout_.platform = kPlatformIos;
+                layout_.minimum_version = command.u32(8);
+                return;
+            case Command::segment:
+            case Command::thread:
+            case Command::unix_thread:
+            case Command::load_fixed_library:
+            case Command::id_fixed_library:
+            case Command::fixed_file:
+            case Command::routines:
+            case Command::routines_64: refuse(std::string(command.name()) + " is not supported in a library");
+            case Command::encryption_info:
+            case Command::encryption_info_64:
+                if (const uint32_t scheme = command.u32(16))
+                    refuse("the file is encrypted (found scheme " + std::to_string(scheme) + ", expected 0)");
+                return;
+            case Command::dyld_chained_fixups:
+            case Command::dyld_exports_trie:
+                refuse("linked with chained fix-ups, which iOS 12 cannot load either (found load command " +
+                       name_of_command(number) + ", expected LC_DYLD_INFO_ONLY)");
+            case Command::load_dynamic_linker: layout_.dynamic_linker = command.text(command.u32(8)); return;
+            case Command::main:
+                if (!is_executable()) refuse(std::string(command.name()) + " is not supported in a library");
+                layout_.entry = command.u64(8);
+                return;
+            case Command::code_signature: layout_.signature = {command.u32(8), command.u32(12)}; return;
+            case Command::rpath: return;
+        }
+        if (number & kRequiredByDyld)
+            refuse(std::string(command.name()) + " must be understood by the loader, but is not");
+    }
+
+    void segment(const Bytes& command) {
+        constexpr uint64_t rows_at = 72, row_size = 80;
+        const uint32_t protection = command.u32(60);
+        Segment segment{.name = command.padded_text(8, 16),
+                        .address = command.u64(24),
+                        .size = command.u64(32),
+                        .file_offset = command.u64(40),
+                        .file_size = command.u64(48),
+                        .readable = (protection & 1) != 0,
+                        .writable = (protection & 2) != 0,
+                        .executable = (protection & 4) != 0};
+        const std::string subject = "segment " + segment.name;
+        if (!inside(segment.file_offset, segment.file_size, 0, slice_.size()))
+            refuse(subject + " leaves the file (found " + range(segment.file_offset, segment.file_size) +
+                   ", expected within " + hex(slice_.size()) + " bytes)");
+        if (segment.file_size > segment.size)
+            refuse(subject + " has more bytes in the file than in memory (found " + hex(segment.file_size) +
+                   ", expected at most " + hex(segment.size) + ")");
+        if (segment.writable && segment.executable)
+            refuse(subject + " is both writable and executable, which the device does not allow");
+
+        if (only_reserves(segment)) segment.size = 0;
+
+        const uint64_t count = command.u32(64);
+        const Bytes rows = command.part(rows_at, count * row_size, "a segment's list of sections");
+        for (uint64_t row = 0; row < rows.size(); row += row_size)
+            layout_.sections.push_back(read_section(rows.part(row, row_size), segment));
+        layout_.segments.push_back(segment);
+    }
+
+    void tables(const Bytes& command) {
+        FileRange* const ranges[] = {&layout_.rebase, &layout_.bind, &layout_.weak_bind, &layout_.lazy_bind,
+                                     &layout_.exports};
+        uint64_t at = 8;
+        for (FileRange* range : ranges) {
+            *range = {command.u32(at), command.u32(at + 4)};
+            at += 8;
+        }
+        has_tables_ = true;
+    }
+
+    void check_segments() {
+        std::vector<const Segment*> sorted;
+        for (const Segment& segment : layout_.segments)
+            if (!only_reserves(segment)) sorted.push_back(&segment);
+        if (sorted.empty()) refuse("no segments");
+
+        std::ranges::sort(sorted, {}, &Segment::address);
+        layout_.start = sorted.front()->address;
+        uint64_t mapped = 0;  // from the start, so that no sum can wrap around
+        for (const Segment* segment : sorted) {
+            const uint64_t at = segment->address - layout_.start;
+            if (at < mapped)
+                refuse("segment " + segment->name + " overlaps another in memory (found " +
+                       hex(segment->address) + ", expected at least " + hex(layout_.start + mapped) + ")");
+            if (at > kLargestImage || segment->size > kLargestImage - at)
+                refuse("segment " + segment->name + " makes the image too large (found " +
+                       range(segment->address, segment->size) + ", expected within " + hex(kLargestImage) +
+                       " of " + hex(layout_.start) + ")");
+            mapped = at + segment->size;
+        }
+        layout_.extent = mapped;
+
+        // No byte of the file is mapped twice, so that all later tables are bounded by the file's size.
+        std::erase_if(sorted, [](const Segment* segment) { return segment->file_size == 0; });
+        std::ranges::sort(sorted, {}, &Segment::file_offset);
+        uint64_t taken = 0;
+        for (const Segment* segment : sorted) {
+            if (segment->file_offset < taken)
+                refuse("segment " + segment->name + " overlaps another in the file (found offset " +
+                       hex(segment->file_offset) + ", expected at least " + hex(taken) + ")");
+            taken = segment->file_offset + segment->file_size;
+        }
+        if (sorted.empty() || sorted.front()->file_offset != 0) refuse("no segment maps the file's header");
+        layout_.header_address = sorted.front()->address;
+    }
+
+    const Bytes& slice_;
+    Layout layout_{};
+    bool has_tables_ = false;
+};
+
+}  // namespace
+
+const Section* Layout::section(std::string_view name) const {
+    const auto found = std::ranges::find(sections, name, &Section::name);
+    return found == sections.end() ? nullptr : &*found;
+}
+
+Layout read_layout(const Bytes& slice) { return LoadCommands(slice).read(); }
+
+}  // namespace macho

@@ -1,0 +1,273 @@
+// The rules of structure: load commands, segments, and the layout of __LINKEDIT.
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "loader/fault.h"
+#include "loader/format/command_names.h"
+#include "loader/rules/rules.h"
+
+namespace macho {
+namespace {
+
+constexpr uint64_t kHeaderSize = 32, kSegmentSize = 72, kSectionSize = 80;
+constexpr uint32_t kRead = 1, kWrite = 2, kExecute = 4;
+constexpr uint32_t kMostSymbols = 0x10000000;
+
+/// Code pages are 16 KiB on arm64, and 4 KiB in the simulator.
+constexpr uint64_t page_size(Cpu cpu) { return cpu == Cpu::arm64 ? 0x4000 : 0x1000; }
+
+enum CommandNumber : uint32_t {
+    kSymbolTable = 0x2,
+    kDynamicSymbolTable = 0xb,
+    kUuid = 0x1b,
+    kSplitInfo = 0x1e,
+    kFunctionStarts = 0x26,
+    kDataInCode = 0x29,
+    kSignature = static_cast<uint32_t>(Command::code_signature),
+    kFixups = static_cast<uint32_t>(Command::dyld_info),
+    kFixupsOnly = static_cast<uint32_t>(Command::dyld_info_only),
+    kIdentity = static_cast<uint32_t>(Command::id_dylib),
+    kEncryption = static_cast<uint32_t>(Command::encryption_info_64),
+    kSegment = static_cast<uint32_t>(Command::segment_64),
+};
+
+/// Load commands of a fixed size, which an image has once at most.
+struct Form {
+    uint32_t number;
+    uint64_t size;
+    bool required;
+};
+constexpr Form kForms[] = {
+    {kSymbolTable, 24, true},     {kDynamicSymbolTable, 80, true},
+    {kUuid, 24, false},           {kSignature, 16, false},
+    {kFixups, 48, false},         {kFixupsOnly, 48, false},
+    {kEncryption, 24, false},     {kSplitInfo, 16, false},
+    {kFunctionStarts, 16, false}, {kDataInCode, 16, false},
+};
+
+/// Where the fields are of tables in __LINKEDIT, in the order in which these lie there.
+struct Piece {
+    const char* name;
+    uint32_t command;
+    uint64_t offset_at, size_at;
+    uint64_t unit;  ///< bytes that the size counts by
+    uint64_t alignment;
+};
+constexpr Piece kPieces[] = {
+    {"rebase opcodes", kFixupsOnly, 8, 12, 1, 8},
+    {"bind opcodes", kFixupsOnly, 16, 20, 1, 8},
+    {"weak bind opcodes", kFixupsOnly, 24, 28, 1, 8},
+    {"lazy bind opcodes", kFixupsOnly, 32, 36, 1, 8},
+    {"export trie", kFixupsOnly, 40, 44, 1, 8},
+    {"split info", kSplitInfo, 8, 12, 1, 8},
+    {"function starts", kFunctionStarts, 8, 12, 1, 8},
+    {"data in code", kDataInCode, 8, 12, 1, 8},
+    {"symbols", kSymbolTable, 8, 12, 16, 8},
+    {"indirect symbols", kDynamicSymbolTable, 56, 60, 4, 4},
+    {"symbol names", kSymbolTable, 16, 20, 1, 1},
+    {"signature", kSignature, 8, 12, 1, 8},
+};
+
+[[noreturn]] void broken(const std::string& where, const std::string& what, const std::string& found,
+                         const std::string& expected) {
+    refuse(where + ": " + what + " (found " + found + ", expected " + expected + ")");
+}
+
+struct LoadCommand {
+    uint32_t number;
+    Bytes bytes;
+};
+
+struct SegmentCommand {
+    Bytes bytes;
+    std::string name;
+    uint64_t address, size, file_offset, file_size;
+    uint32_t most_access, access;
+
+    explicit SegmentCommand(const Bytes& command)
+        : bytes(command),
+          name(command.padded_text(8, 16)),
+          address(command.u64(24)),
+          size(command.u64(32)),
+          file_offset(command.u64(40)),
+          file_size(command.u64(48)),
+          most_access(command.u32(56)),
+          access(command.u32(60)) {}
+
+    uint64_t file_end() const { return file_offset + file_size; }
+    bool is_linkedit() const { return name == "__LINKEDIT"; }
+    bool has_header() const { return file_offset == 0 && file_size != 0; }
+
+    [[noreturn]] void broken(const std::string& what, const std::string& found,
+                             const std::string& expected) const {
+        macho::broken("LC_SEGMENT_64 " + name, what, found, expected);
+    }
+};
+
+class StructureRules {
+  public:
+    StructureRules(const Bytes& slice, const Layout& layout)
+        : layout_(layout),
+          commands_size_(slice.u32(20)) {
+        const Bytes all = slice.part(kHeaderSize, commands_size_, "the list of load commands");
+        uint64_t at = 0;
+        for (uint32_t left = slice.u32(16); left > 0; --left) {
+            commands_.push_back({all.u32(at), all.part(at, all.u32(at + 4), "a load command")});
+            if (commands_.back().number == kSegment) segments_.emplace_back(commands_.back().bytes);
+            at += commands_.back().bytes.size();
+        }
+    }
+
+    void check() {
+        for (const Form& form : kForms) check_form(form);
+        if (layout_.type == FileType::dylib && !find(kIdentity))
+            broken("LC_ID_DYLIB", "no install name", "nothing", "one for a dylib");
+        if (layout_.libraries.empty())
+            broken("LC_LOAD_DYLIB", "no libraries", "nothing", "at least libSystem");
+        for (const SegmentCommand& segment : segments_) check_segment(segment);
+        check_order();
+        check_header();
+        check_linkedit();
+        check_symbols();
+    }
+
+  private:
+    const Bytes* find(uint32_t number) const {
+        const auto found = std::ranges::find(commands_, number, &LoadCommand::number);
+        return found == commands_.end() ? nullptr : &found->bytes;
+    }
+
+    void check_form(const Form& form) const {
+        const std::string name = name_of_command(form.number);
+        const auto count = std::ranges::count(commands_, form.number, &LoadCommand::number);
+        if (count > 1) broken(name, "more than one", std::to_string(count), "1");
+        if (count == 0 && form.required) broken(name, "missing", "nothing", "1");
+        const Bytes* command = find(form.number);
+        if (command && command->size() != form.size)
+            broken(name, "its size", std::to_string(command->size()), std::to_string(form.size));
+    }
+
+    void check_segment(const SegmentCommand& segment) const {
+        const uint64_t expected_size = kSegmentSize + segment.bytes.u32(64) * kSectionSize;
+        if (segment.bytes.size() != expected_size)
+            segment.broken("its size for its number of sections", std::to_string(segment.bytes.size()),
+                           std::to_string(expected_size));
+        check_access(segment);
+        const uint64_t page = page_size(layout_.cpu);
+        if (segment.address % page)
+            segment.broken("vmaddr", hex(segment.address), "a multiple of " + hex(page));
+        if (segment.file_offset % page)
+            segment.broken("fileoff", hex(segment.file_offset), "a multiple of " + hex(page));
+        if ((segment.access & kExecute) && segment.size != segment.file_size)
+            segment.broken("filesize of an executable segment", hex(segment.file_size),
+                           hex(segment.size) + ", its vmsize");
+        check_sections(segment);
+    }
+
+    void check_access(const SegmentCommand& segment) const {
+        constexpr uint32_t known = kRead | kWrite | kExecute;
+        for (const auto& [field, access] :
+             {std::pair{"maxprot", segment.most_access}, std::pair{"initprot", segment.access}})
+            if (access & ~known) segment.broken(field, hex(access), "at most " + hex(known));
+        if (segment.access && !(segment.access & kRead))
+            segment.broken("initprot", hex(segment.access), "a readable segment");
+        const auto expect = [&](uint32_t access) {
+            if (segment.access != access) segment.broken("initprot", hex(segment.access), hex(access));
+        };
+        if (segment.name == "__TEXT") expect(kRead | kExecute);
+        if (segment.is_linkedit()) expect(kRead);
+    }
+
+    void check_sections(const SegmentCommand& segment) const {
+        for (uint64_t row = kSegmentSize; row < segment.bytes.size(); row += kSectionSize) {
+            const uint64_t offset = segment.bytes.u32(row + 48), size = segment.bytes.u64(row + 40);
+            const std::string name = segment.bytes.padded_text(row, 16);
+            if (offset == 0) continue;  // zeros, which the file does not hold
+            if (offset < segment.file_offset || offset > segment.file_end() ||
+                size > segment.file_end() - offset)
+                segment.broken("bytes of section " + name, hex(size) + " at " + hex(offset),
+                               "within " + hex(segment.file_offset) + " to " + hex(segment.file_end()));
+        }
+    }
+
+    /// Segments come in the order of their addresses and of their places in the file, __LINKEDIT last.
+    void check_order() const {
+        const auto linkedits = std::ranges::count_if(segments_, &SegmentCommand::is_linkedit);
+        if (linkedits != 1) broken("LC_SEGMENT_64 __LINKEDIT", "how many", std::to_string(linkedits), "1");
+        for (size_t i = 1; i < segments_.size(); ++i) {
+            const SegmentCommand &before = segments_[i - 1], &segment = segments_[i];
+            if (segment.address < before.address)
+                segment.broken("vmaddr out of order", hex(segment.address),
+                               "at least " + hex(before.address));
+            if (segment.file_size && segment.file_offset < before.file_offset)
+                segment.broken("fileoff out of order", hex(segment.file_offset),
+                               "at least " + hex(before.file_offset));
+        }
+        if (!segments_.back().is_linkedit())
+            segments_.back().broken("the last segment", segments_.back().name, "__LINKEDIT");
+    }
+
+    void check_header() const {
+        const auto segment = std::ranges::find_if(segments_, &SegmentCommand::has_header);
+        if (segment == segments_.end()) broken("LC_SEGMENT_64", "the file's start", "no segment", "one");
+        if (segment->file_size < kHeaderSize + commands_size_)
+            segment->broken("filesize, with all load commands", hex(segment->file_size),
+                            "at least " + hex(kHeaderSize + commands_size_));
+        if (segment->access & kWrite)
+            segment->broken("initprot of the file's start", hex(segment->access), "not writable");
+    }
+
+    void check_linkedit() const {
+        const SegmentCommand& linkedit = segments_.back();
+        uint64_t free = linkedit.file_offset;  // from there on nothing is taken yet
+        for (const Piece& piece : kPieces) {
+            const Bytes* command = find(piece.command);
+            if (!command) continue;
+            const uint64_t offset = command->u32(piece.offset_at),
+                           size = uint64_t{command->u32(piece.size_at)} * piece.unit;
+            if (size == 0) continue;
+            const std::string where = name_of_command(piece.command) + ", " + piece.name;
+            if (offset < free)
+                broken(where, "its place in __LINKEDIT", hex(offset),
+                       "at least " + hex(free) + ", where the table before it ends");
+            if (offset % piece.alignment)
+                broken(where, "its place in __LINKEDIT", hex(offset),
+                       "a multiple of " + std::to_string(piece.alignment));
+            free = offset + size;
+            if (free > linkedit.file_end())
+                broken(where, "its end in __LINKEDIT", hex(free), "at most " + hex(linkedit.file_end()));
+        }
+    }
+
+    void check_symbols() const {
+        const Bytes& symbols = *find(kSymbolTable);
+        const Bytes& ranges = *find(kDynamicSymbolTable);
+        const uint32_t count = symbols.u32(12);
+        if (count > kMostSymbols)
+            broken("LC_SYMTAB", "nsyms", std::to_string(count), "at most " + std::to_string(kMostSymbols));
+        struct Range {
+            const char* name;
+            uint64_t at;
+        };
+        for (const auto& [name, at] :
+             {Range{"local symbols", 8}, Range{"exported symbols", 16}, Range{"undefined symbols", 24}})
+            if (const uint64_t end = uint64_t{ranges.u32(at)} + ranges.u32(at + 4); end > count)
+                broken("LC_DYSYMTAB, " + std::string(name), "the last of them", std::to_string(end),
+                       "at most " + std::to_string(count) + ", the number of symbols");
+        if (const uint32_t relocations = ranges.u32(76))
+            broken("LC_DYSYMTAB", "nlocrel", std::to_string(relocations), "0 beside LC_DYLD_INFO_ONLY");
+    }
+
+    const Layout& layout_;
+    const uint64_t commands_size_;
+    std::vector<LoadCommand> commands_;
+    std::vector<SegmentCommand> segments_;
+};
+
+}  // namespace
+
+void check_structure(const Bytes& slice, const Layout& layout) { StructureRules(slice, layout).check(); }
+
+}  // namespace macho

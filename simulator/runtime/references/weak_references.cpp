@@ -1,0 +1,125 @@
+// Zeroing weak references: one table of the variables, by object, under one lock.
+#include "runtime/references/weak_references.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <mutex>
+#include <unordered_map>
+#include <vector>
+
+#include "runtime/exported.h"
+
+extern "C" {
+BOOL NSDecrementExtraRefCountWasZero(id);
+id objc_storeWeakOrNil(id* variable, id object);
+}
+
+namespace sim {
+namespace {
+
+// Recursive, because -retain is sent under it. Never destroyed: objects go until the very end of the process.
+struct Table {
+    std::recursive_mutex lock;
+    std::unordered_map<id, std::vector<id*>> variables;
+    /// Those whose last reference is gone, the latest last: as many as deallocations are nested.
+    std::vector<id> dying;
+
+    static Table& get() {
+        static auto* table = new Table;
+        return *table;
+    }
+
+    void clear(id object) {
+        auto found = variables.find(object);
+        if (found == variables.end()) return;
+        for (id* variable : found->second) *variable = nullptr;
+        variables.erase(found);
+    }
+
+    void store(id* variable, id object) {
+        if (*variable == object) return;
+        if (*variable) remove(*variable, variable);
+        *variable = object;
+        if (object) variables[object].push_back(variable);
+    }
+
+    bool is_dying(id object) const { return object && std::ranges::find(dying, object) != dying.end(); }
+
+    void remove(id object, id* variable) {
+        auto found = variables.find(object);
+        if (found == variables.end()) return;
+        std::erase(found->second, variable);
+        if (found->second.empty()) variables.erase(found);
+    }
+};
+
+}  // namespace
+
+bool drop_reference(id object) {
+    Table& table = Table::get();
+    std::lock_guard guard(table.lock);
+    const bool last = NSDecrementExtraRefCountWasZero(object);
+    if (last) {
+        table.clear(object);
+        table.dying.push_back(object);
+    }
+    return last;
+}
+
+void clear_weak_references(id object) {
+    Table& table = Table::get();
+    std::lock_guard guard(table.lock);
+    table.clear(object);
+}
+
+void end_deallocation(id object) {
+    Table& table = Table::get();
+    std::lock_guard guard(table.lock);
+    const auto found = std::ranges::find(table.dying.rbegin(), table.dying.rend(), object);
+    if (found != table.dying.rend()) table.dying.erase(std::next(found).base());
+}
+
+}  // namespace sim
+
+// As on the device, a weak reference to an object that is being deallocated is an error that ends the
+// process, unless the caller is content with nil.
+SIM_EXPORTED id objc_storeWeak(id* variable, id object) {
+    auto& table = sim::Table::get();
+    std::lock_guard guard(table.lock);
+    if (table.is_dying(object)) {
+        std::fprintf(
+            stderr,
+            "objc_storeWeak: an object of class %s is being deallocated: no weak reference to it can "
+            "be formed\n",
+            object_getClassName(object));
+        std::abort();
+    }
+    table.store(variable, object);
+    return object;
+}
+
+SIM_EXPORTED id objc_storeWeakOrNil(id* variable, id object) {
+    auto& table = sim::Table::get();
+    std::lock_guard guard(table.lock);
+    if (table.is_dying(object)) object = nullptr;
+    table.store(variable, object);
+    return object;
+}
+
+SIM_EXPORTED id objc_initWeak(id* variable, id object) {
+    *variable = nullptr;
+    return objc_storeWeak(variable, object);
+}
+
+SIM_EXPORTED id objc_initWeakOrNil(id* variable, id object) {
+    *variable = nullptr;
+    return objc_storeWeakOrNil(variable, object);
+}
+
+SIM_EXPORTED void objc_destroyWeak(id* variable) { objc_storeWeak(variable, nullptr); }
+
+SIM_EXPORTED id objc_loadWeakRetained(id* variable) {
+    std::lock_guard guard(sim::Table::get().lock);
+    return objc_retain(*variable);
+}
