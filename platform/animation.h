@@ -44,14 +44,18 @@ struct CAAnimation : objc::Interface<CAAnimation, "CAAnimation", NSObject> {
     void setDelegate(id delegate) { send<"setDelegate:">(delegate); }
 };
 
+struct CAPropertyAnimation : objc::Interface<CAPropertyAnimation, "CAPropertyAnimation", CAAnimation> {
+    /// The name of the layer's property.
+    NSString* keyPath() { return send<"keyPath", NSString*>(); }
+};
+
 /// From one value of a layer's property to another: an NSNumber for opacity, an NSValue for position and
 /// bounds. nil is the value that is shown, or that the layer has.
-struct CABasicAnimation : objc::Interface<CABasicAnimation, "CABasicAnimation", CAAnimation> {
+struct CABasicAnimation : objc::Interface<CABasicAnimation, "CABasicAnimation", CAPropertyAnimation> {
     static CABasicAnimation* animationWithKeyPath(NSString* key_path) {
         return class_send<"animationWithKeyPath:", CABasicAnimation*>(key_path);
     }
 
-    NSString* keyPath() { return send<"keyPath", NSString*>(); }
     id fromValue() { return send<"fromValue", id>(); }
     void setFromValue(id value) { send<"setFromValue:">(value); }
     id toValue() { return send<"toValue", id>(); }

@@ -192,11 +192,15 @@ struct _UIKBKeyViewLayer : objc::Interface<_UIKBKeyViewLayer, "_UIKBKeyViewLayer
 
 /// The title over a section of the emoji plane.
 struct UIKeyboardEmojiSectionHeader
-    : objc::Interface<UIKeyboardEmojiSectionHeader, "UIKeyboardEmojiSectionHeader", UIView> {
+    : objc::Interface<UIKeyboardEmojiSectionHeader, "UIKeyboardEmojiSectionHeader",
+                      UICollectionReusableView> {
     NSString* headerName() { return send<"headerName", NSString*>(); }
     void setHeaderName(NSString* name) { send<"setHeaderName:">(name); }
     UIColor* headerTextColor() { return send<"headerTextColor", UIColor*>(); }
     void setHeaderTextColor(UIColor* color) { send<"setHeaderTextColor:">(color); }
+    /// Points.
+    CGFloat headerFontSize() { return send<"headerFontSize", CGFloat>(); }
+    void setHeaderFontSize(CGFloat size) { send<"setHeaderFontSize:">(size); }
     /// From 0 to 1.
     double headerOpacity() { return send<"headerOpacity", double>(); }
     void setHeaderOpacity(double opacity) { send<"setHeaderOpacity:">(opacity); }

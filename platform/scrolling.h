@@ -49,12 +49,18 @@ struct UICollectionViewFlowLayout
     void setSectionInset(UIEdgeInsets inset) { send<"setSectionInset:">(inset); }
 };
 
-struct UICollectionViewCell : objc::Interface<UICollectionViewCell, "UICollectionViewCell", UIView> {
+/// What a collection view shows and uses again elsewhere.
+struct UICollectionReusableView
+    : objc::Interface<UICollectionReusableView, "UICollectionReusableView", UIView> {
+    NSString* reuseIdentifier() { return send<"reuseIdentifier", NSString*>(); }
+    void prepareForReuse() { send<"prepareForReuse">(); }
+};
+
+struct UICollectionViewCell
+    : objc::Interface<UICollectionViewCell, "UICollectionViewCell", UICollectionReusableView> {
     UIView* contentView() { return send<"contentView", UIView*>(); }
     bool isSelected() { return send<"isSelected", bool>(); }
     void setSelected(bool selected) { send<"setSelected:">(selected); }
-    NSString* reuseIdentifier() { return send<"reuseIdentifier", NSString*>(); }
-    void prepareForReuse() { send<"prepareForReuse">(); }
 };
 
 struct UICollectionView : objc::Interface<UICollectionView, "UICollectionView", UIScrollView> {

@@ -17,6 +17,6 @@ struct HomeScreen : objc::Implements<HomeScreen, SpringBoard> {
 
 using namespace objc::definition;
 
-OBJC_CLASS(SpringBoard, NSObject, HomeScreen,
+OBJC_CLASS(SpringBoard, FBSystemApp, HomeScreen,
            property<"launched", &HomeScreen::Ivars::launched>,
            method<"applicationDidFinishLaunching:", &HomeScreen::applicationDidFinishLaunching>)

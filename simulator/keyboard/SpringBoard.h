@@ -1,8 +1,11 @@
 // The home screen's application.
 #pragma once
-#include "platform/foundation.h"
+#include "platform/application.h"
 
-struct SpringBoard : objc::Interface<SpringBoard, "SpringBoard", NSObject> {
+/// The application of a system's shell.
+struct FBSystemApp : objc::Interface<FBSystemApp, "FBSystemApp", UIApplication> {};
+
+struct SpringBoard : objc::Interface<SpringBoard, "SpringBoard", FBSystemApp> {
     void applicationDidFinishLaunching(id application) {
         send<"applicationDidFinishLaunching:">(application);
     }

@@ -11,37 +11,48 @@ using namespace objc::literals;
 
 struct SectionHeader : objc::Implements<SectionHeader, UIKeyboardEmojiSectionHeader> {
     struct Ivars {
-        strong<UIColor> headerTextColor;
-        double headerOpacity;
-        bool useVibrantBlend;
-        strong<UILabel> label;
+        strong<UILabel> emojiSectionHeader;
     };
 
     strong<UIKeyboardEmojiSectionHeader> initWithFrame(CGRect frame) {
         auto self = initialised_by_super<"initWithFrame:">(frame);
         if (!self) return nullptr;
         auto label = sim::make_view<UILabel>(self->bounds());
-        self->ivars().label = label;
-        label->setFont(UIFont::systemFontOfSize(12, UIFontWeightSemibold));
+        self->ivars().emojiSectionHeader = label;
         label->setAutoresizingMask(sim::follows_size);
         self->addSubview(label);
+        self->setHeaderFontSize(12);
         self->setHeaderTextColor(UIColor::blackColor());
         self->setHeaderOpacity(0.5);
         self->setUseVibrantBlend(true);
         return self;
     }
 
-    NSString* headerName() { return ivars().label->text(); }
-    void setHeaderName(NSString* name) { ivars().label->setText(name); }
+    NSString* headerName() { return label()->text(); }
+    void setHeaderName(NSString* name) { label()->setText(name); }
+    CGFloat headerFontSize() { return label()->font()->pointSize(); }
+    void setHeaderFontSize(CGFloat size) {
+        label()->setFont(UIFont::systemFontOfSize(size, UIFontWeightSemibold));
+    }
+    UIColor* headerTextColor() { return label()->textColor(); }
+    void setHeaderTextColor(UIColor* color) { label()->setTextColor(color); }
+    double headerOpacity() { return label()->alpha(); }
+    void setHeaderOpacity(double opacity) { label()->setAlpha(opacity); }
+    bool useVibrantBlend() { return label()->layer()->compositingFilter() != nullptr; }
+    void setUseVibrantBlend(bool vibrant) {
+        label()->layer()->setCompositingFilter(vibrant ? "plusD"_ns : nullptr);
+    }
 
     void layoutSubviews() {
         super<"layoutSubviews">();
         auto* self = static_cast<UIKeyboardEmojiSectionHeader*>(this);
-        UILabel* label = ivars().label;
-        label->setTextColor(self->headerTextColor());
-        label->setAlpha(self->headerOpacity());
-        label->layer()->setCompositingFilter(self->useVibrantBlend() ? "plusD"_ns : nullptr);
+        setHeaderTextColor(self->headerTextColor());
+        setHeaderOpacity(self->headerOpacity());
+        setUseVibrantBlend(self->useVibrantBlend());
     }
+
+  private:
+    UILabel* label() { return ivars().emojiSectionHeader; }
 };
 
 }  // namespace
@@ -49,12 +60,17 @@ struct SectionHeader : objc::Implements<SectionHeader, UIKeyboardEmojiSectionHea
 using namespace objc::definition;
 using Header = SectionHeader;
 
-OBJC_CLASS(UIKeyboardEmojiSectionHeader, UIView, SectionHeader,
-           property<"headerTextColor", &Header::Ivars::headerTextColor>,
-           property<"headerOpacity", &Header::Ivars::headerOpacity>,
-           property<"useVibrantBlend", &Header::Ivars::useVibrantBlend>,
-           ivar<"_label", &Header::Ivars::label>,
+OBJC_CLASS(UIKeyboardEmojiSectionHeader, UICollectionReusableView, SectionHeader,
+           ivar<"_emojiSectionHeader", &Header::Ivars::emojiSectionHeader>,
            method<"initWithFrame:", &Header::initWithFrame>,
            method<"headerName", &Header::headerName>,
            method<"setHeaderName:", &Header::setHeaderName>,
+           method<"headerFontSize", &Header::headerFontSize>,
+           method<"setHeaderFontSize:", &Header::setHeaderFontSize>,
+           method<"headerTextColor", &Header::headerTextColor>,
+           method<"setHeaderTextColor:", &Header::setHeaderTextColor>,
+           method<"headerOpacity", &Header::headerOpacity>,
+           method<"setHeaderOpacity:", &Header::setHeaderOpacity>,
+           method<"useVibrantBlend", &Header::useVibrantBlend>,
+           method<"setUseVibrantBlend:", &Header::setUseVibrantBlend>,
            method<"layoutSubviews", &Header::layoutSubviews>)

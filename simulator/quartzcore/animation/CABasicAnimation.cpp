@@ -8,23 +8,14 @@ using objc::strong;
 
 struct BasicAnimation : objc::Implements<BasicAnimation, CABasicAnimation> {
     struct Ivars {
-        strong<NSString> keyPath;
         strong<NSObject> fromValue, toValue;
     };
-
-    static CABasicAnimation* animationWithKeyPath(Class self, NSString* key_path) {
-        auto made = objc::adopt(objc::send<"new", BasicAnimation*>(reinterpret_cast<id>(self)));
-        made->ivars().keyPath = key_path;
-        return strong<CABasicAnimation>(made.get()).autoreleased();
-    }
 };
 
 }  // namespace
 
 using namespace objc::definition;
 
-OBJC_CLASS(CABasicAnimation, CAAnimation, BasicAnimation,
-           class_method<"animationWithKeyPath:", &BasicAnimation::animationWithKeyPath>,
-           property<"keyPath", &BasicAnimation::Ivars::keyPath>,
+OBJC_CLASS(CABasicAnimation, CAPropertyAnimation, BasicAnimation,
            property<"fromValue", &BasicAnimation::Ivars::fromValue>,
            property<"toValue", &BasicAnimation::Ivars::toValue>)

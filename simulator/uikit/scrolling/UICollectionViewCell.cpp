@@ -9,7 +9,6 @@ using objc::strong;
 struct Cell : objc::Implements<Cell, UICollectionViewCell> {
     struct Ivars {
         strong<UIView> contentView;
-        strong<NSString> reuseIdentifier;
         bool selected = false, highlighted = false;
     };
 
@@ -29,26 +28,19 @@ struct Cell : objc::Implements<Cell, UICollectionViewCell> {
     void setSelected(bool selected) { ivars().selected = selected; }
     bool isHighlighted() { return ivars().highlighted; }
     void setHighlighted(bool highlighted) { ivars().highlighted = highlighted; }
-    NSString* reuseIdentifier() { return ivars().reuseIdentifier; }
-    void setReuseIdentifier(NSString* identifier) { ivars().reuseIdentifier = identifier; }
-    void prepareForReuse() {}
 };
 
 }  // namespace
 
 using namespace objc::definition;
 
-OBJC_CLASS(UICollectionViewCell, UIView, Cell,
+OBJC_CLASS(UICollectionViewCell, UICollectionReusableView, Cell,
            method<"initWithFrame:", &Cell::initWithFrame>,
            ivar<"_contentView", &Cell::Ivars::contentView>,
-           ivar<"_reuseIdentifier", &Cell::Ivars::reuseIdentifier>,
            ivar<"_selected", &Cell::Ivars::selected>,
            ivar<"_highlighted", &Cell::Ivars::highlighted>,
            method<"contentView", &Cell::contentView>,
            method<"isSelected", &Cell::isSelected>,
            method<"setSelected:", &Cell::setSelected>,
            method<"isHighlighted", &Cell::isHighlighted>,
-           method<"setHighlighted:", &Cell::setHighlighted>,
-           method<"reuseIdentifier", &Cell::reuseIdentifier>,
-           method<"_setReuseIdentifier:", &Cell::setReuseIdentifier>,
-           method<"prepareForReuse", &Cell::prepareForReuse>)
+           method<"setHighlighted:", &Cell::setHighlighted>)

@@ -24,7 +24,7 @@ TEST_F(EmojiHeader, KeepsItsColourOpacityAndBlend) {
     header->setHeaderOpacity(0.3);
     header->setUseVibrantBlend(false);
     EXPECT_EQ(rgba(header->headerTextColor()), (Rgba{1, 0, 0, 1}));
-    EXPECT_EQ(header->headerOpacity(), 0.3);
+    EXPECT_FLOAT_EQ(header->headerOpacity(), 0.3f) << "a layer's opacity is a float";
     EXPECT_FALSE(header->useVibrantBlend());
 }
 
@@ -44,6 +44,13 @@ TEST_F(EmojiHeader, ShowsItsTitleAsItsPropertiesSay) {
     EXPECT_EQ(rgba(label->textColor()), (Rgba{1, 0, 0, 1}));
     EXPECT_EQ(label->alpha(), 0.25);
     EXPECT_EQ(label->layer()->compositingFilter(), nullptr);
+}
+
+TEST_F(EmojiHeader, ShowsItsTitleInItsFontSize) {
+    EXPECT_EQ(header->headerFontSize(), 12);
+    header->setHeaderFontSize(15);
+    EXPECT_EQ(header->headerFontSize(), 15);
+    EXPECT_EQ(label->font()->pointSize(), 15);
 }
 
 TEST_F(EmojiHeader, BlendsItsTitleWhenItIsVibrant) {

@@ -8,7 +8,7 @@ namespace {
 
 /// A class of UIKit's or Core Animation's, or the home screen's. Foundation's are GNUstep's own.
 bool is_modelled(const std::string& name) {
-    for (const char* start : {"UI", "_UI", "CA", "NSLayout", "SpringBoard"})
+    for (const char* start : {"UI", "_UI", "CA", "NSLayout", "FBSystemApp", "SpringBoard"})
         if (name.starts_with(start)) return true;
     return false;
 }
