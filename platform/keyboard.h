@@ -76,13 +76,19 @@ struct UIKBRenderFactory : objc::Interface<UIKBRenderFactory, "UIKBRenderFactory
     NSString* controlKeyShadowColorName() { return send<"controlKeyShadowColorName", NSString*>(); }
 };
 
-/// What a key is filled with, by the name of a colour or of a gradient.
+/// What a key is filled with, by the name of a colour or of a gradient, or by two or three names of colours.
 struct UIKBGradient : objc::Interface<UIKBGradient, "UIKBGradient", NSObject> {
     static UIKBGradient* gradientWithFlatColor(NSString* color) {
         return class_send<"gradientWithFlatColor:", UIKBGradient*>(color);
     }
     static UIKBGradient* gradientWithName(NSString* name) {
         return class_send<"gradientWithName:", UIKBGradient*>(name);
+    }
+    static UIKBGradient* gradientWithStartColor(NSString* start, NSString* end) {
+        return class_send<"gradientWithStartColor:endColor:", UIKBGradient*>(start, end);
+    }
+    static UIKBGradient* gradientWith3Colors(NSArray* colors, CGFloat middle_location) {
+        return class_send<"gradientWith3Colors:middleLocation:", UIKBGradient*>(colors, middle_location);
     }
     objc::strong<UIKBGradient> initWithFlatColor(NSString* color) {
         return send<"initWithFlatColor:", objc::strong<UIKBGradient>>(color);
@@ -91,10 +97,17 @@ struct UIKBGradient : objc::Interface<UIKBGradient, "UIKBGradient", NSObject> {
         return send<"initWithName:", objc::strong<UIKBGradient>>(name);
     }
 
-    /// nil for a gradient that was made by name.
+    objc::strong<UIKBGradient> initWithStartColor(NSString* start, NSString* end) {
+        return send<"initWithStartColor:endColor:", objc::strong<UIKBGradient>>(start, end);
+    }
+    objc::strong<UIKBGradient> initWith3Colors(NSArray* colors, CGFloat middle_location) {
+        return send<"initWith3Colors:middleLocation:", objc::strong<UIKBGradient>>(colors, middle_location);
+    }
+
+    /// nil for any but one of a flat colour.
     NSString* flatColorName() { return send<"flatColorName", NSString*>(); }
-    /// nil for one that was made of a flat colour.
-    NSString* name() { return send<"name", NSString*>(); }
+    /// What its names stand for, looked up at each call; NULL for a flat colour, and for names of nothing.
+    CGGradientRef CGGradient() { return send<"CGGradient", CGGradientRef>(); }
 };
 
 /// Lines along some edges of a key. Edges are the bits 1 (top), 2 (left), 4 (bottom), 8 (right); the weight
@@ -114,7 +127,9 @@ struct UIKBEdgeEffect : objc::Interface<UIKBEdgeEffect, "UIKBEdgeEffect", NSObje
                                                                                         weight);
     }
 
-    NSString* colorName() { return send<"colorName", NSString*>(); }
+    /// The colour of its name, looked up at each call; NULL for none.
+    CGColorRef CGColor() { return send<"CGColor", CGColorRef>(); }
+    bool isValid() { return send<"isValid", bool>(); }
     NSUInteger edges() { return send<"edges", NSUInteger>(); }
     UIEdgeInsets insets() { return send<"insets", UIEdgeInsets>(); }
     CGFloat weight() { return send<"weight", CGFloat>(); }
@@ -132,7 +147,9 @@ struct UIKBShadowEffect : objc::Interface<UIKBShadowEffect, "UIKBShadowEffect", 
                                                                                            insets, weight);
     }
 
-    NSString* colorName() { return send<"colorName", NSString*>(); }
+    /// The colour of its name, looked up at each call; NULL for none.
+    CGColorRef CGColor() { return send<"CGColor", CGColorRef>(); }
+    bool isValid() { return send<"isValid", bool>(); }
     CGSize offset() { return send<"offset", CGSize>(); }
     UIEdgeInsets insets() { return send<"insets", UIEdgeInsets>(); }
     CGFloat weight() { return send<"weight", CGFloat>(); }
@@ -338,4 +355,7 @@ extern "C" {
 /// The colour of a name such as "UIKBColorClear"; not owned by the caller. A system without it has the
 /// address zero, so that the library loads all the same.
 [[gnu::weak]] CGColorRef UIKBGetNamedColor(NSString* name);
+/// The gradient of a name such as "UIKBColorWildcatKeyGradient", which is no colour's; not owned by the
+/// caller.
+CGGradientRef UIKBGetNamedLinearGradient(NSString* name);
 }

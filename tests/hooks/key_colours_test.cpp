@@ -211,7 +211,30 @@ TEST_F(Gradient, TheBlueKeyBecomesTheHighlight) {
 TEST_F(Gradient, AnyOtherNameIsUnchanged) {
     EXPECT_EQ(passed(text("UIKBColorKeyGrayKeyLightBackground")),
               std::vector<std::string>(4, "UIKBColorKeyGrayKeyLightBackground"));
+    EXPECT_EQ(passed(text("UIKBColorWildcatKeyGradient")),
+              std::vector<std::string>(4, "UIKBColorWildcatKeyGradient"));
     EXPECT_EQ(passed(nullptr), std::vector<std::string>(4, "(nil)"));
+}
+
+TEST_F(KeyColours, AGradientKeepsItsNameUnlessItIsTheBlueKeys) {
+    phone.start();
+    auto kept = [](const char* name) {
+        auto made_by_class = UIKBGradient::gradientWithName(text(name));
+        auto initialised = UIKBGradient::alloc()->initWithName(text(name));
+        return std::pair(utf8(variable<NSString*>(made_by_class, "_gradientName")),
+                         utf8(variable<NSString*>(initialised.get(), "_gradientName")));
+    };
+    const std::string gradient = "UIKBColorWildcatKeyGradient", highlight = "UIKBColorHighlight";
+    EXPECT_EQ(kept("UIKBColorWildcatKeyGradient"), std::pair(gradient, gradient));
+    EXPECT_EQ(kept("UIKBColorKeyBlueKeyBackground"), std::pair(highlight, highlight));
+}
+
+TEST_F(KeyColours, AGradientNamedAfterTheHighlightIsNone) {
+    phone.start();
+    EXPECT_EQ(UIKBGetNamedLinearGradient(text("UIKBColorHighlight")), nullptr);
+    EXPECT_EQ(UIKBGradient::gradientWithName(text("UIKBColorHighlight"))->CGGradient(), nullptr);
+    EXPECT_EQ(UIKBGradient::gradientWithName(text("UIKBColorKeyBlueKeyBackground"))->CGGradient(), nullptr);
+    EXPECT_NE(UIKBGetNamedColor(text("UIKBColorHighlight")), nullptr) << "though the colour is there";
 }
 
 // ---- Effects ---------------------------------------------------------------------------------------------

@@ -12,9 +12,11 @@ constexpr CGRect frame{{0, 0}, {100, 40}};
 
 bool is(UIColor* found, const Rgba& expected) { return found && rgba(found) == expected; }
 bool is_clear(NSString* name) { return utf8(name) == "UIKBColorClear"; }
-bool is_clear(UIKBEdgeEffect* effect) { return effect && is_clear(effect->colorName()); }
+bool is_clear(UIKBEdgeEffect* effect) {
+    return effect && is_clear(variable<NSString*>(effect, "_colorName"));
+}
 bool casts_nothing(UIKBShadowEffect* effect) {
-    return effect && is_clear(effect->colorName()) && effect->weight() == 0;
+    return effect && is_clear(variable<NSString*>(effect, "_colorName")) && effect->weight() == 0;
 }
 bool has_one_filter(CALayer* layer) { return layer->filters()->count() == 1; }
 
@@ -25,6 +27,9 @@ bool factory_answers_clear() {
 
 NSString* blue_key() { return text("UIKBColorKeyBlueKeyBackground"); }
 bool is_highlight(NSString* name) { return utf8(name) == "UIKBColorHighlight"; }
+bool is_named_highlight(UIKBGradient* gradient) {
+    return gradient && is_highlight(variable<NSString*>(gradient, "_gradientName"));
+}
 
 template <class View>
 View* laid_out(const char* class_name) {
@@ -233,14 +238,14 @@ const std::map<std::string, RowProbe>& row_probes() {
         {"+[UIKBGradient gradientWithFlatColor:]",
          {{}, [] { return is_highlight(UIKBGradient::gradientWithFlatColor(blue_key())->flatColorName()); }}},
         {"+[UIKBGradient gradientWithName:]",
-         {{}, [] { return is_highlight(UIKBGradient::gradientWithName(blue_key())->name()); }}},
+         {{}, [] { return is_named_highlight(UIKBGradient::gradientWithName(blue_key())); }}},
         {"-[UIKBGradient initWithFlatColor:]",
          {{},
           [] {
               return is_highlight(UIKBGradient::alloc()->initWithFlatColor(blue_key())->flatColorName());
           }}},
         {"-[UIKBGradient initWithName:]",
-         {{}, [] { return is_highlight(UIKBGradient::alloc()->initWithName(blue_key())->name()); }}},
+         {{}, [] { return is_named_highlight(UIKBGradient::alloc()->initWithName(blue_key()).get()); }}},
         {"-[UIWebFormAccessory layoutSubviews]",
          {{"CAFilter", "_UIToolbarContentView"}, filters_the_toolbars}},
         {"-[UIKBEdgeEffect edges]",

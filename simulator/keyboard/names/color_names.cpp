@@ -157,29 +157,13 @@ constexpr std::string_view colors[] = {
     "WildcatKeyGradientStart",
     "iPhoneDictationBackboard",
 };
-constexpr std::string_view gradients[] = {
-    "CandidateBarBackgroundGradient",
-    "CandidateListBackgroundGradient",
-    "HandwritingBackgroundGradient",
-    "HandwritingTransparentBackgroundGradient",
-    "KeyPhoneKeyplaneSwitchActiveGradient",
-    "WhiteBackgroundGradient",
-    "WildcatBarActiveGradient",
-    "WildcatKeyActiveBlueGradient",
-    "WildcatKeyActiveGradient",
-    "WildcatKeyGradient",
-};
-static_assert(std::size(colors) == 144 && std::size(gradients) == 10);
-
-template <size_t Count>
-bool contains(const std::string_view (&names)[Count], std::string_view name) {
-    return name.starts_with(prefix) &&
-           std::ranges::find(names, name.substr(prefix.size())) != std::end(names);
-}
+static_assert(std::size(colors) == 144);
 
 }  // namespace
 
-bool is_color_name(std::string_view name) { return contains(colors, name); }
-bool is_gradient_name(std::string_view name) { return contains(gradients, name); }
+bool is_color_name(std::string_view name) {
+    return name.starts_with(prefix) &&
+           std::ranges::find(colors, name.substr(prefix.size())) != std::end(colors);
+}
 
 }  // namespace sim

@@ -1,11 +1,11 @@
-// The names that the system knows, of colours and of gradients.
+// The names of colours that the system knows.
 #pragma once
 #include <string_view>
 
 namespace sim {
 
-/// Whether the system has a colour of that name, or a gradient: they are looked up by functions of their own.
+/// Whether the system has a colour of that name. Gradients have names of their own, which
+/// UIKBGetNamedLinearGradient looks up.
 bool is_color_name(std::string_view name);
-bool is_gradient_name(std::string_view name);
 
 }  // namespace sim

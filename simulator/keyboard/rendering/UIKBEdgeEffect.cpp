@@ -31,6 +31,10 @@ struct EdgeEffect : objc::Implements<EdgeEffect, UIKBEdgeEffect> {
         self->ivars() = {color, edges, insets, weight};
         return self;
     }
+
+    CGColorRef CGColor() { return UIKBGetNamedColor(ivars().colorName); }
+    // Whether there is something to draw (guess).
+    bool isValid() { return CGColor() && weight() > 0 && edges() != 0; }
 };
 
 }  // namespace
@@ -38,10 +42,12 @@ struct EdgeEffect : objc::Implements<EdgeEffect, UIKBEdgeEffect> {
 using namespace objc::definition;
 
 OBJC_CLASS(UIKBEdgeEffect, NSObject, EdgeEffect,
-           property<"colorName", &EdgeEffect::Ivars::colorName>,
+           ivar<"_colorName", &EdgeEffect::Ivars::colorName>,
            property<"edges", &EdgeEffect::Ivars::edges>,
            property<"insets", &EdgeEffect::Ivars::insets>,
            property<"weight", &EdgeEffect::Ivars::weight>,
            class_method<"effectWithColor:edges:inset:weight:", &EdgeEffect::effectWithInset>,
            class_method<"effectWithColor:edges:insets:weight:", &EdgeEffect::effectWithInsets>,
-           method<"initWithColor:edges:insets:weight:", &EdgeEffect::initWithColor>)
+           method<"initWithColor:edges:insets:weight:", &EdgeEffect::initWithColor>,
+           method<"CGColor", &EdgeEffect::CGColor>,
+           method<"isValid", &EdgeEffect::isValid>)

@@ -26,6 +26,10 @@ struct ShadowEffect : objc::Implements<ShadowEffect, UIKBShadowEffect> {
         self->ivars() = {color, offset, insets, weight};
         return self;
     }
+
+    CGColorRef CGColor() { return UIKBGetNamedColor(ivars().colorName); }
+    // Whether there is something to draw (guess).
+    bool isValid() { return CGColor() && weight() > 0; }
 };
 
 }  // namespace
@@ -33,9 +37,11 @@ struct ShadowEffect : objc::Implements<ShadowEffect, UIKBShadowEffect> {
 using namespace objc::definition;
 
 OBJC_CLASS(UIKBShadowEffect, NSObject, ShadowEffect,
-           property<"colorName", &ShadowEffect::Ivars::colorName>,
+           ivar<"_colorName", &ShadowEffect::Ivars::colorName>,
            property<"offset", &ShadowEffect::Ivars::offset>,
            property<"insets", &ShadowEffect::Ivars::insets>,
            property<"weight", &ShadowEffect::Ivars::weight>,
            class_method<"effectWithColor:offset:insets:weight:", &ShadowEffect::effect>,
-           method<"initWithColor:offset:insets:weight:", &ShadowEffect::initWithColor>)
+           method<"initWithColor:offset:insets:weight:", &ShadowEffect::initWithColor>,
+           method<"CGColor", &ShadowEffect::CGColor>,
+           method<"isValid", &ShadowEffect::isValid>)

@@ -9,24 +9,37 @@ namespace {
 /// Whether a colour leaves a trace.
 bool paints(CGColorRef color) { return color && CGColorGetAlpha(color) > 0; }
 
-CGColorRef color_of(UIKBGradient* gradient) {
-    if (!gradient) return nullptr;
-    NSString* name = gradient->flatColorName();
-    return UIKBGetNamedColor(name ? name : gradient->name());
-}
-
-void fill(CGContextRef context, CGPathRef cap, UIKBGradient* gradient) {
-    CGColorRef color = color_of(gradient);
+void fill(CGContextRef context, CGPathRef cap, CGColorRef color) {
     if (!paints(color)) return;
     CGContextSetFillColorWithColor(context, color);
     CGContextAddPath(context, cap);
     CGContextFillPath(context);
 }
 
+/// From the cap's top to its bottom.
+void fill(CGContextRef context, CGPathRef cap, CGGradientRef gradient) {
+    if (!gradient) return;
+    const CGRect box = CGPathGetBoundingBox(cap);
+    CGContextSaveGState(context);
+    CGContextAddPath(context, cap);
+    CGContextClip(context);
+    CGContextDrawLinearGradient(context, gradient, box.origin, {box.origin.x, box.origin.y + box.size.height},
+                                0);
+    CGContextRestoreGState(context);
+}
+
+void fill(CGContextRef context, CGPathRef cap, UIKBGradient* gradient) {
+    if (!gradient) return;
+    if (NSString* color = gradient->flatColorName())
+        fill(context, cap, UIKBGetNamedColor(color));
+    else
+        fill(context, cap, gradient->CGGradient());
+}
+
 /// A line is what shows of the cap's shape when it is moved by the line's width and put behind the cap, whose
 /// own area stays free: a cap may be translucent.
 void paint_edges(CGContextRef context, const Path& cap, UIKBEdgeEffect* effect) {
-    CGColorRef color = effect ? UIKBGetNamedColor(effect->colorName()) : nullptr;
+    CGColorRef color = effect ? effect->CGColor() : nullptr;
     const NSUInteger edges = effect ? effect->edges() : 0;
     const CGFloat weight = effect ? effect->weight() : 0;
     if (!paints(color) || edges == 0 || weight <= 0) return;
@@ -61,7 +74,7 @@ void paint_cap(CGContextRef context, const Path& cap, const KeyTraits& traits) {
 }
 
 void apply_shadow(CALayer* layer, const Path& shape, UIKBShadowEffect* effect) {
-    CGColorRef color = effect ? UIKBGetNamedColor(effect->colorName()) : nullptr;
+    CGColorRef color = effect ? effect->CGColor() : nullptr;
     const bool casts = paints(color) && effect->weight() > 0;
     layer->setShadowOpacity(casts ? 1.0f : 0.0f);
     if (!casts) return;

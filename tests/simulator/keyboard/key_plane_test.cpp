@@ -135,6 +135,55 @@ TEST_F(KeyView, ACapIsFilledWithTheGradientThatTheClassAnswers) {
     EXPECT_EQ(drawn(cap(character), middle_x, middle_y), blue);
 }
 
+class FilledKeyView : public KeyView {
+  protected:
+    /// A cap whose gradient is of another kind than the flat one that it asks for.
+    template <class Function>
+    static UIView* cap_filled(Function gradient) {
+        replace("UIKBGradient", "gradientWithFlatColor:", gradient, true);
+        return cap(character);
+    }
+    static constexpr size_t near_top = 2, near_bottom = 37;
+};
+
+TEST_F(FilledKeyView, AGradientsNameFillsFromTopToBottom) {
+    UIView* view = cap_filled([](id, SEL, id) -> id {
+        return UIKBGradient::gradientWithName(text("UIKBColorWildcatKeyActiveBlueGradient"));
+    });
+    const Pixel top = drawn(view, middle_x, near_top), bottom = drawn(view, middle_x, near_bottom);
+    EXPECT_EQ(top.alpha, 255);
+    EXPECT_EQ(bottom.alpha, 255);
+    EXPECT_GT(top.red, 80);
+    EXPECT_LT(bottom.red, 20);
+    EXPECT_EQ(drawn(view, 0, 0), nothing) << "corners are round";
+}
+
+TEST_F(FilledKeyView, TwoColoursFillFromTopToBottom) {
+    UIView* view = cap_filled([](id, SEL, id) -> id {
+        return UIKBGradient::gradientWithStartColor(text("UIKBColorWhite"), text("UIKBColorBlack"));
+    });
+    EXPECT_GT(drawn(view, middle_x, near_top).red, 230);
+    EXPECT_LT(drawn(view, middle_x, near_bottom).red, 25);
+}
+
+TEST_F(FilledKeyView, TheMiddleOneOfThreeColoursIsAtItsLocation) {
+    UIView* view = cap_filled([](id, SEL, id) -> id {
+        const id names[] = {text("UIKBColorWhite"), text("UIKBColorBlack"), text("UIKBColorWhite")};
+        return UIKBGradient::gradientWith3Colors(NSArray::arrayWithObjects(names, 3), 0.25);
+    });
+    EXPECT_GT(drawn(view, middle_x, near_top).red, 180);
+    EXPECT_LT(drawn(view, middle_x, 10).red, 20) << "a quarter down";
+    EXPECT_GT(drawn(view, middle_x, near_bottom).red, 230);
+}
+
+TEST_F(FilledKeyView, ANameThatIsNoGradientsFillsNothing) {
+    replace("UIKBRenderFactory", "defaultKeyShadowColorName",
+            [](id, SEL) -> id { return text("UIKBColorClear"); });
+    UIView* view =
+        cap_filled([](id, SEL, id) -> id { return UIKBGradient::gradientWithName(text("UIKBColorBlack")); });
+    EXPECT_EQ(drawn(view, middle_x, middle_y), nothing);
+}
+
 TEST_F(KeyView, TheTextIsInTheColourOfItsStyle) {
     replace("UIKBTextStyle", "textColor",
             [](id, SEL) -> id { return text("UIKBColorKeyBlueKeyBackground"); });

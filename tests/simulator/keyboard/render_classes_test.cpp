@@ -1,6 +1,7 @@
 // The classes that say how keys are drawn, with nothing replaced.
 #include "platform/keyboard.h"
 #include "support/phone.h"
+#include "support/runtime.h"
 
 namespace test {
 namespace {
@@ -124,15 +125,44 @@ TEST_F(RenderClassesDeathTest, AnUnknownVisualStyleStopsTheProcess) {
 
 // ---- Gradients ----
 
-TEST_F(RenderClasses, AGradientKeepsTheNameItWasMadeWith) {
+TEST_F(RenderClasses, AGradientKeepsTheNamesItWasMadeWith) {
+    auto name = [](UIKBGradient* gradient, const char* kept) {
+        return utf8(variable<NSString*>(gradient, kept));
+    };
     UIKBGradient* flat = UIKBGradient::gradientWithFlatColor(text("UIKBColorWhite"));
     EXPECT_EQ(utf8(flat->flatColorName()), "UIKBColorWhite");
-    EXPECT_EQ(flat->name(), nullptr);
-    UIKBGradient* named = UIKBGradient::gradientWithName(text("UIKBColorBlack"));
+    EXPECT_EQ(name(flat, "_gradientName"), "(nil)");
+    UIKBGradient* named = UIKBGradient::gradientWithName(text("UIKBColorWildcatKeyGradient"));
     EXPECT_EQ(named->flatColorName(), nullptr);
-    EXPECT_EQ(utf8(named->name()), "UIKBColorBlack");
+    EXPECT_EQ(name(named, "_gradientName"), "UIKBColorWildcatKeyGradient");
+    UIKBGradient* two = UIKBGradient::gradientWithStartColor(text("a"), text("b"));
+    EXPECT_EQ(two->flatColorName(), nullptr);
+    EXPECT_EQ(name(two, "_startColorName"), "a");
+    EXPECT_EQ(name(two, "_endColorName"), "b");
     EXPECT_EQ(utf8(UIKBGradient::alloc()->initWithFlatColor(text("a"))->flatColorName()), "a");
-    EXPECT_EQ(utf8(UIKBGradient::alloc()->initWithName(text("b"))->name()), "b");
+    EXPECT_EQ(name(UIKBGradient::alloc()->initWithName(text("b")).get(), "_gradientName"), "b");
+}
+
+TEST_F(RenderClasses, AGradientFindsItsNameAmongTheGradients) {
+    CGGradientRef found = UIKBGetNamedLinearGradient(text("UIKBColorWildcatKeyGradient"));
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(UIKBGradient::gradientWithName(text("UIKBColorWildcatKeyGradient"))->CGGradient(), found);
+}
+
+TEST_F(RenderClasses, NoOtherNameIsAGradients) {
+    for (const char* name : {"UIKBColorHighlight", "UIKBColorBlack", "UIKBColorWildcatKeyGradientStart",
+                             "UIKBColorKeyBlueKeyBackground", "WildcatKeyGradient", ""}) {
+        EXPECT_EQ(UIKBGetNamedLinearGradient(text(name)), nullptr) << name;
+        EXPECT_EQ(UIKBGradient::gradientWithName(text(name))->CGGradient(), nullptr) << name;
+    }
+    EXPECT_EQ(UIKBGetNamedLinearGradient(nullptr), nullptr);
+}
+
+TEST_F(RenderClasses, AFlatColourAndAnUnknownColourAreNoGradient) {
+    EXPECT_EQ(UIKBGradient::gradientWithFlatColor(text("UIKBColorBlack"))->CGGradient(), nullptr);
+    NSString* unknown = text("UIKBColorText");
+    EXPECT_EQ(UIKBGradient::gradientWithStartColor(text("UIKBColorBlack"), unknown)->CGGradient(), nullptr);
+    EXPECT_EQ(UIKBGradient::gradientWithStartColor(text("UIKBColorBlack"), nullptr)->CGGradient(), nullptr);
 }
 
 // ---- Effects ----
@@ -142,7 +172,9 @@ TEST_F(RenderClasses, AnEdgeEffectKeepsWhatItWasMadeWith) {
     for (UIKBEdgeEffect* effect :
          {UIKBEdgeEffect::effect(text("UIKBColorBlack"), 5, insets, 0.5),
           UIKBEdgeEffect::alloc()->initWithColor(text("UIKBColorBlack"), 5, insets, 0.5).autoreleased()}) {
-        EXPECT_EQ(utf8(effect->colorName()), "UIKBColorBlack");
+        EXPECT_EQ(utf8(variable<NSString*>(effect, "_colorName")), "UIKBColorBlack");
+        EXPECT_EQ(effect->CGColor(), UIKBGetNamedColor(text("UIKBColorBlack")));
+        EXPECT_TRUE(effect->isValid());
         EXPECT_EQ(effect->edges(), 5u);
         EXPECT_EQ(effect->insets(), insets);
         EXPECT_EQ(effect->weight(), 0.5);
@@ -163,11 +195,24 @@ TEST_F(RenderClasses, AShadowEffectKeepsWhatItWasMadeWith) {
                                      UIKBShadowEffect::alloc()
                                          ->initWithColor(text("UIKBColorBlack"), offset, insets, 7)
                                          .autoreleased()}) {
-        EXPECT_EQ(utf8(effect->colorName()), "UIKBColorBlack");
+        EXPECT_EQ(utf8(variable<NSString*>(effect, "_colorName")), "UIKBColorBlack");
+        EXPECT_EQ(effect->CGColor(), UIKBGetNamedColor(text("UIKBColorBlack")));
+        EXPECT_TRUE(effect->isValid());
         EXPECT_EQ(effect->offset(), offset);
         EXPECT_EQ(effect->insets(), insets);
         EXPECT_EQ(effect->weight(), 7.0);
     }
+}
+
+TEST_F(RenderClasses, AnEffectWithoutColourWeightOrEdgesIsNotValid) {
+    NSString *black = text("UIKBColorBlack"), *unknown = text("UIKBColorText");
+    EXPECT_EQ(UIKBEdgeEffect::effect(unknown, 4, 0.0, 1.0)->CGColor(), nullptr);
+    EXPECT_FALSE(UIKBEdgeEffect::effect(unknown, 4, 0.0, 1.0)->isValid());
+    EXPECT_FALSE(UIKBEdgeEffect::effect(black, 0, 0.0, 1.0)->isValid());
+    EXPECT_FALSE(UIKBEdgeEffect::effect(black, 4, 0.0, 0.0)->isValid());
+    EXPECT_EQ(UIKBShadowEffect::effect(unknown, {}, {}, 1)->CGColor(), nullptr);
+    EXPECT_FALSE(UIKBShadowEffect::effect(unknown, {}, {}, 1)->isValid());
+    EXPECT_FALSE(UIKBShadowEffect::effect(black, {}, {}, 0)->isValid());
 }
 
 // ---- Text style ----
