@@ -1,4 +1,5 @@
-// One fact to a line: classes, what is not told of them, class methods and methods, variables, functions.
+// One fact to a line: classes, what was not recorded of them, class methods and methods, variables,
+// functions.
 #include "describe/description.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // huecraft-describe: tells what this phone's system has of what the library is about, for huecraft doctor.
 //
-// Nothing of the user's is told: no names, no files, nothing of the theme.
+// Nothing of the user's is in the report: no names, no files, nothing of the theme.
 #include <string_view>
 
 #include "describe/description.h"

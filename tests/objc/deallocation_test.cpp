@@ -5,7 +5,7 @@
 #include "objc/class.h"
 #include "support/phone.h"
 
-/// Notes its name when it goes, and asks whoever it is told to.
+/// Notes its name when it goes, and asks whomever it was given.
 struct TSTCandle : objc::Interface<TSTCandle, "TSTCandle", NSObject> {
     static objc::strong<TSTCandle> make() { return class_send<"new", objc::strong<TSTCandle>>(); }
 };

@@ -174,7 +174,7 @@ class DescriptionReader {
         return true;
     }
 
-    /// The same may be told twice, with and without types, and not in two ways.
+    /// A fact may stand there twice, with and without types, but not in two ways.
     void keep(std::string& known, const std::string& told, const std::string& of,
               const std::string& what = "types") const {
         if (!known.empty() && !told.empty() && known != told)

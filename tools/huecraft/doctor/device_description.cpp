@@ -25,8 +25,8 @@ Presence DeviceDescription::class_named(const std::string& name) const {
     return unrecorded_classes_.contains(name) ? Presence::unrecorded : Presence::missing;
 }
 
-/// Asks the class, then those above it. What hooks find in a superclass is told also where not all of it is;
-/// so only a class that nothing is told of, or the asked class itself, leaves the answer open.
+/// Asks the class, then those above it. What hooks find in a superclass is recorded also where not all of it
+/// is; so only a class of which nothing is recorded, or the asked class itself, leaves the answer open.
 template <class Find>
 Member DeviceDescription::in_chain(const std::string& class_name, bool is_open, Find find) const {
     for (std::string each = class_name; !each.empty();) {

@@ -16,7 +16,7 @@ struct Member {
     std::string types, owner;
 };
 
-/// What is told of one class by itself.
+/// What is recorded of one class by itself.
 struct ClassRecord {
     std::string superclass;  // "" where it is not told
     /// "-selector" or "+selector" with its types.
@@ -43,7 +43,7 @@ class DeviceDescription {
     Member own_method(const std::string& method) const;
     Member variable(const std::string& class_name, const std::string& variable) const;
     Presence function(const std::string& name) const;
-    /// Whether it is told that the library's hook of this target had no effect there.
+    /// Whether the report says that the library's hook of this target had no effect there.
     bool had_no_effect(const std::string& target) const { return without_effect_.contains(target); }
 
     /// Every class that is named.

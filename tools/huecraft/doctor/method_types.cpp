@@ -79,7 +79,7 @@ class TypesReader {
         taken();
         return all + end;
     }
-    /// A structure by what it consists of; by its name where that is all that is told.
+    /// A structure by what it consists of; by its name where nothing else is recorded.
     std::string aggregate(char end) {
         const size_t start = at_;
         while (peek() && peek() != '=' && peek() != end) ++at_;

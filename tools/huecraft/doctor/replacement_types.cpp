@@ -1,4 +1,4 @@
-// The types of the library's replacements, out of its hook table. Of the table only what can be told while
+// The types of the library's replacements, out of its hook table. Of the table only what is known while
 // this is compiled is used: the replacements themselves are in the library.
 #include "doctor/replacement_types.h"
 

@@ -28,7 +28,7 @@ uint64_t values_in(const std::string& bytes) {
     }
     const size_t first = bytes.find_first_not_of(" \t\r\n\xef\xbb\xbf");
     if (first != bytes.npos && bytes[first] == '<') return number('<') / 2;
-    // Numbers of two bytes and more for each character are told by their zeros.
+    // Numbers of two bytes and more for each character are known by their zeros.
     return number('<') / 2 + number(';') + number(',');
 }
 
