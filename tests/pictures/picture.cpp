@@ -1,4 +1,3 @@
-// Pictures that tests compare with the expected ones in the tree.
 #include "picture.h"
 
 #include <cairo.h>
