@@ -1,4 +1,4 @@
-// huecraft gallery: a page with the preview and the keyboard of many themes.
+// huecraft gallery: a page with the keyboard in many themes.
 #include <malloc.h>
 
 #include <algorithm>
@@ -10,18 +10,18 @@
 #include "cli/files.h"
 #include "cli/terminal.h"
 #include "cli/worker_pool.h"
-#include "commands/gallery_page.h"
 #include "formats/value.h"
+#include "gallery/page.h"
+#include "objc/fast_enumeration.h"
 #include "support/phone.h"
+#include "support/provenance.h"
 #include "support/text.h"
 #include "support/theme_choice.h"
-#include "themes/keyboard_picture.h"
+#include "themes/fixing.h"
 #include "themes/theme.h"
 
 namespace command {
 namespace {
-
-constexpr double picture_scale = 1;
 
 /// What a worker tells of a theme.
 enum class Answer { drawn, unusable, other_caps };
@@ -41,6 +41,29 @@ std::filesystem::path put_aside(const Workshop& workshop, size_t number) {
     return workshop.scratch(std::to_string(number) + ".plist");
 }
 
+std::vector<Swatch> colours_of(HuecraftConfig* theme, const Oklab& background) {
+    const auto swatch = [](const char* what, UIColor* colour) {
+        return colour ? Swatch{what, hex_of(colour_of(colour))}
+                      : Swatch{std::string(what) + " as the system's", ""};
+    };
+    std::vector<Swatch> colours{swatch("labels", theme->getTextColor()),
+                                swatch("highlights", theme->getHighlightColor())};
+    const NSUInteger type = theme->getBackgroundType();
+    enum : NSUInteger { flat_colour = 1, gradient_of_colours = 2, image_data = 3 };
+    if (type == flat_colour || type == gradient_of_colours) {
+        constexpr size_t most = 8;
+        size_t count = 0;
+        if (NSArray* list = theme->getColors())
+            objc::for_each<UIColor>(list, [&](UIColor* colour) {
+                if (++count <= most) colours.push_back(swatch(count == 1 ? "background" : "to", colour));
+            });
+        if (count > most) colours.push_back({"and " + std::to_string(count - most) + " more", ""});
+    } else if (type == image_data) {
+        colours.push_back({"picture, on average", hex_of(colour_of(background))});
+    }
+    return colours;
+}
+
 struct Gallery {
     std::vector<std::string> files;
     std::string output, library;
@@ -57,7 +80,7 @@ struct Gallery {
             const Build build(command::library(library));
             std::vector<Status> ends(files.size(), Status::unusable);
             Status all = draw_all(workshop, build, ends);
-            write(workshop, ends);
+            write(workshop, build, ends);
             for (Status one : ends) note(all, one);
             report(ends);
             return all;
@@ -78,8 +101,7 @@ struct Gallery {
     /// the library installs depends on the key caps, so there are workers for themes without visible caps
     /// first, and then, if themes are left, others for those.
     Status draw_all(const Workshop& workshop, const Build& build, std::vector<Status>& ends) const {
-        workshop.install_settings_pictures();
-        tools::boot(workshop.device, tools::notes, tools::Screen().for_pictures(picture_scale));
+        tools::boot(workshop.device, tools::notes, tools::Screen().for_pictures(KeyboardPixels::per_point));
         Progress progress("drawing", files.size());
         size_t known = 0;
         Status status = Status::fine;
@@ -89,9 +111,7 @@ struct Gallery {
             std::deque<size_t> others;
             SharedWork work;
             work.begin = [&] { begin_to_draw(build); };
-            work.piece = [&](size_t number) {
-                return static_cast<int>(answer_for(number, workshop, build, caps));
-            };
+            work.piece = [&](size_t number) { return static_cast<int>(answer_for(number, workshop, caps)); };
             work.done = [&](size_t number, int answer) {
                 const auto end = static_cast<Answer>(answer);
                 if (end == Answer::other_caps) return others.push_back(number);
@@ -127,10 +147,10 @@ struct Gallery {
         tools::choose_theme("caps.plist");
     }
 
-    Answer answer_for(size_t number, const Workshop& workshop, const Build& build, bool caps) const {
+    Answer answer_for(size_t number, const Workshop& workshop, bool caps) const {
         try {
             Answer answer{};
-            on_the_phone(files[number], [&] { answer = draw(number, workshop, build, caps); });
+            on_the_phone(files[number], [&] { answer = draw(number, workshop, caps); });
             return answer;
         } catch (const Unusable& unusable) {
             write_output(reason_of(workshop, number), unusable.what());
@@ -140,7 +160,7 @@ struct Gallery {
         return Answer::unusable;
     }
 
-    Answer draw(size_t number, const Workshop& workshop, const Build& build, bool caps) const {
+    Answer draw(size_t number, const Workshop& workshop, bool caps) const {
         const std::string& file = files[number];
         const auto aside = put_aside(workshop, number);
         const std::string contents = read_input(std::filesystem::exists(aside) ? aside.string() : file);
@@ -149,22 +169,24 @@ struct Gallery {
             write_output(aside, contents);
             return Answer::other_caps;
         }
-        const tools::Provenance provenance{build.digest, tools::sha256_of(contents)};
-        const std::string preview = preview_picture(workshop, theme.config, picture_scale, provenance);
         wear(theme.config);
-        sim_keyboard keyboard{};
-        keyboard.size = sizeof keyboard;
+        const DrawnKeyboard keyboard = draw_keyboard(pair_of(theme.config).labels);
         write_output(piece_of(workshop, number),
-                     gallery_piece({file, tools::utf8(theme.config->getConfigName()), preview,
-                                    keyboard_picture(workshop, keyboard, picture_scale, provenance),
-                                    caps ? caps_of_previews : ""}));
+                     gallery_piece({.file = file,
+                                    .name = tools::utf8(theme.config->getConfigName()),
+                                    .contents = contents,
+                                    .digest = tools::sha256_of(contents),
+                                    .colours = colours_of(theme.config, keyboard.background),
+                                    .folder = std::filesystem::path(output).parent_path()},
+                                   keyboard));
         std::filesystem::remove(aside);
         return Answer::drawn;
     }
 
-    void write(const Workshop& workshop, const std::vector<Status>& ends) const {
+    void write(const Workshop& workshop, const Build& build, const std::vector<Status>& ends) const {
         Output page(output);
-        page.write(gallery_head(static_cast<size_t>(std::ranges::count(ends, Status::fine))));
+        const auto drawn = static_cast<size_t>(std::ranges::count(ends, Status::fine));
+        page.write(gallery_head(drawn, build.digest));
         for (size_t number = 0; number < files.size(); ++number) {
             if (ends[number] != Status::fine) continue;
             const auto piece = piece_of(workshop, number);
@@ -194,8 +216,8 @@ struct Gallery {
 
 void add_gallery(CLI::App& command, Request& request) {
     auto options = std::make_shared<Gallery>();
-    CLI::App* sub = add_subcommand(command, request, "gallery",
-                                   "Write a page with the preview and the keyboard of each theme", options);
+    CLI::App* sub =
+        add_subcommand(command, request, "gallery", "Write a page with the keyboard in each theme", options);
     sub->add_option("files", options->files, "Themes")->required()->type_name("FILE");
     sub->add_option("-o,--output", options->output, "The page to write, as HTML; - is standard output")
         ->required()
@@ -204,7 +226,9 @@ void add_gallery(CLI::App& command, Request& request) {
     add_force(sub, options->force);
     add_json(sub, options->json);
     sub->footer(
-        "The page is one file, with the pictures in it.\n\n"
+        "The page is one file, with the pictures and the smaller themes in it. To others, those with images, "
+        "it\n"
+        "links where they lie from where it lies: keep them together.\n\n"
         "Example:\n"
         "  huecraft gallery themes/*.plist -o gallery.html");
 }
