@@ -1,4 +1,3 @@
-// Loading an image, step by step.
 #include "loader/image.h"
 
 #include <cerrno>
@@ -65,6 +64,7 @@ Image Image::load_bytes(std::span<const uint8_t> file, std::string name, const R
 
 Image::Image(std::string name, const Bytes& file, const Resolver& resolver, const Rules& rules, FileType type)
     : name_(std::move(name)) {
+    if (rules.slices) check_slices(file);
     const Bytes slice = choose_slice(file, kThisCpu, type);
     layout_ = read_layout(slice);
     hold_to(rules, slice, layout_);
@@ -109,12 +109,12 @@ void Image::fix_up(const Bytes& slice, const Resolver& resolver) {
 
 void Image::find_initialisers() {
     for (const Section& section : layout_.sections) {
-        if (section.type != SectionType::initialisers) continue;
+        if (section.type != S_MOD_INIT_FUNC_POINTERS) continue;
         for (const uintptr_t slot : resident_->mapping.pointers_in(section)) {
             const uintptr_t initialiser = resident_->mapping.read_pointer(slot, "an initialiser");
             if (!resident_->mapping.is_code(initialiser))
                 refuse("section " + section.name +
-                       " lists an initialiser that is no code of the image (found " +
+                       " lists an initialiser that is not code of the image (found " +
                        hex(initialiser - resident_->mapping.slide()) + ")");
             initialisers_.push_back(initialiser);
         }

@@ -1,4 +1,3 @@
-// Fat headers, and the first fields of the Mach-O header.
 #include "loader/format/slice.h"
 
 #include <cstdio>
@@ -7,13 +6,6 @@
 
 namespace macho {
 namespace {
-
-std::string processor(uint32_t type, uint32_t subtype) {
-    if (type == static_cast<uint32_t>(Cpu::x86_64)) return "x86_64";
-    if (type == static_cast<uint32_t>(Cpu::arm64))
-        return (subtype & kSubtypeMask) == kSubtypeArm64e ? "arm64e" : "arm64";
-    return "processor " + hex(type);
-}
 
 std::string first_bytes(const Bytes& bytes) {
     if (bytes.size() == 0) return "an empty file";
@@ -27,15 +19,10 @@ std::string first_bytes(const Bytes& bytes) {
 }
 
 Bytes slice_of_fat_file(const Bytes& file, const std::string& wanted) {
-    constexpr uint64_t header_size = 8, row_size = 20;
-    const uint64_t count = file.u32_big_endian(4);
-    const Bytes rows = file.part(header_size, count * row_size, "the fat header");
     std::string found;
-    for (uint64_t row = 0; row < rows.size(); row += row_size) {
-        const std::string offered = processor(rows.u32_big_endian(row), rows.u32_big_endian(row + 4));
-        if (offered == wanted)
-            return file.part(rows.u32_big_endian(row + 8), rows.u32_big_endian(row + 12), "the slice");
-        found += (found.empty() ? "" : ", ") + offered;
+    for (const FatArch& slice : read_fat_archs(file)) {
+        if (slice.processor() == wanted) return file.part(slice.offset, slice.size, "the slice");
+        found += (found.empty() ? "" : ", ") + slice.processor();
     }
     refuse("no slice for this processor (found " + (found.empty() ? "none" : found) + ", expected " + wanted +
            ")");
@@ -43,14 +30,40 @@ Bytes slice_of_fat_file(const Bytes& file, const std::string& wanted) {
 
 }  // namespace
 
-Bytes choose_slice(const Bytes& file, Cpu cpu, FileType type) {
-    const std::string wanted = processor(static_cast<uint32_t>(cpu), 0);
-    const bool fat = file.size() >= 8 && file.u32_big_endian(0) == kFatMagic;
-    const Bytes slice = fat ? slice_of_fat_file(file, wanted) : file;
+std::string processor_text(uint32_t type, uint32_t subtype) {
+    if (type == static_cast<uint32_t>(Cpu::x86_64)) return "x86_64";
+    if (type == static_cast<uint32_t>(Cpu::arm64))
+        return (subtype & kSubtypeMask) == CPU_SUBTYPE_ARM64E ? "arm64e" : "arm64";
+    return "processor " + hex(type);
+}
 
-    if (slice.size() < 4 || slice.u32(0) != kMagic)
+std::string FatArch::processor() const { return processor_text(cpu, subtype); }
+
+bool is_fat(const Bytes& file) {
+    return file.size() >= kFatHeaderSize && file.u32_big_endian(0) == FAT_MAGIC;
+}
+
+std::vector<FatArch> read_fat_archs(const Bytes& file) {
+    const uint64_t count = file.u32_big_endian(4);
+    const Bytes rows = file.part(kFatHeaderSize, count * kFatArchSize, "the fat header");
+    std::vector<FatArch> found;
+    for (uint64_t row = 0; row < rows.size(); row += kFatArchSize)
+        found.push_back({.index = found.size(),
+                         .cpu = rows.u32_big_endian(row),
+                         .subtype = rows.u32_big_endian(row + 4),
+                         .offset = rows.u32_big_endian(row + 8),
+                         .size = rows.u32_big_endian(row + 12),
+                         .align = rows.u32_big_endian(row + 16)});
+    return found;
+}
+
+Bytes choose_slice(const Bytes& file, Cpu cpu, FileType type) {
+    const std::string wanted = processor_text(static_cast<uint32_t>(cpu), 0);
+    const Bytes slice = is_fat(file) ? slice_of_fat_file(file, wanted) : file;
+
+    if (slice.size() < 4 || slice.u32(0) != MH_MAGIC_64)
         refuse("not a Mach-O file (found " + first_bytes(slice) + ", expected cf fa ed fe)");
-    const std::string found = processor(slice.u32(4), slice.u32(8));
+    const std::string found = processor_text(slice.u32(4), slice.u32(8));
     if (found != wanted) refuse("built for another processor (found " + found + ", expected " + wanted + ")");
     const auto expected = static_cast<uint32_t>(type);
     if (const uint32_t number = slice.u32(12); number != expected)

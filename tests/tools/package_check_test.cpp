@@ -178,6 +178,17 @@ TEST_F(PackageCheck, TheJoinedDylibIsRefused) {
         << run.out;
 }
 
+TEST_F(PackageCheck, ASliceInABadPlaceIsFound) {
+    unpack();
+    shell("cp '" BUILD_FOLDER "/device/HuecraftiOS12.dylib' " + std::string(libraries));
+    std::string joined = read(dylib);
+    joined[8 + 19] = 20;  // the first fat_arch's align
+    write(dylib, joined);
+    const Outcome run = checked();
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.out.find("): align (found 2^20, expected at most 2^15)"), run.out.npos) << run.out;
+}
+
 TEST_F(PackageCheck, ASmallDylibWithTheSamePromisesPasses) {
     unpack();
     build({});
@@ -250,7 +261,74 @@ TEST_F(PackageCheck, ChainedFixUpsAreFound) {
 TEST_F(PackageCheck, ANewerSystemThanTwelveIsFound) {
     unpack();
     build({.minimum = "12.1"});
-    expect_only(checked(), "system: found iOS 12.1 as the oldest, expected iOS 12.0");
+    expect_only(checked(), "system: LC_BUILD_VERSION: found iOS 12.1 as the oldest, expected iOS 12.0");
+}
+
+/// The place of some bytes in an image, which must have them.
+size_t place_of(std::string_view wanted, const std::string& image) {
+    const size_t found = image.find(wanted);
+    if (found == image.npos) throw std::runtime_error("the image does not have what the test damages");
+    return found;
+}
+
+TEST_F(PackageCheck, AnotherPlatformThanIosIsFound) {
+    unpack();
+    build({.damage = [](std::string& image) {
+        using namespace std::string_view_literals;
+        image[place_of("\x32\0\0\0\x20\0\0\0\x02"sv, image) + 8] = 3;
+    }});
+    expect_only(checked(),
+                "system: found LC_BUILD_VERSION: built for another platform (found tvOS, expected iOS)");
+}
+
+TEST_F(PackageCheck, ABindWithoutATypeIsFound) {
+    unpack();
+    build({.damage = [](std::string& image) {
+        using namespace std::string_view_literals;
+        image[place_of("_objc_release\0\x51"sv, image) + 14] = 0x50;
+    }});
+    const Outcome run = checked();
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.out.find("not ok imports: found BIND_OPCODE_DO_BIND"), run.out.npos) << run.out;
+    EXPECT_NE(run.out.find(" in the bind table: unsupported fix-up type (found 0, no type was set, expected "
+                           "1, a pointer), at the symbol objc_release\n"),
+              run.out.npos)
+        << run.out;
+}
+
+TEST_F(PackageCheck, ARebaseWithoutATypeIsFound) {
+    unpack();
+    build({.assembly = "here: .quad here\n", .damage = [](std::string& image) {
+               using namespace std::string_view_literals;
+               uint32_t rebase_off;
+               image.copy(reinterpret_cast<char*>(&rebase_off), sizeof rebase_off,
+                          place_of("\x22\0\0\x80\x30\0\0\0"sv, image) + 8);
+               EXPECT_EQ(image.at(rebase_off), 0x11);
+               image[rebase_off] = 0x10;
+           }});
+    const Outcome run = checked();
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.out.find("not ok fix-ups: found REBASE_OPCODE_DO_REBASE"), run.out.npos) << run.out;
+    EXPECT_NE(
+        run.out.find(" in the rebase table: unsupported fix-up type (found 0, no type was set, expected "
+                     "1, a pointer)\n"),
+        run.out.npos)
+        << run.out;
+}
+
+TEST_F(PackageCheck, AWeakLibraryVersionThatTheSystemHasNotIsFound) {
+    unpack();
+    write("small.tbd",
+          "--- !tapi-tbd\ntbd-version: 4\ntargets: [ arm64-ios ]\n"
+          "install-name: '/Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate'\n"
+          "compatibility-version: 1\n...\n");
+    build({.damage = [](std::string& image) {
+        using namespace std::string_view_literals;
+        image.replace(place_of("/Library/Frameworks/CydiaSubstrate"sv, image) - 24, 4, "\x18\0\0\x80"sv);
+    }});
+    expect_only(checked(),
+                "library versions: LC_LOAD_WEAK_DYLIB asks for version 1.0 of "
+                "/Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate, expected at most 0.0");
 }
 
 TEST_F(PackageCheck, AnotherInstallNameIsFound) {

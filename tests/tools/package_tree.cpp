@@ -64,6 +64,11 @@ void PackageTree::build(const SmallDylib& wanted) const {
           " -exported_symbols_list small.exports -o HuecraftiOS12.dylib small.o '" DEVICE_FOLDER
           "/stubs/libobjc.tbd' '" DEVICE_FOLDER "/stubs/libSystem.tbd'" +
           more);
+    if (wanted.damage) {
+        std::string bytes = read("HuecraftiOS12.dylib");
+        wanted.damage(bytes);
+        write("HuecraftiOS12.dylib", bytes);
+    }
     shell(wanted.signing == SmallDylib::as_installers_do
               ? "'" SIGN_SLICE "' HuecraftiOS12.dylib " + wanted.identifier + " '" + dylib + "'"
               : "cat HuecraftiOS12.dylib > '" + std::string(dylib) + "'");

@@ -1,5 +1,6 @@
 // Packages that differ in one thing from the one that is built.
 #pragma once
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -37,6 +38,7 @@ class PackageTree : public Command {
         std::string minimum = "12.0";
         std::string install_name = "/Library/MobileSubstrate/DynamicLibraries/HuecraftiOS12.dylib";
         std::string fix_ups = "-no_fixup_chains";
+        std::function<void(std::string&)> damage = {};  ///< done to the linked file, before it is signed
         std::string identifier = "HuecraftiOS12.dylib";
         enum { as_installers_do, by_the_linker, not_at_all } signing = as_installers_do;
     };

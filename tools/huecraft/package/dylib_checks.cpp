@@ -13,6 +13,7 @@
 #include "loader/fault.h"
 #include "loader/fixups/bind_opcodes.h"
 #include "loader/fixups/rebase.h"
+#include "loader/format/command_names.h"
 #include "loader/format/exports.h"
 #include "loader/format/slice.h"
 #include "loader/format/versions.h"
@@ -90,10 +91,6 @@ Names listed_exports(const char* list) {
     return names;
 }
 
-std::string platform_text(uint32_t platform) {
-    return platform == macho::kPlatformIos ? "iOS" : "platform " + std::to_string(platform);
-}
-
 class ImageChecks {
   public:
     ImageChecks(const std::string& bytes, const Promise& promise)
@@ -146,8 +143,9 @@ class ImageChecks {
     }
 
     void slice(Check& check) {
-        if (file_.size() >= 4 && file_.u32_big_endian(0) == macho::kFatMagic)
+        if (macho::is_fat(file_))
             check.faults.push_back("found a file of several slices, expected the arm64 slice alone");
+        collect(check, [this] { macho::check_slices(file_); });
         slice_ = macho::choose_slice(file_, macho::Cpu::arm64, promise_.type);
         check.found = "arm64 alone";
     }
@@ -162,10 +160,16 @@ class ImageChecks {
     }
 
     void system(Check& check) {
-        check.found = platform_text(layout_->platform) + " " + version_text(layout_->minimum_version);
-        if (layout_->platform != macho::kPlatformIos || layout_->minimum_version != minimum_version)
-            check.faults.push_back("found " + check.found + " as the oldest, expected iOS " +
-                                   version_text(minimum_version));
+        for (const macho::BuildVersion& build : layout_->build_versions) {
+            const std::string found =
+                macho::platform_text(build.platform) + " " + version_text(build.minimum_system);
+            check.found += (check.found.empty() ? "" : ", ") + found;
+            // The loader does not look at the minimum; the package promises it.
+            if (build.platform == macho::PLATFORM_IOS && build.minimum_system != minimum_version)
+                check.faults.push_back(macho::name_of_command(build.command) + ": found " + found +
+                                       " as the oldest, expected iOS " + version_text(minimum_version));
+        }
+        collect(check, [this] { macho::check_platform(*layout_); });
     }
 
     void name(Check& check) {
@@ -189,7 +193,7 @@ class ImageChecks {
         for (const macho::Dependency& library : layout_->libraries) {
             const std::optional<macho::OfferedLibrary> offered = macho::system_library(library.install_name);
             if (!offered || library.compatibility_version <= offered->compatibility_version) continue;
-            check.faults.push_back("LC_LOAD_DYLIB asks for version " +
+            check.faults.push_back(macho::name_of_command(library.command) + " asks for version " +
                                    version_text(library.compatibility_version) + " of " +
                                    one_line(library.install_name) + ", expected at most " +
                                    version_text(offered->compatibility_version));
