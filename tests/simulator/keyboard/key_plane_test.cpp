@@ -244,8 +244,8 @@ TEST_F(Keyplane, AKeysStateIsInTheTreeAndInItsPicture) {
 
 TEST_F(Keyplane, EachVisualStyleHasAFactoryOfItsOwn) {
     const char* of_style[] = {"UIKBRenderFactoryiPhone", "UIKBRenderFactory_Emoji",
-                              "UIKBRenderFactoryNumberPad"};
-    for (int style = 0; style < 3; ++style) {
+                              "UIKBRenderFactoryNumberPad", "UIKBRenderFactory_Candidates"};
+    for (int style = 0; style < 4; ++style) {
         auto plane = UIKBTree::alloc()->initWithType(2);
         plane->setVisualStyle(style);
         auto view = UIKBKeyView::alloc()->initWithFrame({}, plane, key(character, "g"));

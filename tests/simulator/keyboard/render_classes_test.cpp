@@ -59,7 +59,7 @@ TEST_F(RenderClassesDeathTest, ABackdropOfAnUnknownStyleStopsTheProcess) {
 }
 
 // The visual styles, as the model has them.
-constexpr int letters = 0, emoji = 1, number_pad = 2;
+constexpr int letters = 0, emoji = 1, number_pad = 2, candidates = 3;
 
 UIKBRenderFactory* factory(int style, bool light = true) {
     auto* config = light ? UIKBRenderConfig::defaultConfig() : UIKBRenderConfig::darkConfig();
@@ -93,7 +93,7 @@ TEST_F(RenderClasses, ADarkKeyboardHasTranslucentKeys) {
 }
 
 TEST_F(RenderClasses, EveryNameOfAFactoryIsAColour) {
-    for (int style : {letters, emoji, number_pad})
+    for (int style : {letters, emoji, number_pad, candidates})
         for (bool light : {true, false})
             for (const std::string& name : names_of(factory(style, light)))
                 EXPECT_NE(UIKBGetNamedColor(text(name)), nullptr) << name;
@@ -115,8 +115,9 @@ TEST_F(RenderClasses, AFactoryOverridesTheNamesThatItsSystemClassDoes) {
     EXPECT_EQ(overridden("UIKBRenderFactoryiPhone"), Names{});
     EXPECT_EQ(overridden("UIKBRenderFactory_Emoji"),
               (Names{"controlKeyBackgroundColorName", "defaultKeyBackgroundColorName"}));
-    EXPECT_EQ(overridden("UIKBRenderFactoryNumberPad"),
-              (Names{"controlKeyForegroundColorName", "controlKeyBackgroundColorName"}));
+    for (const char* other : {"UIKBRenderFactoryNumberPad", "UIKBRenderFactory_Candidates"})
+        EXPECT_EQ(overridden(other),
+                  (Names{"controlKeyForegroundColorName", "controlKeyBackgroundColorName"}));
 }
 
 TEST_F(RenderClassesDeathTest, AnUnknownVisualStyleStopsTheProcess) {
