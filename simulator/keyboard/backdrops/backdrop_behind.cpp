@@ -1,4 +1,3 @@
-// The backdrop that some views of a keyboard have for themselves.
 #include "keyboard/backdrops/backdrop_behind.h"
 
 #include "keyboard/make.h"

@@ -1,4 +1,3 @@
-// The pop-up over a pressed character key.
 #include "keyboard/keys/pop_up.h"
 
 #include <algorithm>

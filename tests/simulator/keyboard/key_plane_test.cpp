@@ -295,7 +295,7 @@ TEST_F(ShownKeyboard, KeysGoByTextByNameAndByTheStartOfTheirName) {
         EXPECT_EQ(show("letters", name), SIM_OK) << name << ": " << sim_last_error();
 }
 
-TEST_F(ShownKeyboard, AMarkIsNoKeyToPress) {
+TEST_F(ShownKeyboard, AMarkCannotBePressed) {
     EXPECT_EQ(show("letters", "EN"), SIM_NOT_FOUND);
     EXPECT_EQ(show("letters", "EnabledLanguageIndicator"), SIM_NOT_FOUND);
 }

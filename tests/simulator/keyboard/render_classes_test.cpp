@@ -18,7 +18,7 @@ class RenderClasses : public testing::Test {
     Phone phone;
 };
 
-TEST_F(RenderClasses, AKeyKeepsWhatItIsToldAboutItself) {
+TEST_F(RenderClasses, AKeyKeepsItsProperties) {
     UIKBTree* key = UIKBTree::alloc()->initWithType(8).autoreleased();
     EXPECT_EQ(key->name(), nullptr);
     key->setName(text("Latin-Small-Letter-G"));
@@ -35,7 +35,7 @@ TEST_F(RenderClasses, AKeyKeepsWhatItIsToldAboutItself) {
 
 // ---- Configuration and factory ----
 
-TEST_F(RenderClasses, TheDefaultConfigurationIsLightUntilItIsToldOtherwise) {
+TEST_F(RenderClasses, TheDefaultConfigurationIsLightUntilItIsSet) {
     auto* config = UIKBRenderConfig::defaultConfig();
     EXPECT_TRUE(config->lightKeyboard());
     EXPECT_FALSE(UIKBRenderConfig::darkConfig()->lightKeyboard());
@@ -218,7 +218,7 @@ TEST_F(RenderClasses, AnEffectWithoutColourWeightOrEdgesIsNotValid) {
 
 // ---- Text style ----
 
-TEST_F(RenderClasses, ATextStyleIsBlackUntilItIsToldOtherwise) {
+TEST_F(RenderClasses, ATextStyleIsBlackUntilItsColourIsSet) {
     UIKBTextStyle* style = UIKBTextStyle::style(text("AppleColorEmoji"), 30);
     EXPECT_EQ(utf8(style->fontName()), "AppleColorEmoji");
     EXPECT_EQ(style->fontSize(), 30.0);
@@ -236,7 +236,7 @@ TEST_F(RenderClasses, TheKeyboardIsAsWideAsTheScreen) {
     EXPECT_EQ(UIKeyboardImpl::keyboardSize(4), (CGSize{667, 162}));
 }
 
-TEST_F(RenderClassesDeathTest, AnOrientationThatIsNoneStopsTheProcess) {
+TEST_F(RenderClassesDeathTest, AnUnknownOrientationStopsTheProcess) {
     EXPECT_DEATH(UIKeyboardImpl::keyboardSize(0), "keyboardSizeForInterfaceOrientation:.*the orientation 0");
 }
 
