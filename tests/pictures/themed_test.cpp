@@ -138,7 +138,6 @@ INSTANTIATE_TEST_SUITE_P(
                .landscape = true,
                .split = true},
         Themed{.name = "flat-candidates", .background = flat, .caps = true, .candidates = "expanded"},
-        Themed{.name = "flat-translucent-candidates", .background = flat, .alpha = 0.6, .candidates = "row"},
         Themed{.name = "gradient-down", .background = gradient, .direction = 2},
         Themed{.name = "gradient-leftward", .background = gradient, .direction = 3, .plane = "shifted"},
         Themed{.name = "gradient-diagonal", .background = gradient, .direction = 6, .plane = "numbers"},
