@@ -194,6 +194,10 @@ typedef struct sim_keyboard {
     /* The application's page, above and behind the keyboard: "notes", "light" (plain) or "busy" (strong
        colours with sharp edges): "notes". */
     const char* background;
+    /* What an input method suggests, in place of the words above the keys: "none", "row" (one row of
+       candidates) or "expanded" (rows of them, in place of the keys, too): "none". A split keyboard has no
+       candidates. */
+    const char* candidates;
 } sim_keyboard;
 
 /* Puts the keyboard on the screen, in place of what was there. NULL shows the defaults. */

@@ -321,6 +321,7 @@ sim_status sim_show_keyboard(const sim_keyboard* keyboard) {
             request.switcher = wanted.switcher;
             request.form_accessory = wanted.form_accessory;
             if (wanted.background) request.background = wanted.background;
+            if (wanted.candidates) request.candidates = wanted.candidates;
         }
         std::string error;
         if (!sim::show_keyboard(request, error)) throw Refusal(SIM_NOT_FOUND, "sim_show_keyboard: " + error);
