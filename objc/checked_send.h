@@ -58,11 +58,12 @@ inline bool is_foundations(Method method) {
 }
 
 /// Ends the process where the class's method is of other types than it was sent with. What the class lacks is
-/// the runtime's affair, and so is a method without types.
+/// the runtime's affair.
 inline void require_types(Class owner, SEL name, const char* sent_types) {
     Method method = class_getInstanceMethod(owner, name);
-    const char* types = method ? method_getTypeEncoding(method) : nullptr;
-    if (!types || !*types || fits(types, sent_types, is_foundations(method))) return;
+    if (!method) return;
+    const char* types = method_getTypeEncoding(method);
+    if (fits(types, sent_types, is_foundations(method))) return;
     std::fprintf(stderr, "%c[%s %s] was sent as %s, and its types are %s\n",
                  class_isMetaClass(owner) ? '+' : '-', class_getName(owner), sel_getName(name), sent_types,
                  types);

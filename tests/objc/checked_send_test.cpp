@@ -23,7 +23,6 @@ class CheckedSend : public testing::Test {
         add(type, "name", [](id self, SEL) { return self; }, "@\"NSString\"16@0:8");
         add(type, "plate", [](id, SEL) { return CGRect{}; }, "{_NSRect={_NSPoint=dd}{_NSSize=dd}}16@0:8");
         add(type, "setCount:", [](id, SEL, unsigned) {}, "v20@0:8I16");
-        add(type, "untyped:", [](id, SEL, float) {}, "");
         objc_registerClassPair(type);
         add(object_getClass(reinterpret_cast<id>(type)), "setUnit:", [](id, SEL, id) {}, "v24@0:8@16");
         scale = made("HCScale");
@@ -95,8 +94,6 @@ TEST_F(CheckedSend, TakesFoundationsIntForANumber) {
 TEST_F(CheckedSend, OfALongForAnIntOfOursEndsTheProcess) {
     EXPECT_DEATH(objc::send<"setCount:">(scale, NSUInteger{4}), R"(-\[HCScale setCount:\] was sent as v@:Q)");
 }
-
-TEST_F(CheckedSend, LetsAMethodWithoutTypesPass) { objc::send<"untyped:">(scale, 2.5f); }
 
 }  // namespace
 }  // namespace test
