@@ -1,4 +1,3 @@
-// The replacement of the named-colour lookup.
 #include "hooks/named_colours.h"
 
 #include "model/HCPreferences.h"
@@ -12,26 +11,26 @@ using namespace objc::literals;
 namespace {
 
 /// This hook's own reference to the store: it is at work in processes where the set-up stopped.
-constinit objc::lasting<HCPreferences> namedColorPreferences;
+constinit objc::lasting<HCPreferences> namedColourPreferences;
 
-constinit CGColorRef (*previous_named_color)(NSString*) = nullptr;
+constinit CGColorRef (*previous_named_colour)(NSString*) = nullptr;
 
-CGColorRef named_color(NSString* name) {
-    if (!namedColorPreferences) namedColorPreferences = HCPreferences::sharedInstance();
-    if (!namedColorPreferences->isEnabled()) return previous_named_color(name);
+CGColorRef named_colour(NSString* name) {
+    if (!namedColourPreferences) namedColourPreferences = HCPreferences::sharedInstance();
+    if (!namedColourPreferences->isEnabled()) return previous_named_colour(name);
     if (name->isEqualToString("UIKBColorClear"_ns)) return UIColor::clearColor()->CGColor();
-    if (name->isEqualToString("UIKBColorText"_ns)) return namedColorPreferences->getTextColor()->CGColor();
+    if (name->isEqualToString("UIKBColorText"_ns)) return namedColourPreferences->getTextColor()->CGColor();
     if (name->isEqualToString("UIKBColorHighlight"_ns))
-        return namedColorPreferences->getHighlightColor()->CGColor();
-    return previous_named_color(name);
+        return namedColourPreferences->getHighlightColor()->CGColor();
+    return previous_named_colour(name);
 }
 
 }  // namespace
 
-void hook_named_colors() {
+void hook_named_colours() {
     if (!&UIKBGetNamedColor) return;
-    MSHookFunction(reinterpret_cast<void*>(&UIKBGetNamedColor), reinterpret_cast<void*>(&named_color),
-                   reinterpret_cast<void**>(&previous_named_color));
+    MSHookFunction(reinterpret_cast<void*>(&UIKBGetNamedColor), reinterpret_cast<void*>(&named_colour),
+                   reinterpret_cast<void**>(&previous_named_colour));
 }
 
 }  // namespace hooks

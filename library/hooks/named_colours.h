@@ -4,6 +4,6 @@
 namespace hooks {
 
 /// Hooks `UIKBGetNamedColor`, in every process: it may be asked on any thread.
-void hook_named_colors();
+void hook_named_colours();
 
 }  // namespace hooks

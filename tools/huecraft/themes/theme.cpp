@@ -119,7 +119,7 @@ LoadedTheme load_theme(const Workshop& workshop, const std::string& file, const 
 }
 
 void wear(HuecraftConfig* config) {
-    auto& worn = objc::instance_variable<HuecraftConfig>(HCPreferences::sharedInstance(), "configCache");
+    auto& worn = objc::instance_variable<HuecraftConfig*>(HCPreferences::sharedInstance(), "configCache");
     objc::strong<HuecraftConfig>::adopt(worn);
     worn = objc::strong<HuecraftConfig>(config).leak();
 }

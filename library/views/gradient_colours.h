@@ -3,4 +3,4 @@
 #include "platform/uikit.h"
 
 /// The CGColors of UIColors, in their order. A single one stands twice, so that it fills the layer evenly.
-NSArray* gradient_layer_colors(NSArray* colors);
+NSArray* gradient_layer_colours(NSArray* colours);
