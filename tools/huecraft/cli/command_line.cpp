@@ -119,6 +119,8 @@ std::unique_ptr<CLI::App> make_command_line(Request& request) {
     add_picker(*command, request);
     add_convert(*command, request);
     add_import(*command, request);
+    add_send(*command, request);
+    add_pack(*command, request);
     add_package_check(*command, request);
     add_doctor(*command, request);
     add_completions(*command, request);

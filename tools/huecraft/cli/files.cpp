@@ -177,6 +177,8 @@ struct KnownKind {
 const KnownKind known_kinds[] = {
     {OutputKind::picture, "PNG picture", {"\x89PNG\r\n\x1a\n"}},
     {OutputKind::page, "page of HTML", {"<!DOCTYPE html", "<!doctype html", "<html"}},
+    {OutputKind::script, "state of a watched picture", {"watched("}},
+    {OutputKind::package, "package", {"!<arch>\n"}},
     {OutputKind::property_list,
      "property list",
      {"bplist", "<?xml", "<!DOCTYPE plist", "<plist", "{", "(", "\"", "//", "/*", "\xef\xbb\xbf"}},
@@ -206,7 +208,8 @@ void require_replaceable(const std::string& output, OutputKind kind, const std::
     }
     const auto* known = std::ranges::find(known_kinds, kind, &KnownKind::kind);
     if (!begins_as(output, *known))
-        throw Unusable(output, std::string("it exists and is no ") + known->name + "; --force replaces it");
+        throw Unusable(output,
+                       std::string("it exists and is not a ") + known->name + "; --force replaces it");
 }
 
 void on_the_phone(const std::string& file, const std::function<void()>& work) {

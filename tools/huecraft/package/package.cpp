@@ -13,6 +13,7 @@
 
 #include "cli/files.h"
 #include "cli/terminal.h"
+#include "package/theme_package.h"
 
 namespace command {
 namespace {
@@ -208,6 +209,8 @@ bool Package::is_of_describe() const {
                std::string::npos;
 }
 
+bool Package::is_of_themes() const { return installed(packaged_themes); }
+
 const PackagedFile& Package::image() const {
     return is_of_describe() ? *installed(describe_path) : *std::ranges::find_if(data, is_dylib);
 }
@@ -245,6 +248,7 @@ Package open_package(const std::string& bytes, const std::string& file) {
             throw Unusable(file, std::string("it has no ") + describe_path + " inside");
         return package;
     }
+    if (package.is_of_themes()) return package;
     std::vector<std::string> dylibs;
     for (const PackagedFile& one : package.data)
         if (is_dylib(one)) dylibs.push_back(one.path);

@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <random>
 
-#include "package_tree.h"
+#include "package/package_tree.h"
 
 namespace test {
 namespace {
