@@ -69,7 +69,8 @@ TEST_F(OutputSafety, APictureOfThePickerDoesNotReplaceATheme) {
     write("folder/mine.png", sound_theme());
     const Outcome run = this->run({"picker", "-o", "folder", "--script", "-"}, "wait 1\npicture mine\n");
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err, "huecraft: folder/mine.png: it exists and is not a PNG picture; --force replaces it\n");
+    EXPECT_EQ(run.err,
+              "huecraft: folder/mine.png: it exists and is not a PNG picture; --force replaces it\n");
     EXPECT_EQ(read("folder/mine.png"), sound_theme());
 }
 

@@ -223,7 +223,7 @@ TEST_F(PackCheck, AnotherScriptIsFound) {
 TEST_F(PackCheck, AThemeThatDoesNotLoadIsFound) {
     const Outcome run = found_after(std::string("echo '<plist' > ") + own + "/Noon.plist");
     EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.out.find("not ok themes: Noon.plist: it is no property list"), run.out.npos) << run.out;
+    EXPECT_NE(run.out.find("not ok themes: Noon.plist: it is not a property list"), run.out.npos) << run.out;
 }
 
 TEST_F(PackCheck, AnEmptyPackageIsFound) {

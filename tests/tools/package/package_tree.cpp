@@ -1,4 +1,3 @@
-// Packages that differ in one thing from the one that is built.
 #include "package/package_tree.h"
 
 #include <sys/stat.h>

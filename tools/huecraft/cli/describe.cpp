@@ -1,4 +1,3 @@
-// The command's description in other forms.
 #include "cli/describe.h"
 
 #include <algorithm>

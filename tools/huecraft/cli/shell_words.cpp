@@ -1,4 +1,3 @@
-// Words as shells read them.
 #include "cli/shell_words.h"
 
 namespace command {

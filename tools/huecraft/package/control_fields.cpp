@@ -1,4 +1,3 @@
-// The description that a package has for the installer.
 #include "package/control_fields.h"
 
 #include <algorithm>

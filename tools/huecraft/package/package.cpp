@@ -217,7 +217,7 @@ const PackagedFile& Package::image() const {
 
 Package open_package(const std::string& bytes, const std::string& file) {
     if (!bytes.starts_with("!<arch>\n"))
-        throw Unusable(file, "it is no package: found " +
+        throw Unusable(file, "it is not a package: found " +
                                  (bytes.empty() ? "an empty file" : in_quotes(bytes.substr(0, 8))) +
                                  ", expected \"!<arch>\" at its beginning");
     Package package;
@@ -237,8 +237,8 @@ Package open_package(const std::string& bytes, const std::string& file) {
     package.trailing = bytes.size() - end;
     for (const auto& [part, name] : {std::pair{&control, "control.tar.gz"}, {&data, "data.tar.gz"}})
         if (part->empty())
-            throw Unusable(file, std::string("it is no whole package: expected ") + name + ", found only " +
-                                     listed(package.members));
+            throw Unusable(file, std::string("it is not a whole package: expected ") + name +
+                                     ", found only " + listed(package.members));
     package.control = files_in(unpacking, control);
     package.data = files_in(unpacking, data);
 

@@ -38,8 +38,8 @@ struct Package {
 
 inline constexpr const char* describe_path = "/usr/bin/huecraft-describe";
 
-/// Throws Unusable, naming the file, for what is no package, is damaged, or does not have exactly one dylib,
-/// the executable or themes, whichever it should have.
+/// Throws Unusable, naming the file, for what is not a package, is damaged, or does not have exactly one
+/// dylib, the executable or themes, whichever it should have.
 Package open_package(const std::string& bytes, const std::string& file);
 
 }  // namespace command

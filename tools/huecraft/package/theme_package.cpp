@@ -1,4 +1,3 @@
-// Packages of themes.
 #include "package/theme_package.h"
 
 #include <archive.h>

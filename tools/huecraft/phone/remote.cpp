@@ -1,4 +1,3 @@
-// A phone at the other end of the user's own ssh.
 #include "phone/remote.h"
 
 #include <fcntl.h>

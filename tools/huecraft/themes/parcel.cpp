@@ -1,4 +1,3 @@
-// Themes on their way to a phone.
 #include "themes/parcel.h"
 
 #include <algorithm>

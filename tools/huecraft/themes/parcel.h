@@ -18,7 +18,7 @@ struct ParcelledTheme {
     std::string stem() const { return name.substr(0, name.size() - 6); }
 };
 
-/// Reads the themes. Whatever is no theme, has errors in its values or a name that no phone should have is
+/// Reads the themes. Whatever is not a theme, has errors in its values or a name that no phone should have is
 /// complained of; then the answer is nothing. Needs a phone that is on, with the library.
 std::optional<std::vector<ParcelledTheme>> parcel(const Workshop& workshop,
                                                   const std::vector<std::string>& files);
