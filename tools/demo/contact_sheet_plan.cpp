@@ -1,4 +1,3 @@
-// What the contact sheet shows: rows of one surface each, before and after.
 #include "contact_sheet_plan.h"
 
 #include <utility>

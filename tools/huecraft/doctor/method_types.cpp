@@ -1,4 +1,3 @@
-// Type encodings, taken apart and compared.
 #include "doctor/method_types.h"
 
 #include "objc/passed_types.h"

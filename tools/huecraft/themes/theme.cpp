@@ -1,4 +1,3 @@
-// Themes as the library has them.
 #include "themes/theme.h"
 
 #include <unistd.h>
@@ -27,7 +26,7 @@ std::string reason_of(NSError* error) {
     if (!error) return "the library does not say why it cannot be loaded";
     auto* info = error->send<"userInfo", NSDictionary*>();
     const std::string detail = utf8(as<NSString>(info->objectForKey(text("NSDebugDescription"))));
-    if (!detail.empty()) return "it is no property list: " + one_line(detail, 200);
+    if (!detail.empty()) return "it is not a property list: " + one_line(detail, 200);
     return one_line(utf8(error->send<"localizedDescription", NSString*>()), 200);
 }
 

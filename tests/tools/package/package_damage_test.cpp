@@ -1,7 +1,7 @@
 // huecraft package-check: a package with one flipped bit never passes if the installer refuses it.
 #include <random>
 
-#include "package_tree.h"
+#include "package/package_tree.h"
 
 namespace test {
 namespace {

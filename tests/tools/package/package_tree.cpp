@@ -1,5 +1,4 @@
-// Packages that differ in one thing from the one that is built.
-#include "package_tree.h"
+#include "package/package_tree.h"
 
 #include <sys/stat.h>
 

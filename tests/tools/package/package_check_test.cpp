@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <random>
 
-#include "package_tree.h"
+#include "package/package_tree.h"
 
 namespace test {
 namespace {
@@ -395,7 +395,7 @@ TEST_F(PackageCheck, AFilterThatCannotBeReadIsFound) {
     write(filter, "{ Filter = ");
     const Outcome run = checked();
     EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.out.find("not ok filter: found a file that cannot be read: it is no property list"),
+    EXPECT_NE(run.out.find("not ok filter: found a file that cannot be read: it is not a property list"),
               run.out.npos)
         << run.out;
 }
@@ -517,7 +517,7 @@ TEST_F(PackageCheck, APackageThatIsTooLargeIsFound) {
     EXPECT_NE(run.out.find("not ok package size: found "), run.out.npos) << run.out;
 }
 
-// --- What is no package ---
+// --- What is not a package ---
 
 TEST_F(PackageCheck, APackageCutAnywhereIsRefusedInOneLine) {
     const std::string whole = built();
@@ -554,11 +554,12 @@ TEST_F(PackageCheck, AnotherFileIsNoPackage) {
     write("empty.deb", "");
     const Outcome run = this->run({"package-check", "notes.txt", "empty.deb", "missing.deb"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(
-        run.err,
-        "huecraft: notes.txt: it is no package: found \"notes of\", expected \"!<arch>\" at its beginning\n"
-        "huecraft: empty.deb: it is no package: found an empty file, expected \"!<arch>\" at its beginning\n"
-        "huecraft: missing.deb: there is no such file\n");
+    EXPECT_EQ(run.err,
+              "huecraft: notes.txt: it is not a package: found \"notes of\", expected \"!<arch>\" at its "
+              "beginning\n"
+              "huecraft: empty.deb: it is not a package: found an empty file, expected \"!<arch>\" at its "
+              "beginning\n"
+              "huecraft: missing.deb: there is no such file\n");
 }
 
 TEST_F(PackageCheck, AFileOfTwoHundredMegabytesIsRefusedUnread) {
@@ -611,10 +612,10 @@ TEST_F(PackageCheck, AnotherCompressionIsRefused) {
     shell("dpkg-deb --root-owner-group -Zxz --build tree changed.deb > /dev/null");
     const Outcome run = this->run({"package-check", "changed.deb"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(
-        run.err,
-        "huecraft: changed.deb: it is no whole package: expected control.tar.gz, found only debian-binary, "
-        "control.tar.xz, data.tar.xz\n");
+    EXPECT_EQ(run.err,
+              "huecraft: changed.deb: it is not a whole package: expected control.tar.gz, found only "
+              "debian-binary, "
+              "control.tar.xz, data.tar.xz\n");
 }
 
 }  // namespace
