@@ -236,10 +236,10 @@ TEST_P(LintAgainstTheKeyboard, SeesWhatIsBehindTheLabels) {
     ASSERT_EQ(run({"keyboard", "bare.plist", "-o", "k.png", "--background", "light", "--scale", "1"}).status,
               0);
     const Png png(path("k.png"));
-    // On a screen of 375 x 667 points.
+    // On a screen of 375 x 667 points. A word is wide: its end is where a gradient goes furthest.
     const std::string key = worst.at("worstKey");
     const std::map<std::string, std::pair<int, int>> middles{
-        {"suggestion 1", {62, 430}}, {"suggestion 3", {312, 430}}, {"q", {18, 480}},      {"p", {356, 480}},
+        {"suggestion 1", {62, 430}}, {"suggestion 3", {342, 437}}, {"q", {18, 480}},      {"p", {356, 480}},
         {"Shift-Key", {24, 588}},    {"123", {20, 642}},           {"return", {328, 642}}};
     ASSERT_TRUE(middles.contains(key)) << key;
     const auto [x, y] = middles.at(key);
