@@ -100,6 +100,7 @@ struct UITableView : objc::Interface<UITableView, "UITableView", UIScrollView> {
     objc::strong<UITableView> initWithFrame(CGRect frame, UITableViewStyle style) {
         return send<"initWithFrame:style:", objc::strong<UITableView>>(frame, style);
     }
+    using UIView::initWithFrame;
     UITableViewStyle style() { return send<"style", UITableViewStyle>(); }
     /// Not retained; a UITableViewDataSource.
     id dataSource() { return send<"dataSource", id>(); }
