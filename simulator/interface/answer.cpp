@@ -1,4 +1,3 @@
-// What every function of the C interface does: see the header.
 #include "interface/answer.h"
 
 namespace sim {

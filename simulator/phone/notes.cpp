@@ -1,4 +1,3 @@
-// What leaves the phone: see the header.
 #include "phone/notes.h"
 
 namespace sim {

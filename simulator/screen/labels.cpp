@@ -1,4 +1,3 @@
-// Finding what is on the screen by what it is called: see the header.
 #include "screen/labels.h"
 
 #include "uikit/controllers/screen.h"

@@ -1,4 +1,3 @@
-// The code of preference bundles: see the header.
 #include "settings/bundle_code.h"
 
 #include "foundation/text.h"

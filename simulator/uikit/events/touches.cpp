@@ -96,7 +96,6 @@ void drag_if_wanted(Contact& contact) {
         !contact.drag.wants_to_begin(contact.first()))
         return;
     contact.drags = true;
-    scrolling_took_touches();
     cancel_in_view(contact);
     contact.drag.begin(contact.first());
 }

@@ -49,13 +49,11 @@ bool GestureRecognizer::may_begin() {
     auto* self = this->self();
     if (!ivars().view->send<"gestureRecognizerShouldBegin:", bool>(self)) return false;
     const auto delegate = ivars().delegate.get();
-    if (delegate && delegate->respondsToSelector(objc::selector<"gestureRecognizerShouldBegin:">()) &&
-        !delegate->send<"gestureRecognizerShouldBegin:", bool>(self))
-        return false;
-    return no_other_recognises(self);
+    return !delegate || !delegate->respondsToSelector(objc::selector<"gestureRecognizerShouldBegin:">()) ||
+           delegate->send<"gestureRecognizerShouldBegin:", bool>(self);
 }
 
-// A gesture that another one excludes, or that somebody forbids, fails.
+// A gesture that somebody forbids fails.
 void GestureRecognizer::setState(UIGestureRecognizerState state) {
     const auto before = ivars().state;
     const bool begins = before == UIGestureRecognizerStatePossible && is_recognised(state);

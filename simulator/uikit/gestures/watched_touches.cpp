@@ -1,4 +1,3 @@
-// The recognisers that watch the fingers: see the header.
 #include "uikit/gestures/watched_touches.h"
 
 #include <algorithm>
@@ -77,12 +76,6 @@ bool has_taken_touches() {
     });
 }
 
-void scrolling_took_touches() {
-    for (UIGestureRecognizer* each : watching())
-        if (each->state() == UIGestureRecognizerStatePossible)
-            GestureRecognizer::of(each).state = UIGestureRecognizerStateFailed;
-}
-
 void end_watching() {
     const auto done = std::move(watching());
     watching().clear();
@@ -101,13 +94,6 @@ void stop_watching(UIGestureRecognizer* recogniser) {
         recogniser->send<"setState:">(UIGestureRecognizerStateCancelled);
     GestureRecognizer::of(recogniser).touches = nullptr;
     GestureRecognizer::of(recogniser).state = UIGestureRecognizerStatePossible;
-}
-
-bool no_other_recognises(UIGestureRecognizer* recogniser) {
-    const auto others = watching();
-    return std::all_of(others.begin(), others.end(), [&](UIGestureRecognizer* each) {
-        return each == recogniser || !is_recognised(each->state()) || go_together(recogniser, each);
-    });
 }
 
 void others_give_way(UIGestureRecognizer* recogniser) {

@@ -17,17 +17,11 @@ void let_recognisers_wait();
 /// Whether one of them has taken the touches away from the view, or from a scroll view.
 bool has_taken_touches();
 
-/// A scroll view follows the finger: no recogniser begins any more.
-void scrolling_took_touches();
-
 /// The fingers are lifted: all of them are ready for the next.
 void end_watching();
 
 /// One that is going on is cancelled; it watches no more.
 void stop_watching(UIGestureRecognizer*);
-
-/// Whether none has recognised a gesture beside which this one may not begin.
-bool no_other_recognises(UIGestureRecognizer*);
 
 /// Those that may not begin beside this one, which has, fail.
 void others_give_way(UIGestureRecognizer*);

@@ -1,4 +1,3 @@
-// The little pictures of table cells: see the header.
 #include "uikit/tables/cell_pictures.h"
 
 #include <initializer_list>
