@@ -3,22 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "readability/legibility.h"
 #include "themes/colour.h"
 #include "themes/theme.h"
 
 namespace command {
-
-/// What is behind one key's label, at a few points of it; opaque.
-struct BehindKey {
-    std::string key;
-    std::vector<Colour> colours;
-};
-
-struct Behind {
-    std::vector<BehindKey> labels;
-    /// Behind the keys themselves, which is where highlights are drawn.
-    std::vector<BehindKey> keys;
-};
 
 /// Looks behind the keys of one theme after another. What a theme changes is the backdrop alone, so only that
 /// is drawn for each, small; what the keyboard draws over its backdrop, the caps, is learned once for all.

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "themes/oklab.h"
+#include "readability/oklab.h"
 
 namespace command {
 namespace {
