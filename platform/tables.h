@@ -97,6 +97,7 @@ struct UITableViewHeaderFooterView
 
 /// Rows below each other, in sections. A cell is made when its row comes into sight.
 struct UITableView : objc::Interface<UITableView, "UITableView", UIScrollView> {
+    using UIView::initWithFrame;
     objc::strong<UITableView> initWithFrame(CGRect frame, UITableViewStyle style) {
         return send<"initWithFrame:style:", objc::strong<UITableView>>(frame, style);
     }

@@ -29,14 +29,19 @@ struct Package {
     const PackagedFile* installed(const std::string& path) const;
     /// Whether it says that it is the package of huecraft-describe; else it is to be the library's.
     bool is_of_describe() const;
-    /// The one dylib, wherever it lies; of the package of huecraft-describe that executable.
+    /// The same of the settings pane.
+    bool is_of_settings() const;
+    /// The one dylib, wherever it lies; of the package of huecraft-describe that executable, of the settings
+    /// pane's its binary.
     const PackagedFile& image() const;
 };
 
 inline constexpr const char* describe_path = "/usr/bin/huecraft-describe";
+inline constexpr const char* settings_path =
+    "/Library/PreferenceBundles/HuecraftSettings.bundle/HuecraftSettings";
 
 /// Throws Unusable, naming the file, for what is no package, is damaged, or does not have exactly one dylib
-/// or the executable, whichever it should have.
+/// or the executable or binary, whichever it should have.
 Package open_package(const std::string& bytes, const std::string& file);
 
 }  // namespace command
