@@ -97,10 +97,10 @@ struct UITableViewHeaderFooterView
 
 /// Rows below each other, in sections. A cell is made when its row comes into sight.
 struct UITableView : objc::Interface<UITableView, "UITableView", UIScrollView> {
-    using UIView::initWithFrame;
     objc::strong<UITableView> initWithFrame(CGRect frame, UITableViewStyle style) {
         return send<"initWithFrame:style:", objc::strong<UITableView>>(frame, style);
     }
+    using UIView::initWithFrame;
     UITableViewStyle style() { return send<"style", UITableViewStyle>(); }
     /// Not retained; a UITableViewDataSource.
     id dataSource() { return send<"dataSource", id>(); }

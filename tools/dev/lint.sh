@@ -96,7 +96,8 @@ check_includes() {
             below["simulator/uikit"] = "uikit quartzcore coregraphics foundation phone runtime platform objc"
             below["simulator/keyboard"] = "keyboard uikit quartzcore coregraphics phone runtime platform objc"
             below["simulator/screen"] = "screen keyboard phone uikit quartzcore coregraphics runtime platform objc"
-            below["simulator/interface"] = "interface screen keyboard uikit foundation phone runtime platform objc loader"
+            below["simulator/settings"] = "settings uikit foundation phone runtime platform objc"
+            below["simulator/interface"] = "interface settings screen keyboard uikit foundation phone runtime platform objc loader"
         }
         function holds(list, word) { return index(" " list " ", " " word " ") }
         /^[ \t]*#[ \t]*include[ \t]*"/ {
