@@ -1,4 +1,4 @@
-# The pane's translation units: the one list that both slices are built from. The model needs no screen.
+# The pane's translation units: the one list that its ELF build and both slices are built from. The model needs no screen.
 set(HUECRAFT_PANE_MODEL
     ../readability/colour.cpp
     ../readability/legibility.cpp

@@ -38,8 +38,8 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
         strong<UISwitch> on;
         /// Files' names: the user's own, and those that come along.
         strong<NSArray> own, along;
-        /// The chosen one of the user's own.
-        strong<NSString> chosen;
+        /// The chosen one of the user's own, and why there is no list of them.
+        strong<NSString> chosen, trouble;
         ThemeRows* rows = nullptr;
         BottomBar* bar = nullptr;
         /// Whether the bar offers to put a theme back that was just deleted.
@@ -110,7 +110,7 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
         auto& own = ivars();
         NSError* error = nullptr;
         own.own = themes::files_in(themes::folder(), &error);
-        if (!own.own) tell(this, text<"The themes cannot be read.">(), error);
+        own.trouble = own.own ? nullptr : error->localizedDescription();
         own.along = themes::files_in(themes::folder_that_comes_along(), nullptr);
         const Preferences preferences = read_preferences();
         own.chosen = preferences.chosen;
@@ -262,6 +262,8 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
 
     NSString* titleForFooter(UITableView*, NSInteger section) {
         if (section == switch_section && !ivars().chosen) return text<"Choose a theme to begin.">();
+        if (section == own_section && ivars().trouble)
+            return text<"Your themes cannot be read: %1">(ivars().trouble.get());
         if (section == own_section && ivars().own->count() == 0)
             return text<"You have no theme of your own yet.">();
         return section == rescue_section ? text<"Off keeps your choice. Reset forgets it.">() : nullptr;
@@ -323,7 +325,7 @@ OBJC_CLASS(HuecraftSettingsController, PSViewController, FirstScreen,
            conforms<"UITableViewDataSource">, conforms<"UITableViewDelegate">,
            ivar<"_table", &FirstScreen::Ivars::table>, ivar<"_header", &FirstScreen::Ivars::header>,
            ivar<"_on", &FirstScreen::Ivars::on>, ivar<"_own", &FirstScreen::Ivars::own>,
-           ivar<"_along", &FirstScreen::Ivars::along>, ivar<"_chosen", &FirstScreen::Ivars::chosen>,
+           ivar<"_along", &FirstScreen::Ivars::along>, ivar<"_chosen", &FirstScreen::Ivars::chosen>, ivar<"_trouble", &FirstScreen::Ivars::trouble>,
            ivar<"_rows", &FirstScreen::Ivars::rows>, ivar<"_bar", &FirstScreen::Ivars::bar>,
            ivar<"_canPutBack", &FirstScreen::Ivars::can_put_back>,
            method<"viewDidLoad", &FirstScreen::viewDidLoad>,

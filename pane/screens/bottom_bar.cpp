@@ -12,7 +12,7 @@ constexpr CGFloat bar_height = 56, margin = 16, button_width = 110;
 
 void BottomBar::put_on(UIView* page, id target, SEL action) {
     view = UIView::alloc()->initWithFrame({});
-    view->setBackgroundColor(UIColor::colorWithWhite(0.15, 0.96));
+    view->setBackgroundColor(UIColor::colorWithWhite(0.15, 1));
     view->setHidden(true);
     label = UILabel::make<"initWithFrame:">(CGRect{});
     label->setFont(UIFont::preferredFontForTextStyle(UIFontTextStyleSubheadline));

@@ -24,6 +24,7 @@ std::vector<std::string> names_in(const Phone& phone, const std::string& folder)
 void put_theme(const Phone& phone, const std::string& file, const std::string& name) {
     std::string content = theme();
     content.replace(content.find("Meadow"), 6, name);
+    content.replace(content.find("#FF0000"), 7, "#400000");  // green can be read on it
     phone.write(in_themes(file), content);
 }
 
