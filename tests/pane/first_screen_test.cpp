@@ -252,19 +252,19 @@ TEST_F(FirstScreen, TellsVoiceOverWhatIsChosen) {
 TEST_F(FirstScreen, LooksAsExpected) {
     open();
     choose_row(4, along_section);
-    expect_picture("pane/first-screen");
+    expect_picture("pane-first-screen");
 }
 
 TEST_F(FirstScreen, LooksAsExpectedOnTheSmallestPhone) {
     open({.screen_width = 320, .screen_height = 568, .screen_scale = 2});
     choose_row(4, along_section);
-    expect_picture("pane/first-screen-320");
+    expect_picture("pane-first-screen-320");
 }
 
 TEST_F(FirstScreen, LooksAsExpectedFromRightToLeft) {
     open({.right_to_left = true});
     choose_row(4, along_section);
-    expect_picture("pane/first-screen-right-to-left");
+    expect_picture("pane-first-screen-right-to-left");
 }
 
 }  // namespace
