@@ -74,12 +74,17 @@ function(link_device_slice architecture name)
         VERBATIM)
 endfunction()
 
-# add_device_slice(<architecture> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> [STUBS <file>...] SOURCES <source>...)
-# Builds <architecture>/<name> in the current binary directory. Sources are relative to the current source directory.
+# add_device_slice(<architecture> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> [STUBS <file>...] [OWN_STUBS <file>...]
+#     SOURCES <source>...)
+# Builds <architecture>/<name> in the current binary directory. Sources are relative to the current source directory. It is
+# linked with the library's stubs and those that are added, or with stubs of its own in their place.
 function(add_device_slice architecture)
-    cmake_parse_arguments(PARSE_ARGV 1 slice "" "OUTPUT;INSTALL_NAME;EXPORTS" "STUBS;SOURCES")
+    cmake_parse_arguments(PARSE_ARGV 1 slice "" "OUTPUT;INSTALL_NAME;EXPORTS" "STUBS;OWN_STUBS;SOURCES")
     add_device_objects(${architecture} objects ${slice_SOURCES})
     list(TRANSFORM DEVICE_STUBS PREPEND ${DEVICE_ROOT}/device/stubs/ OUTPUT_VARIABLE stubs)
+    if(slice_OWN_STUBS)
+        set(stubs ${slice_OWN_STUBS})
+    endif()
     list(APPEND stubs ${slice_STUBS})
     get_filename_component(exports ${slice_EXPORTS} ABSOLUTE)
     link_device_slice(${architecture} ${slice_OUTPUT}
@@ -88,7 +93,8 @@ function(add_device_slice architecture)
         DEPENDS ${exports})
 endfunction()
 
-# add_device_library(<target> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> [STUBS <file>...] SOURCES <source>...)
+# add_device_library(<target> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> [STUBS <file>...] [OWN_STUBS <file>...]
+#     SOURCES <source>...)
 # Builds both slices, arm64/<name> and x86_64/<name>, and <name> that joins them; their paths are left in <target>_SLICES.
 function(add_device_library target)
     cmake_parse_arguments(PARSE_ARGV 1 library "" OUTPUT "")

@@ -3,17 +3,17 @@
 #include "objc/class.h"
 #include "objc/string.h"
 
-/// Lists the functions that run when the library is loaded, in this order. Once per library.
+/// Lists the functions that run when the library is loaded, in this order; there may be none. Once per
+/// library.
 ///
 /// A macro, because a section's entries are named objects. On the device the runtime has made the classes and
 /// strings by then; on Linux they are made first.
 #ifdef __APPLE__
-#define OBJC_IMAGE(...)                                                                               \
-    namespace {                                                                                       \
-    [[gnu::used,                                                                                      \
-      gnu::section("__DATA,__mod_init_func,mod_init_funcs")]] void (*const objc_initializers[])() = { \
-        __VA_ARGS__};                                                                                 \
-    }                                                                                                 \
+#define OBJC_IMAGE(...)                                                                    \
+    namespace {                                                                            \
+    __VA_OPT__([[gnu::used, gnu::section("__DATA,__mod_init_func,mod_init_funcs")]] void ( \
+                       *const objc_initializers[])() = {__VA_ARGS__};)                     \
+    }                                                                                      \
     OBJC_IMAGE_INFO
 
 /// What tells the device's runtime that an image has to do with it: that of an executable, which has no
@@ -26,12 +26,19 @@
     } objc_image_info{0, objc_class_properties_flag | objc_simulator_flag};                                 \
     }
 #else
-#define OBJC_IMAGE(...)                                        \
-    namespace {                                                \
-    [[gnu::constructor]] void objc_initialize_image() {        \
-        objc::adopt_strings();                                 \
-        objc::register_library_classes();                      \
-        for (auto* initializer : {__VA_ARGS__}) initializer(); \
-    }                                                          \
+namespace objc {
+template <class... Initializers>
+void run_in_order(Initializers... initializers) {
+    (initializers(), ...);
+}
+}  // namespace objc
+
+#define OBJC_IMAGE(...)                                 \
+    namespace {                                         \
+    [[gnu::constructor]] void objc_initialize_image() { \
+        objc::adopt_strings();                          \
+        objc::register_library_classes();               \
+        objc::run_in_order(__VA_ARGS__);                \
+    }                                                   \
     }
 #endif

@@ -79,6 +79,8 @@ check_includes() {
         BEGIN {
             below["objc"] = "objc"
             below["platform"] = "platform objc"
+            below["readability"] = "readability"
+            below["pane"] = "pane readability platform objc"
             below["library"] = "hooks views settings model platform objc"
             below["library/model"] = "model platform objc"
             below["library/views"] = "views model platform objc"

@@ -1,4 +1,4 @@
-// Two sheets, and a clipboard.
+// Two sheets, a clipboard, and a keyboard.
 #include "icons.h"
 
 #include "platform/uikit.h"
@@ -53,6 +53,27 @@ void draw(void (*icon)(), const fs::path& file) {
     tools::write_picture(image, file);
 }
 
+/// In 29 points: rows of keys over a gradient, one of them lit.
+void draw_keyboard() {
+    constexpr CGRect all{{0, 0}, {29, 29}};
+    UIBezierPath::bezierPathWithRoundedRect(all, 6.5)->addClip();
+    CGColorSpaceRef space = CGColorSpaceCreateDeviceRGB();
+    constexpr CGFloat colours[] = {0.98, 0.55, 0.35, 1, 0.62, 0.27, 0.62, 1, 0.20, 0.20, 0.50, 1};
+    CGGradientRef gradient = CGGradientCreateWithColorComponents(space, colours, nullptr, 3);
+    CGContextDrawLinearGradient(UIGraphicsGetCurrentContext(), gradient, {0, 0}, {29, 29}, 0);
+    CGGradientRelease(gradient);
+    CGColorSpaceRelease(space);
+    const struct {
+        CGFloat left, top, width;
+    } keys[] = {{4, 8, 4.2},    {9.6, 8, 4.2},   {15.2, 8, 4.2},  {20.8, 8, 4.2}, {4, 14, 4.2},
+                {9.6, 14, 4.2}, {15.2, 14, 4.2}, {20.8, 14, 4.2}, {9.6, 20, 9.8}};
+    for (const auto& key : keys) {
+        const bool lit = key.left == 15.2 && key.top == 14;
+        UIColor::colorWithRGB(1, lit ? 0.85 : 1, lit ? 0.3 : 1, lit ? 1 : 0.85)->set();
+        fill({{key.left, key.top}, {key.width, 4.2}}, 1.1);
+    }
+}
+
 }  // namespace
 
 void draw_icons(const fs::path& phone, const fs::path& folder) {
@@ -61,6 +82,21 @@ void draw_icons(const fs::path& phone, const fs::path& folder) {
         objc::AutoreleasePool pool;
         draw(draw_copy, folder / "copy.png");
         draw(draw_paste, folder / "paste.png");
+    });
+}
+
+void draw_settings_icons(const fs::path& phone, const fs::path& folder) {
+    tools::in_child_process("drawing the icons of Settings", [&] {
+        tools::boot(phone, tools::settings);
+        objc::AutoreleasePool pool;
+        for (int scale = 1; scale <= 3; ++scale) {
+            UIGraphicsBeginImageContextWithOptions({29, 29}, false, scale);
+            draw_keyboard();
+            UIImage* image = UIGraphicsGetImageFromCurrentImageContext();
+            UIGraphicsEndImageContext();
+            const std::string finer = scale == 1 ? "" : "@" + std::to_string(scale) + "x";
+            tools::write_picture(image, folder / ("icon" + finer + ".png"));
+        }
     });
 }
 

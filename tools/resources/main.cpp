@@ -1,4 +1,4 @@
-// Draws the pictures that the project ships: those of the settings pane's bundle, and the theme Dusk's.
+// Draws the pictures that the project ships: those of the two preference bundles, and the theme Dusk's.
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -38,10 +38,13 @@ int main(int argc, char** argv) {
     try {
         const fs::path folder = argv[1];
         const Phone phone(folder);
-        const fs::path bundle = folder / "Huecraft.bundle", themes = folder / "themes";
+        const fs::path bundle = folder / "Huecraft.bundle", pane = folder / "HuecraftSettings.bundle",
+                       themes = folder / "themes";
         fs::create_directories(bundle);
+        fs::create_directories(pane);
         fs::create_directories(themes);
         resources::draw_icons(phone.root, bundle);
+        resources::draw_settings_icons(phone.root, pane);
         resources::draw_preview_pictures(phone.root, bundle);
         resources::draw_dusk(phone.root, themes);
         resources::draw_themes_picture(phone.root, folder);

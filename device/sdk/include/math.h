@@ -16,12 +16,14 @@ typedef double double_t;
 #ifdef __cplusplus
 extern "C" {
 #endif
+double cbrt(double value);
 double ceil(double value);
 double fabs(double value);
 double floor(double value);
 double fmax(double left, double right);
 double fmin(double left, double right);
 double fmod(double value, double divisor);
+double pow(double base, double exponent);
 double round(double value);
 double sqrt(double value);
 double trunc(double value);

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "readability/oklab.h"
 #include "themes/colour.h"
-#include "themes/oklab.h"
 
 namespace command {
 

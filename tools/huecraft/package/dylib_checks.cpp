@@ -29,7 +29,6 @@ namespace {
 using Names = std::set<std::string>;
 using macho::version_text;
 
-constexpr const char* install_name = "/Library/MobileSubstrate/DynamicLibraries/HuecraftiOS12.dylib";
 constexpr const char* dynamic_linker = "/usr/lib/dyld";
 constexpr uint32_t signature_version = 0x20200;
 constexpr uint32_t minimum_version = macho::packed_version(12);
@@ -42,6 +41,7 @@ struct Promise {
     size_t largest;
     const char *stubs, *imports;  ///< the stubs' folder, and what they say
     const char *export_list, *exports;
+    const char* install_name;
 };
 
 const Promise dylib{.type = macho::FileType::dylib,
@@ -52,7 +52,18 @@ const Promise dylib{.type = macho::FileType::dylib,
                     .stubs = "device/stubs",
                     .imports = promised_imports,
                     .export_list = "device/exports.txt",
-                    .exports = promised_exports};
+                    .exports = promised_exports,
+                    .install_name = "/Library/MobileSubstrate/DynamicLibraries/HuecraftiOS12.dylib"};
+const Promise settings_pane{.type = macho::FileType::dylib,
+                            .what = "pane",
+                            .name = "the pane",
+                            .signed_as = "HuecraftSettings",
+                            .largest = 200 << 10,
+                            .stubs = "pane/stubs",
+                            .imports = promised_imports_of_pane,
+                            .export_list = "pane/exports.txt",
+                            .exports = promised_exports_of_pane,
+                            .install_name = settings_path};
 const Promise executable{.type = macho::FileType::executable,
                          .what = "executable",
                          .name = "the executable",
@@ -61,7 +72,8 @@ const Promise executable{.type = macho::FileType::executable,
                          .stubs = "describe/stubs",
                          .imports = promised_imports_of_describe,
                          .export_list = "the list of executables",
-                         .exports = "__mh_execute_header"};
+                         .exports = "__mh_execute_header",
+                         .install_name = nullptr};
 
 /// What each library offers to the device, by install name.
 std::map<std::string, Names> offered_imports(const char* stubs) {
@@ -174,8 +186,9 @@ class ImageChecks {
 
     void name(Check& check) {
         check.found = layout_->install_name;
-        if (check.found != install_name)
-            check.faults.push_back("found " + in_quotes(check.found) + ", expected \"" + install_name + "\"");
+        if (check.found != promise_.install_name)
+            check.faults.push_back("found " + in_quotes(check.found) + ", expected \"" +
+                                   promise_.install_name + "\"");
     }
 
     /// How the system gets it going.
@@ -283,6 +296,7 @@ class ImageChecks {
 }  // namespace
 
 Checks checks_of_dylib(const std::string& bytes) { return ImageChecks(bytes, dylib).all(); }
+Checks checks_of_pane(const std::string& bytes) { return ImageChecks(bytes, settings_pane).all(); }
 Checks checks_of_executable(const std::string& bytes) { return ImageChecks(bytes, executable).all(); }
 
 }  // namespace command

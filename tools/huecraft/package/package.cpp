@@ -202,17 +202,23 @@ const PackagedFile* Package::installed(const std::string& path) const {
     return found == data.end() ? nullptr : &*found;
 }
 
-bool Package::is_of_describe() const {
-    const auto file = std::ranges::find(control, "/control", &PackagedFile::path);
-    return file != control.end() &&
-           ("\n" + file->contents).find("\nPackage: com.quillmoth.huecraftios12.describe\n") !=
-               std::string::npos;
+namespace {
+
+bool says_package(const Package& package, const std::string& name) {
+    const auto file = std::ranges::find(package.control, "/control", &PackagedFile::path);
+    return file != package.control.end() &&
+           ("\n" + file->contents).find("\nPackage: " + name + "\n") != std::string::npos;
 }
 
+}  // namespace
+
+bool Package::is_of_describe() const { return says_package(*this, "com.quillmoth.huecraftios12.describe"); }
+bool Package::is_of_settings() const { return says_package(*this, "com.quillmoth.huecraftios12.settings"); }
 bool Package::is_of_themes() const { return installed(packaged_themes); }
 
 const PackagedFile& Package::image() const {
-    return is_of_describe() ? *installed(describe_path) : *std::ranges::find_if(data, is_dylib);
+    if (is_of_describe()) return *installed(describe_path);
+    return is_of_settings() ? *installed(settings_path) : *std::ranges::find_if(data, is_dylib);
 }
 
 Package open_package(const std::string& bytes, const std::string& file) {
@@ -242,10 +248,11 @@ Package open_package(const std::string& bytes, const std::string& file) {
     package.control = files_in(unpacking, control);
     package.data = files_in(unpacking, data);
 
-    if (package.is_of_describe()) {
-        const PackagedFile* executable = package.installed(describe_path);
-        if (!executable || executable->kind != PackagedFile::Kind::file)
-            throw Unusable(file, std::string("it has no ") + describe_path + " inside");
+    if (package.is_of_describe() || package.is_of_settings()) {
+        const char* path = package.is_of_describe() ? describe_path : settings_path;
+        const PackagedFile* image = package.installed(path);
+        if (!image || image->kind != PackagedFile::Kind::file)
+            throw Unusable(file, std::string("it has no ") + path + " inside");
         return package;
     }
     if (package.is_of_themes()) return package;

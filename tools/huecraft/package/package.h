@@ -29,17 +29,21 @@ struct Package {
     const PackagedFile* installed(const std::string& path) const;
     /// Whether it says that it is the package of huecraft-describe; else it is to be the library's.
     bool is_of_describe() const;
+    /// The same of the settings pane.
+    bool is_of_settings() const;
     /// Whether it installs into the folder of packaged themes.
     bool is_of_themes() const;
-    /// The one dylib, wherever it lies; of the package of huecraft-describe that executable. A package of
-    /// themes has neither.
+    /// The one dylib, wherever it lies; of the package of huecraft-describe that executable, of the settings
+    /// pane's its binary. A package of themes has none.
     const PackagedFile& image() const;
 };
 
 inline constexpr const char* describe_path = "/usr/bin/huecraft-describe";
+inline constexpr const char* settings_path =
+    "/Library/PreferenceBundles/HuecraftSettings.bundle/HuecraftSettings";
 
 /// Throws Unusable, naming the file, for what is not a package, is damaged, or does not have exactly one
-/// dylib, the executable or themes, whichever it should have.
+/// dylib, the executable, the binary or themes, whichever it should have.
 Package open_package(const std::string& bytes, const std::string& file);
 
 }  // namespace command

@@ -50,7 +50,9 @@ struct PackageCheck {
         }
         Checks checks = checks_of_package(package);
         const std::string& image = package.image().contents;
-        std::ranges::move(package.is_of_describe() ? checks_of_executable(image) : checks_of_dylib(image),
+        std::ranges::move(package.is_of_describe()   ? checks_of_executable(image)
+                          : package.is_of_settings() ? checks_of_pane(image)
+                                                     : checks_of_dylib(image),
                           std::back_inserter(checks));
         return checks;
     }

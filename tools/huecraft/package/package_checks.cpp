@@ -33,6 +33,8 @@ constexpr const char* pictures[] = {"PreviewKeyboardBackground.png",
                                     "copy.png",
                                     "paste.png"};
 constexpr const char* folders_of_describe[] = {"/", "/usr", "/usr/bin"};
+const std::string settings_bundle = "/Library/PreferenceBundles/HuecraftSettings.bundle",
+                  settings_entry = "/Library/PreferenceLoader/Preferences/HuecraftSettings.plist";
 constexpr size_t largest_package = 250 << 10;
 
 /// What users have, and a package must never bring along or replace: settings and themes.
@@ -40,6 +42,22 @@ bool is_preference(const PackagedFile& file) {
     return file.kind != Kind::folder && (file.path.find("/Preferences/") != file.path.npos ||
                                          file.path.find("/HuecraftConfiguration/") != file.path.npos ||
                                          (file.path.ends_with(".plist") && file.path != filter_path));
+}
+
+/// The entry, and in the bundle: what describes it, the binary, icons, texts, and themes that are only read.
+bool has_its_place_in_settings(const PackagedFile& file) {
+    if (file.kind == PackagedFile::Kind::folder)
+        return file.path == "/" || settings_entry.starts_with(file.path + "/") ||
+               settings_bundle == file.path || settings_bundle.starts_with(file.path + "/") ||
+               file.path == settings_bundle + "/Themes" ||
+               (file.path.starts_with(settings_bundle + "/") && file.path.ends_with(".lproj"));
+    if (file.path == settings_entry) return true;
+    if (!file.path.starts_with(settings_bundle + "/")) return false;
+    const std::string inside = file.path.substr(settings_bundle.size() + 1);
+    const bool deeper = inside.find('/') != inside.npos;
+    if (!deeper) return inside == "HuecraftSettings" || inside == "Info.plist" || inside.ends_with(".png");
+    return inside == "Themes/" + file.name() ? inside.ends_with(".plist")
+                                             : inside.ends_with(".lproj/Localizable.strings");
 }
 
 bool has_its_place_in_describe(const PackagedFile& file) {
@@ -67,10 +85,12 @@ Check layout(const Package& package) {
         paths.push_back(file.path);
         files += file.kind == Kind::file;
         const std::string path = one_line(file.path, 200);
-        if (is_preference(file)) continue;  // told by a check of its own
+        if (!package.is_of_settings() && is_preference(file)) continue;  // told by a check of its own
         if (file.kind == Kind::other)
             faults.push_back("found " + path + ", which is neither file nor folder");
-        else if (!(package.is_of_describe() ? has_its_place_in_describe(file) : has_its_place(file)))
+        else if (!(package.is_of_describe()   ? has_its_place_in_describe(file)
+                   : package.is_of_settings() ? has_its_place_in_settings(file)
+                                              : has_its_place(file)))
             faults.push_back("found " + path + ", which has no place in the package");
         const unsigned mode = file.kind == Kind::folder || file.path == describe_path ? 0755 : 0644;
         if (file.mode != mode)
@@ -82,7 +102,11 @@ Check layout(const Package& package) {
         faults.push_back("found " + one_line(*twice, 200) + " twice");
 
     std::vector<std::string> needed{describe_path};
-    if (!package.is_of_describe()) {
+    if (package.is_of_settings()) {
+        needed = {settings_path, settings_entry};
+        for (const char* name : {"Info.plist", "icon.png", "icon@2x.png", "icon@3x.png"})
+            needed.push_back(settings_bundle + "/" + name);
+    } else if (!package.is_of_describe()) {
         needed = {dylib_path, filter_path};
         for (const char* picture : pictures) needed.push_back(bundle + "/" + picture);
     }
@@ -113,12 +137,16 @@ Check control(const Package& package) {
     Check check{.name = "control", .found = {}, .faults = fields.faults};
     auto& faults = check.faults;
     if (fields.values.empty()) return check;
-    const bool describe = package.is_of_describe();
+    const bool describe = package.is_of_describe(), settings = package.is_of_settings();
+    const std::string needs = describe   ? ""
+                              : settings ? "com.quillmoth.huecraftios12, preferenceloader, "
+                                         : "mobilesubstrate, ";
     const std::pair<const char*, std::string> expected[] = {
-        {"Package", std::string("com.quillmoth.huecraftios12") + (describe ? ".describe" : "")},
+        {"Package", std::string("com.quillmoth.huecraftios12") + (describe   ? ".describe"
+                                                                  : settings ? ".settings"
+                                                                             : "")},
         {"Architecture", "iphoneos-arm"},
-        {"Depends",
-         std::string(describe ? "" : "mobilesubstrate, ") + "firmware (>= 12.0), firmware (<< 13.0)"},
+        {"Depends", needs + "firmware (>= 12.0), firmware (<< 13.0)"},
     };
     for (const auto& [name, value] : expected)
         if (fields.value(name) != value)
@@ -203,6 +231,7 @@ Check size(const Package& package) {
 Checks checks_of_package(const Package& package) {
     if (package.is_of_describe())
         return {layout(package), preferences(package), control(package), size(package)};
+    if (package.is_of_settings()) return {layout(package), control(package), size(package)};
     return {layout(package), preferences(package), control(package), filter(package), size(package)};
 }
 

@@ -12,4 +12,8 @@ extern const char* const promised_imports;
 /// describe/stubs: the same of huecraft-describe.
 extern const char* const promised_imports_of_describe;
 
+/// pane/exports.txt and pane/stubs: the same of the settings pane.
+extern const char* const promised_exports_of_pane;
+extern const char* const promised_imports_of_pane;
+
 }  // namespace command

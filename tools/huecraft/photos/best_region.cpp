@@ -4,7 +4,7 @@
 #include <numeric>
 
 #include "photos/picture.h"
-#include "themes/oklab.h"
+#include "readability/oklab.h"
 
 namespace command {
 namespace {

@@ -5,9 +5,9 @@
 
 #include "objc/fast_enumeration.h"
 #include "photos/photo.h"
+#include "readability/oklab.h"
 #include "support/text.h"
 #include "themes/fixing.h"
-#include "themes/oklab.h"
 
 namespace command {
 namespace {

@@ -3,23 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "readability/legibility.h"
 #include "themes/colour.h"
 #include "themes/theme.h"
 
 namespace command {
-
-/// What is behind one key's label, at a few points of it; opaque.
-struct BehindKey {
-    std::string key;
-    std::vector<Colour> colours;
-};
-
-struct Behind {
-    /// Of the keys, and of the suggestions above them, "suggestion 1" to "suggestion 3".
-    std::vector<BehindKey> labels;
-    /// Behind the keys themselves and the suggestion in the middle, which is where highlights are drawn.
-    std::vector<BehindKey> keys;
-};
 
 /// Looks behind the keys of one theme after another. What a theme changes is the backdrop alone, so only that
 /// is drawn for each, small; what the keyboard draws over its backdrop, the caps, is learned once for all.

@@ -1,36 +1,14 @@
-// Colours as the command reckons with them: contrast, and what lies over what.
+// Colours as the command reckons with them, and the system's.
 #pragma once
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "platform/uikit.h"
+#include "readability/colour.h"
 
 namespace command {
 
-/// From 0 to 1, not multiplied by alpha.
-struct Colour {
-    double red = 0, green = 0, blue = 0, alpha = 1;
-};
-
-/// "#RRGGBB" or "#RRGGBBAA", with "#" or without: what the library reads as it is written. Nothing else: the
-/// library takes "12#456" too, for a colour that nobody meant.
-std::optional<Colour> colour_of(const std::string& hex);
+using namespace readability;
+using readability::colour_of;
 
 Colour colour_of(UIColor* color);
 UIColor* ui_color(const Colour& colour);
-
-/// "#RRGGBB", or with alpha where it is not opaque; to the nearest.
-std::string hex_of(const Colour& colour);
-
-/// What is seen where `upper` lies over an opaque colour.
-Colour over(const Colour& upper, const Colour& opaque);
-
-/// The contrast ratio of two opaque colours, from 1 to 21, as WCAG 2 defines it.
-double contrast(const Colour& a, const Colour& b);
-
-/// Relative luminance as WCAG 2 defines it, from 0 to 1, and the contrast of two of them.
-double luminance(const Colour& opaque);
-double contrast_of_luminances(double a, double b);
 
 }  // namespace command

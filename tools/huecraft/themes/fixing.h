@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "themes/legibility.h"
+#include "themes/backdrop.h"
 #include "themes/theme.h"
 
 namespace command {

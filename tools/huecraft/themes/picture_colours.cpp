@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "themes/oklab.h"
+#include "readability/oklab.h"
 
 namespace command {
 namespace {

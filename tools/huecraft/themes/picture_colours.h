@@ -1,7 +1,7 @@
 // Colours for labels and highlights that belong to a picture.
 #pragma once
 #include "photos/picture.h"
-#include "themes/legibility.h"
+#include "themes/backdrop.h"
 
 namespace command {
 

@@ -1,8 +1,8 @@
 // OKLab, in which equal distances look equally large.
 #pragma once
-#include "themes/colour.h"
+#include "readability/colour.h"
 
-namespace command {
+namespace readability {
 
 struct Oklab {
     double lightness = 0, a = 0, b = 0;
@@ -14,4 +14,4 @@ Colour colour_of(const Oklab& lab);
 
 double distance(const Oklab& a, const Oklab& b);
 
-}  // namespace command
+}  // namespace readability

@@ -5,10 +5,22 @@
 #include <string>
 #include <vector>
 
-#include "themes/backdrop.h"
-#include "themes/colour.h"
+#include "readability/colour.h"
 
-namespace command {
+namespace readability {
+
+/// What is behind one key's label, at a few points of it; opaque.
+struct BehindKey {
+    std::string key;
+    std::vector<Colour> colours;
+};
+
+struct Behind {
+    /// Of the keys, and of the suggestions above them, "suggestion 1" to "suggestion 3".
+    std::vector<BehindKey> labels;
+    /// Behind the keys themselves and the suggestion in the middle, which is where highlights are drawn.
+    std::vector<BehindKey> keys;
+};
 
 /// Below the one a contrast is an error, below the other a warning.
 struct Demand {
@@ -53,4 +65,4 @@ Legibility legibility_of(const Pair& pair, const Behind& behind);
 /// OKLab; nothing when there is none.
 std::optional<Pair> nearest_pair(const Pair& wanted, const Behind& behind);
 
-}  // namespace command
+}  // namespace readability

@@ -1,9 +1,9 @@
-#include "themes/oklab.h"
+#include "readability/oklab.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace command {
+namespace readability {
 namespace {
 
 double decoded(double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); }
@@ -38,4 +38,4 @@ double distance(const Oklab& a, const Oklab& b) {
                      (a.b - b.b) * (a.b - b.b));
 }
 
-}  // namespace command
+}  // namespace readability

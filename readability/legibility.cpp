@@ -1,13 +1,13 @@
-#include "themes/legibility.h"
+#include "readability/legibility.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <tuple>
 
-#include "themes/oklab.h"
+#include "readability/oklab.h"
 
-namespace command {
+namespace readability {
 namespace {
 
 /// A colour that passes by itself, and how far it is from the maker's.
@@ -20,7 +20,8 @@ std::vector<double> luminances_of(const std::vector<BehindKey>& behind) {
     std::vector<double> all;
     for (const BehindKey& key : behind)
         for (const Colour& colour : key.colours) all.push_back(luminance(colour));
-    std::ranges::sort(all);
+    // By a function of our own: the device build has no instance of the library's for numbers.
+    std::ranges::sort(all, [](double a, double b) { return a < b; });
     return all;
 }
 
@@ -121,4 +122,4 @@ std::optional<Pair> nearest_pair(const Pair& wanted, const Behind& behind) {
     return nearest;
 }
 
-}  // namespace command
+}  // namespace readability

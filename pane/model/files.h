@@ -1,0 +1,22 @@
+// Files as the pane keeps them: property lists, written beside their place and put there whole.
+#pragma once
+#include "platform/foundation.h"
+
+namespace pane {
+
+/// The content of a property list file; nil, and why, for none. The error may be another than Foundation's: a
+/// file that is no property list is told in the user's words.
+id read_property_list(NSString* path, NSError** error);
+
+/// The old file, or the new one; never half of it.
+bool write_property_list(id list, NSString* path, NSError** error);
+
+/// A missing folder is made, with those before it.
+bool make_folder(NSString* path, NSError** error);
+
+/// Whether the error says that there is no such file.
+bool is_absence(NSError* error);
+
+bool is_folder(NSString* path);
+
+}  // namespace pane

@@ -1,0 +1,61 @@
+// What the rows of a list of themes show: see the header.
+#include "pane/screens/theme_rows.h"
+
+#include "pane/model/themes.h"
+#include "pane/texts.h"
+
+namespace pane {
+namespace {
+
+constexpr CGSize picture_size{104, 60};
+
+NSObject* or_null(id object) { return object ? static_cast<NSObject*>(object) : NSNull::null(); }
+
+/// Tells one content of a file from the next.
+NSString* stamp_of(NSString* path) {
+    NSDictionary* attributes = NSFileManager::defaultManager()->attributesOfItemAtPath(path, nullptr);
+    if (!attributes) return path;
+    auto text_at = [&](NSString* key) {
+        auto* value = static_cast<NSObject*>(attributes->objectForKey(key));
+        return value ? value->description() : ""_ns;
+    };
+    return with("%1 %2"_ns, text_at("NSFileModificationDate"_ns), text_at("NSFileSize"_ns))
+        ->stringByAppendingString(path);
+}
+
+}  // namespace
+
+ThemeRows::ThemeRows() : painter_(picture_size) {}
+
+ThemeRows::Shown ThemeRows::look_up(NSString* folder, NSString* file) {
+    if (!known_) known_ = NSMutableDictionary::alloc()->initWithCapacity(16);
+    NSString* key = stamp_of(folder->stringByAppendingPathComponent(file));
+    if (auto* known = static_cast<NSArray*>(known_->objectForKey(key)))
+        return {static_cast<NSString*>(known->objectAtIndex(0)), as<NSString>(known->objectAtIndex(1)),
+                as<UIImage>(known->objectAtIndex(2))};
+    const themes::Reading reading = themes::read(folder, file);
+    NSString* name = reading.theme ? reading.theme->getConfigName() : nullptr;
+    if (!name || name->length() == 0) name = file->stringByDeletingPathExtension();
+    NSString* note = reading.fault ? reading.fault.get() : reading.remark.get();
+    UIImage* picture = reading.theme ? painter_.picture_of(reading.theme) : nullptr;
+    const id all[] = {name, or_null(note), or_null(picture)};
+    known_->setObject(NSArray::arrayWithObjects(all, 3), key);
+    return {name, note, picture};
+}
+
+void ThemeRows::show(NSString* folder, NSString* file, bool chosen, UITableViewCell* cell) {
+    const Shown shown = look_up(folder, file);
+    cell->textLabel()->setText(shown.name);
+    cell->textLabel()->setFont(UIFont::preferredFontForTextStyle(UIFontTextStyleBody));
+    cell->detailTextLabel()->setText(shown.note);
+    cell->detailTextLabel()->setFont(UIFont::preferredFontForTextStyle(UIFontTextStyleCaption1));
+    cell->detailTextLabel()->setTextColor(UIColor::colorWithRGB(0.7, 0.2, 0.1, 1));
+    cell->imageView()->setImage(shown.picture);
+    cell->setAccessoryType(chosen ? UITableViewCellAccessoryCheckmark : UITableViewCellAccessoryNone);
+    cell->setIsAccessibilityElement(true);
+    cell->setAccessibilityLabel(shown.note ? with("%1, %2"_ns, shown.name, shown.note) : shown.name.get());
+    cell->setAccessibilityTraits(chosen ? UIAccessibilityTraitButton | UIAccessibilityTraitSelected
+                                        : UIAccessibilityTraitButton);
+}
+
+}  // namespace pane

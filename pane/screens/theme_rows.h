@@ -1,0 +1,28 @@
+// What the rows of a list of themes show: read, and drawn small, when a row comes into sight.
+#pragma once
+#include "pane/drawing/keyboard_picture.h"
+#include "platform/tables.h"
+
+namespace pane {
+
+/// Remembers what it read and drew for as long as the file stays as it is.
+class ThemeRows {
+  public:
+    ThemeRows();
+    void show(NSString* folder, NSString* file, bool chosen, UITableViewCell* cell);
+    void forget() { known_ = nullptr; }
+
+    static constexpr CGFloat row_height = 76;
+
+  private:
+    struct Shown {
+        objc::strong<NSString> name, note;
+        objc::strong<UIImage> picture;
+    };
+    Shown look_up(NSString* folder, NSString* file);
+
+    KeyboardPainter painter_;
+    objc::strong<NSMutableDictionary> known_;
+};
+
+}  // namespace pane

@@ -1,0 +1,24 @@
+# The pane's translation units: the one list that its ELF build and both slices are built from. The model needs no screen.
+set(HUECRAFT_PANE_MODEL
+    ../readability/colour.cpp
+    ../readability/legibility.cpp
+    ../readability/oklab.cpp
+    drawing/judgement.cpp
+    drawing/keyboard_picture.cpp
+    model/file_names.cpp
+    model/files.cpp
+    model/preferences.cpp
+    model/restart.cpp
+    model/shelf.cpp
+    model/sitting.cpp
+    model/themes.cpp
+    texts.cpp)
+set(HUECRAFT_PANE_SOURCES
+    ${HUECRAFT_PANE_MODEL}
+    image.cpp
+    screens/HuecraftSettingsController.cpp
+    screens/asking.cpp
+    screens/bottom_bar.cpp
+    screens/preview_header.cpp
+    screens/theme_rows.cpp
+    standard_library.cpp)

@@ -1,0 +1,271 @@
+// The pane's first screen, in the simulated Settings app: what a person sees, touches, and finds stored.
+#include "settings_page.h"
+
+namespace test {
+namespace {
+
+using FirstScreen = SettingsPage;
+
+TEST_F(FirstScreen, OpensByTheRowThatTheEntryMakes) {
+    open();
+    EXPECT_TRUE(is_on_screen("Huecraft"));
+    EXPECT_TRUE(is_on_screen("Choose a theme to begin."));
+    EXPECT_EQ(preferences(), "none") << "looking stores nothing";
+}
+
+TEST_F(FirstScreen, ListsTheTenThatComeAlong) {
+    open();
+    EXPECT_EQ(table()->numberOfRowsInSection(along_section), 10);
+    EXPECT_EQ(table()->numberOfRowsInSection(own_section), 0);
+    EXPECT_EQ(utf8(cell(0, along_section)->textLabel()->text()), "Contrast");
+    EXPECT_NE(cell(0, along_section)->imageView()->image(), nullptr);
+}
+
+TEST_F(FirstScreen, OneTouchChoosesAndStores) {
+    open();
+    choose_row(0, along_section);
+    EXPECT_EQ(preferences(), "on Contrast.plist");
+    EXPECT_TRUE(phone.exists(in_themes("Contrast.plist")));
+    EXPECT_EQ(table()->numberOfRowsInSection(own_section), 1);
+    EXPECT_EQ(cell(0, own_section)->accessoryType(), UITableViewCellAccessoryCheckmark);
+    EXPECT_TRUE(is_on_screen("What is running keeps its keyboard."));
+}
+
+TEST_F(FirstScreen, ShowsTheChosenThemeLarge) {
+    open();
+    const size_t before = table()->tableHeaderView()->subviews()->count();
+    choose_row(0, along_section);
+    EXPECT_EQ(before, 0u);
+    EXPECT_EQ(table()->tableHeaderView()->subviews()->count(), 1u);
+    EXPECT_EQ(utf8(table()->tableHeaderView()->accessibilityLabel()), "The keyboard in the theme Contrast");
+}
+
+TEST_F(FirstScreen, TheSwitchTurnsThemingOffAndOn) {
+    open();
+    choose_row(0, along_section);
+    auto* control = static_cast<UISwitch*>(static_cast<id>(cell(0, switch_section)->accessoryView()));
+    EXPECT_TRUE(control->isOn());
+    control->setOn(false, false);
+    control->sendActionsForControlEvents(UIControlEventValueChanged);
+    EXPECT_EQ(preferences(), "off Contrast.plist");
+    control->setOn(true, false);
+    control->sendActionsForControlEvents(UIControlEventValueChanged);
+    EXPECT_EQ(preferences(), "on Contrast.plist");
+}
+
+TEST_F(FirstScreen, WithoutAThemeTheSwitchIsDisabled) {
+    open();
+    auto* control = static_cast<UISwitch*>(static_cast<id>(cell(0, switch_section)->accessoryView()));
+    EXPECT_FALSE(control->isEnabled());
+    EXPECT_FALSE(control->isOn());
+}
+
+TEST_F(FirstScreen, ApplyAsksAndStartsSbreload) {
+    phone.write("/usr/bin/sbreload", "x");
+    phone.write("/usr/bin/killall", "x");
+    open();
+    choose_row(0, along_section);
+    tap("Apply");
+    EXPECT_TRUE(is_on_screen("Restart now?"));
+    EXPECT_EQ(sim_program_count(), 0u);
+    tap("Restart");
+    ASSERT_EQ(sim_program_count(), 1u);
+    sim_program program{};
+    ASSERT_EQ(sim_program_at(0, &program), SIM_OK);
+    EXPECT_STREQ(program.path, "/usr/bin/sbreload");
+}
+
+TEST_F(FirstScreen, WithoutSbreloadApplyEndsSpringBoard) {
+    phone.write("/usr/bin/killall", "x");
+    open();
+    choose_row(0, along_section);
+    tap("Apply");
+    tap("Restart");
+    ASSERT_EQ(sim_program_count(), 1u);
+    sim_program program{};
+    ASSERT_EQ(sim_program_at(0, &program), SIM_OK);
+    EXPECT_STREQ(program.path, "/usr/bin/killall");
+    EXPECT_STREQ(program.arguments[1], "-9");
+    EXPECT_STREQ(program.arguments[2], "SpringBoard");
+}
+
+TEST_F(FirstScreen, WhereNothingCanRestartItSaysHowByHand) {
+    open();
+    choose_row(0, along_section);
+    tap("Apply");
+    tap("Restart");
+    EXPECT_TRUE(is_on_screen("This phone cannot be restarted from here."));
+}
+
+TEST_F(FirstScreen, CancelRestartsNothing) {
+    phone.write("/usr/bin/sbreload", "x");
+    open();
+    choose_row(0, along_section);
+    tap("Apply");
+    tap("Cancel");
+    EXPECT_EQ(sim_program_count(), 0u);
+}
+
+TEST_F(FirstScreen, TurningOffTakesNoTyping) {
+    open();
+    choose_row(0, along_section);
+    choose_row(0, rescue_section);
+    EXPECT_EQ(preferences(), "off Contrast.plist");
+}
+
+TEST_F(FirstScreen, ResetAsksAndForgetsTheChoice) {
+    open();
+    choose_row(0, along_section);
+    choose_row(1, rescue_section);
+    EXPECT_EQ(preferences(), "on Contrast.plist");
+    tap("Reset");
+    EXPECT_EQ(preferences(), "off ");
+    EXPECT_TRUE(phone.exists(in_themes("Contrast.plist")));
+}
+
+class UnreadableTheme : public SettingsPage {
+  protected:
+    UnreadableTheme() {
+        phone.write(in_themes("Dim.plist"),
+                    property_list("<dict><key>_ConfigName</key><string>Dim</string><key>_TextColor</key>"
+                                  "<string>#303030</string><key>_HighlightColor</key><string>#404040</string>"
+                                  "<key>_BackgroundType</key><integer>1</integer><key>_Colors</key><array>"
+                                  "<string>#202020</string></array></dict>"));
+    }
+};
+
+TEST_F(UnreadableTheme, IsAskedAboutBeforeItIsStored) {
+    open();
+    choose_row(0, own_section);
+    EXPECT_TRUE(is_on_screen("The labels can hardly be read."));
+    EXPECT_EQ(preferences(), "none");
+    tap("Use It");
+    EXPECT_EQ(preferences(), "on Dim.plist");
+}
+
+TEST_F(UnreadableTheme, CancelledIsNotStored) {
+    open();
+    choose_row(0, own_section);
+    tap("Cancel");
+    EXPECT_EQ(preferences(), "none");
+}
+
+TEST_F(FirstScreen, ABrokenThemeIsListedWithTheReason) {
+    phone.write(in_themes("Broken.plist"), "{ broken");
+    put_theme(phone, "Sound.plist", "Sound");
+    open();
+    ASSERT_EQ(table()->numberOfRowsInSection(own_section), 2);
+    EXPECT_EQ(utf8(cell(0, own_section)->textLabel()->text()), "Broken");
+    EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "The file is no property list.");
+    EXPECT_EQ(utf8(cell(1, own_section)->textLabel()->text()), "Sound");
+    choose_row(0, own_section);
+    EXPECT_TRUE(is_on_screen("This theme cannot be used."));
+    EXPECT_EQ(preferences(), "none");
+}
+
+TEST_F(FirstScreen, ADeletedThemeComesBackByUndo) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    page()->send<"tableView:commitEditingStyle:forRowAtIndexPath:">(
+        table(), UITableViewCellEditingStyleDelete, NSIndexPath::indexPathForRow(0, own_section));
+    EXPECT_FALSE(phone.exists(in_themes("Mine.plist")));
+    EXPECT_EQ(table()->numberOfRowsInSection(own_section), 0);
+    EXPECT_TRUE(is_on_screen("The theme was deleted."));
+    tap("Undo");
+    EXPECT_TRUE(phone.exists(in_themes("Mine.plist")));
+    EXPECT_EQ(table()->numberOfRowsInSection(own_section), 1);
+}
+
+TEST_F(FirstScreen, OnlyTheUsersThemesCanBeDeleted) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    for (const auto& [section, can] :
+         {std::pair{own_section, true}, {along_section, false}, {rescue_section, false}})
+        EXPECT_EQ((page()->send<"tableView:canEditRowAtIndexPath:", bool>(
+                      table(), NSIndexPath::indexPathForRow(0, section))),
+                  can)
+            << section;
+}
+
+TEST_F(FirstScreen, AThemeThatVanishedBehindThePageIsGoneOnReturn) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    std::filesystem::remove(phone.host(in_themes("Mine.plist")));
+    choose_row(0, own_section);
+    EXPECT_TRUE(is_on_screen("This theme cannot be used."));
+    tap("OK");
+    come_back();
+    EXPECT_EQ(table()->numberOfRowsInSection(own_section), 0);
+}
+
+TEST_F(FirstScreen, AFullDiskSaysSoAndKeepsTheChoice) {
+    put_theme(phone, "A.plist", "A");
+    put_theme(phone, "B.plist", "B");
+    open();
+    choose_row(0, own_section);
+    ASSERT_EQ(preferences(), "on A.plist");
+    {
+        const FullDisk full;
+        choose_row(1, own_section);
+    }
+    EXPECT_TRUE(is_on_screen("This could not be stored."));
+    EXPECT_EQ(preferences(), "on A.plist");
+}
+
+TEST_F(FirstScreen, WithoutAccessItSaysWhy) {
+    open({.denied = {"/var/mobile/Library/Preferences"}});
+    const std::string footer =
+        utf8(page()->send<"tableView:titleForFooterInSection:", NSString*>(table(), own_section));
+    EXPECT_TRUE(footer.starts_with("Your themes cannot be read: ")) << footer;
+    EXPECT_EQ(table()->numberOfRowsInSection(along_section), 10);
+}
+
+TEST_F(FirstScreen, OfThousandThemesTheOnesInSightAreMade) {
+    for (int i = 0; i < 1000; ++i) put_theme(phone, "T" + std::to_string(i) + ".plist", "T");
+    open();
+    EXPECT_EQ(table()->numberOfRowsInSection(own_section), 1000);
+    EXPECT_LT(table()->visibleCells()->count(), 20u);
+}
+
+TEST_F(FirstScreen, AMemoryWarningLosesNothing) {
+    open();
+    choose_row(0, along_section);
+    ASSERT_EQ(sim_warn_of_memory(), SIM_OK) << sim_last_error();
+    EXPECT_EQ(utf8(cell(0, own_section)->textLabel()->text()), "Contrast");
+    EXPECT_NE(cell(0, own_section)->imageView()->image(), nullptr);
+}
+
+TEST_F(FirstScreen, SaysItInTheUsersLanguage) {
+    open({.language = "de"});
+    EXPECT_TRUE(is_on_screen("Wähle zuerst ein Thema aus."));
+}
+
+TEST_F(FirstScreen, TellsVoiceOverWhatIsChosen) {
+    open();
+    choose_row(0, along_section);
+    UITableViewCell* chosen = cell(0, own_section);
+    EXPECT_EQ(utf8(chosen->accessibilityLabel()), "Contrast");
+    EXPECT_EQ(chosen->accessibilityTraits(), UIAccessibilityTraitButton | UIAccessibilityTraitSelected);
+    EXPECT_EQ(cell(0, along_section)->accessibilityTraits(), UIAccessibilityTraitButton);
+}
+
+TEST_F(FirstScreen, LooksAsExpected) {
+    open();
+    choose_row(4, along_section);
+    expect_picture("pane-first-screen");
+}
+
+TEST_F(FirstScreen, LooksAsExpectedOnTheSmallestPhone) {
+    open({.screen_width = 320, .screen_height = 568, .screen_scale = 2});
+    choose_row(4, along_section);
+    expect_picture("pane-first-screen-320");
+}
+
+TEST_F(FirstScreen, LooksAsExpectedFromRightToLeft) {
+    open({.right_to_left = true});
+    choose_row(4, along_section);
+    expect_picture("pane-first-screen-right-to-left");
+}
+
+}  // namespace
+}  // namespace test

@@ -1,0 +1,38 @@
+// What the tests of the pane's screens share: a phone with both packages' files, and Settings with the page
+// open.
+#pragma once
+#include "kept_files.h"
+#include "platform/controls.h"
+#include "platform/preferences.h"
+#include "platform/tables.h"
+
+namespace test {
+
+class SettingsPage : public testing::Test {
+  protected:
+    /// Lays out the packages' files.
+    SettingsPage();
+    /// Boots, loads the library as it is injected, opens Settings and touches the row.
+    void open(Phone::Options options = {});
+    /// Leaves the page and comes back, as someone who changed a file meanwhile.
+    static void come_back();
+
+    static UIView* first(const char* class_name);
+    static UITableView* table() { return static_cast<UITableView*>(first("UITableView")); }
+    /// The page, by its table's data source.
+    static NSObject* page() { return static_cast<NSObject*>(table()->dataSource()); }
+    static void tap(const std::string& label);
+    static bool is_on_screen(const std::string& text);
+    /// Touches the row, wherever it is.
+    static void choose_row(NSInteger row, NSInteger section);
+    static UITableViewCell* cell(NSInteger row, NSInteger section);
+
+    /// What the preference file says: "on a.plist", "off ".
+    std::string preferences() const;
+    void expect_picture(const std::string& name) const;
+
+    Phone phone;
+    static constexpr NSInteger switch_section = 0, own_section = 1, along_section = 2, rescue_section = 3;
+};
+
+}  // namespace test
