@@ -5,7 +5,7 @@
 
 namespace {
 
-struct List : objc::Implements<List, PSListController> {
+struct OtherList : objc::Implements<OtherList, PSListController> {
     using Ivars = objc::NoIvars;
 
     NSArray* specifiers() {
@@ -19,4 +19,4 @@ struct List : objc::Implements<List, PSListController> {
 
 using namespace objc::definition;
 
-OBJC_CLASS(PSListController, PSViewController, List, method<"specifiers", &List::specifiers>)
+OBJC_CLASS(PSListController, PSViewController, OtherList, method<"specifiers", &OtherList::specifiers>)
