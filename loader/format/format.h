@@ -18,6 +18,13 @@ inline constexpr Cpu kThisCpu = Cpu::x86_64;
 inline constexpr uint32_t kSubtypeMask = 0x00ffffff;  // what is left are capability bits
 inline constexpr uint32_t kSubtypeArm64e = 2;
 
+/// What an image is loaded into.
+enum class Process {
+    arm64,         ///< on a processor up to the A11
+    arm64_on_a12,  ///< an application there: of a file it gets the arm64e slice first
+    arm64e,        ///< the system's own on an A12: it takes arm64e alone
+};
+
 enum class FileType : uint32_t { executable = 2, dylib = 6 };
 inline constexpr uint32_t kFlagPositionIndependent = 0x200000;
 

@@ -8,6 +8,7 @@
 
 #include "loader/fault.h"
 #include "loader/image.h"
+#include "objc/pointer_signature.h"
 
 namespace macho {
 namespace {
@@ -263,17 +264,29 @@ class MetadataReader {
         const Bytes all = rows(list, kMethodRowSize, "the list of methods");
         std::vector<MethodDescription> found;
         for (uint64_t at = 0; at < all.size(); at += kMethodRowSize) {
-            const MethodDescription method{.name = mapping_.text(all.u64(at), "a method's name"),
-                                           .types = mapping_.text(all.u64(at + 8), "a method's types"),
-                                           .implementation = all.u64(at + 16)};
+            MethodDescription method{.name = mapping_.text(all.u64(at), "a method's name"),
+                                     .types = mapping_.text(all.u64(at + 8), "a method's types"),
+                                     .implementation = all.u64(at + 16)};
             if (!*method.name || !*method.types)
                 refuse(std::string("the method \"") + method.name + "\" has an empty name or type");
+            if (layout_.arm64e) authenticate(method, list + 8 + at + 16);
             if (!mapping_.is_code(method.implementation))
                 refuse(std::string("the method ") + method.name + " is no code of the image (found " +
                        hex(method.implementation - mapping_.slide()) + ")");
             found.push_back(method);
         }
         return found;
+    }
+
+    /// As the device's runtime does: an implementation is signed for the place in its list.
+    static void authenticate(MethodDescription& method, uintptr_t place) {
+        const auto authentic =
+            objc::authenticated_pointer(method.implementation, objc::signature_modifier(place, 0));
+        if (!authentic)
+            refuse(
+                std::string("the method ") + method.name +
+                " is not signed for its place (expected key IA with the address of the list's row mixed in)");
+        method.implementation = *authentic;
     }
 
     std::vector<VariableDescription> variables(uintptr_t list) {

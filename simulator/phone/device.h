@@ -4,12 +4,20 @@
 
 namespace sim {
 
+/// The process and its processor.
+enum class Process {
+    arm64,         ///< up to the A11
+    arm64_on_a12,  ///< an application for arm64 there
+    arm64e,        ///< the system's own on an A12
+};
+
 struct Device {
     std::string system_version = "12.4";
     /// In points, portrait.
     double screen_width = 375, screen_height = 667;
     /// Pixels per point: 1, 2 or 3.
     double screen_scale = 2;
+    Process process = Process::arm64;
 };
 
 /// The device that was booted; the defaults before that. It does not change afterwards.

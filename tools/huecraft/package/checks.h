@@ -21,6 +21,9 @@ Checks checks_of_package(const Package& package);
 /// The dylib: what system it is for, what it takes and offers, its signature and size.
 Checks checks_of_dylib(const std::string& bytes);
 
+/// The dylib for the A12: of each of its two slices the same, and that they are one code.
+Checks checks_of_a12_dylib(const std::string& bytes);
+
 /// The same of huecraft-describe.
 Checks checks_of_executable(const std::string& bytes);
 

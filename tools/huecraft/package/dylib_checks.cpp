@@ -9,10 +9,12 @@
 #include <span>
 #include <sstream>
 
+#include "arm64e/comparison.h"
 #include "cli/terminal.h"
 #include "loader/fault.h"
 #include "loader/fixups/bind_opcodes.h"
 #include "loader/fixups/rebase.h"
+#include "loader/fixups/threaded.h"
 #include "loader/format/exports.h"
 #include "loader/format/slice.h"
 #include "loader/format/versions.h"
@@ -96,8 +98,11 @@ std::string platform_text(uint32_t platform) {
 
 class ImageChecks {
   public:
-    ImageChecks(const std::string& bytes, const Promise& promise)
+    ImageChecks(const std::string& bytes, const Promise& promise,
+                macho::Process process = macho::Process::arm64, std::string prefix = {})
         : promise_(promise),
+          process_(process),
+          prefix_(std::move(prefix)),
           file_({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, promise.name) {}
 
     Checks all() {
@@ -123,7 +128,7 @@ class ImageChecks {
 
   private:
     void check(const std::string& name, const std::function<void(Check&)>& work) {
-        Check one{.name = name, .found = {}, .faults = {}};
+        Check one{.name = prefix_ + name, .found = {}, .faults = {}};
         collect(one, [&] { work(one); });
         checks_.push_back(std::move(one));
     }
@@ -148,17 +153,23 @@ class ImageChecks {
     void slice(Check& check) {
         if (file_.size() >= 4 && file_.u32_big_endian(0) == macho::kFatMagic)
             check.faults.push_back("found a file of several slices, expected the arm64 slice alone");
-        slice_ = macho::choose_slice(file_, macho::Cpu::arm64, promise_.type);
-        check.found = "arm64 alone";
+        slice_ = macho::choose_slice(file_, macho::Cpu::arm64, promise_.type, process_);
+        check.found =
+            process_ == macho::Process::arm64e ? "arm64e, without bits of later systems" : "arm64 alone";
     }
 
     void fix_ups(Check& check) {
         if (!slice_) return check.faults.push_back("not checked, since there is no arm64 slice");
         macho::Layout layout = macho::read_layout(*slice_);
         macho::check_structure(*slice_, layout);
-        const auto rebases = macho::read_rebases(part(layout.rebase, "the rebase table"), layout);
+        if (layout.arm64e) {
+            const auto pointers = macho::read_threaded(*slice_, layout).pointers;
+            check.found = "threaded, " + counted(pointers.size(), "pointer");
+        } else {
+            const auto rebases = macho::read_rebases(part(layout.rebase, "the rebase table"), layout);
+            check.found = "classic, " + counted(rebases.size(), "rebased pointer");
+        }
         layout_ = std::move(layout);
-        check.found = "classic, " + counted(rebases.size(), "rebased pointer");
     }
 
     void system(Check& check) {
@@ -206,15 +217,11 @@ class ImageChecks {
                 check.faults.push_back("links with " + one_line(library.install_name) + ", which " + stubs +
                                        " has not");
         std::set<std::pair<std::string, std::string>> taken;
-        using macho::BindTable;
-        for (const auto& [range, table] : {std::pair{layout_->bind, BindTable::regular},
-                                           {layout_->weak_bind, BindTable::weak},
-                                           {layout_->lazy_bind, BindTable::lazy}})
-            for (const macho::BindRow& row : macho::read_binds(part(range, "a bind table"), table, *layout_))
-                taken.emplace(std::string(row.symbol),
-                              row.ordinal > 0
-                                  ? layout_->libraries.at(static_cast<size_t>(row.ordinal - 1)).install_name
-                                  : "");
+        for (const macho::BindRow& row : bound())
+            taken.emplace(std::string(row.symbol),
+                          row.ordinal > 0
+                              ? layout_->libraries.at(static_cast<size_t>(row.ordinal - 1)).install_name
+                              : "");
         for (const auto& [symbol, library] : taken) {
             const auto offer = offers.find(library);
             if (offer == offers.end() || !offer->second.contains(symbol))
@@ -224,6 +231,18 @@ class ImageChecks {
         }
         if (taken.empty()) check.faults.push_back("imports nothing: that cannot be the library");
         check.found = std::to_string(taken.size()) + ", as " + stubs + " lists them";
+    }
+
+    std::vector<macho::BindRow> bound() const {
+        if (layout_->arm64e) return macho::read_threaded(*slice_, *layout_).rows;
+        std::vector<macho::BindRow> all;
+        using macho::BindTable;
+        for (const auto& [range, table] : {std::pair{layout_->bind, BindTable::regular},
+                                           {layout_->weak_bind, BindTable::weak},
+                                           {layout_->lazy_bind, BindTable::lazy}})
+            std::ranges::copy(macho::read_binds(part(range, "a bind table"), table, *layout_),
+                              std::back_inserter(all));
+        return all;
     }
 
     void exports(Check& check) {
@@ -270,13 +289,70 @@ class ImageChecks {
     }
 
     const Promise& promise_;
+    macho::Process process_;
+    std::string prefix_;
     macho::Bytes file_;
     std::optional<macho::Bytes> slice_;
     std::optional<macho::Layout> layout_;
     Checks checks_;
 };
 
+/// The slices of a file of several, in its order: nothing but arm64 and arm64e, each at a page of the device.
+std::vector<std::string> slices_of(const std::string& bytes, Check& check) {
+    constexpr uint64_t header_size = 8, row_size = 20, device_page = 0x4000;
+    const macho::Bytes file({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, dylib.name);
+    if (file.size() < header_size || file.u32_big_endian(0) != macho::kFatMagic)
+        macho::refuse("a file of one slice, expected arm64 and arm64e");
+    std::vector<std::string> slices;
+    std::string found;
+    uint64_t free_from = device_page;
+    for (uint32_t row = 0; row < file.u32_big_endian(4); ++row) {
+        const macho::Bytes fields = file.part(header_size + row * row_size, row_size, "the fat header");
+        const uint32_t subtype = fields.u32_big_endian(4);
+        found +=
+            (row ? ", " : "") + macho::hex(fields.u32_big_endian(0)) + " of subtype " + macho::hex(subtype);
+        const uint64_t at = fields.u32_big_endian(8), size = fields.u32_big_endian(12);
+        const macho::Bytes slice = file.part(at, size, "the slice");
+        if (at % device_page || at < free_from)
+            check.faults.push_back("found a slice at " + macho::hex(at) + ", expected a multiple of " +
+                                   macho::hex(device_page) + " that is free");
+        free_from = at + size;
+        slices.emplace_back(reinterpret_cast<const char*>(slice.data()), slice.size());
+    }
+    const std::string expected = "0x100000c of subtype 0x0, 0x100000c of subtype 0x2";
+    if (found != expected) macho::refuse(found + ", expected " + expected);
+    check.found = "arm64 and arm64e";
+    return slices;
+}
+
 }  // namespace
+
+Checks checks_of_a12_dylib(const std::string& bytes) {
+    Checks checks{{.name = "slices", .found = {}, .faults = {}}};
+    std::vector<std::string> slices;
+    try {
+        slices = slices_of(bytes, checks.front());
+    } catch (const macho::Fault& fault) {
+        checks.front().faults.push_back("found " + one_line(fault.what(), 300));
+        return checks;
+    }
+    std::ranges::move(ImageChecks(slices[0], dylib, macho::Process::arm64, "arm64: ").all(),
+                      std::back_inserter(checks));
+    std::ranges::move(ImageChecks(slices[1], dylib, macho::Process::arm64e, "arm64e: ").all(),
+                      std::back_inserter(checks));
+
+    Check same{.name = "one code",
+               .found = "every byte of code and every pointer; signed is what others call",
+               .faults = {}};
+    try {
+        const auto data = [](const std::string& slice) { return arm64e::Data(slice.begin(), slice.end()); };
+        arm64e::compare(data(slices[0]), data(slices[1]));
+    } catch (const macho::Fault& fault) {
+        same.faults.push_back("found " + one_line(fault.what(), 300));
+    }
+    checks.push_back(std::move(same));
+    return checks;
+}
 
 Checks checks_of_dylib(const std::string& bytes) { return ImageChecks(bytes, dylib).all(); }
 Checks checks_of_executable(const std::string& bytes) { return ImageChecks(bytes, executable).all(); }

@@ -201,12 +201,14 @@ const PackagedFile* Package::installed(const std::string& path) const {
     return found == data.end() ? nullptr : &*found;
 }
 
-bool Package::is_of_describe() const {
+bool Package::says_it_is(const std::string& name) const {
     const auto file = std::ranges::find(control, "/control", &PackagedFile::path);
     return file != control.end() &&
-           ("\n" + file->contents).find("\nPackage: com.quillmoth.huecraftios12.describe\n") !=
-               std::string::npos;
+           ("\n" + file->contents).find("\nPackage: " + name + "\n") != std::string::npos;
 }
+
+bool Package::is_of_describe() const { return says_it_is("com.quillmoth.huecraftios12.describe"); }
+bool Package::is_for_a12() const { return says_it_is("com.quillmoth.huecraftios12.a12"); }
 
 const PackagedFile& Package::image() const {
     return is_of_describe() ? *installed(describe_path) : *std::ranges::find_if(data, is_dylib);

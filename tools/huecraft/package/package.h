@@ -29,8 +29,13 @@ struct Package {
     const PackagedFile* installed(const std::string& path) const;
     /// Whether it says that it is the package of huecraft-describe; else it is to be the library's.
     bool is_of_describe() const;
+    /// Whether it says that it is the library's package for the A12, whose dylib has two slices.
+    bool is_for_a12() const;
     /// The one dylib, wherever it lies; of the package of huecraft-describe that executable.
     const PackagedFile& image() const;
+
+  private:
+    bool says_it_is(const std::string& name) const;
 };
 
 inline constexpr const char* describe_path = "/usr/bin/huecraft-describe";

@@ -32,9 +32,10 @@ struct PackageCheck {
                 const Package package = open_package(read_input(file, "package"), file);
                 Checks checks = checks_of_package(package);
                 const std::string& image = package.image().contents;
-                std::ranges::move(
-                    package.is_of_describe() ? checks_of_executable(image) : checks_of_dylib(image),
-                    std::back_inserter(checks));
+                std::ranges::move(package.is_of_describe() ? checks_of_executable(image)
+                                  : package.is_for_a12()   ? checks_of_a12_dylib(image)
+                                                           : checks_of_dylib(image),
+                                  std::back_inserter(checks));
                 json ? all.push_back(in_json(file, checks)) : print(file, checks);
                 return faulty(checks) ? Status::finding : Status::fine;
             });
