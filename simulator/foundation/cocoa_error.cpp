@@ -1,4 +1,3 @@
-// NSError objects of the device's Foundation.
 #include "foundation/cocoa_error.h"
 
 #include <cerrno>

@@ -1,4 +1,3 @@
-// Whole files of the device, read and written.
 #include "foundation/file_contents.h"
 
 #include <fcntl.h>

@@ -1,4 +1,3 @@
-// The argument vector that the process claims to have.
 #include "foundation/process_arguments.h"
 
 #include <unistd.h>

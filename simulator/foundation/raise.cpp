@@ -1,4 +1,3 @@
-// Exceptions of the system.
 #include "foundation/raise.h"
 
 #include <cstdlib>

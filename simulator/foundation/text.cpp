@@ -1,4 +1,3 @@
-// NSString objects and C++ text.
 #include "foundation/text.h"
 
 #include "foundation/property_list/text_encoding.h"

@@ -1,4 +1,3 @@
-// Switching the simulated phone on.
 #include "interface/boot.h"
 
 #include <sys/stat.h>

@@ -1,4 +1,3 @@
-// Replacing and adding methods of classes that exist.
 #include "runtime/method_replacement.h"
 
 #include <dlfcn.h>

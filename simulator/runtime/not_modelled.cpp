@@ -1,4 +1,3 @@
-// The honest stop.
 #include "runtime/not_modelled.h"
 
 #include <cstdio>

@@ -1,4 +1,3 @@
-// What an application shows above its keyboard, and behind it.
 #include "screen/app_content.h"
 
 #include "keyboard/make.h"

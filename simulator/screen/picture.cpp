@@ -1,4 +1,3 @@
-// Pictures of the screen: see the header.
 #include "screen/picture.h"
 
 #include <cerrno>

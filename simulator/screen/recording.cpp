@@ -1,4 +1,3 @@
-// Moving pictures of the screen: see the header.
 #include "screen/recording.h"
 
 #include <memory>

@@ -1,4 +1,3 @@
-// Fonts: see the header.
 #include "uikit/UIFont.h"
 
 #include <compare>

@@ -1,4 +1,3 @@
-// How a subview follows its superview's size: see the header.
 #include "uikit/autoresizing.h"
 
 namespace sim {

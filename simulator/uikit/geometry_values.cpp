@@ -1,4 +1,3 @@
-// Values that hold points and rectangles: see the header.
 #include "uikit/geometry_values.h"
 
 #include "platform/animation.h"

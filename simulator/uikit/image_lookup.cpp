@@ -1,4 +1,3 @@
-// Picture files of the device: see the header.
 #include "uikit/image_lookup.h"
 
 #include <filesystem>

@@ -1,4 +1,3 @@
-// How pictures are turned for display: see the header.
 #include "uikit/image_orientation.h"
 
 #include <iterator>

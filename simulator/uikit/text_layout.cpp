@@ -1,4 +1,3 @@
-// Text, laid out: see the header.
 #include "uikit/text_layout.h"
 
 #include <algorithm>

@@ -10,10 +10,10 @@
 #include <cstdint>
 #include <memory>
 
-#include "check.h"
-#include "ratio.h"
+#include "measuring/check.h"
+#include "measuring/ratio.h"
+#include "measuring/timing.h"
 #include "support/phone.h"
-#include "timing.h"
 
 namespace bench {
 

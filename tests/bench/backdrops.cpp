@@ -6,11 +6,11 @@
 #include <cstdlib>
 #include <memory>
 
-#include "backdrop_phone.h"
-#include "check.h"
-#include "child.h"
-#include "ratio.h"
-#include "timing.h"
+#include "compared/backdrop_phone.h"
+#include "measuring/check.h"
+#include "measuring/child.h"
+#include "measuring/ratio.h"
+#include "measuring/timing.h"
 
 namespace bench {
 

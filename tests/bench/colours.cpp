@@ -1,10 +1,10 @@
 // What the hex colour format costs, against the same built on the system's scanner and formatter.
-#include "allocations.h"
-#include "check.h"
-#include "ratio.h"
+#include "measuring/allocations.h"
+#include "measuring/check.h"
+#include "measuring/ratio.h"
+#include "measuring/timing.h"
 #include "support/phone.h"
 #include "support/themes.h"
-#include "timing.h"
 
 namespace bench {
 

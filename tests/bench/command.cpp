@@ -8,13 +8,13 @@
 #include <fstream>
 #include <sstream>
 
-#include "check.h"
-#include "figure.h"
-#include "keyboard_layers.h"
-#include "process.h"
-#include "ratio.h"
+#include "measuring/check.h"
+#include "measuring/figure.h"
+#include "measuring/keyboard_layers.h"
+#include "measuring/process.h"
+#include "measuring/ratio.h"
+#include "measuring/timing.h"
 #include "support/phone.h"
-#include "timing.h"
 
 namespace bench {
 

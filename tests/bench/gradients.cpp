@@ -9,11 +9,11 @@
 #include <cstring>
 #include <memory>
 
-#include "check.h"
+#include "measuring/check.h"
+#include "measuring/ratio.h"
+#include "measuring/timing.h"
 #include "platform/quartzcore.h"
-#include "ratio.h"
 #include "support/phone.h"
-#include "timing.h"
 
 namespace bench {
 

@@ -1,11 +1,11 @@
 // What hooks cost, against what they replace.
-#include "allocations.h"
-#include "answering_class.h"
-#include "check.h"
+#include "compared/answering_class.h"
+#include "measuring/allocations.h"
+#include "measuring/check.h"
+#include "measuring/ratio.h"
+#include "measuring/timing.h"
 #include "platform/keyboard.h"
-#include "ratio.h"
 #include "support/phone.h"
-#include "timing.h"
 
 namespace bench {
 

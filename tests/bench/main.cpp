@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "check.h"
+#include "measuring/check.h"
+#include "measuring/ratio.h"
 #include "objc/string.h"
-#include "ratio.h"
 #include "support/themes.h"
 
 namespace bench {

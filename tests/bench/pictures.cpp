@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "check.h"
-#include "keyboard_layers.h"
-#include "process.h"
-#include "ratio.h"
+#include "measuring/check.h"
+#include "measuring/keyboard_layers.h"
+#include "measuring/process.h"
+#include "measuring/ratio.h"
+#include "measuring/timing.h"
 #include "support/themes.h"
-#include "timing.h"
 
 namespace bench {
 

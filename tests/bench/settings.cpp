@@ -1,12 +1,12 @@
 // What the colour picker costs: one movement of a knob against the conversions and the picture that it needs,
 // and its opening against a figure in seconds.
-#include "allocations.h"
-#include "check.h"
-#include "figure.h"
+#include "measuring/allocations.h"
+#include "measuring/check.h"
+#include "measuring/figure.h"
+#include "measuring/ratio.h"
+#include "measuring/timing.h"
 #include "platform/controls.h"
-#include "ratio.h"
 #include "support/phone.h"
-#include "timing.h"
 
 namespace bench {
 

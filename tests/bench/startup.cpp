@@ -15,11 +15,11 @@
 #include <memory>
 #include <string>
 
-#include "check.h"
-#include "child.h"
-#include "ratio.h"
+#include "measuring/check.h"
+#include "measuring/child.h"
+#include "measuring/ratio.h"
+#include "measuring/timing.h"
 #include "support/themes.h"
-#include "timing.h"
 
 namespace bench {
 

@@ -1,4 +1,3 @@
-// What the tests of the client share: see the header.
 #include "client.h"
 
 #include "picture.h"

@@ -1,4 +1,3 @@
-// Animated PNGs, taken apart.
 #include "animation.h"
 
 #include <cairo.h>

@@ -1,4 +1,3 @@
-// The folder of the pictures that are not as expected, with a page that shows them.
 #include "failed_pictures.h"
 
 #include <fcntl.h>

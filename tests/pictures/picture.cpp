@@ -1,4 +1,3 @@
-// Pictures that tests compare with the expected ones in the tree.
 #include "picture.h"
 
 #include <cairo.h>
@@ -66,6 +65,12 @@ std::pair<Surface, size_t> differences_of(const Surface& expected, const Surface
     return {std::move(marked), count};
 }
 
+/// The expected picture of a name that begins with its subject.
+fs::path expected_picture(const std::string& name) {
+    const size_t dash = name.find('-');
+    return fs::path(EXPECTED_PICTURES) / name.substr(0, dash) / (name.substr(dash + 1) + ".png");
+}
+
 bool is_rebaselining() {
     const char* wish = std::getenv("HUECRAFT_REBASELINE");
     return wish && std::string_view(wish) == "1";
@@ -75,7 +80,7 @@ bool is_rebaselining() {
 
 testing::AssertionResult looks_as_expected(const fs::path& png, const std::string& name,
                                            const std::string& variant) {
-    const fs::path wanted = fs::path(EXPECTED_PICTURES) / (name + ".png");
+    const fs::path wanted = expected_picture(name);
     const FailedPicture failed(FAILED_PICTURES, variant + name);
     failed.remove();
     if (is_rebaselining()) {

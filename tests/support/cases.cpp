@@ -1,4 +1,3 @@
-// Runs the cases of a test program, each in a process of its own.
 #include "support/cases.h"
 
 #include <fnmatch.h>

@@ -1,4 +1,3 @@
-// A theme driven by its selectors.
 #include "support/configuration.h"
 
 #include "support/themes.h"

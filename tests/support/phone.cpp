@@ -1,4 +1,3 @@
-// A simulated phone for one test.
 #include "support/phone.h"
 
 #include <unistd.h>

@@ -1,4 +1,3 @@
-// Theme and preference files for tests.
 #include "support/themes.h"
 
 #include "support/runtime.h"

@@ -1,4 +1,3 @@
-// A simulated phone in a process of its own.
 #include "support/phone.h"
 
 #include <sys/wait.h>

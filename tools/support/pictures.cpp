@@ -1,4 +1,3 @@
-// Pictures as files on this machine.
 #include "support/pictures.h"
 
 #include <fstream>

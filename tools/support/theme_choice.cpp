@@ -1,4 +1,3 @@
-// Which theme a phone wears.
 #include "support/theme_choice.h"
 
 #include "support/phone.h"

@@ -1,4 +1,3 @@
-// Base64.
 #include "foundation/property_list/base64.h"
 
 #include <array>

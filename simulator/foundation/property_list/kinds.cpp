@@ -1,4 +1,3 @@
-// What an object is to a property list.
 #include "foundation/property_list/kinds.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// The objects of a property list.
 #include "foundation/property_list/object_maker.h"
 
 #include <cmath>

@@ -1,4 +1,3 @@
-// The characters of a property list that is text.
 #include "foundation/property_list/text_encoding.h"
 
 #include <algorithm>

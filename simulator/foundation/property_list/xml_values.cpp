@@ -1,4 +1,3 @@
-// The numbers and dates of XML property lists.
 #include "foundation/property_list/xml_values.h"
 
 #include <charconv>

@@ -1,4 +1,3 @@
-// The record of what a library installed.
 #include "runtime/injection/installing_calls.h"
 
 namespace sim {

@@ -1,4 +1,3 @@
-// Associated objects.
 #include "runtime/references/associated_objects.h"
 
 #include <mutex>

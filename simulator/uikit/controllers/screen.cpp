@@ -1,4 +1,3 @@
-// The screen: see the header.
 #include "uikit/controllers/screen.h"
 
 #include <utility>

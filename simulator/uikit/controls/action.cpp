@@ -1,4 +1,3 @@
-// Sending an action: see the header.
 #include "uikit/controls/action.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// Who typing goes to: see the header.
 #include "uikit/events/first_responder.h"
 
 namespace sim {

@@ -1,4 +1,3 @@
-// The finger: see the header.
 #include "uikit/events/touches.h"
 
 #include <memory>

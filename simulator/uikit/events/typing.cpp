@@ -1,4 +1,3 @@
-// The keyboard's keys, pressed: see the header.
 #include "uikit/events/typing.h"
 
 #include "uikit/controllers/screen.h"

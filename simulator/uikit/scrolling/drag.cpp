@@ -1,4 +1,3 @@
-// A finger that drags a scroll view: see the header.
 #include "uikit/scrolling/drag.h"
 
 #include <cmath>

@@ -1,4 +1,3 @@
-// Where a flow layout puts the items: see the header.
 #include "uikit/scrolling/flow_layout.h"
 
 #include <algorithm>

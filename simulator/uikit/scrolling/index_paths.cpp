@@ -1,4 +1,3 @@
-// Index paths of items in sections: see the header.
 #include "uikit/scrolling/index_paths.h"
 
 #include "platform/scrolling.h"

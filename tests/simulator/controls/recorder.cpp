@@ -1,4 +1,3 @@
-// Objects that write down what they are sent: see the header.
 #include "recorder.h"
 
 #include <utility>

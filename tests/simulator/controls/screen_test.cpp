@@ -1,4 +1,3 @@
-// What the tests of controls share: see the header.
 #include "screen_test.h"
 
 namespace test {

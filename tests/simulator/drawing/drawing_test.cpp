@@ -1,4 +1,3 @@
-// What the drawing tests share: see the header.
 #include "drawing_test.h"
 
 #include <cstdlib>

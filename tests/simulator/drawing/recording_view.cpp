@@ -1,4 +1,3 @@
-// A view that writes down what it is told: see the header.
 #include "recording_view.h"
 
 namespace test {

@@ -1,5 +1,5 @@
 // A keyboard's picture taken apart into layers.
-#include "keyboard_layers.h"
+#include "measuring/keyboard_layers.h"
 
 #include <cairo.h>
 
@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "check.h"
+#include "measuring/check.h"
 
 namespace bench {
 

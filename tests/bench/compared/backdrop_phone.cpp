@@ -1,7 +1,7 @@
 // A phone on which backdrop views are themed.
 #include "backdrop_phone.h"
 
-#include "check.h"
+#include "measuring/check.h"
 #include "support/themes.h"
 
 namespace bench {

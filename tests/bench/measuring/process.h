@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "keyboard_layers.h"
+#include "measuring/keyboard_layers.h"
 
 namespace bench {
 

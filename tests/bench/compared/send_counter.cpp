@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "backdrop_phone.h"
-#include "check.h"
+#include "measuring/check.h"
 #include "objc/string.h"
 
 namespace {
