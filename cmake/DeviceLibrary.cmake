@@ -91,12 +91,13 @@ function(add_arm64e_slice target name)
     add_custom_target(${target} DEPENDS ${output})
 endfunction()
 
-# add_device_slice(<architecture> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> SOURCES <source>...)
+# add_device_slice(<architecture> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> [STUBS <file>...] SOURCES <source>...)
 # Builds <architecture>/<name> in the current binary directory. Sources are relative to the current source directory.
 function(add_device_slice architecture)
-    cmake_parse_arguments(PARSE_ARGV 1 slice "" "OUTPUT;INSTALL_NAME;EXPORTS" SOURCES)
+    cmake_parse_arguments(PARSE_ARGV 1 slice "" "OUTPUT;INSTALL_NAME;EXPORTS" "STUBS;SOURCES")
     add_device_objects(${architecture} objects ${slice_SOURCES})
     list(TRANSFORM DEVICE_STUBS PREPEND ${DEVICE_ROOT}/device/stubs/ OUTPUT_VARIABLE stubs)
+    list(APPEND stubs ${slice_STUBS})
     get_filename_component(exports ${slice_EXPORTS} ABSOLUTE)
     link_device_slice(${architecture} ${slice_OUTPUT}
         OPTIONS -dylib -install_name ${slice_INSTALL_NAME} -exported_symbols_list ${exports}
@@ -104,7 +105,7 @@ function(add_device_slice architecture)
         DEPENDS ${exports})
 endfunction()
 
-# add_device_library(<target> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> SOURCES <source>...)
+# add_device_library(<target> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> [STUBS <file>...] SOURCES <source>...)
 # Builds both slices, arm64/<name> and x86_64/<name>, and <name> that joins them; their paths are left in <target>_SLICES.
 function(add_device_library target)
     cmake_parse_arguments(PARSE_ARGV 1 library "" OUTPUT "")

@@ -4,4 +4,4 @@
 #include "hooks/named_colours.h"
 #include "hooks/setup.h"
 
-OBJC_IMAGE(hooks::set_up, hooks::hook_named_colors)
+OBJC_IMAGE(hooks::set_up, hooks::hook_named_colours)

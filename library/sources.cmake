@@ -22,7 +22,7 @@ set(HUECRAFT_SOURCES
     settings/eclipse.cpp
     settings/panel_motion.cpp
     settings/picker_views.cpp
-    settings/recent_colors.cpp
+    settings/recent_colours.cpp
     views/HCColourView.cpp
     views/HCGradientView.cpp
     views/HCImageView.cpp
@@ -32,6 +32,6 @@ set(HUECRAFT_SOURCES
     views/_UIBackdropGradientView.cpp
     views/_UIBackdropImageView.cpp
     views/backdrop_content.cpp
-    views/gradient_colors.cpp
+    views/gradient_colours.cpp
     views/gradient_direction.cpp
     views/image_alpha.cpp)

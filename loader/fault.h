@@ -8,7 +8,7 @@
 namespace macho {
 
 /// A finding in the file at hand. Image and import_classes add the file's name and throw it on as Error;
-/// it is no Error itself, so that a way out which forgets the name cannot go unnoticed.
+/// it is not an Error itself, so that a Fault without a name cannot go unnoticed.
 class Fault : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;

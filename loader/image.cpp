@@ -1,4 +1,3 @@
-// Loading an image, step by step.
 #include "loader/image.h"
 
 #include <cerrno>
@@ -61,7 +60,9 @@ Image Image::load(const std::filesystem::path& path, const Resolver& resolver, c
 Image Image::load_bytes(std::span<const uint8_t> file, std::string name, const Resolver& resolver,
                         const Rules& rules, FileType type, Process process) {
     return naming_the_file(name, [&] {
-        return Image(name, choose_slice(Bytes(file, "the file"), kThisCpu, type, process), resolver, rules);
+        const Bytes bytes(file, "the file");
+        if (rules.slices) check_slices(bytes);
+        return Image(name, choose_slice(bytes, kThisCpu, type, process), resolver, rules);
     });
 }
 
@@ -110,12 +111,12 @@ void Image::fix_up(const Bytes& slice, const Resolver& resolver) {
 
 void Image::find_initialisers() {
     for (const Section& section : layout_.sections) {
-        if (section.type != SectionType::initialisers) continue;
+        if (section.type != S_MOD_INIT_FUNC_POINTERS) continue;
         for (const uintptr_t slot : resident_->mapping.pointers_in(section)) {
             const uintptr_t initialiser = resident_->mapping.read_pointer(slot, "an initialiser");
             if (!resident_->mapping.is_code(initialiser))
                 refuse("section " + section.name +
-                       " lists an initialiser that is no code of the image (found " +
+                       " lists an initialiser that is not code of the image (found " +
                        hex(initialiser - resident_->mapping.slide()) + ")");
             initialisers_.push_back(initialiser);
         }

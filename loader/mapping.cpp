@@ -1,4 +1,3 @@
-// Pages, their access, and checked reads and writes.
 #include "loader/mapping.h"
 
 #include <sys/mman.h>

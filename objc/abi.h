@@ -52,6 +52,17 @@ constexpr Crossing<T> departing(T value) {
         return static_cast<Crossing<T>>(value);
 }
 
+namespace detail {
+/// Calls a function whose prototype is made of crossing types, and answers what it returned.
+template <class Result, class Function, class... Arguments>
+inline Result call(Function function, Arguments... arguments) {
+    if constexpr (std::is_void_v<Result>)
+        function(arguments...);
+    else
+        return arrived<Result>(function(arguments...));
+}
+}  // namespace detail
+
 /// So many that small integers stay in arm64's six registers beside self and _cmd: on its stack a bool would
 /// not be found where an int was put. x86-64's stack has eight bytes for every argument.
 template <class... Arguments>

@@ -30,4 +30,8 @@
                   "the implementation is of another class");                                  \
     static_assert(Implementation::Implemented::Super::runtime_name == objc::Name(#SuperName), \
                   "the interface names another superclass");                                  \
+    template <>                                                                               \
+    struct objc::DefinitionOf<Implementation> {                                               \
+        using type = objc::ClassDefinition<Implementation, __VA_ARGS__>;                      \
+    };                                                                                        \
     OBJC_CLASS_IN_THIS_HOME(ClassName, SuperName, SuperImport, Implementation, __VA_ARGS__)

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <new>
 #include <string_view>
+#include <vector>
 
 #include "objc/definition.h"
 #include "objc/protocol_registered.h"
@@ -163,22 +164,18 @@ const char* objc::register_classes(Wanted wanted) {
     struct Walk {
         Wanted& wanted;
         const char* existing = nullptr;
-        size_t count = 0;
-        const ClassRecord* done[512]{};
+        std::vector<const ClassRecord*> visited{};
 
         void visit(const ClassRecord& record) {
-            if (!wanted(std::string_view(record.name)) || made(record)) return;
+            // It may have been visited as the superclass of an earlier one.
+            if (!wanted(std::string_view(record.name)) ||
+                std::ranges::find(visited, &record) != visited.end())
+                return;
+            visited.push_back(&record);
             for (auto* other = __start_objc_classes; other != __stop_objc_classes; ++other)
                 if (std::string_view((*other)->name) == record.superclass) visit(**other);
             Class superclass = objc_getClass(record.superclass);
             if (superclass && !record.make(superclass) && !existing) existing = record.name;
-        }
-        // Visited as the superclass of an earlier one.
-        bool made(const ClassRecord& record) {
-            for (size_t i = 0; i < count; ++i)
-                if (done[i] == &record) return true;
-            done[count++] = &record;
-            return false;
         }
     };
     Walk walk{.wanted = wanted};

@@ -212,6 +212,16 @@ struct declares : Row {
 
 }  // namespace definition
 
+/// The definition that a class's rows make, for what is written before them. The rows stand below the
+/// implementation, so only bodies of templates may ask: they are compiled at the end of the unit.
+template <class Self>
+struct DefinitionOf;
+
+template <Name Selector, class... Methods>
+consteval bool names_method(List<Methods...>) {
+    return ((Methods::selector == Selector) || ...);
+}
+
 /// The base of a class's implementation: the interface whose methods it implements, its variables, and the
 /// superclass's implementations.
 ///
@@ -228,6 +238,18 @@ struct Implements : ClassInterface {
     /// This object as its callers see it: `self()->setNeedsLayout()` is a message, which subclasses and hooks
     /// hear. A plain call, `setNeedsLayout()`, is C++ and goes past them to this very implementation.
     ClassInterface* self() { return this; }
+
+    /// The selector of an action that this object performs: `control->addTarget(this, action<"copyColor">(),
+    /// …)`. It is one of the class's own methods, and takes what a control passes: nothing, the sender, or
+    /// the sender and its event.
+    template <Name Selector>
+    static SEL action() {
+        using Methods = typename DefinitionOf<Self>::type::methods;
+        static_assert(names_method<Selector>(Methods{}),
+                      "the class's rows have no method of the action's name");
+        static_assert(Selector.colons() <= 2, "an action takes at most the sender and its event");
+        return selector<Selector>();
+    }
 
     /// The superclass's method; in a class method, `class_super(self)`.
     template <Name Selector, class Result = void, class... Arguments>

@@ -7,24 +7,16 @@
 #pragma once
 #include <cstdint>
 
+#include "objc/pointer_signature.h"
+
 namespace objc {
 
 namespace detail {
-#if defined(__APPLE__) && defined(__aarch64__)
-/// pacia1716, by a name that every processor knows.
-inline uintptr_t sign(uintptr_t address, uintptr_t modifier) {
-    register uintptr_t signed_address asm("x17") = address;
-    register uintptr_t mixed_in asm("x16") = modifier;
-    asm("hint #8" : "+r"(signed_address) : "r"(mixed_in));
-    return signed_address;
-}
-/// xpaclri.
-inline uintptr_t strip(uintptr_t address) {
-    register uintptr_t stripped asm("x30") = address;
-    asm("hint #7" : "+r"(stripped));
-    return stripped;
-}
+#ifdef __APPLE__
+inline uintptr_t sign(uintptr_t address, uintptr_t modifier) { return signed_pointer(address, modifier); }
+inline uintptr_t strip(uintptr_t address) { return stripped_pointer(address); }
 #else
+// On Linux, the system's addresses are as they are, even where the processor could sign them.
 constexpr uintptr_t sign(uintptr_t address, uintptr_t) { return address; }
 constexpr uintptr_t strip(uintptr_t address) { return address; }
 #endif

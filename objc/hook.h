@@ -6,8 +6,6 @@
 
 namespace objc {
 
-enum class Side { instance, on_class };
-
 /// The parts of a method's name in brackets: "-[UIKBEdgeEffect edges]" is an instance method, "+[…]" a class
 /// method.
 template <Name Method>
@@ -56,10 +54,7 @@ class Previous<Result(Arguments...)> {
             return Result();
         using Prototype = Crossing<Result> (*)(id, SEL, Crossing<Arguments>...);
         auto function = reinterpret_cast<Prototype>(take_back(implementation_));
-        if constexpr (std::is_void_v<Result>)
-            function(self_, selector_, departing<Arguments>(arguments)...);
-        else
-            return arrived<Result>(function(self_, selector_, departing<Arguments>(arguments)...));
+        return detail::call<Result>(function, self_, selector_, departing<Arguments>(arguments)...);
     }
 
   private:
@@ -87,35 +82,43 @@ struct Replacement {
     }
 };
 
+}  // namespace detail
+
+/// The kinds of behaviour. A file with a hook table says `using namespace objc::behaviour`.
+namespace behaviour {
+
+/// Runs the function instead; it gets the previous implementation: `R f(Previous<R(A…)>, Self*, A…)`.
 template <auto Function, class Signature = decltype(Function)>
-struct Around {
+struct around {
     static_assert(sizeof(Signature) == 0, "around<f> takes R f(Previous<R(A...)>, Self*, A...)");
 };
 template <auto Function, class Self, class Result, class... Arguments>
-struct Around<Function, Result (*)(Previous<Result(Arguments...)>, Self*, Arguments...)> {
+struct around<Function, Result (*)(Previous<Result(Arguments...)>, Self*, Arguments...)> {
     static Result run(Previous<Result(Arguments...)> previous, id self, Arguments... arguments) {
         return Function(previous, static_cast<Self*>(self), arguments...);
     }
     template <class Tag>
-    using On = Replacement<Tag, Around, Result, Arguments...>;
+    using On = detail::Replacement<Tag, around, Result, Arguments...>;
 };
 
+/// Calls the previous implementation, then the function: `void f(Self*, A…)`.
 template <auto Function, class Signature = decltype(Function)>
-struct After {
+struct after {
     static_assert(sizeof(Signature) == 0, "after<f> takes void f(Self*, A...)");
 };
 template <auto Function, class Self, class... Arguments>
-struct After<Function, void (*)(Self*, Arguments...)> {
+struct after<Function, void (*)(Self*, Arguments...)> {
     static void run(Previous<void(Arguments...)> previous, id self, Arguments... arguments) {
         previous(arguments...);
         Function(static_cast<Self*>(self), arguments...);
     }
     template <class Tag>
-    using On = Replacement<Tag, After, void, Arguments...>;
+    using On = detail::Replacement<Tag, after, void, Arguments...>;
 };
 
+/// Answers a value, or what a function without parameters answers; the previous implementation is not called.
 template <auto Answer>
-struct Answers {
+struct answers {
     static auto value() {
         if constexpr (requires { Answer(); })
             return Answer();
@@ -125,67 +128,39 @@ struct Answers {
     using Result = decltype(value());
     static Result run(Previous<Result()>, id) { return value(); }
     template <class Tag>
-    using On = Replacement<Tag, Answers, Result>;
+    using On = detail::Replacement<Tag, answers, Result>;
 };
 
+/// Calls the previous implementation with arguments that the function has changed: `void opaque(double&
+/// alpha)`.
 template <class Result, auto Function, class Signature = decltype(Function)>
-struct Substitutes {
+struct substitutes {
     static_assert(sizeof(Signature) == 0, "substitutes<R, f> takes void f(A&...)");
 };
 template <class Result, auto Function, class... Arguments>
-struct Substitutes<Result, Function, void (*)(Arguments&...)> {
+struct substitutes<Result, Function, void (*)(Arguments&...)> {
     static Result run(Previous<Result(Arguments...)> previous, id, Arguments... arguments) {
         Function(arguments...);
         return previous(arguments...);
     }
     template <class Tag>
-    using On = Replacement<Tag, Substitutes, Result, Arguments...>;
+    using On = detail::Replacement<Tag, substitutes, Result, Arguments...>;
 };
 
+/// Adds the function as a method that the class does not have: `R f(Self*, A…)`.
 template <auto Function, class Signature = decltype(Function)>
-struct Adds {
+struct adds {
     static_assert(sizeof(Signature) == 0, "adds<f> takes R f(Self*, A...)");
 };
 template <auto Function, class Self, class Result, class... Arguments>
-struct Adds<Function, Result (*)(Self*, Arguments...)> {
-    template <class Tag>
-    struct On {
-        static constexpr size_t arity = sizeof...(Arguments);
-        static constexpr auto types = encode_plain_method<Result, Arguments...>();
-        static inline constinit Handed<void()> previous{};  // nothing was there before
-        static Crossing<Result> call(id self, SEL, Crossing<Arguments>... arguments) {
-            return answer<Result>(
-                [&] { return Function(static_cast<Self*>(self), arrived<Arguments>(arguments)...); });
-        }
-    };
-};
-
-}  // namespace detail
-
-/// The kinds of behaviour. A file with a hook table says `using namespace objc::behaviour`.
-namespace behaviour {
-
-/// Answers a value, or what a function without parameters answers; the previous implementation is not called.
-template <auto Answer>
-struct answers : detail::Answers<Answer> {};
-
-/// Calls the previous implementation with arguments that the function has changed: `void opaque(double&
-/// alpha)`.
-template <class Result, auto Function>
-struct substitutes : detail::Substitutes<Result, Function> {};
-
-/// Runs the function instead; it gets the previous implementation: `R f(Previous<R(A…)>, Self*, A…)`.
-template <auto Function>
-struct around : detail::Around<Function> {};
-
-/// Calls the previous implementation, then the function: `void f(Self*, A…)`.
-template <auto Function>
-struct after : detail::After<Function> {};
-
-/// Adds the function as a method that the class does not have: `R f(Self*, A…)`.
-template <auto Function>
-struct adds : detail::Adds<Function> {
+struct adds<Function, Result (*)(Self*, Arguments...)> {
     static constexpr bool adding = true;
+    // A replacement like the others, whose slot nothing fills.
+    static Result run(Previous<Result(Arguments...)>, id self, Arguments... arguments) {
+        return Function(static_cast<Self*>(self), arguments...);
+    }
+    template <class Tag>
+    using On = detail::Replacement<Tag, adds, Result, Arguments...>;
 };
 
 }  // namespace behaviour

@@ -4,12 +4,12 @@
 
 namespace objc {
 
-/// The object-valued instance variable of that name. The receiver's class must have it: no lookup can tell a
-/// caller what to do without.
+/// The instance variable of that name, of the type of its values: `instance_variable<UIView*>(cell,
+/// "_label")`. The receiver's class must have it: no lookup can tell a caller what to do without.
 template <class T>
-T*& instance_variable(id object, const char* name) {
+T& instance_variable(id object, const char* name) {
     Ivar variable = class_getInstanceVariable(object_getClass(object), name);
-    return *reinterpret_cast<T**>(reinterpret_cast<char*>(object) + ivar_getOffset(variable));
+    return *reinterpret_cast<T*>(reinterpret_cast<char*>(object) + ivar_getOffset(variable));
 }
 
 }  // namespace objc

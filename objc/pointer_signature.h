@@ -1,5 +1,5 @@
-// Signatures of pointers as an arm64e process has them, for those who play its system: key IA, in the
-// pointer's upper bits.
+// Signatures of pointers as an arm64e process has them: key IA, in the pointer's upper bits. The instructions
+// are in the hint space: they assemble for every processor, and do nothing where no address is authenticated.
 #pragma once
 #include <cstdint>
 #include <optional>
@@ -10,8 +10,8 @@
 
 namespace objc {
 
-/// Whether this machine's processor authenticates pointers. Where it does not, signing and stripping change
-/// nothing.
+/// Whether this machine's processor authenticates pointers, for those who play a system that does. Where it
+/// does not, signing and stripping change nothing.
 inline bool processor_authenticates() {
 #if defined(__aarch64__) && defined(__linux__)
     constexpr unsigned long address_authentication = 1ul << 30;  // HWCAP_PACA
@@ -29,11 +29,9 @@ constexpr uint64_t signature_modifier(uint64_t address_mixed_in, uint16_t discri
 }
 
 #if defined(__aarch64__)
-// Instructions in the hint space: they assemble for every processor, and do nothing where they mean nothing.
-
-inline uintptr_t signed_pointer(uintptr_t pointer, uint64_t modifier) {
+inline uintptr_t signed_pointer(uintptr_t pointer, uintptr_t modifier) {
     register uintptr_t value asm("x17") = pointer;
-    register uint64_t mixed_in asm("x16") = modifier;
+    register uintptr_t mixed_in asm("x16") = modifier;
     asm("hint #8" : "+r"(value) : "r"(mixed_in));  // pacia1716
     return value;
 }
@@ -45,19 +43,19 @@ inline uintptr_t stripped_pointer(uintptr_t pointer) {
 }
 
 /// The pointer without its signature; nothing when that is not the one for the modifier. Null carries none.
-inline std::optional<uintptr_t> authenticated_pointer(uintptr_t pointer, uint64_t modifier) {
+inline std::optional<uintptr_t> authenticated_pointer(uintptr_t pointer, uintptr_t modifier) {
     if (!pointer) return pointer;
     register uintptr_t value asm("x17") = pointer;
-    register uint64_t mixed_in asm("x16") = modifier;
+    register uintptr_t mixed_in asm("x16") = modifier;
     asm("hint #12" : "+r"(value) : "r"(mixed_in));  // autia1716
     const uintptr_t stripped = stripped_pointer(pointer);
     if (value != stripped) return std::nullopt;
     return stripped;
 }
 #else
-inline uintptr_t signed_pointer(uintptr_t pointer, uint64_t) { return pointer; }
+inline uintptr_t signed_pointer(uintptr_t pointer, uintptr_t) { return pointer; }
 inline uintptr_t stripped_pointer(uintptr_t pointer) { return pointer; }
-inline std::optional<uintptr_t> authenticated_pointer(uintptr_t pointer, uint64_t) { return pointer; }
+inline std::optional<uintptr_t> authenticated_pointer(uintptr_t pointer, uintptr_t) { return pointer; }
 #endif
 
 }  // namespace objc

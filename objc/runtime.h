@@ -33,6 +33,11 @@ using BOOL = bool;
 using NSInteger = long;
 using NSUInteger = unsigned long;
 
+namespace objc {
+/// Whose method is meant: an object's, or the class's own.
+enum class Side { instance, on_class };
+}  // namespace objc
+
 /// A super send's receiver. `current` is a class whose superclass the search starts at or, for the entry
 /// points that say so, that superclass itself.
 struct objc_super {

@@ -2,6 +2,9 @@
 #pragma once
 #include "objc/abi.h"
 #include "objc/selector.h"
+#if defined(OBJC_CHECKED_SENDS) && !defined(__APPLE__)
+#include "objc/checked_send.h"
+#endif
 
 namespace objc {
 
@@ -10,7 +13,8 @@ namespace detail {
 template <class Result>
 constexpr auto message_entry() {
 #ifdef __x86_64__
-    // Results of more than two words are returned in memory, which this processor's runtime must be told.
+    // Results of more than two words are returned in memory, and this processor's runtime has an entry for
+    // them.
     if constexpr (!std::is_void_v<Result>)
         if constexpr (sizeof(Crossing<Result>) > 16) return &objc_msgSend_stret;
 #endif
@@ -24,15 +28,20 @@ constexpr auto super_entry() {
 #endif
     return &objc_msgSendSuper2;
 }
+#else
+/// The implementation that a send has found, after a look at its types where sends are checked.
+template <Name Selector, class Result, class... Arguments>
+inline IMP checked(IMP found, [[maybe_unused]] Class owner) {
+#ifdef OBJC_CHECKED_SENDS
+    static constinit IMP fitting = nullptr;
+    if (__atomic_load_n(&fitting, __ATOMIC_RELAXED) != found) {
+        require_types(owner, selector<Selector>(), stored<sent_types<Result, Arguments...>()>.text);
+        __atomic_store_n(&fitting, found, __ATOMIC_RELAXED);
+    }
 #endif
-
-template <class Result, class Function, class... Arguments>
-inline Result call(Function function, Arguments... arguments) {
-    if constexpr (std::is_void_v<Result>)
-        function(arguments...);
-    else
-        return arrived<Result>(function(arguments...));
+    return found;
 }
+#endif
 }  // namespace detail
 
 /// Sends the selector to the receiver. nil answers zero of the result's type, structures included.
@@ -56,7 +65,9 @@ inline Result send(id receiver, Arguments... arguments) {
 #endif
     using Prototype = Crossing<Result> (*)(id, SEL, Crossing<Arguments>...);
     SEL name = selector<Selector>();
-    return detail::call<Result>(reinterpret_cast<Prototype>(objc_msg_lookup(receiver, name)), receiver, name,
+    IMP found =
+        detail::checked<Selector, Result, Arguments...>(objc_msg_lookup(receiver, name), receiver->isa);
+    return detail::call<Result>(reinterpret_cast<Prototype>(found), receiver, name,
                                 departing<Arguments>(arguments)...);
 #endif
 }
@@ -76,8 +87,10 @@ inline Result send_super(id receiver, Class current, Arguments... arguments) {
 #else
     objc_super super{receiver, class_getSuperclass(current)};
     using Prototype = Crossing<Result> (*)(id, SEL, Crossing<Arguments>...);
-    return detail::call<Result>(reinterpret_cast<Prototype>(objc_msg_lookup_super(&super, name)), receiver,
-                                name, departing<Arguments>(arguments)...);
+    IMP found =
+        detail::checked<Selector, Result, Arguments...>(objc_msg_lookup_super(&super, name), super.current);
+    return detail::call<Result>(reinterpret_cast<Prototype>(found), receiver, name,
+                                departing<Arguments>(arguments)...);
 #endif
 }
 

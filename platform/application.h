@@ -14,8 +14,11 @@ constexpr UITouchPhase UITouchPhaseCancelled = 4;
 /// What becomes of the view behind a presented one.
 using UIModalPresentationStyle = NSInteger;
 constexpr UIModalPresentationStyle UIModalPresentationFullScreen = 0;
+constexpr UIModalPresentationStyle UIModalPresentationPageSheet = 1;
+constexpr UIModalPresentationStyle UIModalPresentationFormSheet = 2;
 constexpr UIModalPresentationStyle UIModalPresentationOverFullScreen = 5;
 constexpr UIModalPresentationStyle UIModalPresentationOverCurrentContext = 6;
+constexpr UIModalPresentationStyle UIModalPresentationPopover = 7;
 
 /// A finger on the screen, from its landing to its lifting.
 struct UITouch : objc::Interface<UITouch, "UITouch", NSObject> {
@@ -35,6 +38,41 @@ struct UIEvent : objc::Interface<UIEvent, "UIEvent", NSObject> {
     NSTimeInterval timestamp() { return send<"timestamp", NSTimeInterval>(); }
 };
 
+/// A bit mask of the edges at which a view goes on below bars.
+using UIRectEdge = NSUInteger;
+constexpr UIRectEdge UIRectEdgeNone = 0;
+constexpr UIRectEdge UIRectEdgeAll = 15;
+
+using UIUserInterfaceSizeClass = NSInteger;
+constexpr UIUserInterfaceSizeClass UIUserInterfaceSizeClassCompact = 1;
+constexpr UIUserInterfaceSizeClass UIUserInterfaceSizeClassRegular = 2;
+
+using UIUserInterfaceIdiom = NSInteger;
+constexpr UIUserInterfaceIdiom UIUserInterfaceIdiomPhone = 0;
+constexpr UIUserInterfaceIdiom UIUserInterfaceIdiomPad = 1;
+
+/// What a view or a controller finds itself in.
+struct UITraitCollection : objc::Interface<UITraitCollection, "UITraitCollection", NSObject> {
+    UIUserInterfaceIdiom userInterfaceIdiom() { return send<"userInterfaceIdiom", UIUserInterfaceIdiom>(); }
+    UIUserInterfaceSizeClass horizontalSizeClass() {
+        return send<"horizontalSizeClass", UIUserInterfaceSizeClass>();
+    }
+    UIUserInterfaceSizeClass verticalSizeClass() {
+        return send<"verticalSizeClass", UIUserInterfaceSizeClass>();
+    }
+    CGFloat displayScale() { return send<"displayScale", CGFloat>(); }
+    /// "UICTContentSizeCategoryL" at first.
+    NSString* preferredContentSizeCategory() { return send<"preferredContentSizeCategory", NSString*>(); }
+    UIUserInterfaceLayoutDirection layoutDirection() {
+        return send<"layoutDirection", UIUserInterfaceLayoutDirection>();
+    }
+};
+
+struct UIBarButtonItem;
+struct UINavigationController;
+struct UINavigationItem;
+struct UIPopoverPresentationController;
+
 struct UIViewController : objc::Interface<UIViewController, "UIViewController", UIResponder> {
     /// Loads it when it is first asked for.
     UIView* view() { return send<"view", UIView*>(); }
@@ -49,6 +87,45 @@ struct UIViewController : objc::Interface<UIViewController, "UIViewController", 
     void viewWillLayoutSubviews() { send<"viewWillLayoutSubviews">(); }
     void viewDidLayoutSubviews() { send<"viewDidLayoutSubviews">(); }
     void didReceiveMemoryWarning() { send<"didReceiveMemoryWarning">(); }
+
+    /// Of its page's bar, too.
+    NSString* title() { return send<"title", NSString*>(); }
+    void setTitle(NSString* title) { send<"setTitle:">(title); }
+    /// Made when it is first asked for.
+    UINavigationItem* navigationItem() { return send<"navigationItem", UINavigationItem*>(); }
+    /// The one that it, or a parent of it, is on; nil when there is none.
+    UINavigationController* navigationController() {
+        return send<"navigationController", UINavigationController*>();
+    }
+    UIViewController* parentViewController() { return send<"parentViewController", UIViewController*>(); }
+    NSArray* childViewControllers() { return send<"childViewControllers", NSArray*>(); }
+    /// Its view is for the caller to place; afterwards the child wants didMoveToParentViewController:.
+    void addChildViewController(UIViewController* child) { send<"addChildViewController:">(child); }
+    void removeFromParentViewController() { send<"removeFromParentViewController">(); }
+    void willMoveToParentViewController(UIViewController* parent) {
+        send<"willMoveToParentViewController:">(parent);
+    }
+    void didMoveToParentViewController(UIViewController* parent) {
+        send<"didMoveToParentViewController:">(parent);
+    }
+    /// While it disappears: whether its stack is losing it.
+    bool isMovingFromParentViewController() { return send<"isMovingFromParentViewController", bool>(); }
+    bool isMovingToParentViewController() { return send<"isMovingToParentViewController", bool>(); }
+    bool isBeingDismissed() { return send<"isBeingDismissed", bool>(); }
+    bool isEditing() { return send<"isEditing", bool>(); }
+    void setEditing(bool editing, bool animated) { send<"setEditing:animated:">(editing, animated); }
+    /// "Edit", and "Done" while editing; sends setEditing:animated:.
+    UIBarButtonItem* editButtonItem() { return send<"editButtonItem", UIBarButtonItem*>(); }
+    UIRectEdge edgesForExtendedLayout() { return send<"edgesForExtendedLayout", UIRectEdge>(); }
+    void setEdgesForExtendedLayout(UIRectEdge edges) { send<"setEdgesForExtendedLayout:">(edges); }
+    UITraitCollection* traitCollection() { return send<"traitCollection", UITraitCollection*>(); }
+    void viewSafeAreaInsetsDidChange() { send<"viewSafeAreaInsetsDidChange">(); }
+    CGSize preferredContentSize() { return send<"preferredContentSize", CGSize>(); }
+    void setPreferredContentSize(CGSize size) { send<"setPreferredContentSize:">(size); }
+    /// nil unless it is, or will be, presented as a popover.
+    UIPopoverPresentationController* popoverPresentationController() {
+        return send<"popoverPresentationController", UIPopoverPresentationController*>();
+    }
 
     UIModalPresentationStyle modalPresentationStyle() {
         return send<"modalPresentationStyle", UIModalPresentationStyle>();
@@ -92,4 +169,23 @@ struct UIApplication : objc::Interface<UIApplication, "UIApplication", UIRespond
     bool sendAction(SEL action, id target, id sender, UIEvent* event) {
         return send<"sendAction:to:from:forEvent:", bool>(action, target, sender, event);
     }
+    UIUserInterfaceLayoutDirection userInterfaceLayoutDirection() {
+        return send<"userInterfaceLayoutDirection", UIUserInterfaceLayoutDirection>();
+    }
+    /// "UICTContentSizeCategoryL" at first.
+    NSString* preferredContentSizeCategory() { return send<"preferredContentSizeCategory", NSString*>(); }
+    /// The completion is a block that gets whether somebody opened it (bool), or nil.
+    void openURL(NSURL* url, NSDictionary* options, id completion) {
+        send<"openURL:options:completionHandler:">(url, options, completion);
+    }
 };
+
+extern "C" {
+/// What UIApplication posts.
+extern NSString* const UIApplicationDidBecomeActiveNotification;
+extern NSString* const UIApplicationWillResignActiveNotification;
+extern NSString* const UIApplicationDidEnterBackgroundNotification;
+extern NSString* const UIApplicationWillEnterForegroundNotification;
+extern NSString* const UIApplicationDidReceiveMemoryWarningNotification;
+extern NSString* const UIContentSizeCategoryDidChangeNotification;
+}

@@ -134,6 +134,47 @@ struct UISlider : objc::Interface<UISlider, "UISlider", UIControl> {
     }
 };
 
+/// As large as it is, whatever frame it is given. A touch turns it over, and changes its value.
+struct UISwitch : objc::Interface<UISwitch, "UISwitch", UIControl> {
+    bool isOn() { return send<"isOn", bool>(); }
+    void setOn(bool on) { send<"setOn:">(on); }
+    /// Nobody is told.
+    void setOn(bool on, bool animated) { send<"setOn:animated:">(on, animated); }
+    /// nil is green.
+    UIColor* onTintColor() { return send<"onTintColor", UIColor*>(); }
+    void setOnTintColor(UIColor* color) { send<"setOnTintColor:">(color); }
+};
+
+struct UISegmentedControl : objc::Interface<UISegmentedControl, "UISegmentedControl", UIControl> {
+    /// Strings and UIImages.
+    objc::strong<UISegmentedControl> initWithItems(NSArray* items) {
+        return send<"initWithItems:", objc::strong<UISegmentedControl>>(items);
+    }
+    NSUInteger numberOfSegments() { return send<"numberOfSegments", NSUInteger>(); }
+    NSString* titleForSegment(NSUInteger segment) {
+        return send<"titleForSegmentAtIndex:", NSString*>(segment);
+    }
+    void setTitle(NSString* title, NSUInteger segment) {
+        send<"setTitle:forSegmentAtIndex:">(title, segment);
+    }
+    void insertSegment(NSString* title, NSUInteger index, bool animated) {
+        send<"insertSegmentWithTitle:atIndex:animated:">(title, index, animated);
+    }
+    void removeSegment(NSUInteger index, bool animated) {
+        send<"removeSegmentAtIndex:animated:">(index, animated);
+    }
+    /// -1 is none.
+    NSInteger selectedSegmentIndex() { return send<"selectedSegmentIndex", NSInteger>(); }
+    void setSelectedSegmentIndex(NSInteger index) { send<"setSelectedSegmentIndex:">(index); }
+    bool isEnabledForSegment(NSUInteger segment) {
+        return send<"isEnabledForSegmentAtIndex:", bool>(segment);
+    }
+    void setEnabled(bool enabled, NSUInteger segment) {
+        send<"setEnabled:forSegmentAtIndex:">(enabled, segment);
+    }
+    using UIControl::setEnabled;
+};
+
 using UITextFieldViewMode = NSInteger;
 constexpr UITextFieldViewMode UITextFieldViewModeNever = 0;
 constexpr UITextFieldViewMode UITextFieldViewModeWhileEditing = 1;
@@ -167,6 +208,8 @@ struct UITextField : objc::Interface<UITextField, "UITextField", UIControl> {
     void setTextColor(UIColor* color) { send<"setTextColor:">(color); }
     NSTextAlignment textAlignment() { return send<"textAlignment", NSTextAlignment>(); }
     void setTextAlignment(NSTextAlignment alignment) { send<"setTextAlignment:">(alignment); }
+    UITextFieldViewMode clearButtonMode() { return send<"clearButtonMode", UITextFieldViewMode>(); }
+    void setClearButtonMode(UITextFieldViewMode mode) { send<"setClearButtonMode:">(mode); }
     UITextBorderStyle borderStyle() { return send<"borderStyle", UITextBorderStyle>(); }
     void setBorderStyle(UITextBorderStyle style) { send<"setBorderStyle:">(style); }
     /// Not retained.
@@ -201,6 +244,7 @@ struct UIPasteboard : objc::Interface<UIPasteboard, "UIPasteboard", NSObject> {
     /// nil when it holds no text.
     NSString* string() { return send<"string", NSString*>(); }
     void setString(NSString* string) { send<"setString:">(string); }
+    bool hasStrings() { return send<"hasStrings", bool>(); }
     /// nil when it holds no image.
     UIImage* image() { return send<"image", UIImage*>(); }
     void setImage(UIImage* image) { send<"setImage:">(image); }

@@ -2,17 +2,32 @@
 #pragma once
 #include "platform/application.h"
 
+using UIScrollViewContentInsetAdjustmentBehavior = NSInteger;
+constexpr UIScrollViewContentInsetAdjustmentBehavior UIScrollViewContentInsetAdjustmentAutomatic = 0;
+constexpr UIScrollViewContentInsetAdjustmentBehavior UIScrollViewContentInsetAdjustmentNever = 2;
+
 struct UIScrollView : objc::Interface<UIScrollView, "UIScrollView", UIView> {
     CGSize contentSize() { return send<"contentSize", CGSize>(); }
     void setContentSize(CGSize size) { send<"setContentSize:">(size); }
     /// The origin of its bounds.
     CGPoint contentOffset() { return send<"contentOffset", CGPoint>(); }
     void setContentOffset(CGPoint offset) { send<"setContentOffset:">(offset); }
+    void setContentOffset(CGPoint offset, bool animated) {
+        send<"setContentOffset:animated:">(offset, animated);
+    }
     UIEdgeInsets contentInset() { return send<"contentInset", UIEdgeInsets>(); }
     void setContentInset(UIEdgeInsets inset) { send<"setContentInset:">(inset); }
     bool isScrollEnabled() { return send<"isScrollEnabled", bool>(); }
     void setScrollEnabled(bool enabled) { send<"setScrollEnabled:">(enabled); }
     bool isDragging() { return send<"isDragging", bool>(); }
+    /// The content inset, and what bars cover.
+    UIEdgeInsets adjustedContentInset() { return send<"adjustedContentInset", UIEdgeInsets>(); }
+    UIScrollViewContentInsetAdjustmentBehavior contentInsetAdjustmentBehavior() {
+        return send<"contentInsetAdjustmentBehavior", UIScrollViewContentInsetAdjustmentBehavior>();
+    }
+    void setContentInsetAdjustmentBehavior(UIScrollViewContentInsetAdjustmentBehavior behavior) {
+        send<"setContentInsetAdjustmentBehavior:">(behavior);
+    }
     /// Whether a drag may take the touch from that view inside; controls keep theirs, buttons do not.
     bool touchesShouldCancelInContentView(UIView* view) {
         return send<"touchesShouldCancelInContentView:", bool>(view);
@@ -27,6 +42,10 @@ struct NSIndexPath : objc::Interface<NSIndexPath, "NSIndexPath", NSObject> {
     static NSIndexPath* indexPathForItem(NSInteger item, NSInteger section) {
         return class_send<"indexPathForItem:inSection:", NSIndexPath*>(item, section);
     }
+    static NSIndexPath* indexPathForRow(NSInteger row, NSInteger section) {
+        return class_send<"indexPathForRow:inSection:", NSIndexPath*>(row, section);
+    }
+    NSInteger row() { return send<"row", NSInteger>(); }
     NSInteger item() { return send<"item", NSInteger>(); }
     NSInteger section() { return send<"section", NSInteger>(); }
 };
@@ -90,6 +109,8 @@ struct UICollectionView : objc::Interface<UICollectionView, "UICollectionView", 
     UICollectionViewCell* cellForItemAtIndexPath(NSIndexPath* path) {
         return send<"cellForItemAtIndexPath:", UICollectionViewCell*>(path);
     }
+    /// From the first item to the last.
+    NSArray* indexPathsForVisibleItems() { return send<"indexPathsForVisibleItems", NSArray*>(); }
     NSIndexPath* indexPathForItemAtPoint(CGPoint point) {
         return send<"indexPathForItemAtPoint:", NSIndexPath*>(point);
     }

@@ -46,6 +46,21 @@ constexpr UIViewAutoresizing UIViewAutoresizingFlexibleTopMargin = 8;
 constexpr UIViewAutoresizing UIViewAutoresizingFlexibleHeight = 16;
 constexpr UIViewAutoresizing UIViewAutoresizingFlexibleBottomMargin = 32;
 
+using UIUserInterfaceLayoutDirection = NSInteger;
+constexpr UIUserInterfaceLayoutDirection UIUserInterfaceLayoutDirectionLeftToRight = 0;
+constexpr UIUserInterfaceLayoutDirection UIUserInterfaceLayoutDirectionRightToLeft = 1;
+
+/// Whether a view turns over where text runs from right to left.
+using UISemanticContentAttribute = NSInteger;
+constexpr UISemanticContentAttribute UISemanticContentAttributeUnspecified = 0;
+constexpr UISemanticContentAttribute UISemanticContentAttributePlayback = 1;
+constexpr UISemanticContentAttribute UISemanticContentAttributeSpatial = 2;
+constexpr UISemanticContentAttribute UISemanticContentAttributeForceLeftToRight = 3;
+constexpr UISemanticContentAttribute UISemanticContentAttributeForceRightToLeft = 4;
+
+/// What VoiceOver takes something for; a bit mask.
+using UIAccessibilityTraits = uint64_t;
+
 using NSTextAlignment = NSInteger;
 constexpr NSTextAlignment NSTextAlignmentLeft = 0;
 constexpr NSTextAlignment NSTextAlignmentCenter = 1;
@@ -154,6 +169,11 @@ struct UIFont : objc::Interface<UIFont, "UIFont", NSObject> {
         return class_send<"fontWithName:size:", UIFont*>(name, size);
     }
 
+    /// As large as the user wants that kind of text to be.
+    static UIFont* preferredFontForTextStyle(NSString* style) {
+        return class_send<"preferredFontForTextStyle:", UIFont*>(style);
+    }
+
     NSString* fontName() { return send<"fontName", NSString*>(); }
     CGFloat pointSize() { return send<"pointSize", CGFloat>(); }
     UIFont* fontWithSize(CGFloat size) { return send<"fontWithSize:", UIFont*>(size); }
@@ -192,6 +212,8 @@ struct UIScreen : objc::Interface<UIScreen, "UIScreen", NSObject> {
 
 struct UIDevice : objc::Interface<UIDevice, "UIDevice", NSObject> {
     static UIDevice* currentDevice() { return class_send<"currentDevice", UIDevice*>(); }
+    /// 0 is a phone's, 1 an iPad's.
+    NSInteger userInterfaceIdiom() { return send<"userInterfaceIdiom", NSInteger>(); }
     /// "12.4"
     NSString* systemVersion() { return send<"systemVersion", NSString*>(); }
 };
@@ -206,6 +228,7 @@ constexpr UIViewAnimationOptions UIViewAnimationOptionCurveEaseOut = 2 << 16;
 constexpr UIViewAnimationOptions UIViewAnimationOptionCurveLinear = 3 << 16;
 
 struct UIEvent;
+struct UIGestureRecognizer;
 struct UIWindow;
 
 struct UIResponder : objc::Interface<UIResponder, "UIResponder", NSObject> {
@@ -363,6 +386,28 @@ struct UIView : objc::Interface<UIView, "UIView", UIResponder> {
         send<"setContentCompressionResistancePriority:forAxis:">(priority, axis);
     }
 
+    /// What bars and the screen's edges cover of the view.
+    UIEdgeInsets safeAreaInsets() { return send<"safeAreaInsets", UIEdgeInsets>(); }
+    void safeAreaInsetsDidChange() { send<"safeAreaInsetsDidChange">(); }
+    UISemanticContentAttribute semanticContentAttribute() {
+        return send<"semanticContentAttribute", UISemanticContentAttribute>();
+    }
+    void setSemanticContentAttribute(UISemanticContentAttribute attribute) {
+        send<"setSemanticContentAttribute:">(attribute);
+    }
+    UIUserInterfaceLayoutDirection effectiveUserInterfaceLayoutDirection() {
+        return send<"effectiveUserInterfaceLayoutDirection", UIUserInterfaceLayoutDirection>();
+    }
+    NSArray* gestureRecognizers() { return send<"gestureRecognizers", NSArray*>(); }
+    void addGestureRecognizer(UIGestureRecognizer* recogniser) { send<"addGestureRecognizer:">(recogniser); }
+    void removeGestureRecognizer(UIGestureRecognizer* recogniser) {
+        send<"removeGestureRecognizer:">(recogniser);
+    }
+    /// The first responder, when it is in the view, is asked to give up, or forced. Whether it did.
+    bool endEditing(bool force) { return send<"endEditing:", bool>(force); }
+    bool isMultipleTouchEnabled() { return send<"isMultipleTouchEnabled", bool>(); }
+    void setMultipleTouchEnabled(bool enabled) { send<"setMultipleTouchEnabled:">(enabled); }
+
     void setNeedsLayout() { send<"setNeedsLayout">(); }
     /// Constraints are solved, then the views that need it are laid out, from the top down.
     void layoutIfNeeded() { send<"layoutIfNeeded">(); }
@@ -418,4 +463,23 @@ void UIGraphicsEndImageContext();
 void UIRectFill(CGRect);
 /// The picture as PNG; nil when there is none to encode.
 NSData* UIImagePNGRepresentation(UIImage*);
+extern NSString* const UIFontTextStyleTitle1;
+extern NSString* const UIFontTextStyleTitle2;
+extern NSString* const UIFontTextStyleTitle3;
+extern NSString* const UIFontTextStyleHeadline;
+extern NSString* const UIFontTextStyleSubheadline;
+extern NSString* const UIFontTextStyleBody;
+extern NSString* const UIFontTextStyleCallout;
+extern NSString* const UIFontTextStyleFootnote;
+extern NSString* const UIFontTextStyleCaption1;
+extern NSString* const UIFontTextStyleCaption2;
+extern UIAccessibilityTraits UIAccessibilityTraitNone;
+extern UIAccessibilityTraits UIAccessibilityTraitButton;
+extern UIAccessibilityTraits UIAccessibilityTraitHeader;
+extern UIAccessibilityTraits UIAccessibilityTraitSelected;
+extern UIAccessibilityTraits UIAccessibilityTraitImage;
+extern UIAccessibilityTraits UIAccessibilityTraitNotEnabled;
+extern UIAccessibilityTraits UIAccessibilityTraitAdjustable;
+extern UIAccessibilityTraits UIAccessibilityTraitUpdatesFrequently;
+bool UIAccessibilityIsReduceMotionEnabled();
 }

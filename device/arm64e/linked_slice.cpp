@@ -16,23 +16,21 @@ using macho::hex;
 using macho::refuse;
 
 constexpr uint64_t header_size = 32;
-constexpr uint32_t lc_segment_64 = 0x19, lc_symtab = 0x2, lc_dysymtab = 0xb, lc_uuid = 0x1b,
-                   lc_dyld_info_only = 0x80000022;
 constexpr uint32_t only_instructions = 0x80000000, some_instructions = 0x400;
 
 Bytes view(const Data& slice) { return {slice, "the slice"}; }
 
 void check_header(const Data& slice) {
     const Bytes bytes = view(slice);
-    if (slice.size() < header_size || bytes.u32(0) != macho::kMagic)
+    if (slice.size() < header_size || bytes.u32(0) != macho::MH_MAGIC_64)
         refuse("not a 64-bit Mach-O slice (found " + std::to_string(slice.size()) +
                " bytes that begin with " + (slice.size() < 4 ? "nothing" : hex(bytes.u32(0))) +
-               ", expected " + hex(macho::kMagic) + ")");
+               ", expected " + hex(macho::MH_MAGIC_64) + ")");
     if (bytes.u32(4) != static_cast<uint32_t>(macho::Cpu::arm64))
         refuse("built for another processor (found " + hex(bytes.u32(4)) + ", expected " +
                hex(static_cast<uint32_t>(macho::Cpu::arm64)) + ", arm64)");
     const uint32_t subtype = bytes.u32(8) & macho::kSubtypeMask;
-    if (subtype == macho::kSubtypeArm64e) refuse("an arm64e slice already (expected one for arm64)");
+    if (subtype == macho::CPU_SUBTYPE_ARM64E) refuse("an arm64e slice already (expected one for arm64)");
     if (subtype != 0)
         refuse("of an unknown subtype (found " + std::to_string(subtype) + ", expected 0, all arm64)");
     if (bytes.u32(12) != static_cast<uint32_t>(macho::FileType::dylib))
@@ -44,11 +42,11 @@ void find_commands(const Data& slice, LinkedSlice& found) {
     uint64_t at = header_size;
     for (uint32_t left = bytes.u32(16); left > 0; --left) {
         switch (bytes.u32(at)) {
-            case lc_dyld_info_only: found.fix_up_command = at; break;
-            case lc_symtab: found.symbol_command = at; break;
-            case lc_dysymtab: found.dynamic_symbol_command = at; break;
-            case lc_uuid: found.uuid_command = at; break;
-            case lc_segment_64:
+            case macho::LC_DYLD_INFO_ONLY: found.fix_up_command = at; break;
+            case macho::LC_SYMTAB: found.symbol_command = at; break;
+            case macho::LC_DYSYMTAB: found.dynamic_symbol_command = at; break;
+            case macho::LC_UUID: found.uuid_command = at; break;
+            case macho::LC_SEGMENT_64:
                 for (uint32_t i = 0; i < bytes.u32(at + 64); ++i) {
                     const uint64_t row = at + 72 + uint64_t{i} * 80;
                     if (bytes.u32(row + 64) & (only_instructions | some_instructions))

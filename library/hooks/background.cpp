@@ -1,12 +1,9 @@
-// The keyboard's background: the themed view inside a system backdrop.
 #include "hooks/background.h"
 
 #include "hooks/shared_preferences.h"
 #include "model/HCCITool.h"
 #include "objc/fast_enumeration.h"
-#include "views/backdrops.h"
 #include "views/theme_background.h"
-#include "views/translucency.h"
 
 namespace hooks {
 
@@ -19,6 +16,10 @@ const char active_background_key = 0;      // its address is the key
 UIColor* average_of_theme_image() {
     return HCCITool::averageColorForImage(sharedPreferences->getImage())
         ->colorWithAlphaComponent(sharedPreferences->getImageAlpha());
+}
+
+_UIBackdropView* themed_backdrop() {
+    return filled_backdrop<HCPreferences>(sharedPreferences, NewBackdrops{});
 }
 
 /// Shows the view over the whole content view.
@@ -48,30 +49,10 @@ objc::strong<UIKBBackdropView> install_background(objc::Previous<BackdropInit> p
                                                   CGRect frame, NSInteger style) {
     objc::strong<UIKBBackdropView> backdrop = previous(frame, style);
     backdrop->setBackgroundColor(UIColor::clearColor());
-    NSArray* colors = sharedPreferences->getColors();
-    switch (sharedPreferences->getBackgroundType()) {
-        case image_background: backdrop->setBackgroundColor(average_of_theme_image()); break;
-        case gradient_background: {
-            auto* themed = _UIBackdropGradientView::backdropWithStyle(themed_backdrop_style);
-            themed->setDirection(static_cast<NSInteger>(sharedPreferences->getGradientDirection()));
-            themed->setColors(all_or_clear(colors));
-            backdrop->setActiveBackgroundView(themed);
-            break;
-        }
-        case flat_background: {
-            auto* themed = _UIBackdropColouredView::backdropWithStyle(themed_backdrop_style);
-            themed->setColor(first_or_clear(colors));
-            backdrop->setActiveBackgroundView(themed);
-            break;
-        }
-        default: {
-            auto* themed = _UIBackdropColouredView::backdropWithStyle(themed_backdrop_style);
-            themed->setColor(UIColor::clearColor());
-            themed->setAlpha(1.0);
-            backdrop->setActiveBackgroundView(themed);
-            break;
-        }
-    }
+    if (sharedPreferences->getBackgroundType() == image_background)
+        backdrop->setBackgroundColor(average_of_theme_image());
+    else
+        backdrop->setActiveBackgroundView(themed_backdrop());
     if (UIView* themed = backdrop->activeBackgroundView()) show(themed, backdrop);
     return backdrop;
 }
@@ -80,7 +61,7 @@ objc::strong<UIKBBackdropView> install_background(objc::Previous<BackdropInit> p
 objc::strong<UIKBBackdropView> approximate_background(objc::Previous<BackdropInit> previous,
                                                       UIKBBackdropView*, CGRect frame, NSInteger style) {
     objc::strong<UIKBBackdropView> view = previous(frame, style);
-    NSArray* colors = sharedPreferences->getColors();
+    NSArray* colours = sharedPreferences->getColors();
     switch (sharedPreferences->getBackgroundType()) {
         case image_background: view->setBackgroundColor(average_of_theme_image()); break;
         case gradient_background: {
@@ -91,7 +72,7 @@ objc::strong<UIKBBackdropView> approximate_background(objc::Previous<BackdropIni
             break;
         }
         case flat_background:
-            view->setBackgroundColor(first_or_clear(colors)->colorWithAlphaComponent(1.0));
+            view->setBackgroundColor(first_or_clear(colours)->colorWithAlphaComponent(1.0));
             break;
         default: view->setBackgroundColor(UIColor::clearColor()); break;
     }
@@ -108,10 +89,7 @@ UIKBBackdropView* put_image_behind(objc::Previous<UIKBBackdropView*()> previous,
     if (active && !active->isKindOfClass(_UIBackdropImageView::class_object()))
         take_out_active_background(piece);
     if (piece->activeBackgroundView()) return piece;
-    auto* themed = _UIBackdropImageView::backdropWithStyle(themed_backdrop_style);
-    themed->setImage(sharedPreferences->getImage());
-    const double alpha = sharedPreferences->getImageAlpha();
-    if (is_translucent(alpha)) themed->setImageAlpha(alpha);
+    UIView* themed = themed_backdrop();
     piece->setActiveBackgroundView(themed);
     show(themed, piece);
     piece->setBackgroundColor(UIColor::clearColor());

@@ -1,4 +1,3 @@
-// Installing the hook table.
 #include "hooks/hook_table.h"
 
 #include "platform/substrate.h"

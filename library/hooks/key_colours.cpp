@@ -1,4 +1,3 @@
-// Keys, labels, glyphs and highlights in the theme's colours.
 #include "hooks/key_colours.h"
 
 #include "hooks/monochrome_filter.h"
@@ -42,7 +41,7 @@ void recolour_category_glyphs(UIKeyboardEmojiCategoryBar*, CALayer* layer) {
 
 /// The active cell's own drawing goes; its layer shows the highlight colour.
 void highlight_active_cell(UIKeyboardPredictionCell* self) {
-    UIView* active = objc::instance_variable<UIView>(self, "m_activeView");
+    UIView* active = objc::instance_variable<UIView*>(self, "m_activeView");
     active->layer()->setSublayers(nullptr);
     active->layer()->setBackgroundColor(sharedPreferences->getHighlightColor()->CGColor());
 }

@@ -1,4 +1,3 @@
-// The system's cache of keyboard images.
 #include "hooks/keyboard_cache.h"
 
 namespace hooks {

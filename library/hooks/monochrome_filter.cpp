@@ -1,4 +1,3 @@
-// The filter that draws a layer in shades of one colour.
 #include "hooks/monochrome_filter.h"
 
 namespace hooks {

@@ -1,4 +1,3 @@
-// The replacement of the named-colour lookup.
 #include "hooks/named_colours.h"
 
 #include "hooks/authentication.h"
@@ -13,18 +12,18 @@ using namespace objc::literals;
 namespace {
 
 /// This hook's own reference to the store: it is at work in processes where the set-up stopped.
-constinit objc::lasting<HCPreferences> namedColorPreferences;
+constinit objc::lasting<HCPreferences> namedColourPreferences;
 
-constinit objc::Handed<CGColorRef(NSString*)> previous_named_color{};
+constinit objc::Handed<CGColorRef(NSString*)> previous_named_colour{};
 
-CGColorRef named_color(NSString* name) {
-    if (!namedColorPreferences) namedColorPreferences = HCPreferences::sharedInstance();
-    if (!namedColorPreferences->isEnabled()) return objc::take_back(previous_named_color)(name);
+CGColorRef named_colour(NSString* name) {
+    if (!namedColourPreferences) namedColourPreferences = HCPreferences::sharedInstance();
+    if (!namedColourPreferences->isEnabled()) return objc::take_back(previous_named_colour)(name);
     if (name->isEqualToString("UIKBColorClear"_ns)) return UIColor::clearColor()->CGColor();
-    if (name->isEqualToString("UIKBColorText"_ns)) return namedColorPreferences->getTextColor()->CGColor();
+    if (name->isEqualToString("UIKBColorText"_ns)) return namedColourPreferences->getTextColor()->CGColor();
     if (name->isEqualToString("UIKBColorHighlight"_ns))
-        return namedColorPreferences->getHighlightColor()->CGColor();
-    return objc::take_back(previous_named_color)(name);
+        return namedColourPreferences->getHighlightColor()->CGColor();
+    return objc::take_back(previous_named_colour)(name);
 }
 
 /// On the newer processors no framework is known to patch this function: it is left alone unless it is
@@ -37,9 +36,10 @@ bool is_wanted() {
 
 }  // namespace
 
-void hook_named_colors() {
+void hook_named_colours() {
     if (!&UIKBGetNamedColor || !signatures_agree() || !is_wanted()) return;
-    MSHookFunction(objc::hand_over(&UIKBGetNamedColor), objc::hand_over(&named_color), &previous_named_color);
+    MSHookFunction(objc::hand_over(&UIKBGetNamedColor), objc::hand_over(&named_colour),
+                   &previous_named_colour);
 }
 
 }  // namespace hooks

@@ -1,4 +1,3 @@
-// The input switcher and the web form's accessory bar.
 #include "hooks/switcher_accessory.h"
 
 #include "hooks/monochrome_filter.h"
@@ -14,7 +13,7 @@ constexpr float full_bias = 1.0f;
 
 /// Makes the view's image variable a template, which is drawn in the tint colour. nil stays nil.
 void make_template(UIInputSwitcherTableCellSegmentView* self, const char* variable) {
-    UIImage*& slot = objc::instance_variable<UIImage>(self, variable);
+    UIImage*& slot = objc::instance_variable<UIImage*>(self, variable);
     objc::strong<UIImage> converted = slot->imageWithRenderingMode(UIImageRenderingModeAlwaysTemplate);
     auto replaced = objc::adopt(slot);
     slot = converted.leak();
@@ -48,7 +47,7 @@ void tint_segment_images(UIInputSwitcherTableCellSegmentView* self) {
 void filter_toolbars(UIWebFormAccessory* self) {
     for (const char* variable : {"_leftToolbar", "_rightToolbar"})
         objc::for_each<UIView>(
-            objc::instance_variable<UIView>(self, variable)->subviews(), [self](UIView* content) {
+            objc::instance_variable<UIView*>(self, variable)->subviews(), [self](UIView* content) {
                 if (content->isKindOfClass(_UIToolbarContentView::class_object()))
                     set_monochrome_filter(content->layer(), self->tintColor()->CGColor(), full_bias);
             });

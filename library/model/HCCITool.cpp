@@ -1,10 +1,10 @@
-// Colour and image tools: see the header for what each operation promises.
 #include "model/HCCITool.h"
 
 #include <cstdint>
 #include <limits>
 
 #include "objc/class.h"
+#include "platform/owned_graphics.h"
 
 namespace {
 
@@ -70,34 +70,20 @@ char* write_hex_pair(char* end, int32_t number) {
     return end;
 }
 
-/// An image context that lasts as long as the scope.
-class ImageContext {
-  public:
-    ImageContext(CGSize size, CGFloat scale) { UIGraphicsBeginImageContextWithOptions(size, false, scale); }
-    ImageContext(const ImageContext&) = delete;
-    ImageContext& operator=(const ImageContext&) = delete;
-    ~ImageContext() { UIGraphicsEndImageContext(); }
-
-    CGContextRef get() const { return UIGraphicsGetCurrentContext(); }
-    UIImage* image() const { return UIGraphicsGetImageFromCurrentImageContext(); }
-};
-
 /// The colour itself, or its RGB form when it is grey; the caller keeps the argument alive.
-UIColor* in_rgb(UIColor* color) {
-    CGColorRef core = color->CGColor();
-    if (CGColorSpaceGetModel(CGColorGetColorSpace(core)) != kCGColorSpaceModelMonochrome) return color;
+UIColor* in_rgb(UIColor* colour) {
+    CGColorRef core = colour->CGColor();
+    if (CGColorSpaceGetModel(CGColorGetColorSpace(core)) != kCGColorSpaceModelMonochrome) return colour;
     const CGFloat* grey = CGColorGetComponents(core);
     const CGFloat components[] = {grey[0], grey[0], grey[0], grey[1]};
-    CGColorSpaceRef rgb = CGColorSpaceCreateDeviceRGB();
-    CGColorRef converted = CGColorCreate(rgb, components);
-    UIColor* result = UIColor::colorWithCGColor(converted);
-    CGColorRelease(converted);
-    CGColorSpaceRelease(rgb);
-    return result;
+    const cg::owned rgb(CGColorSpaceCreateDeviceRGB());
+    return UIColor::colorWithCGColor(cg::owned(CGColorCreate(rgb, components)));
 }
 
 struct ColorAndImageTool : objc::Implements<ColorAndImageTool, HCCITool> {
     using Ivars = objc::NoIvars;
+
+    // ---- Hex texts ------------------------------------------------------------------------------
 
     static uint32_t intFromString(Class, NSString* text) {
         Units units(text);
@@ -130,10 +116,10 @@ struct ColorAndImageTool : objc::Implements<ColorAndImageTool, HCCITool> {
         return HCCITool::isValidHexColorLetter(text) && length >= 6 && length <= 9;
     }
 
-    static NSString* hexStringFromColor(Class, UIColor* color) {
-        if (!color) return nullptr;
+    static NSString* hexStringFromColor(Class, UIColor* colour) {
+        if (!colour) return nullptr;
         CGFloat red = 0, green = 0, blue = 0, alpha = 0;
-        color->getRGB(&red, &green, &blue, &alpha);
+        colour->getRGB(&red, &green, &blue, &alpha);
         char text[1 + 4 * 8 + 1] = "#";
         char* end = text + 1;
         for (CGFloat component : {red, green, blue}) end = write_hex_pair(end, truncated(component * 255.0));
@@ -153,38 +139,42 @@ struct ColorAndImageTool : objc::Implements<ColorAndImageTool, HCCITool> {
         return UIColor::colorWithRGB(component(24), component(16), component(8), component(0));
     }
 
+    // ---- Images ---------------------------------------------------------------------------------
+
     static strong<UIImage> newScale(Class, CGSize size, UIImage* image) {
-        ImageContext context(size, 0.0);
+        const cg::ImageContext context(size);
         image->drawInRect({{0, 0}, size});
         return context.image();
     }
 
-    static strong<UIImage> newColor(Class, UIColor* color, UIImage* image) {
+    static strong<UIImage> newColor(Class, UIColor* colour, UIImage* image) {
         const CGSize size = image->size();
         const CGRect bounds{{0, 0}, size};
-        ImageContext context(size, image->scale());
-        color->setFill();
-        CGContextTranslateCTM(context.get(), 0, size.height);
-        CGContextScaleCTM(context.get(), 1.0, -1.0);
-        CGContextClipToMask(context.get(), bounds, image->CGImage());
-        CGContextFillRect(context.get(), bounds);
+        const cg::ImageContext context(size, image->scale());
+        colour->setFill();
+        CGContextTranslateCTM(context, 0, size.height);
+        CGContextScaleCTM(context, 1.0, -1.0);
+        CGContextClipToMask(context, bounds, image->CGImage());
+        CGContextFillRect(context, bounds);
         return context.image();
     }
 
-    static UIImage* imageFromColor(Class, UIColor* color, CGSize size) {
-        ImageContext context(size, 1.0);
-        color->setFill();
-        CGContextFillRect(context.get(), {{0, 0}, size});
+    static UIImage* imageFromColor(Class, UIColor* colour, CGSize size) {
+        const cg::ImageContext context(size, 1.0);
+        colour->setFill();
+        CGContextFillRect(context, {{0, 0}, size});
         return context.image();
     }
+
+    // ---- Averages -------------------------------------------------------------------------------
 
     static UIColor* averageColorForImage(Class, UIImage* image) {
         const CGRect pixel{{0, 0}, {1, 1}};
-        ImageContext context(pixel.size, 1.0);
-        CGContextSetInterpolationQuality(context.get(), kCGInterpolationMedium);
+        const cg::ImageContext context(pixel.size, 1.0);
+        CGContextSetInterpolationQuality(context, kCGInterpolationMedium);
         image->drawInRect(pixel, kCGBlendModeCopy, 1.0);
         // The context's pixels are 32 bits, alpha first, little-endian: blue, green, red, alpha in memory.
-        auto* bytes = static_cast<const uint8_t*>(CGBitmapContextGetData(context.get()));
+        auto* bytes = static_cast<const uint8_t*>(CGBitmapContextGetData(context));
         auto component = [bytes](int index) {
             return static_cast<CGFloat>(static_cast<float>(bytes[index]) / 255.0f);
         };
@@ -193,12 +183,10 @@ struct ColorAndImageTool : objc::Implements<ColorAndImageTool, HCCITool> {
 
     static UIColor* averageColorWithAlphaForImage(Class, UIImage* image) {
         uint8_t pixel[4] = {};
-        CGColorSpaceRef rgb = CGColorSpaceCreateDeviceRGB();
-        CGContextRef context = CGBitmapContextCreate(
-            pixel, 1, 1, 8, sizeof pixel, rgb, kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big);
+        const cg::owned rgb(CGColorSpaceCreateDeviceRGB());
+        const cg::owned context(CGBitmapContextCreate(
+            pixel, 1, 1, 8, sizeof pixel, rgb, kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big));
         CGContextDrawImage(context, {{0, 0}, {1, 1}}, image->CGImage());
-        CGColorSpaceRelease(rgb);
-        CGContextRelease(context);
         const CGFloat alpha = pixel[3] / 255.0;
         if (pixel[3] == 0)
             return UIColor::colorWithRGB(pixel[0] / 255.0, pixel[1] / 255.0, pixel[2] / 255.0, alpha);
@@ -207,6 +195,8 @@ struct ColorAndImageTool : objc::Implements<ColorAndImageTool, HCCITool> {
         const CGFloat factor = alpha / 255.0;
         return UIColor::colorWithRGB(pixel[0] * factor, pixel[1] * factor, pixel[2] * factor, alpha);
     }
+
+    // ---- Comparing ------------------------------------------------------------------------------
 
     static bool isColorEqual(Class, UIColor* a, UIColor* b) { return in_rgb(a)->isEqual(in_rgb(b)); }
 };
@@ -217,14 +207,21 @@ using namespace objc::definition;
 using Tool = ColorAndImageTool;
 
 OBJC_CLASS(HCCITool, NSObject, ColorAndImageTool,
+           // Hex texts
            class_method<"intFromString:", &Tool::intFromString>,
            class_method<"isValidHexColorLetter:", &Tool::isValidHexColorLetter>,
            class_method<"isValidHexColorString:", &Tool::isValidHexColorString>,
            class_method<"hexStringFromColor:", &Tool::hexStringFromColor>,
            class_method<"colorFromHexString:", &Tool::colorFromHexString>,
+
+           // Images
            class_method<"newScale:forImage:", &Tool::newScale>,
            class_method<"newColor:forImage:", &Tool::newColor>,
            class_method<"imageFromColor:withSize:", &Tool::imageFromColor>,
+
+           // Averages
            class_method<"averageColorForImage:", &Tool::averageColorForImage>,
            class_method<"averageColorWithAlphaForImage:", &Tool::averageColorWithAlphaForImage>,
+
+           // Comparing
            class_method<"isColor:equalToColor:", &Tool::isColorEqual>)

@@ -22,8 +22,8 @@ struct HCCITool : objc::Interface<HCCITool, "HCCITool", NSObject> {
     }
 
     /// nil for nil; a colour without an RGB form counts as zeros.
-    static NSString* hexStringFromColor(UIColor* color) {
-        return class_send<"hexStringFromColor:", NSString*>(color);
+    static NSString* hexStringFromColor(UIColor* colour) {
+        return class_send<"hexStringFromColor:", NSString*>(colour);
     }
 
     /// Never nil: transparent black for what is no hex colour string.
@@ -37,13 +37,13 @@ struct HCCITool : objc::Interface<HCCITool, "HCCITool", NSObject> {
     }
 
     /// The image's shape, filled with the colour.
-    static objc::strong<UIImage> newColor(UIColor* color, UIImage* image) {
-        return class_send<"newColor:forImage:", objc::strong<UIImage>>(color, image);
+    static objc::strong<UIImage> newColor(UIColor* colour, UIImage* image) {
+        return class_send<"newColor:forImage:", objc::strong<UIImage>>(colour, image);
     }
 
     /// A rectangle of the colour, one pixel to a point.
-    static UIImage* imageFromColor(UIColor* color, CGSize size) {
-        return class_send<"imageFromColor:withSize:", UIImage*>(color, size);
+    static UIImage* imageFromColor(UIColor* colour, CGSize size) {
+        return class_send<"imageFromColor:withSize:", UIImage*>(colour, size);
     }
 
     /// The average, always opaque; transparency darkens it.

@@ -1,4 +1,3 @@
-// The preference store: see the header.
 #include "model/HCPreferences.h"
 
 #include "model/HuecraftConfig.h"
@@ -34,6 +33,8 @@ struct Store : objc::Implements<Store, HCPreferences> {
         strong<HuecraftConfig> configCache;
     };
 
+    // ---- The one store --------------------------------------------------------------------------
+
     static HCPreferences* sharedInstance(Class self) {
         static constinit long once = 0;
         static constinit HCPreferences* instance = nullptr;
@@ -55,8 +56,12 @@ struct Store : objc::Implements<Store, HCPreferences> {
         return self;
     }
 
+    // ---- What is on -----------------------------------------------------------------------------
+
     bool isEnabled() { return bool_value(ivars().preferenceCache->objectForKey("_Enabled"_ns)); }
     bool isCapsEnabled() { return theme()->getVisibleKeycaps(); }
+
+    // ---- The active theme -----------------------------------------------------------------------
 
     UIColor* getTextColor() { return theme()->getTextColor(); }
     UIColor* getHighlightColor() { return theme()->getHighlightColor(); }
@@ -65,6 +70,8 @@ struct Store : objc::Implements<Store, HCPreferences> {
     NSArray* getColors() { return theme()->getColors(); }
     UIImage* getImage() { return theme()->getImageCache(); }
     double getImageAlpha() { return theme()->getImageAlpha(); }
+
+    // ---- A dark keyboard ------------------------------------------------------------------------
 
     // The colours of a dark keyboard, whatever the theme. The names are the keyboard renderer's own.
     NSString* eKeyColorString() { return "UIKBColorBlack"_ns; }
@@ -83,14 +90,19 @@ struct Store : objc::Implements<Store, HCPreferences> {
 using namespace objc::definition;
 
 OBJC_CLASS(HCPreferences, NSObject, Store,
+           // Variables
            ivar<"preferenceCache", &Store::Ivars::preferenceCache>,
            ivar<"configCache", &Store::Ivars::configCache>,
 
+           // The one store
            class_method<"sharedInstance", &Store::sharedInstance>,
            method<"init", &Store::init>,
+
+           // What is on
            method<"isEnabled", &Store::isEnabled>,
            method<"isCapsEnabled", &Store::isCapsEnabled>,
 
+           // The active theme
            method<"getTextColor", &Store::getTextColor>,
            method<"getHighlightColor", &Store::getHighlightColor>,
            method<"getBackgroundType", &Store::getBackgroundType>,
@@ -99,6 +111,7 @@ OBJC_CLASS(HCPreferences, NSObject, Store,
            method<"getImage", &Store::getImage>,
            method<"getImageAlpha", &Store::getImageAlpha>,
 
+           // A dark keyboard
            method<"eKeyColorString", &Store::eKeyColorString>,
            method<"eKeyColor", &Store::eKeyColor>,
            method<"eHighlightColorString", &Store::eHighlightColorString>,

@@ -1,4 +1,3 @@
-// One keyboard theme: see the header for the file's keys.
 #include "model/HuecraftConfig.h"
 
 #include "model/HCCITool.h"
@@ -27,10 +26,10 @@ NSString* path_of(NSString* name) {
 }
 
 /// An immutable array of the colours' hex strings, in order.
-NSArray* hex_strings_of(NSArray* colors) {
-    NSMutableArray* strings = NSMutableArray::arrayWithCapacity(colors->count());
-    objc::for_each<UIColor>(colors,
-                            [&](UIColor* color) { strings->addObject(HCCITool::hexStringFromColor(color)); });
+NSArray* hex_strings_of(NSArray* colours) {
+    NSMutableArray* strings = NSMutableArray::arrayWithCapacity(colours->count());
+    objc::for_each<UIColor>(
+        colours, [&](UIColor* colour) { strings->addObject(HCCITool::hexStringFromColor(colour)); });
     return NSArray::arrayWithArray(strings);
 }
 
@@ -40,7 +39,7 @@ id stored_image(UIImage* image) {
     return "nil"_ns;
 }
 
-UIColor* color_of(id value) {
+UIColor* colour_of(id value) {
     auto* text = as<NSString>(value);
     return text ? HCCITool::colorFromHexString(text) : nullptr;
 }
@@ -51,10 +50,12 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
         strong<UIImage> backgroundImageCache;
     };
 
+    // ---- Making a theme -------------------------------------------------------------------------
+
     static HuecraftConfig* defaultConfig(Class self) {
-        const id colors[] = {UIColor::blackColor()->colorWithAlphaComponent(0.4f), UIColor::redColor()};
+        const id colours[] = {UIColor::blackColor()->colorWithAlphaComponent(0.4f), UIColor::redColor()};
         return allocated(self)
-            ->initWith(UIColor::whiteColor(), 2, NSArray::arrayWithObjects(colors, 2), 7, nullptr,
+            ->initWith(UIColor::whiteColor(), 2, NSArray::arrayWithObjects(colours, 2), 7, nullptr,
                        UIColor::darkGrayColor())
             .autoreleased();
     }
@@ -63,19 +64,19 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
         return allocated(self)->initWithFilename(name, nullptr).autoreleased();
     }
 
-    static HuecraftConfig* configWith(Class self, UIColor* text, NSUInteger type, NSArray* colors,
+    static HuecraftConfig* configWith(Class self, UIColor* text, NSUInteger type, NSArray* colours,
                                       NSUInteger direction, UIImage* image, UIColor* highlight) {
-        return allocated(self)->initWith(text, type, colors, direction, image, highlight).autoreleased();
+        return allocated(self)->initWith(text, type, colours, direction, image, highlight).autoreleased();
     }
 
-    strong<HuecraftConfig> initWith(UIColor* text, NSUInteger type, NSArray* colors, NSUInteger direction,
+    strong<HuecraftConfig> initWith(UIColor* text, NSUInteger type, NSArray* colours, NSUInteger direction,
                                     UIImage* image, UIColor* highlight) {
         auto self = initialised_by_super<"init">();
         if (!self) return nullptr;
         self->ivars().configuration = NSMutableDictionary::alloc()->initWithCapacity(4);
         self->store(HCCITool::hexStringFromColor(text), "_TextColor"_ns);
         self->store(NSNumber::numberWithUnsignedInteger(type), "_BackgroundType"_ns);
-        self->store(hex_strings_of(colors), "_Colors"_ns);
+        self->store(hex_strings_of(colours), "_Colors"_ns);
         self->store(stored_image(image), "_Image"_ns);
         self->store(NSNumber::numberWithUnsignedInteger(direction), "_GradientDirection"_ns);
         self->store(HCCITool::hexStringFromColor(highlight), "_HighlightColor"_ns);
@@ -104,23 +105,23 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
         return self;
     }
 
+    // ---- Reading it -----------------------------------------------------------------------------
+
     NSString* getConfigName() { return kept_for_caller(as<NSString>(value("_ConfigName"_ns))); }
-    UIColor* getTextColor() { return color_of(value("_TextColor"_ns)); }
-    UIColor* getHighlightColor() { return color_of(value("_HighlightColor"_ns)); }
+    UIColor* getTextColor() { return colour_of(value("_TextColor"_ns)); }
+    UIColor* getHighlightColor() { return colour_of(value("_HighlightColor"_ns)); }
     NSUInteger getBackgroundType() { return unsigned_value(value("_BackgroundType"_ns), type_when_missing); }
     NSUInteger getGradientDirection() {
         return unsigned_value(value("_GradientDirection"_ns), direction_when_missing);
     }
-    double getImageAlpha() { return float_value(value("_ImageAlpha"_ns), alpha_when_missing); }
-    bool getVisibleKeycaps() { return bool_value(value("_VisibleKeycaps"_ns)); }
 
     NSArray* getColors() {
         auto* strings = as<NSArray>(value("_Colors"_ns));
-        NSMutableArray* colors = NSMutableArray::arrayWithCapacity(strings->count());
+        NSMutableArray* colours = NSMutableArray::arrayWithCapacity(strings->count());
         objc::for_each<NSObject>(strings, [&](NSObject* entry) {
-            if (UIColor* color = color_of(entry)) colors->addObject(color);
+            if (UIColor* colour = colour_of(entry)) colours->addObject(colour);
         });
-        return colors->count() ? NSArray::arrayWithArray(colors) : nullptr;
+        return colours->count() ? NSArray::arrayWithArray(colours) : nullptr;
     }
 
     UIImage* getImage() {
@@ -128,10 +129,15 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
         return data ? UIImage::imageWithData(data) : nullptr;
     }
 
+    double getImageAlpha() { return float_value(value("_ImageAlpha"_ns), alpha_when_missing); }
+    bool getVisibleKeycaps() { return bool_value(value("_VisibleKeycaps"_ns)); }
+
+    // ---- Changing it ----------------------------------------------------------------------------
+
     void setConfigName(NSString* name) { store(name, "_ConfigName"_ns); }
-    void setTextColor(UIColor* color) { store(HCCITool::hexStringFromColor(color), "_TextColor"_ns); }
-    void setHighlightColor(UIColor* color) {
-        store(HCCITool::hexStringFromColor(color), "_HighlightColor"_ns);
+    void setTextColor(UIColor* colour) { store(HCCITool::hexStringFromColor(colour), "_TextColor"_ns); }
+    void setHighlightColor(UIColor* colour) {
+        store(HCCITool::hexStringFromColor(colour), "_HighlightColor"_ns);
     }
     void setBackgroundType(NSUInteger type) {
         store(NSNumber::numberWithUnsignedInteger(type), "_BackgroundType"_ns);
@@ -139,12 +145,14 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
     void setGradientDirection(NSUInteger direction) {
         store(NSNumber::numberWithUnsignedInteger(direction), "_GradientDirection"_ns);
     }
-    void setColors(NSArray* colors) { store(hex_strings_of(colors), "_Colors"_ns); }
+    void setColors(NSArray* colours) { store(hex_strings_of(colours), "_Colors"_ns); }
     void setImageData(UIImage* image) { store(stored_image(image), "_Image"_ns); }
     void setImageAlpha(double alpha) {
         store(NSNumber::numberWithFloat(static_cast<float>(alpha)), "_ImageAlpha"_ns);
     }
     void setVisibleKeycaps(bool visible) { store(NSNumber::numberWithBool(visible), "_VisibleKeycaps"_ns); }
+
+    // ---- The scaled image -----------------------------------------------------------------------
 
     /// Answers what the cache held when it was asked: the call that fills it answers nil. Hooks rely on
     /// asking again, so it stays.
@@ -161,6 +169,8 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
         }
         return nullptr;
     }
+
+    // ---- The file -------------------------------------------------------------------------------
 
     NSString* sanitizeFileName(NSString* name) {
         auto* refused = NSCharacterSet::characterSetWithCharactersInString("/\\?%*|\"<>"_ns);
@@ -205,9 +215,11 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
 using namespace objc::definition;
 
 OBJC_CLASS(HuecraftConfig, NSObject, Theme,
+           // Variables
            ivar<"configuration", &Theme::Ivars::configuration>,
            ivar<"backgroundImageCache", &Theme::Ivars::backgroundImageCache>,
 
+           // Making a theme
            class_method<"defaultConfig", &Theme::defaultConfig>,
            class_method<"configWithFilename:", &Theme::configWithFilename>,
            class_method<"configWithTextColor:backgroundType:colors:gradientDirection:image:highlightColor:",
@@ -216,6 +228,7 @@ OBJC_CLASS(HuecraftConfig, NSObject, Theme,
                   &Theme::initWith>,
            method<"initWithFilename:error:", &Theme::initWithFilename>,
 
+           // Reading it
            method<"getConfigName", &Theme::getConfigName>,
            method<"getTextColor", &Theme::getTextColor>,
            method<"getHighlightColor", &Theme::getHighlightColor>,
@@ -226,6 +239,7 @@ OBJC_CLASS(HuecraftConfig, NSObject, Theme,
            method<"getImageAlpha", &Theme::getImageAlpha>,
            method<"getVisibleKeycaps", &Theme::getVisibleKeycaps>,
 
+           // Changing it
            method<"setConfigName:", &Theme::setConfigName>,
            method<"setTextColor:", &Theme::setTextColor>,
            method<"setHighlightColor:", &Theme::setHighlightColor>,
@@ -236,7 +250,10 @@ OBJC_CLASS(HuecraftConfig, NSObject, Theme,
            method<"setImageAlpha:", &Theme::setImageAlpha>,
            method<"setVisibleKeycaps:", &Theme::setVisibleKeycaps>,
 
+           // The scaled image
            method<"getImageCache", &Theme::getImageCache>,
+
+           // The file
            method<"_sanitizeFileNameString:", &Theme::sanitizeFileName>,
            method<"asPlist", &Theme::asPlist>,
            method<"saveConfiguration:", &Theme::saveConfiguration>,

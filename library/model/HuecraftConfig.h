@@ -25,17 +25,17 @@ struct HuecraftConfig : objc::Interface<HuecraftConfig, "HuecraftConfig", NSObje
     static HuecraftConfig* configWithFilename(NSString* name) {
         return class_send<"configWithFilename:", HuecraftConfig*>(name);
     }
-    static HuecraftConfig* configWith(UIColor* text, NSUInteger background_type, NSArray* colors,
+    static HuecraftConfig* configWith(UIColor* text, NSUInteger background_type, NSArray* colours,
                                       NSUInteger gradient_direction, UIImage* image, UIColor* highlight) {
         return class_send<"configWithTextColor:backgroundType:colors:gradientDirection:image:highlightColor:",
-                          HuecraftConfig*>(text, background_type, colors, gradient_direction, image,
+                          HuecraftConfig*>(text, background_type, colours, gradient_direction, image,
                                            highlight);
     }
 
-    objc::strong<HuecraftConfig> initWith(UIColor* text, NSUInteger background_type, NSArray* colors,
+    objc::strong<HuecraftConfig> initWith(UIColor* text, NSUInteger background_type, NSArray* colours,
                                           NSUInteger gradient_direction, UIImage* image, UIColor* highlight) {
         return send<"initWithTextColor:backgroundType:colors:gradientDirection:image:highlightColor:",
-                    objc::strong<HuecraftConfig>>(text, background_type, colors, gradient_direction, image,
+                    objc::strong<HuecraftConfig>>(text, background_type, colours, gradient_direction, image,
                                                   highlight);
     }
     objc::strong<HuecraftConfig> initWithFilename(NSString* name, NSError** error) {
@@ -54,11 +54,11 @@ struct HuecraftConfig : objc::Interface<HuecraftConfig, "HuecraftConfig", NSObje
     bool getVisibleKeycaps() { return send<"getVisibleKeycaps", bool>(); }
 
     void setConfigName(NSString* name) { send<"setConfigName:">(name); }
-    void setTextColor(UIColor* color) { send<"setTextColor:">(color); }
-    void setHighlightColor(UIColor* color) { send<"setHighlightColor:">(color); }
+    void setTextColor(UIColor* colour) { send<"setTextColor:">(colour); }
+    void setHighlightColor(UIColor* colour) { send<"setHighlightColor:">(colour); }
     void setBackgroundType(NSUInteger type) { send<"setBackgroundType:">(type); }
     void setGradientDirection(NSUInteger direction) { send<"setGradientDirection:">(direction); }
-    void setColors(NSArray* colors) { send<"setColors:">(colors); }
+    void setColors(NSArray* colours) { send<"setColors:">(colours); }
     void setImageData(UIImage* image) { send<"setImageData:">(image); }
     void setImageAlpha(double alpha) { send<"setImageAlpha:">(alpha); }
     void setVisibleKeycaps(bool visible) { send<"setVisibleKeycaps:">(visible); }

@@ -1,4 +1,3 @@
-// The errors of theme files.
 #include "model/config_error.h"
 
 namespace config_error {

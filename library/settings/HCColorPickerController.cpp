@@ -1,4 +1,3 @@
-// The screen on which a person chooses one colour: see the header.
 #include "settings/HCColorPickerController.h"
 
 #include "model/HCCITool.h"
@@ -8,7 +7,7 @@
 #include "settings/panel_motion.h"
 #include "settings/picker_views.h"
 #include "settings/placement.h"
-#include "settings/recent_colors.h"
+#include "settings/recent_colours.h"
 
 namespace {
 
@@ -114,9 +113,9 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
         own.duplicateButtonImage = HCCITool::newScale({20, 20}, self()->copyImage());
         own.pasteButtonImage = HCCITool::newScale({20, 20}, self()->pasteImage());
         own.duplicateButton = settings::make_clipboard_button({{0, 0}, {30, 40}}, own.duplicateButtonImage,
-                                                              this, objc::selector<"copyColor">());
+                                                              this, action<"copyColor">());
         own.pasteButton = settings::make_clipboard_button({{30, 0}, {30, 40}}, own.pasteButtonImage, this,
-                                                          objc::selector<"pasteColor">());
+                                                          action<"pasteColor">());
         own.duplicatePasteView->addSubview(own.duplicateButton);
         own.duplicatePasteView->addSubview(own.pasteButton);
         own.hexTextField->setRightView(own.duplicatePasteView);
@@ -185,18 +184,18 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
 
     // ---- The colour -----------------------------------------------------------------------------
 
-    void setInitialColor(UIColor* color) {
-        self()->updateToColor(color);
+    void setInitialColor(UIColor* colour) {
+        self()->updateToColor(colour);
         self()->grabRecentColorData();
     }
 
-    void updateToColor(UIColor* color) {
-        for (HCColorSlider* slider : sliders()) slider->minMaxOfColor(color);
-        ivars().hexTextField->setText(HCCITool::hexStringFromColor(color));
-        ivars().previewColor->setImage(HCCITool::imageFromColor(color, {60, 60}));
+    void updateToColor(UIColor* colour) {
+        for (HCColorSlider* slider : sliders()) slider->minMaxOfColor(colour);
+        ivars().hexTextField->setText(HCCITool::hexStringFromColor(colour));
+        ivars().previewColor->setImage(HCCITool::imageFromColor(colour, {60, 60}));
     }
 
-    void sliderValueChanged() { self()->updateToColor(slider_color()); }
+    void sliderValueChanged() { self()->updateToColor(slider_colour()); }
 
     void shakeWrong() { settings::shake(ivars().modal); }
 
@@ -250,10 +249,10 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
         HCColorPickerDelegate* delegate = self()->delegate();
         if (reinterpret_cast<NSObject*>(delegate)->respondsToSelector(
                 objc::selector<"colorPickerReturnedWithColor:andHexString:">())) {
-            UIColor* color = slider_color();
-            settings::record_color(ivars().hexTextField->text(), ivars().recentColors,
-                                   ivars().recentColorDictionary);
-            delegate->colorPickerReturned(color, ivars().hexTextField->text());
+            UIColor* colour = slider_colour();
+            settings::record_colour(ivars().hexTextField->text(), ivars().recentColors,
+                                    ivars().recentColorDictionary);
+            delegate->colorPickerReturned(colour, ivars().hexTextField->text());
         }
         self()->closeButtonPressed();
     }
@@ -265,23 +264,23 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
     /// What came from the file stays as it is: it is immutable, and nothing of its content is checked.
     void grabRecentColorData() {
         auto& own = ivars();
-        if (NSData* bytes = settings::recent_colors_file())
+        if (NSData* bytes = settings::recent_colours_file())
             own.recentColorDictionary = static_cast<NSMutableDictionary*>(read_property_list(bytes));
         if (auto* dictionary = as<NSDictionary>(own.recentColorDictionary)) {
             own.recentColors = static_cast<NSMutableArray*>(dictionary->objectForKey("Colors"_ns));
         } else {
-            own.recentColors = settings::default_recent_colors();
+            own.recentColors = settings::default_recent_colours();
             own.recentColorDictionary = NSMutableDictionary::alloc()->initWithCapacity(1);
             own.recentColorDictionary->setObject(own.recentColors, "Colors"_ns);
         }
         own.recentCollectionView->reloadData();
     }
 
-    NSInteger numberOfItems(UICollectionView*, NSInteger) { return settings::recent_color_count; }
+    NSInteger numberOfItems(UICollectionView*, NSInteger) { return settings::recent_colour_count; }
 
     UICollectionViewCell* cellForItem(UICollectionView* view, NSIndexPath* path) {
         UICollectionViewCell* cell = view->dequeueReusableCell("RecentColorCell"_ns, path);
-        if (ivars().recentColors) cell->setBackgroundColor(recent_color(path));
+        if (ivars().recentColors) cell->setBackgroundColor(recent_colour(path));
         cell->layer()->setCornerRadius(swatch_size / 2);
         return cell;
     }
@@ -296,7 +295,7 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
         return {.top = vertical, .left = 5.5, .bottom = vertical, .right = 5.5};
     }
 
-    void didSelectItem(UICollectionView*, NSIndexPath* path) { self()->updateToColor(recent_color(path)); }
+    void didSelectItem(UICollectionView*, NSIndexPath* path) { self()->updateToColor(recent_colour(path)); }
 
   private:
     static constexpr CGFloat swatch_size = 30;
@@ -308,7 +307,7 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
         auto slider =
             HCColorSlider::alloc()->initWithFrame({{0, 0}, {slider_width(), slider_height}}, channel);
         slider->minMaxOfColor(HCCITool::colorFromHexString("595457"_ns));
-        slider->addTarget(this, objc::selector<"sliderValueChanged">(), UIControlEventValueChanged);
+        slider->addTarget(this, action<"sliderValueChanged">(), UIControlEventValueChanged);
         return slider;
     }
 
@@ -323,19 +322,19 @@ struct Picker : objc::Implements<Picker, HCColorPickerController> {
         return {{own.redSlider, own.greenSlider, own.blueSlider, own.alphaSlider}};
     }
 
-    UIColor* slider_color() {
+    UIColor* slider_colour() {
         auto& own = ivars();
         return UIColor::colorWithRGB(own.redSlider->getValue(), own.greenSlider->getValue(),
                                      own.blueSlider->getValue(), own.alphaSlider->getValue());
     }
 
-    static void paint(UIButton* button, strong<UIImage>& icon, UIColor* color) {
-        icon = HCCITool::newColor(color, icon);
+    static void paint(UIButton* button, strong<UIImage>& icon, UIColor* colour) {
+        icon = HCCITool::newColor(colour, icon);
         button->setImage(icon, UIControlStateNormal);
-        button->setTintColor(color);
+        button->setTintColor(colour);
     }
 
-    UIColor* recent_color(NSIndexPath* path) {
+    UIColor* recent_colour(NSIndexPath* path) {
         const auto index = static_cast<NSUInteger>(path->item());
         return HCCITool::colorFromHexString(
             static_cast<NSString*>(ivars().recentColors->objectAtIndexedSubscript(index)));
@@ -348,6 +347,7 @@ using namespace objc::definition;
 using Own = Picker::Ivars;
 
 OBJC_CLASS(HCColorPickerController, UIViewController, Picker,
+           // Properties
            property<"delegate", &Own::delegate>,
            property<"lightUI", &Own::lightUI>,
            property<"modal", &Own::modal>,
@@ -372,6 +372,7 @@ OBJC_CLASS(HCColorPickerController, UIViewController, Picker,
            property<"recentColorDictionary", &Own::recentColorDictionary>,
            property<"recentColors", &Own::recentColors>,
 
+           // Protocols
            declares<"HCColorPickerDelegate",
                     optional<"colorPickerReturnedWithColor:andHexString:",
                              &HCColorPickerDelegate::colorPickerReturned>>,
@@ -383,12 +384,14 @@ OBJC_CLASS(HCColorPickerController, UIViewController, Picker,
            conforms<"UICollectionViewDelegateFlowLayout">,
            conforms<"UITextFieldDelegate">,
 
+           // The controller's life
            method<"init", &Picker::init>,
            method<"viewDidLoad", &Picker::viewDidLoad>,
            method<"viewDidLayoutSubviews", &Picker::viewDidLayoutSubviews>,
            method<"viewDidAppear:", &Picker::viewDidAppear>,
            method<"didReceiveMemoryWarning", &Picker::didReceiveMemoryWarning>,
 
+           // Building
            method<"configColorPicker", &Picker::configColorPicker>,
            method<"setupContentView", &Picker::setupContentView>,
            method<"setupContentSubviews", &Picker::setupContentSubviews>,
@@ -396,19 +399,25 @@ OBJC_CLASS(HCColorPickerController, UIViewController, Picker,
            method<"setupConstraints", &Picker::setupConstraints>,
            method<"applyColor", &Picker::applyColor>,
 
+           // The colour
            method<"setInitialColor:", &Picker::setInitialColor>,
            method<"updateToColor:", &Picker::updateToColor>,
            method<"sliderValueChanged", &Picker::sliderValueChanged>,
            method<"shakeWrong", &Picker::shakeWrong>,
+
+           // The hex text
            method<"textField:shouldChangeCharactersInRange:replacementString:", &Picker::textFieldShouldChange>,
            method<"textFieldShouldReturn:", &Picker::textFieldShouldReturn>,
            method<"copyColor", &Picker::copyColor>,
            method<"pasteColor", &Picker::pasteColor>,
            method<"copyImage", &Picker::copyImage>,
            method<"pasteImage", &Picker::pasteImage>,
+
+           // The panel's buttons
            method<"selectButtonPressed", &Picker::selectButtonPressed>,
            method<"closeButtonPressed", &Picker::closeButtonPressed>,
 
+           // The recent colours
            method<"grabRecentColorData", &Picker::grabRecentColorData>,
            method<"collectionView:numberOfItemsInSection:", &Picker::numberOfItems>,
            method<"collectionView:cellForItemAtIndexPath:", &Picker::cellForItem>,

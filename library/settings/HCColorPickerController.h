@@ -8,8 +8,8 @@
 struct HCColorPickerDelegate : objc::ProtocolInterface<"HCColorPickerDelegate"> {
     /// The colour is the sliders', the text the field's. They disagree when a text was typed and not
     /// returned.
-    void colorPickerReturned(UIColor* color, NSString* hex) {
-        send<"colorPickerReturnedWithColor:andHexString:">(color, hex);
+    void colorPickerReturned(UIColor* colour, NSString* hex) {
+        send<"colorPickerReturnedWithColor:andHexString:">(colour, hex);
     }
 };
 
@@ -24,8 +24,8 @@ struct HCColorPickerController
         return send<"init", objc::strong<HCColorPickerController>>();
     }
     /// Without an effect before the view is loaded.
-    void setInitialColor(UIColor* color) { send<"setInitialColor:">(color); }
-    void updateToColor(UIColor* color) { send<"updateToColor:">(color); }
+    void setInitialColor(UIColor* colour) { send<"setInitialColor:">(colour); }
+    void updateToColor(UIColor* colour) { send<"updateToColor:">(colour); }
     /// What a person sees when the input was refused.
     void shakeWrong() { send<"shakeWrong">(); }
     /// Reads the colours that were chosen last from their file.

@@ -1,4 +1,3 @@
-// One channel of a colour: see the header.
 #include "settings/HCColorSlider.h"
 
 #include "objc/class.h"
@@ -55,10 +54,10 @@ struct ColorSlider : objc::Implements<ColorSlider, HCColorSlider> {
         slider->setFrame(bounds());
     }
 
-    void minMaxOfColor(UIColor* color) {
+    void minMaxOfColor(UIColor* colour) {
         CGFloat channels[4]{};
         auto& [red, green, blue, alpha] = channels;
-        color->getRGB(&red, &green, &blue, &alpha);
+        colour->getRGB(&red, &green, &blue, &alpha);
         UIColor *start = nullptr, *end = nullptr;
         const NSUInteger type = ivars().type;
         if (type >= red_channel && type <= alpha_channel) {
@@ -76,8 +75,8 @@ struct ColorSlider : objc::Implements<ColorSlider, HCColorSlider> {
     }
 
     void setStartColor(UIColor* start, UIColor* end) {
-        const id colors[] = {reinterpret_cast<id>(start->CGColor()), reinterpret_cast<id>(end->CGColor())};
-        ivars().gradientLayer->setColors(NSArray::arrayWithObjects(colors, 2));
+        const id colours[] = {reinterpret_cast<id>(start->CGColor()), reinterpret_cast<id>(end->CGColor())};
+        ivars().gradientLayer->setColors(NSArray::arrayWithObjects(colours, 2));
     }
 
     double getValue() { return static_cast<double>(ivars().slider->value()); }
@@ -90,8 +89,6 @@ struct ColorSlider : objc::Implements<ColorSlider, HCColorSlider> {
     void addTarget(id target, SEL action, UIControlEvents events) {
         ivars().slider->addTarget(target, action, events);
     }
-
-  private:
 };
 
 }  // namespace
@@ -99,15 +96,22 @@ struct ColorSlider : objc::Implements<ColorSlider, HCColorSlider> {
 using namespace objc::definition;
 
 OBJC_CLASS(HCColorSlider, UIView, ColorSlider,
+           // Properties
            property<"slider", &ColorSlider::Ivars::slider>,
            property<"backgroundFrame", &ColorSlider::Ivars::backgroundFrame>,
            property<"type", &ColorSlider::Ivars::type>,
            property<"backgroundView", &ColorSlider::Ivars::backgroundView>,
            property<"gradientLayer", &ColorSlider::Ivars::gradientLayer>,
-           read_only_property<"value", "getValue", &ColorSlider::getValue>,
+
+           // The view's life
            method<"initWithFrame:withType:", &ColorSlider::initWithFrame>,
            method<"layoutSubviews", &ColorSlider::layoutSubviews>,
+
+           // The colour
            method<"minMaxOfColor:", &ColorSlider::minMaxOfColor>,
            method<"setStartColor:andEndColor:", &ColorSlider::setStartColor>,
+           read_only_property<"value", "getValue", &ColorSlider::getValue>,
+
+           // The inner slider
            method<"setTag:", &ColorSlider::setTag>,
            method<"addTarget:action:forControlEvents:", &ColorSlider::addTarget>)

@@ -16,7 +16,7 @@ struct HCColorSlider : objc::Interface<HCColorSlider, "HCColorSlider", UIView> {
     /// Puts the knob at the colour's value of the channel, and paints the track from the colour with the
     /// channel at 0 to the colour with it at 1. A control that is for no channel logs and raises
     /// NSInvalidArgumentException.
-    void minMaxOfColor(UIColor* color) { send<"minMaxOfColor:">(color); }
+    void minMaxOfColor(UIColor* colour) { send<"minMaxOfColor:">(colour); }
     /// Neither may be nil.
     void setStartColor(UIColor* start, UIColor* end) { send<"setStartColor:andEndColor:">(start, end); }
     /// The knob's, from 0 to 1.

@@ -1,4 +1,3 @@
-// What a modal panel is built from: see the header.
 #include "settings/HCModalOptions.h"
 
 #include "objc/class.h"
@@ -35,10 +34,13 @@ struct ModalOptions : objc::Implements<ModalOptions, HCModalOptions> {
 using namespace objc::definition;
 
 OBJC_CLASS(HCModalOptions, NSObject, ModalOptions,
+           // Properties
            property<"modalFrame", &ModalOptions::Ivars::modalFrame>,
            property<"cornerRadius", &ModalOptions::Ivars::cornerRadius>,
            property<"delegate", &ModalOptions::Ivars::delegate>,
            property<"lightUI", &ModalOptions::Ivars::lightUI>,
            property<"selectButtonTitle", &ModalOptions::Ivars::selectButtonTitle>,
+
+           // Making it
            method<"initWithModalFrame:cornerRadius:delegate:isLightUI:selectTitleForButton:",
                   &ModalOptions::initWithModalFrame>)

@@ -1,4 +1,3 @@
-// A rounded card with a shadow, in which the settings pane shows a tool: see the header.
 #include "settings/HCModalView.h"
 
 #include "model/HCCITool.h"
@@ -177,6 +176,7 @@ struct Panel : objc::Implements<Panel, HCModalView> {
 using namespace objc::definition;
 
 OBJC_CLASS(HCModalView, UIView, Panel,
+           // Properties
            property<"modalOptions", &Panel::Ivars::modalOptions>,
            property<"contentView", &Panel::Ivars::contentView>,
            property<"topView", &Panel::Ivars::topView>,
@@ -191,6 +191,7 @@ OBJC_CLASS(HCModalView, UIView, Panel,
            property<"selectButton", &Panel::Ivars::selectButton>,
            property<"extraTopView", &Panel::Ivars::extraTopView>,
 
+           // Building
            method<"initWithFrame:modalOptions:", &Panel::initWithFrame>,
            method<"setupViews", &Panel::setupViews>,
            method<"addSubviewsInOrder", &Panel::addSubviewsInOrder>,

@@ -1,4 +1,3 @@
-// The icons of the colour picker's copy and paste buttons: see the header.
 #include "settings/clipboard_icons.h"
 
 namespace settings {

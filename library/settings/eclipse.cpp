@@ -1,4 +1,3 @@
-// Whether Eclipse, another extension, darkens the Settings app: see the header.
 #include "settings/eclipse.h"
 
 #include "model/property_list_file.h"

@@ -1,4 +1,3 @@
-// How the colour picker moves its panel: see the header.
 #include "settings/panel_motion.h"
 
 #include "objc/block.h"

@@ -1,4 +1,3 @@
-// The views of the colour picker: see the header.
 #include "settings/picker_views.h"
 
 #include "model/HCCITool.h"

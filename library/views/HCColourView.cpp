@@ -1,4 +1,3 @@
-// A background of one colour: see the header.
 #include "views/HCColourView.h"
 
 #include "objc/class.h"
@@ -9,17 +8,17 @@ namespace {
 struct ColourView : objc::Implements<ColourView, HCColourView> {
     using Ivars = objc::NoIvars;
 
-    objc::strong<HCColourView> initWithColor(UIColor* color) {
+    objc::strong<HCColourView> initWithColor(UIColor* colour) {
         auto self = initialised_by_super<"init">();
         if (!self) return nullptr;
-        self->self()->setColor(color);
+        self->self()->setColor(colour);
         return self;
     }
 
-    void setColor(UIColor* color) {
-        if (!color) return;
-        is_translucent(color) ? enableBlur() : disableBlur();
-        setBackgroundColor(color);
+    void setColor(UIColor* colour) {
+        if (!colour) return;
+        is_translucent(colour) ? enableBlur() : disableBlur();
+        setBackgroundColor(colour);
     }
 };
 

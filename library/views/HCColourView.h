@@ -4,9 +4,9 @@
 
 /// The colour is the view's own background colour, so the blur, a subview, lies over it.
 struct HCColourView : objc::Interface<HCColourView, "HCColourView", HCView> {
-    objc::strong<HCColourView> initWithColor(UIColor* color) {
-        return send<"initWithColor:", objc::strong<HCColourView>>(color);
+    objc::strong<HCColourView> initWithColor(UIColor* colour) {
+        return send<"initWithColor:", objc::strong<HCColourView>>(colour);
     }
     /// nil is ignored.
-    void setColor(UIColor* color) { send<"setColor:">(color); }
+    void setColor(UIColor* colour) { send<"setColor:">(colour); }
 };

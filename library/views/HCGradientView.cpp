@@ -1,9 +1,8 @@
-// A background that is a gradient: see the header.
 #include "views/HCGradientView.h"
 
 #include "objc/class.h"
 #include "objc/fast_enumeration.h"
-#include "views/gradient_colors.h"
+#include "views/gradient_colours.h"
 #include "views/gradient_direction.h"
 #include "views/translucency.h"
 
@@ -14,10 +13,10 @@ struct GradientView : objc::Implements<GradientView, HCGradientView> {
 
     static Class layerClass(Class) { return CAGradientLayer::class_object(); }
 
-    objc::strong<HCGradientView> initWithColors(NSArray* colors, NSInteger direction) {
+    objc::strong<HCGradientView> initWithColors(NSArray* colours, NSInteger direction) {
         auto self = initialised_by_super<"init">();
         if (!self) return nullptr;
-        if (colors) self->self()->setColors(colors);
+        if (colours) self->self()->setColors(colours);
         self->self()->setDirection(direction);
         return self;
     }
@@ -28,13 +27,13 @@ struct GradientView : objc::Implements<GradientView, HCGradientView> {
         gradient()->setEndPoint(points.end);
     }
 
-    void setColors(NSArray* colors) {
+    void setColors(NSArray* colours) {
         bool translucent = false;
-        objc::for_each<UIColor>(colors, [&](UIColor* color) {
-            if (!translucent) translucent = is_translucent(color);  // the first one decides
+        objc::for_each<UIColor>(colours, [&](UIColor* colour) {
+            if (!translucent) translucent = is_translucent(colour);  // the first one decides
         });
         translucent ? enableBlur() : disableBlur();
-        gradient()->setColors(gradient_layer_colors(colors));
+        gradient()->setColors(gradient_layer_colours(colours));
     }
 
   private:
@@ -46,7 +45,10 @@ struct GradientView : objc::Implements<GradientView, HCGradientView> {
 using namespace objc::definition;
 
 OBJC_CLASS(HCGradientView, HCView, GradientView,
+           // Making it
            class_method<"layerClass", &GradientView::layerClass>,
            method<"initWithColors:direction:", &GradientView::initWithColors>,
+
+           // The gradient
            method<"setDirection:", &GradientView::setDirection>,
            method<"setColors:", &GradientView::setColors>)

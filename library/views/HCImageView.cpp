@@ -1,4 +1,3 @@
-// A background that is an image: see the header.
 #include "views/HCImageView.h"
 
 #include "objc/class.h"
@@ -49,8 +48,13 @@ struct PictureView : objc::Implements<PictureView, HCImageView> {
 using namespace objc::definition;
 
 OBJC_CLASS(HCImageView, HCView, PictureView,
+           // Properties
            property<"oldAlpha", &PictureView::Ivars::oldAlpha>,
            property<"imageView", &PictureView::Ivars::imageView>,
+
+           // Making it
            method<"initWithImage:alpha:", &PictureView::initWithImage>,
+
+           // The image
            method<"setImage:", &PictureView::setImage>,
            method<"setImageAlpha:", &PictureView::setImageAlpha>)

@@ -1,12 +1,9 @@
-// A still picture of a themed keyboard: see the header.
 #include "views/HCPreview.h"
 
 #include "model/HCCITool.h"
 #include "objc/class.h"
 #include "platform/keyboard.h"
-#include "views/backdrops.h"
 #include "views/theme_background.h"
-#include "views/translucency.h"
 
 namespace {
 
@@ -22,13 +19,28 @@ strong<UIImageView> make_picture_view(CGSize size, UIImage* picture) {
 }
 
 /// Gives the picture that is shown the colour, or none.
-void tint(UIImageView* view, UIColor* color) {
-    view->setImage(HCCITool::newColor(color ? color : UIColor::clearColor(), view->image()));
+void tint(UIImageView* view, UIColor* colour) {
+    view->setImage(HCCITool::newColor(colour ? colour : UIColor::clearColor(), view->image()));
 }
 
 void take_out(UIView* view) {
     if (view->superview()) view->removeFromSuperview();
 }
+
+/// The backdrops that the preview made once, by their keys.
+struct KeptBackdrops {
+    NSDictionary* kept;
+
+    _UIBackdropImageView* image() const { return at<_UIBackdropImageView>("ImageView"_ns); }
+    _UIBackdropGradientView* gradient() const { return at<_UIBackdropGradientView>("GradientView"_ns); }
+    _UIBackdropColouredView* colour() const { return at<_UIBackdropColouredView>("ColouredView"_ns); }
+
+  private:
+    template <class Backdrop>
+    Backdrop* at(NSString* key) const {
+        return static_cast<Backdrop*>(kept->objectForKey(key));
+    }
+};
 
 struct Preview : objc::Implements<Preview, HCPreview> {
     /// Each view goes before the picture that it shows when an instance is destroyed, and the backdrops last.
@@ -70,7 +82,8 @@ struct Preview : objc::Implements<Preview, HCPreview> {
         container->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
         // The places are fixed: one past the end is in front, so without key caps the order is the same.
         container->insertSubview(ivars().keyboardBackground, 0);
-        if (UIView* backdrop = backdrop_for(theme)) container->insertSubview(backdrop, 1);
+        if (UIView* backdrop = filled_backdrop(theme, KeptBackdrops{ivars().cachedBackdrops}))
+            container->insertSubview(backdrop, 1);
         if (theme->getVisibleKeycaps()) container->insertSubview(ivars().keycapsImageView, 2);
         tint(ivars().keyboardHighlight, theme->getHighlightColor());
         container->insertSubview(ivars().keyboardHighlight, 3);
@@ -82,7 +95,7 @@ struct Preview : objc::Implements<Preview, HCPreview> {
     /// The backdrops keep what they show, and the key caps stay dark.
     void cleanup() {
         for (NSString* key : {"ColouredView"_ns, "GradientView"_ns, "ImageView"_ns})
-            take_out(backdrop<UIView>(key));
+            take_out(static_cast<UIView*>(ivars().cachedBackdrops->objectForKey(key)));
         auto& own = ivars();
         take_out(own.keyboardBackground);
         own.keyboardBackground->setImage(own.backgroundImage);
@@ -94,21 +107,16 @@ struct Preview : objc::Implements<Preview, HCPreview> {
     }
 
   private:
-    template <class Backdrop>
-    Backdrop* backdrop(NSString* key) {
-        return static_cast<Backdrop*>(ivars().cachedBackdrops->objectForKey(key));
-    }
-
-    /// There is none where the system lacks the backdrops' superclass: the preview is shown without.
+    /// Where the system lacks the backdrops' superclass, nothing is kept, and the preview is shown without.
     void keep(UIView* backdrop, NSString* key) {
         if (backdrop) ivars().cachedBackdrops->setObject(backdrop, key);
     }
 
     void make_backdrops() {
         ivars().cachedBackdrops = NSMutableDictionary::alloc()->initWithCapacity(3);
-        keep(_UIBackdropImageView::backdropWithStyle(themed_backdrop_style), "ImageView"_ns);
-        keep(_UIBackdropGradientView::backdropWithStyle(themed_backdrop_style), "GradientView"_ns);
-        keep(_UIBackdropColouredView::backdropWithStyle(themed_backdrop_style), "ColouredView"_ns);
+        keep(NewBackdrops::image(), "ImageView"_ns);
+        keep(NewBackdrops::gradient(), "GradientView"_ns);
+        keep(NewBackdrops::colour(), "ColouredView"_ns);
     }
 
     void load_pictures() {
@@ -134,37 +142,6 @@ struct Preview : objc::Implements<Preview, HCPreview> {
         UIColor* shade = UIColor::darkGrayColor()->colorWithAlphaComponent(0.5);
         own.keycapsImageView->setImage(HCCITool::newColor(shade, own.keycapsImage));
     }
-
-    /// The backdrop for the theme's background, with its content.
-    UIView* backdrop_for(HuecraftConfig* theme) {
-        NSArray* colors = theme->getColors();
-        switch (theme->getBackgroundType()) {
-            case image_background: {
-                auto* view = backdrop<_UIBackdropImageView>("ImageView"_ns);
-                view->setImage(theme->getImage());  // anew, so that the alpha is baked in once
-                const double alpha = theme->getImageAlpha();
-                if (is_translucent(alpha)) view->setImageAlpha(alpha);
-                return view;
-            }
-            case gradient_background: {
-                auto* view = backdrop<_UIBackdropGradientView>("GradientView"_ns);
-                view->setDirection(static_cast<NSInteger>(theme->getGradientDirection()));
-                view->setColors(all_or_clear(colors));
-                return view;
-            }
-            case flat_background: {
-                auto* view = backdrop<_UIBackdropColouredView>("ColouredView"_ns);
-                view->setColor(first_or_clear(colors));
-                return view;
-            }
-            default: {
-                auto* view = backdrop<_UIBackdropColouredView>("ColouredView"_ns);
-                view->setColor(UIColor::clearColor());
-                view->setAlpha(1.0);
-                return view;
-            }
-        }
-    }
 };
 
 }  // namespace
@@ -172,6 +149,7 @@ struct Preview : objc::Implements<Preview, HCPreview> {
 using namespace objc::definition;
 
 OBJC_CLASS(HCPreview, NSObject, Preview,
+           // Variables
            ivar<"cachedBackdrops", &Preview::Ivars::cachedBackdrops>,
            ivar<"textImage", &Preview::Ivars::textImage>,
            ivar<"backgroundImage", &Preview::Ivars::backgroundImage>,
@@ -182,9 +160,14 @@ OBJC_CLASS(HCPreview, NSObject, Preview,
            ivar<"keyboardHighlight", &Preview::Ivars::keyboardHighlight>,
            ivar<"keycapsImageView", &Preview::Ivars::keycapsImageView>,
 
+           // The one preview
            class_method<"sharedInstance", &Preview::sharedInstance>,
+
+           // Sizes
            class_method<"keyboardPortraitSize", &Preview::keyboardPortraitSize>,
            class_method<"keyboardLandscapeSize", &Preview::keyboardLandscapeSize>,
+
+           // Showing a theme
            method<"init", &Preview::init>,
            method<"viewForConfig:", &Preview::viewForConfig>,
            method<"cleanup", &Preview::cleanup>)

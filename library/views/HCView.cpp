@@ -1,4 +1,3 @@
-// A view that is filled by its subviews and fills its superview: see the header.
 #include "views/HCView.h"
 
 #include "objc/class.h"
@@ -73,10 +72,17 @@ struct BlurredView : objc::Implements<BlurredView, HCView> {
 using namespace objc::definition;
 
 OBJC_CLASS(HCView, UIView, BlurredView,
+           // Properties
            property<"backgroundBlur", &BlurredView::Ivars::backgroundBlur>,
+
+           // Making it
            method<"init", &BlurredView::init>,
            method<"initWithFrame:", &BlurredView::initWithFrame>,
+
+           // The blur
            method<"enableBlur", &BlurredView::enableBlur>,
            method<"disableBlur", &BlurredView::disableBlur>,
+
+           // The hierarchy
            method<"didAddSubview:", &BlurredView::didAddSubview>,
            method<"didMoveToSuperview", &BlurredView::didMoveToSuperview>)

@@ -17,18 +17,18 @@ struct ColouredBackdrop : objc::Implements<ColouredBackdrop, _UIBackdropColoured
         return objc::make<"initWithStyle:color:", Made>(self, style, UIColor::clearColor()).autoreleased();
     }
 
-    strong<_UIBackdropColouredView> initWithStyle(NSInteger style, UIColor* color) {
+    strong<_UIBackdropColouredView> initWithStyle(NSInteger style, UIColor* colour) {
         auto self = initialised_by_super<"initWithStyle:">(style);
         if (!self) return nullptr;
         strong<UIView> content = UIView::alloc()->initWithFrame({});
-        content->setBackgroundColor(color);
+        content->setBackgroundColor(colour);
         set_up_content_view(content);
         self->ivars().colouredView = content;
         put_in_front(self, content);
         return self;
     }
 
-    void setColor(UIColor* color) { ivars().colouredView->setBackgroundColor(color); }
+    void setColor(UIColor* colour) { ivars().colouredView->setBackgroundColor(colour); }
 
     void setColorAlpha(CGFloat alpha) {
         UIView* content = ivars().colouredView;
@@ -41,8 +41,13 @@ struct ColouredBackdrop : objc::Implements<ColouredBackdrop, _UIBackdropColoured
 using namespace objc::definition;
 
 OBJC_CLASS_OF_WEAK_SUPERCLASS(_UIBackdropColouredView, _UIBackdropView, ColouredBackdrop,
+                              // Variables
                               ivar<"colouredView", &ColouredBackdrop::Ivars::colouredView>,
+
+                              // Making it
                               class_method<"backdropWithStyle:", &ColouredBackdrop::backdropWithStyle>,
                               method<"initWithStyle:color:", &ColouredBackdrop::initWithStyle>,
+
+                              // The colour
                               method<"setColor:", &ColouredBackdrop::setColor>,
                               method<"setColorAlpha:", &ColouredBackdrop::setColorAlpha>)

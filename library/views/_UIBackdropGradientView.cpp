@@ -1,9 +1,10 @@
 // A backdrop that shows a gradient.
 #include "objc/class.h"
 #include "objc/fast_enumeration.h"
+#include "platform/owned_graphics.h"
 #include "views/backdrop_content.h"
 #include "views/backdrops.h"
-#include "views/gradient_colors.h"
+#include "views/gradient_colours.h"
 #include "views/gradient_direction.h"
 
 namespace {
@@ -29,7 +30,7 @@ struct GradientBackdrop : objc::Implements<GradientBackdrop, _UIBackdropGradient
         return self()->initWithStyle(style, nullptr, direction);
     }
 
-    strong<_UIBackdropGradientView> initWithStyle(NSInteger style, NSArray* colors, NSInteger direction) {
+    strong<_UIBackdropGradientView> initWithStyle(NSInteger style, NSArray* colours, NSInteger direction) {
         auto self = initialised_by_super<"initWithStyle:">(style);
         if (!self) return nullptr;
         auto& [content, gradient, follows_layout] = self->ivars();
@@ -41,7 +42,7 @@ struct GradientBackdrop : objc::Implements<GradientBackdrop, _UIBackdropGradient
         follows_layout = true;
         self->self()->setDirection(direction);
         content->layer()->addSublayer(gradient);
-        if (colors) self->self()->setColors(colors);
+        if (colours) self->self()->setColors(colours);
         switch_off_animations(gradient);
         switch_off_animations(content->layer());
         return self;
@@ -53,15 +54,14 @@ struct GradientBackdrop : objc::Implements<GradientBackdrop, _UIBackdropGradient
         ivars().gradientLayer->setEndPoint(points.end);
     }
 
-    void setColors(NSArray* colors) { ivars().gradientLayer->setColors(gradient_layer_colors(colors)); }
+    void setColors(NSArray* colours) { ivars().gradientLayer->setColors(gradient_layer_colours(colours)); }
 
     void setColorsAlpha(CGFloat alpha) {
         NSArray* shown = ivars().gradientLayer->colors();
         NSMutableArray* changed = NSMutableArray::arrayWithCapacity(shown->count());
-        objc::for_each<objc_object>(shown, [&](id color) {
-            CGColorRef copy = CGColorCreateCopyWithAlpha(reinterpret_cast<CGColorRef>(color), alpha);
-            changed->addObject(reinterpret_cast<id>(copy));
-            CGColorRelease(copy);
+        objc::for_each<objc_object>(shown, [&](id colour) {
+            const cg::owned copy(CGColorCreateCopyWithAlpha(reinterpret_cast<CGColorRef>(colour), alpha));
+            changed->addObject(reinterpret_cast<id>(copy.get()));
         });
         ivars().gradientLayer->setColors(changed);
     }
@@ -73,10 +73,9 @@ struct GradientBackdrop : objc::Implements<GradientBackdrop, _UIBackdropGradient
         gradient->setFrame({{0, 0}, size});
         gradient->setNeedsLayout();
         gradient->layoutIfNeeded();
-        UIGraphicsBeginImageContextWithOptions(gradient->frame().size, gradient->isOpaque(), 0.0);
-        gradient->renderInContext(UIGraphicsGetCurrentContext());
-        UIImage* image = UIGraphicsGetImageFromCurrentImageContext();
-        UIGraphicsEndImageContext();
+        const cg::ImageContext context(gradient->frame().size, 0.0, gradient->isOpaque());
+        gradient->renderInContext(context);
+        UIImage* image = context.image();
         ivars().layoutGradientLayer = true;
         return image;
     }
@@ -92,14 +91,21 @@ struct GradientBackdrop : objc::Implements<GradientBackdrop, _UIBackdropGradient
 using namespace objc::definition;
 
 OBJC_CLASS_OF_WEAK_SUPERCLASS(_UIBackdropGradientView, _UIBackdropView, GradientBackdrop,
+                              // Variables
                               ivar<"gradientView", &GradientBackdrop::Ivars::gradientView>,
                               ivar<"gradientLayer", &GradientBackdrop::Ivars::gradientLayer>,
                               ivar<"layoutGradientLayer", &GradientBackdrop::Ivars::layoutGradientLayer>,
+
+                              // Making it
                               class_method<"backdropWithStyle:", &GradientBackdrop::backdropWithStyle>,
                               method<"initWithStyle:direction:", &GradientBackdrop::initWithoutColors>,
                               method<"initWithStyle:colors:direction:", &GradientBackdrop::initWithStyle>,
+
+                              // The gradient
                               method<"setDirection:", &GradientBackdrop::setDirection>,
                               method<"setColors:", &GradientBackdrop::setColors>,
                               method<"setColorsAlpha:", &GradientBackdrop::setColorsAlpha>,
                               method<"imageFromGradientOfSize:", &GradientBackdrop::imageFromGradientOfSize>,
+
+                              // Layout
                               method<"layoutSubviews", &GradientBackdrop::layoutSubviews>)

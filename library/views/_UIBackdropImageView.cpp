@@ -53,9 +53,14 @@ struct ImageBackdrop : objc::Implements<ImageBackdrop, _UIBackdropImageView> {
 using namespace objc::definition;
 
 OBJC_CLASS_OF_WEAK_SUPERCLASS(_UIBackdropImageView, _UIBackdropView, ImageBackdrop,
+                              // Variables
                               ivar<"imageView", &ImageBackdrop::Ivars::imageView>,
+
+                              // Making it
                               class_method<"backdropWithStyle:", &ImageBackdrop::backdropWithStyle>,
                               method<"initWithStyle:image:", &ImageBackdrop::initOpaque>,
                               method<"initWithStyle:image:alpha:", &ImageBackdrop::initWithStyle>,
+
+                              // The image
                               method<"setImage:", &ImageBackdrop::setImage>,
                               method<"setImageAlpha:", &ImageBackdrop::setImageAlpha>)

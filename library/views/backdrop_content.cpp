@@ -1,4 +1,3 @@
-// What the content views of the three backdrops have in common.
 #include "views/backdrop_content.h"
 
 using namespace objc::literals;

@@ -12,11 +12,11 @@ struct _UIBackdropColouredView
     static _UIBackdropColouredView* backdropWithStyle(NSInteger style) {
         return class_send<"backdropWithStyle:", _UIBackdropColouredView*>(style);
     }
-    objc::strong<_UIBackdropColouredView> initWithStyle(NSInteger style, UIColor* color) {
-        return send<"initWithStyle:color:", objc::strong<_UIBackdropColouredView>>(style, color);
+    objc::strong<_UIBackdropColouredView> initWithStyle(NSInteger style, UIColor* colour) {
+        return send<"initWithStyle:color:", objc::strong<_UIBackdropColouredView>>(style, colour);
     }
     /// With the colour's own alpha.
-    void setColor(UIColor* color) { send<"setColor:">(color); }
+    void setColor(UIColor* colour) { send<"setColor:">(colour); }
     /// Replaces the colour's alpha; it does not multiply.
     void setColorAlpha(CGFloat alpha) { send<"setColorAlpha:">(alpha); }
 };
@@ -45,14 +45,14 @@ struct _UIBackdropGradientView
     objc::strong<_UIBackdropGradientView> initWithStyle(NSInteger style, NSInteger direction) {
         return send<"initWithStyle:direction:", objc::strong<_UIBackdropGradientView>>(style, direction);
     }
-    objc::strong<_UIBackdropGradientView> initWithStyle(NSInteger style, NSArray* colors,
+    objc::strong<_UIBackdropGradientView> initWithStyle(NSInteger style, NSArray* colours,
                                                         NSInteger direction) {
-        return send<"initWithStyle:colors:direction:", objc::strong<_UIBackdropGradientView>>(style, colors,
+        return send<"initWithStyle:colors:direction:", objc::strong<_UIBackdropGradientView>>(style, colours,
                                                                                               direction);
     }
     void setDirection(NSInteger direction) { send<"setDirection:">(direction); }
     /// UIColors, spaced evenly; a single one fills the layer.
-    void setColors(NSArray* colors) { send<"setColors:">(colors); }
+    void setColors(NSArray* colours) { send<"setColors:">(colours); }
     /// Replaces the alpha of every colour.
     void setColorsAlpha(CGFloat alpha) { send<"setColorsAlpha:">(alpha); }
     /// The gradient as a picture of that size in points.

@@ -1,4 +1,3 @@
-// Gradient directions.
 #include "views/gradient_direction.h"
 
 namespace {

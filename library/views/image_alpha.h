@@ -1,4 +1,4 @@
-// Alphas that are baked into images.
+// Alphas that are baked into images, instead of being applied whenever the image is shown.
 #pragma once
 #include "platform/uikit.h"
 

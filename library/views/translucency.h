@@ -9,8 +9,8 @@ constexpr double translucency_threshold = 0.9900000095367432;
 constexpr bool is_translucent(double alpha) { return alpha < translucency_threshold; }
 
 /// A colour that does not tell its alpha counts as opaque.
-inline bool is_translucent(UIColor* color) {
+inline bool is_translucent(UIColor* colour) {
     CGFloat alpha = 1.0;
-    color->getWhite(nullptr, &alpha);
+    colour->getWhite(nullptr, &alpha);
     return is_translucent(alpha);
 }

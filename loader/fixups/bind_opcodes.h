@@ -14,17 +14,17 @@ enum class BindTable {
     weak,  ///< C++ definitions of which the whole process should use one
 };
 
-/// Special ordinals: where the symbol is looked for when no library is named.
-enum Scope : int64_t {
-    kScopeSelf = 0,
-    kScopeMainProgram = -1,
-    kScopeEverywhere = -2,
-    kScopeCoalesced = -3,
+/// Special ordinals.
+enum SpecialOrdinal : int64_t {
+    BIND_SPECIAL_DYLIB_SELF = 0,
+    BIND_SPECIAL_DYLIB_MAIN_EXECUTABLE = -1,
+    BIND_SPECIAL_DYLIB_FLAT_LOOKUP = -2,
+    BIND_SPECIAL_DYLIB_WEAK_LOOKUP = -3,
 };
 
 struct BindRow {
     std::string_view symbol;  ///< as in the file, with the leading underscore
-    int64_t ordinal;          ///< from 1 an index into Layout::libraries, otherwise a Scope
+    int64_t ordinal;          ///< from 1 an index into Layout::libraries, otherwise a SpecialOrdinal
     bool weak_import;         ///< may be missing
     uint64_t address;         ///< of the pointer, as in the file
     int64_t addend;

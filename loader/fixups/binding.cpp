@@ -1,4 +1,3 @@
-// Resolving imports and setting the pointers to them.
 #include "loader/fixups/binding.h"
 
 #include <cstdlib>
@@ -68,14 +67,15 @@ class Binder {
   private:
     size_t import_of(const BindRow& row, BindTable table) {
         // A definition to be shared is there already: the image's own, until another is found.
-        const bool weak = row.weak_import || table == BindTable::weak;
+        const Dependency* library = library_of(row);
+        const bool weak = row.weak_import || table == BindTable::weak || (library && library->left_out);
         const auto [known, is_new] =
             index_.try_emplace({row.symbol, row.ordinal, weak}, result_.imports.size());
         if (is_new) {
             Import import{.symbol = std::string(c_name(row.symbol)),
-                          .install_name = install_name_of(row),
+                          .install_name = library ? library->install_name : "",
                           .weak = weak};
-            import.target = resolve(row, import);
+            if (!library || !library->left_out) import.target = resolve(row, import);
             result_.imports.push_back(std::move(import));
         }
         return known->second;
@@ -92,15 +92,16 @@ class Binder {
                                     objc::signature_modifier(address_mixed_in ? slot : 0, discriminator));
     }
 
-    std::string install_name_of(const BindRow& row) const {
-        return row.ordinal > 0 ? layout_.libraries[static_cast<size_t>(row.ordinal - 1)].install_name : "";
+    /// Null for a special ordinal.
+    const Dependency* library_of(const BindRow& row) const {
+        return row.ordinal > 0 ? &layout_.libraries[static_cast<size_t>(row.ordinal - 1)] : nullptr;
     }
 
     void* resolve(const BindRow& row, const Import& import) const {
         if (import.symbol == "dyld_stub_binder") return reinterpret_cast<void*>(&stub_binder);
-        if (row.ordinal != kScopeSelf)
+        if (row.ordinal != BIND_SPECIAL_DYLIB_SELF)
             if (void* found = resolver_(import)) return found;
-        const bool own_counts = row.ordinal <= 0 && row.ordinal != kScopeMainProgram;
+        const bool own_counts = row.ordinal <= 0 && row.ordinal != BIND_SPECIAL_DYLIB_MAIN_EXECUTABLE;
         const auto own = own_counts ? exports_.find(row.symbol) : exports_.end();
         return own == exports_.end() ? nullptr : address_of(own->second, layout_, mapping_);
     }

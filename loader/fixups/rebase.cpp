@@ -1,61 +1,63 @@
-// Rebase opcodes.
 #include "loader/fixups/rebase.h"
 
-#include "loader/fault.h"
-#include "loader/fixups/fixup_location.h"
-#include "loader/format/cursor.h"
+#include "loader/fixups/fixup_opcodes.h"
 
 namespace macho {
 namespace {
 
 enum Opcode : uint8_t {
-    kDone = 0x00,
-    kSetType = 0x10,
-    kSetSegment = 0x20,
-    kAdvance = 0x30,
-    kAdvancePointers = 0x40,
-    kRebaseFew = 0x50,
-    kRebaseMany = 0x60,
-    kRebaseAndAdvance = 0x70,
-    kRebaseManySkipping = 0x80,
+    REBASE_OPCODE_DONE = 0x00,
+    REBASE_OPCODE_SET_TYPE_IMM = 0x10,
+    REBASE_OPCODE_SET_SEGMENT_AND_OFFSET_ULEB = 0x20,
+    REBASE_OPCODE_ADD_ADDR_ULEB = 0x30,
+    REBASE_OPCODE_ADD_ADDR_IMM_SCALED = 0x40,
+    REBASE_OPCODE_DO_REBASE_IMM_TIMES = 0x50,
+    REBASE_OPCODE_DO_REBASE_ULEB_TIMES = 0x60,
+    REBASE_OPCODE_DO_REBASE_ADD_ADDR_ULEB = 0x70,
+    REBASE_OPCODE_DO_REBASE_ULEB_TIMES_SKIPPING_ULEB = 0x80,
 };
-constexpr uint8_t kTypePointer = 1;
+
+constexpr OpcodeNames kNames = {
+    "REBASE_OPCODE_DONE",
+    "REBASE_OPCODE_SET_TYPE_IMM",
+    "REBASE_OPCODE_SET_SEGMENT_AND_OFFSET_ULEB",
+    "REBASE_OPCODE_ADD_ADDR_ULEB",
+    "REBASE_OPCODE_ADD_ADDR_IMM_SCALED",
+    "REBASE_OPCODE_DO_REBASE_IMM_TIMES",
+    "REBASE_OPCODE_DO_REBASE_ULEB_TIMES",
+    "REBASE_OPCODE_DO_REBASE_ADD_ADDR_ULEB",
+    "REBASE_OPCODE_DO_REBASE_ULEB_TIMES_SKIPPING_ULEB",
+};
 
 }  // namespace
 
 std::vector<uint64_t> read_rebases(const Bytes& opcodes, const Layout& layout) {
     std::vector<uint64_t> found;
-    FixupLocation location(layout, "the rebase table");
+    FixupOpcodes table(opcodes, layout, "the rebase table", kNames);
+    Cursor& operands = table.operands();
     const auto rebase = [&](uint64_t times, uint64_t skip = 0) {
         for (; times > 0; --times) {
-            found.push_back(location.take_pointer());
-            location.advance(skip);
+            found.push_back(table.take_pointer());
+            table.advance(skip);
         }
     };
 
-    Cursor cursor(opcodes);
-    while (!cursor.at_end()) {
-        const uint8_t byte = cursor.u8();
-        const uint8_t immediate = byte & 0x0f;
-        switch (byte & 0xf0) {
-            case kDone: return found;
-            case kSetType:
-                if (immediate != kTypePointer)
-                    refuse("the rebase table has type " + std::to_string(immediate) +
-                           " (expected 1, a pointer)");
-                break;
-            case kSetSegment: location.enter_segment(immediate, cursor.uleb128()); break;
-            case kAdvance: location.advance(cursor.uleb128()); break;
-            case kAdvancePointers: location.advance(immediate * kPointerSize); break;
-            case kRebaseFew: rebase(immediate); break;
-            case kRebaseMany: rebase(cursor.uleb128()); break;
-            case kRebaseAndAdvance: rebase(1, cursor.uleb128()); break;
-            case kRebaseManySkipping: {
-                const uint64_t times = cursor.uleb128();
-                rebase(times, cursor.uleb128());
+    while (!table.at_end()) {
+        switch (table.next()) {
+            case REBASE_OPCODE_DONE: return found;
+            case REBASE_OPCODE_SET_TYPE_IMM: table.set_type(table.immediate()); break;
+            case REBASE_OPCODE_SET_SEGMENT_AND_OFFSET_ULEB: table.set_segment(); break;
+            case REBASE_OPCODE_ADD_ADDR_ULEB: table.advance(operands.uleb128()); break;
+            case REBASE_OPCODE_ADD_ADDR_IMM_SCALED: table.advance(table.immediate() * kPointerSize); break;
+            case REBASE_OPCODE_DO_REBASE_IMM_TIMES: rebase(table.immediate()); break;
+            case REBASE_OPCODE_DO_REBASE_ULEB_TIMES: rebase(operands.uleb128()); break;
+            case REBASE_OPCODE_DO_REBASE_ADD_ADDR_ULEB: rebase(1, operands.uleb128()); break;
+            case REBASE_OPCODE_DO_REBASE_ULEB_TIMES_SKIPPING_ULEB: {
+                const uint64_t times = operands.uleb128();
+                rebase(times, operands.uleb128());
                 break;
             }
-            default: refuse("the rebase table has the unknown opcode " + hex(byte));
+            default: table.refuse_unknown();
         }
     }
     return found;

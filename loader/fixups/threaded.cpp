@@ -124,8 +124,8 @@ class ThreadedReader {
         row_.ordinal = static_cast<int64_t>(ordinal);
     }
     void set_scope(uint8_t immediate) {
-        const int64_t scope = immediate ? static_cast<int8_t>(0xf0 | immediate) : kScopeSelf;
-        if (scope < kScopeEverywhere)
+        const int64_t scope = immediate ? static_cast<int8_t>(0xf0 | immediate) : BIND_SPECIAL_DYLIB_SELF;
+        if (scope < BIND_SPECIAL_DYLIB_FLAT_LOOKUP)
             refuse("the bind table has the unknown scope " + std::to_string(scope) + " (expected -2 to 0)");
         row_.ordinal = scope;
     }

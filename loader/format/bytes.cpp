@@ -1,4 +1,3 @@
-// Checked reads from a run of bytes.
 #include "loader/format/bytes.h"
 
 #include <cstring>

@@ -1,4 +1,3 @@
-// Sequential reads, and LEB128.
 #include "loader/format/cursor.h"
 
 #include "loader/fault.h"

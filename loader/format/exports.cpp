@@ -1,4 +1,3 @@
-// The export trie.
 #include "loader/format/exports.h"
 
 #include <vector>
@@ -9,11 +8,13 @@
 namespace macho {
 namespace {
 
-constexpr uint64_t kKindMask = 0x03;
-constexpr uint64_t kKindThreadLocal = 1;
-constexpr uint64_t kKindAbsolute = 2;
-constexpr uint64_t kReexport = 0x08;
-constexpr uint64_t kStubAndResolver = 0x10;
+enum ExportFlags : uint64_t {
+    EXPORT_SYMBOL_FLAGS_KIND_MASK = 0x03,
+    EXPORT_SYMBOL_FLAGS_KIND_THREAD_LOCAL = 0x01,
+    EXPORT_SYMBOL_FLAGS_KIND_ABSOLUTE = 0x02,
+    EXPORT_SYMBOL_FLAGS_REEXPORT = 0x08,
+    EXPORT_SYMBOL_FLAGS_STUB_AND_RESOLVER = 0x10,
+};
 
 // Edges may share their bytes, so that a small file could spell out very many long names.
 constexpr size_t kLongestName = 4096;
@@ -29,15 +30,18 @@ struct Node {
 Export read_terminal(Bytes bytes, const std::string& name) {
     Cursor cursor(bytes);
     const uint64_t flags = cursor.uleb128();
-    const char* unsupported = flags & kReexport                         ? "a re-export"
-                              : flags & kStubAndResolver                ? "a function with a resolver"
-                              : (flags & kKindMask) == kKindThreadLocal ? "a thread-local variable"
-                              : (flags & kKindMask) > kKindAbsolute     ? "of an unknown kind"
-                                                                        : nullptr;
+    const char* unsupported =
+        flags & EXPORT_SYMBOL_FLAGS_REEXPORT            ? "a re-export"
+        : flags & EXPORT_SYMBOL_FLAGS_STUB_AND_RESOLVER ? "a function with a resolver"
+        : (flags & EXPORT_SYMBOL_FLAGS_KIND_MASK) == EXPORT_SYMBOL_FLAGS_KIND_THREAD_LOCAL
+            ? "a thread-local variable"
+        : (flags & EXPORT_SYMBOL_FLAGS_KIND_MASK) > EXPORT_SYMBOL_FLAGS_KIND_ABSOLUTE ? "of an unknown kind"
+                                                                                      : nullptr;
     if (unsupported)
         refuse("the export " + name + " is " + unsupported + ", which is not supported (found flags " +
                hex(flags) + ")");
-    return {.value = cursor.uleb128(), .absolute = (flags & kKindMask) == kKindAbsolute};
+    return {.value = cursor.uleb128(),
+            .absolute = (flags & EXPORT_SYMBOL_FLAGS_KIND_MASK) == EXPORT_SYMBOL_FLAGS_KIND_ABSOLUTE};
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-// Load commands.
 #include "loader/format/layout.h"
 
 #include <algorithm>
@@ -9,28 +8,24 @@
 namespace macho {
 namespace {
 
-constexpr uint64_t kHeaderSize = 32;
-
 struct Unsupported {
     SectionType type;
     const char* what;
 };
 
 constexpr Unsupported kUnsupported[] = {
-    {SectionType::terminators, "terminators"},
-    {SectionType::interposing, "interposed functions"},
-    {SectionType::lazy_library_pointers, "pointers into libraries that are loaded when used"},
-    {SectionType::initialiser_offsets, "initialisers by offset"},
-    {SectionType::thread_local_regular, "thread-local variables"},
-    {SectionType::thread_local_zero_fill, "thread-local variables"},
-    {SectionType::thread_local_variables, "thread-local variables"},
-    {SectionType::thread_local_pointers, "thread-local variables"},
-    {SectionType::thread_local_initialisers, "thread-local variables"},
+    {S_MOD_TERM_FUNC_POINTERS, "terminators"},
+    {S_INTERPOSING, "interposed functions"},
+    {S_LAZY_DYLIB_SYMBOL_POINTERS, "pointers into lazily loaded libraries"},
+    {S_INIT_FUNC_OFFSETS, "initialisers by offset"},
+    {S_THREAD_LOCAL_REGULAR, "thread-local variables"},
+    {S_THREAD_LOCAL_ZEROFILL, "thread-local variables"},
+    {S_THREAD_LOCAL_VARIABLES, "thread-local variables"},
+    {S_THREAD_LOCAL_VARIABLE_POINTERS, "thread-local variables"},
+    {S_THREAD_LOCAL_INIT_FUNCTION_POINTERS, "thread-local variables"},
 };
 
-bool has_no_bytes(SectionType type) {
-    return type == SectionType::zero_fill || type == SectionType::large_zero_fill;
-}
+bool has_no_bytes(SectionType type) { return type == S_ZEROFILL || type == S_GB_ZEROFILL; }
 
 /// Whether [at, at + size) lies in [outer_at, outer_at + outer_size), in numbers that may be anything.
 bool inside(uint64_t at, uint64_t size, uint64_t outer_at, uint64_t outer_size) {
@@ -49,8 +44,7 @@ Section read_section(const Bytes& row, const Segment& segment) {
     for (const auto& [type, what] : kUnsupported)
         if (section.type == type) refuse(subject + " holds " + what + ", which are not supported");
     const uint64_t room = has_no_bytes(section.type) ? segment.size : segment.file_size;
-    if (section.type > kLastSectionType)
-        refuse(subject + " has the unknown type " + hex(static_cast<uint8_t>(section.type)));
+    if (section.type > kLastSectionType) refuse(subject + " has the unknown type " + hex(section.type));
     if (!inside(section.address, section.size, segment.address, room))
         refuse(subject + " leaves segment " + segment.name + " (found " +
                range(section.address, section.size) + ", expected within " + range(segment.address, room) +
@@ -62,9 +56,9 @@ class LoadCommands {
   public:
     explicit LoadCommands(const Bytes& slice) : slice_(slice) {
         layout_.cpu = static_cast<Cpu>(slice.u32(4));
-        layout_.arm64e = layout_.cpu == Cpu::arm64 && slice.u32(8) == kSubtypeArm64e;
+        layout_.arm64e = layout_.cpu == Cpu::arm64 && slice.u32(8) == CPU_SUBTYPE_ARM64E;
         layout_.type = static_cast<FileType>(slice.u32(12));
-        layout_.position_independent = (slice.u32(24) & kFlagPositionIndependent) != 0;
+        layout_.position_independent = (slice.u32(24) & MH_PIE) != 0;
     }
 
     Layout read() {
@@ -81,8 +75,7 @@ class LoadCommands {
             one(number, all.part(at, size, name));
             at += size;
         }
-        if (is_executable() && !layout_.entry)
-            refuse("no place to begin (expected the load command LC_MAIN)");
+        if (is_executable() && !layout_.entry) refuse("no entry point (expected the load command LC_MAIN)");
         if (!has_tables_) refuse("no fix-up tables (expected the load command LC_DYLD_INFO_ONLY)");
         check_segments();
         check_entry();
@@ -103,62 +96,75 @@ class LoadCommands {
             return segment.executable && at >= segment.address && at - segment.address < segment.file_size;
         };
         if (std::ranges::none_of(layout_.segments, begins_in))
-            refuse("LC_MAIN begins at what is no code of the image (found " + hex(*layout_.entry) + ")");
+            refuse("LC_MAIN: the entry point is not code of the image (found " + hex(*layout_.entry) + ")");
     }
 
     void one(uint32_t number, const Bytes& command) {
-        switch (static_cast<Command>(number)) {
-            case Command::segment_64: return segment(command);
-            case Command::load_dylib:
-            case Command::load_weak_dylib:
-            case Command::reexport_dylib:
-            case Command::load_upward_dylib:
-            case Command::lazy_load_dylib:
+        switch (number) {
+            case LC_SEGMENT_64: return segment(command);
+            case LC_LOAD_DYLIB:
+            case LC_LOAD_WEAK_DYLIB:
+            case LC_REEXPORT_DYLIB:
+            case LC_LOAD_UPWARD_DYLIB:
+            case LC_LAZY_LOAD_DYLIB:
                 layout_.libraries.push_back({.install_name = std::string(command.text(command.u32(8))),
-                                             .compatibility_version = command.u32(20)});
+                                             .compatibility_version = command.u32(20),
+                                             .command = static_cast<Command>(number)});
                 return;
-            case Command::id_dylib: layout_.install_name = command.text(command.u32(8)); return;
-            case Command::dyld_info:
-            case Command::dyld_info_only: return tables(command);
-            case Command::build_version:
-                layout_.platform = command.u32(8);
-                layout_.minimum_version = command.u32(12);
+            case LC_ID_DYLIB: layout_.install_name = command.text(command.u32(8)); return;
+            case LC_DYLD_INFO:
+            case LC_DYLD_INFO_ONLY: return tables(command);
+            case LC_BUILD_VERSION:
+                layout_.build_versions.push_back({LC_BUILD_VERSION, command.u32(8), command.u32(12)});
                 return;
-            case Command::version_min_iphoneos:
-                layout_.platform = kPlatformIos;
-                layout_.minimum_version = command.u32(8);
-                return;
-            case Command::segment:
-            case Command::thread:
-            case Command::unix_thread:
-            case Command::load_fixed_library:
-            case Command::id_fixed_library:
-            case Command::fixed_file:
-            case Command::routines:
-            case Command::routines_64: refuse(std::string(command.name()) + " is not supported in a library");
-            case Command::encryption_info:
-            case Command::encryption_info_64:
+            case LC_VERSION_MIN_MACOSX: return version_min(command, LC_VERSION_MIN_MACOSX, PLATFORM_MACOS);
+            case LC_VERSION_MIN_IPHONEOS:
+                return version_min(command, LC_VERSION_MIN_IPHONEOS,
+                                   is_for_simulator() ? PLATFORM_IOSSIMULATOR : PLATFORM_IOS);
+            case LC_VERSION_MIN_TVOS:
+                return version_min(command, LC_VERSION_MIN_TVOS,
+                                   is_for_simulator() ? PLATFORM_TVOSSIMULATOR : PLATFORM_TVOS);
+            case LC_VERSION_MIN_WATCHOS:
+                return version_min(command, LC_VERSION_MIN_WATCHOS,
+                                   is_for_simulator() ? PLATFORM_WATCHOSSIMULATOR : PLATFORM_WATCHOS);
+            case LC_SEGMENT:
+            case LC_THREAD:
+            case LC_UNIXTHREAD:
+            case LC_LOADFVMLIB:
+            case LC_IDFVMLIB:
+            case LC_FVMFILE:
+            case LC_ROUTINES:
+            case LC_ROUTINES_64: refuse(std::string(command.name()) + " is not supported in a library");
+            case LC_ENCRYPTION_INFO:
+            case LC_ENCRYPTION_INFO_64:
                 if (const uint32_t scheme = command.u32(16))
                     refuse("the file is encrypted (found scheme " + std::to_string(scheme) + ", expected 0)");
                 return;
-            case Command::dyld_chained_fixups:
-            case Command::dyld_exports_trie:
+            case LC_DYLD_CHAINED_FIXUPS:
+            case LC_DYLD_EXPORTS_TRIE:
                 refuse("linked with chained fix-ups, which iOS 12 cannot load either (found load command " +
                        name_of_command(number) + ", expected LC_DYLD_INFO_ONLY)");
-            case Command::load_dynamic_linker: layout_.dynamic_linker = command.text(command.u32(8)); return;
-            case Command::main:
+            case LC_LOAD_DYLINKER: layout_.dynamic_linker = command.text(command.u32(8)); return;
+            case LC_MAIN:
                 if (!is_executable()) refuse(std::string(command.name()) + " is not supported in a library");
                 layout_.entry = command.u64(8);
                 return;
-            case Command::code_signature: layout_.signature = {command.u32(8), command.u32(12)}; return;
-            case Command::rpath: return;
+            case LC_CODE_SIGNATURE: layout_.signature = {command.u32(8), command.u32(12)}; return;
+            case LC_RPATH: return;
+            default: break;
         }
-        if (number & kRequiredByDyld)
-            refuse(std::string(command.name()) + " must be understood by the loader, but is not");
+        if (number & LC_REQ_DYLD)
+            refuse(std::string(command.name()) + " is required by LC_REQ_DYLD, but not supported");
+    }
+
+    /// LC_VERSION_MIN_* name no simulator: x86-64 says so.
+    bool is_for_simulator() const { return layout_.cpu == Cpu::x86_64; }
+
+    void version_min(const Bytes& command, Command number, Platform platform) {
+        layout_.build_versions.push_back({number, platform, command.u32(8)});
     }
 
     void segment(const Bytes& command) {
-        constexpr uint64_t rows_at = 72, row_size = 80;
         const uint32_t protection = command.u32(60);
         Segment segment{.name = command.padded_text(8, 16),
                         .address = command.u64(24),
@@ -181,9 +187,10 @@ class LoadCommands {
         if (only_reserves(segment)) segment.size = 0;
 
         const uint64_t count = command.u32(64);
-        const Bytes rows = command.part(rows_at, count * row_size, "a segment's list of sections");
-        for (uint64_t row = 0; row < rows.size(); row += row_size)
-            layout_.sections.push_back(read_section(rows.part(row, row_size), segment));
+        const Bytes rows =
+            command.part(kSegmentCommandSize, count * kSectionSize, "a segment's list of sections");
+        for (uint64_t row = 0; row < rows.size(); row += kSectionSize)
+            layout_.sections.push_back(read_section(rows.part(row, kSectionSize), segment));
         layout_.segments.push_back(segment);
     }
 

@@ -11,7 +11,7 @@
 
 namespace macho {
 
-/// Addresses are those of the file, before the image is moved to where it is mapped.
+/// segment_command_64. Addresses are those of the file, before the image is moved to where it is mapped.
 struct Segment {
     std::string name;
     uint64_t address, size;
@@ -19,6 +19,7 @@ struct Segment {
     bool readable, writable, executable;
 };
 
+/// section_64.
 struct Section {
     std::string segment, name;
     uint64_t address, size;
@@ -30,10 +31,21 @@ struct FileRange {
     uint32_t offset = 0, size = 0;
 };
 
-/// A library that the image asks for, and the oldest version that it is content with.
+/// A library that the image asks for (dylib_command), and the oldest version that it is content with.
 struct Dependency {
     std::string install_name;
     uint32_t compatibility_version;
+    Command command = LC_LOAD_DYLIB;
+    bool left_out = false;  ///< weak and too old: its symbols are missing
+
+    bool is_weak() const { return command == LC_LOAD_WEAK_DYLIB; }
+};
+
+/// What LC_BUILD_VERSION says, or LC_VERSION_MIN_* of older linkers.
+struct BuildVersion {
+    Command command;
+    uint32_t platform;        ///< a Platform, usually
+    uint32_t minimum_system;  ///< 0x000c0000 is 12.0.0
 };
 
 struct Layout {
@@ -44,8 +56,7 @@ struct Layout {
     std::vector<Section> sections;
     std::vector<Dependency> libraries;  ///< in file order, which binds count by, from 1
     std::string install_name;
-    uint32_t platform = 0;         ///< 2 is iOS, 7 its simulator
-    uint32_t minimum_version = 0;  ///< 0x000c0000 is 12.0.0
+    std::vector<BuildVersion> build_versions;  ///< usually one
     FileRange rebase, bind, weak_bind, lazy_bind, exports;
     bool position_independent = false;
     std::string dynamic_linker;     ///< of a main executable

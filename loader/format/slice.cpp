@@ -1,4 +1,3 @@
-// Fat headers, and the first fields of the Mach-O header.
 #include "loader/format/slice.h"
 
 #include <algorithm>
@@ -10,16 +9,6 @@
 
 namespace macho {
 namespace {
-
-/// An arm64e subtype with more in its upper byte is of later systems, and nothing that these know.
-std::string processor(uint32_t type, uint32_t subtype) {
-    if (type == static_cast<uint32_t>(Cpu::x86_64)) return "x86_64";
-    if (type == static_cast<uint32_t>(Cpu::arm64))
-        return subtype == kSubtypeArm64e                    ? "arm64e"
-               : (subtype & kSubtypeMask) == kSubtypeArm64e ? "arm64e of subtype " + hex(subtype)
-                                                            : "arm64";
-    return "processor " + hex(type);
-}
 
 std::string first_bytes(const Bytes& bytes) {
     if (bytes.size() == 0) return "an empty file";
@@ -34,7 +23,7 @@ std::string first_bytes(const Bytes& bytes) {
 
 /// What a process takes on its processor, the best first.
 std::vector<std::string> taken_by(Process process, Cpu cpu) {
-    if (cpu != Cpu::arm64) return {processor(static_cast<uint32_t>(cpu), 0)};
+    if (cpu != Cpu::arm64) return {processor_text(static_cast<uint32_t>(cpu), 0)};
     switch (process) {
         case Process::arm64: return {"arm64"};
         case Process::arm64_on_a12: return {"arm64e", "arm64"};
@@ -50,33 +39,53 @@ std::string all_of(const std::vector<std::string>& processors) {
 }
 
 Bytes slice_of_fat_file(const Bytes& file, const std::vector<std::string>& wanted) {
-    constexpr uint64_t header_size = 8, row_size = 20;
-    const uint64_t count = file.u32_big_endian(4);
-    const Bytes rows = file.part(header_size, count * row_size, "the fat header");
+    const std::vector<FatArch> slices = read_fat_archs(file);
+    for (const std::string& best : wanted)
+        for (const FatArch& slice : slices)
+            if (slice.processor() == best) return file.part(slice.offset, slice.size, "the slice");
     std::string found;
-    for (const std::string& best : wanted) {
-        found.clear();
-        for (uint64_t row = 0; row < rows.size(); row += row_size) {
-            const std::string offered = processor(rows.u32_big_endian(row), rows.u32_big_endian(row + 4));
-            if (offered == best)
-                return file.part(rows.u32_big_endian(row + 8), rows.u32_big_endian(row + 12), "the slice");
-            found += (found.empty() ? "" : ", ") + offered;
-        }
-    }
+    for (const FatArch& slice : slices) found += (found.empty() ? "" : ", ") + slice.processor();
     refuse("no slice for this processor (found " + (found.empty() ? "none" : found) + ", expected " +
            all_of(wanted) + ")");
 }
 
 }  // namespace
 
+std::string processor_text(uint32_t type, uint32_t subtype) {
+    if (type == static_cast<uint32_t>(Cpu::x86_64)) return "x86_64";
+    if (type != static_cast<uint32_t>(Cpu::arm64)) return "processor " + hex(type);
+    if ((subtype & kSubtypeMask) != CPU_SUBTYPE_ARM64E) return "arm64";
+    // With more in its upper byte it is of later systems, and nothing that these know.
+    return subtype == CPU_SUBTYPE_ARM64E ? "arm64e" : "arm64e of subtype " + hex(subtype);
+}
+
+std::string FatArch::processor() const { return processor_text(cpu, subtype); }
+
+bool is_fat(const Bytes& file) {
+    return file.size() >= kFatHeaderSize && file.u32_big_endian(0) == FAT_MAGIC;
+}
+
+std::vector<FatArch> read_fat_archs(const Bytes& file) {
+    const uint64_t count = file.u32_big_endian(4);
+    const Bytes rows = file.part(kFatHeaderSize, count * kFatArchSize, "the fat header");
+    std::vector<FatArch> found;
+    for (uint64_t row = 0; row < rows.size(); row += kFatArchSize)
+        found.push_back({.index = found.size(),
+                         .cpu = rows.u32_big_endian(row),
+                         .subtype = rows.u32_big_endian(row + 4),
+                         .offset = rows.u32_big_endian(row + 8),
+                         .size = rows.u32_big_endian(row + 12),
+                         .align = rows.u32_big_endian(row + 16)});
+    return found;
+}
+
 Bytes choose_slice(const Bytes& file, Cpu cpu, FileType type, Process process) {
     const std::vector<std::string> wanted = taken_by(process, cpu);
-    const bool fat = file.size() >= 8 && file.u32_big_endian(0) == kFatMagic;
-    const Bytes slice = fat ? slice_of_fat_file(file, wanted) : file;
+    const Bytes slice = is_fat(file) ? slice_of_fat_file(file, wanted) : file;
 
-    if (slice.size() < 4 || slice.u32(0) != kMagic)
+    if (slice.size() < 4 || slice.u32(0) != MH_MAGIC_64)
         refuse("not a Mach-O file (found " + first_bytes(slice) + ", expected cf fa ed fe)");
-    const std::string found = processor(slice.u32(4), slice.u32(8));
+    const std::string found = processor_text(slice.u32(4), slice.u32(8));
     if (std::ranges::find(wanted, found) == wanted.end())
         refuse("built for another processor (found " + found + ", expected " + all_of(wanted) + ")");
     const auto expected = static_cast<uint32_t>(type);

@@ -1,4 +1,4 @@
-// Versions as the format packs them: 16 bits, and twice 8.
+// Versions as the format packs them (16 bits, and twice 8) and platforms, in words.
 #pragma once
 #include <cstdint>
 #include <string>
@@ -11,5 +11,8 @@ constexpr uint32_t packed_version(uint32_t major, uint32_t minor = 0, uint32_t p
 
 /// "12.0", "1252.200.5".
 std::string version_text(uint32_t version);
+
+/// "iOS", "the iOS simulator", "platform 42".
+std::string platform_text(uint32_t platform);
 
 }  // namespace macho

@@ -1,4 +1,3 @@
-// Registers an image's classes with GCC's libobjc.
 #include "loader/objc/objc_import.h"
 
 #include <algorithm>
@@ -15,7 +14,7 @@ namespace {
 
 id as_object(void* pointer) { return static_cast<id>(pointer); }
 
-/// A class that is being made; given up unless it is registered.
+/// A class being made; disposed of unless it is registered.
 class NewClass {
   public:
     NewClass(Class superclass, const char* name) : class_(objc_allocateClassPair(superclass, name, 0)) {
@@ -50,7 +49,7 @@ class Importer {
                 refuse(std::string("a class named ") + each.name + " exists already");
     }
 
-    /// What a pointer is bound to is the file's to say: it need not be a class.
+    /// The file decides what a pointer is bound to: it need not be a class.
     void check_bound_classes() const {
         std::vector<Class> known(static_cast<size_t>(objc_getClassList(nullptr, 0)));
         known.resize(static_cast<size_t>(objc_getClassList(known.data(), static_cast<int>(known.size()))));
@@ -59,10 +58,12 @@ class Importer {
         };
         for (const ClassDescription& each : metadata_.classes)
             if (each.superclass && !each.superclass_in_image && !is_class(each.superclass))
-                refuse(std::string("class ") + each.name + ": its superclass is bound to what is no class");
+                refuse(std::string("class ") + each.name +
+                       ": its superclass is bound to something that is not a class");
         for (const CategoryDescription& each : metadata_.categories)
             if (each.extended && !each.extended_in_image && !is_class(each.extended))
-                refuse(std::string("category ") + each.name + ": its class is bound to what is none");
+                refuse(std::string("category ") + each.name +
+                       ": its class is bound to something that is not a class");
     }
 
     ImportedClasses run() {
@@ -180,7 +181,7 @@ class Importer {
                 refuse(std::string("class ") + class_name + " has the method " + side + name + " twice");
     }
 
-    /// Tells the image's code where the variables are. libobjc knows only once the class is registered.
+    /// Sets the offsets that the image's code reads. libobjc knows them only once the class is registered.
     void place_variables(Class made, const ClassDescription& description,
                          const std::vector<std::string>& names) {
         int64_t first_moved = 0;

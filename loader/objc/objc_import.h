@@ -19,10 +19,10 @@ struct ImportedClasses {
 /// Registers the classes with the runtime and points the image's references to them, and its selectors and
 /// protocols to the runtime's. To be called once for an image, before its initialisers.
 ///
-/// Throws Error. Metadata that is at fault and classes that exist already are found out before anything is
-/// registered. Categories come after the classes, in the file's order. Two methods or variables of one name
-/// in a class, or variables that cannot keep their distances from each other, are found out when that class's
-/// turn comes; the classes before it stay.
+/// Throws Error. Faulty metadata and classes that exist already are found before anything is registered.
+/// Categories come after the classes, in the file's order. Two methods or variables of one name in a class,
+/// or variables that cannot keep their distances from each other, are found when that class's turn comes; the
+/// classes before it stay.
 ImportedClasses import_classes(Image& image);
 
 }  // namespace macho

@@ -1,8 +1,8 @@
-// Reads the static metadata of Objective-C classes.
 #include "loader/objc/objc_metadata.h"
 
 #include <algorithm>
 #include <map>
+#include <ranges>
 #include <set>
 #include <unordered_set>
 
@@ -13,8 +13,9 @@
 namespace macho {
 namespace {
 
-// class_t and class_ro_t: offsets of their fields.
+// Offsets of fields, structure by structure: class_t.
 enum ClassField : uint64_t { kIsa = 0, kSuperclass = 8, kData = 32, kClassSize = 40 };
+// class_ro_t.
 enum DataField : uint64_t {
     kFlags = 0,
     kName = 24,
@@ -34,6 +35,7 @@ enum ProtocolField : uint64_t {
     kOwnSize = 64,
     kExtendedTypes = 72,
 };
+// category_t.
 enum CategoryField : uint64_t {
     kCategoryName = 0,
     kExtended = 8,
@@ -42,9 +44,13 @@ enum CategoryField : uint64_t {
     kCategoryProtocols = 32,
     kCategoryProperties = 40,
 };
-constexpr uint32_t kIsMetaclass = 1;
+constexpr uint32_t RO_META = 1;
 
-constexpr uint64_t kMethodRowSize = 24, kVariableRowSize = 32, kPropertyRowSize = 16;
+constexpr uint64_t kListHeadSize = 8;          // entsize_list_t: the size of a row, and how many
+constexpr uint64_t kMethodRowSize = 24;        // method_t
+constexpr uint64_t kImplementation = 16;       // in a method_t
+constexpr uint64_t kVariableRowSize = 32;      // ivar_t
+constexpr uint64_t kPropertyRowSize = 16;      // property_t
 constexpr uint64_t kProtocolSize = 24;         // of the fields of any: isa, name, protocols
 constexpr uint64_t kDefinedProtocolSize = 72;  // of one that is defined, without what old files lack
 constexpr uint64_t kCategorySize = 48;         // without the class's own properties, which old files lack
@@ -52,7 +58,7 @@ constexpr uint32_t kLargestLog2Alignment = 4;  // objects themselves are aligned
 constexpr int64_t kLargestInstance = 1 << 20;  // bytes
 constexpr uint32_t kRowSizeMask = ~3u;         // the two lowest bits are flags
 
-// What no code of ours needs, and libobjc cannot be told about.
+// What our code does not need, and libobjc has no function for.
 constexpr const char* kRefusedSections[][2] = {
     {"__objc_nlclslist", "classes with a +load method"},
     {"__objc_catlist2", "categories of Swift classes"},
@@ -123,7 +129,8 @@ class MetadataReader {
         for (const char* section : {"__objc_classrefs", "__objc_superrefs"})
             for (const uintptr_t slot : references(section)) {
                 if (!bound_.contains(slot) && !known.contains(pointed_to(slot)))
-                    refuse(std::string("section ") + section + " refers to what is no class (found " +
+                    refuse(std::string("section ") + section +
+                           " refers to something that is not a class (found " +
                            hex(pointed_to(slot) - mapping_.slide()) + ")");
                 found.push_back(slot);
             }
@@ -213,7 +220,8 @@ class MetadataReader {
             found.extended = fields.u64(kExtended);
             found.extended_in_image = own.contains(found.extended);
             if (!found.extended_in_image && !bound_.contains(address + kExtended))
-                refuse("it extends what is no class (found " + hex(found.extended - mapping_.slide()) + ")");
+                refuse("it extends something that is not a class (found " +
+                       hex(found.extended - mapping_.slide()) + ")");
             found.instance_methods = methods(fields.u64(kInstanceMethods));
             found.class_methods = methods(fields.u64(kClassMethods));
             found.protocols = protocols(fields.u64(kCategoryProtocols));
@@ -228,7 +236,7 @@ class MetadataReader {
         const uintptr_t at = fields.u64(kData);
         const Bytes data = mapping_.read(at, kDataSize, "the class's data");
         claim(at, "the data");
-        if (const bool is_metaclass = data.u32(kFlags) & kIsMetaclass; is_metaclass != of_metaclass)
+        if (const bool is_metaclass = data.u32(kFlags) & RO_META; is_metaclass != of_metaclass)
             refuse(of_metaclass ? "its isa is a class (expected a metaclass)"
                                 : "it is a metaclass (expected a class)");
         return data;
@@ -243,16 +251,23 @@ class MetadataReader {
                hex(superclass - mapping_.slide()) + ")");
     }
 
-    /// The rows of a list which starts with the size and the number of its rows; none for a null pointer.
-    Bytes rows(uintptr_t list, uint64_t row_size, std::string_view what) {
+    /// The rows of a list (entsize_list_tt); a null pointer is an empty list.
+    auto rows(uintptr_t list, uint64_t row_size, std::string_view what) {
+        const Bytes all = bytes_of_rows(list, row_size, what);
+        return std::views::iota(uint64_t{0}, all.size() / row_size) |
+               std::views::transform([=](uint64_t i) { return all.part(i * row_size, row_size); });
+    }
+
+    /// The size and the number of its rows come first.
+    Bytes bytes_of_rows(uintptr_t list, uint64_t row_size, std::string_view what) {
         if (!list) return {{}, what};
-        const Bytes head = mapping_.read(list, 8, what);
+        const Bytes head = mapping_.read(list, kListHeadSize, what);
         claim(list, what);
         if (const uint64_t found = head.u32(0) & kRowSizeMask; found != row_size)
             refuse(std::string(what) + " has rows of " + std::to_string(found) + " bytes (expected " +
                    std::to_string(row_size) + ")");
         const uint64_t size = head.u32(4) * row_size;
-        return size ? mapping_.read(list + 8, size, what) : Bytes({}, what);
+        return size ? mapping_.read(list + kListHeadSize, size, what) : Bytes({}, what);
     }
 
     /// No list belongs to two classes. This keeps a damaged file from being read many times over.
@@ -261,17 +276,18 @@ class MetadataReader {
     }
 
     std::vector<MethodDescription> methods(uintptr_t list) {
-        const Bytes all = rows(list, kMethodRowSize, "the list of methods");
         std::vector<MethodDescription> found;
-        for (uint64_t at = 0; at < all.size(); at += kMethodRowSize) {
-            MethodDescription method{.name = mapping_.text(all.u64(at), "a method's name"),
-                                     .types = mapping_.text(all.u64(at + 8), "a method's types"),
-                                     .implementation = all.u64(at + 16)};
+        uintptr_t place = list + kListHeadSize + kImplementation;
+        for (const Bytes& row : rows(list, kMethodRowSize, "the list of methods")) {
+            MethodDescription method{.name = mapping_.text(row.u64(0), "a method's name"),
+                                     .types = mapping_.text(row.u64(8), "a method's types"),
+                                     .implementation = row.u64(kImplementation)};
             if (!*method.name || !*method.types)
                 refuse(std::string("the method \"") + method.name + "\" has an empty name or type");
-            if (layout_.arm64e) authenticate(method, list + 8 + at + 16);
+            if (layout_.arm64e) authenticate(method, place);
+            place += kMethodRowSize;
             if (!mapping_.is_code(method.implementation))
-                refuse(std::string("the method ") + method.name + " is no code of the image (found " +
+                refuse(std::string("the method ") + method.name + " is not code of the image (found " +
                        hex(method.implementation - mapping_.slide()) + ")");
             found.push_back(method);
         }
@@ -290,16 +306,15 @@ class MetadataReader {
     }
 
     std::vector<VariableDescription> variables(uintptr_t list) {
-        const Bytes all = rows(list, kVariableRowSize, "the list of variables");
         std::vector<VariableDescription> found;
         uint64_t room = kLargestInstance;
-        for (uint64_t at = 0; at < all.size(); at += kVariableRowSize) {
-            VariableDescription variable{.name = mapping_.text(all.u64(at + 8), "a variable's name"),
-                                         .types = mapping_.text(all.u64(at + 16), "a variable's type"),
-                                         .log2_alignment = all.u32(at + 24),
-                                         .size = all.u32(at + 28),
+        for (const Bytes& row : rows(list, kVariableRowSize, "the list of variables")) {
+            VariableDescription variable{.name = mapping_.text(row.u64(8), "a variable's name"),
+                                         .types = mapping_.text(row.u64(16), "a variable's type"),
+                                         .log2_alignment = row.u32(24),
+                                         .size = row.u32(28),
                                          .offset = 0,
-                                         .offset_slot = all.u64(at)};
+                                         .offset_slot = row.u64(0)};
             if (variable.log2_alignment > kLargestLog2Alignment)
                 refuse(std::string("the variable ") + variable.name + " is aligned to 2^" +
                        std::to_string(variable.log2_alignment) + " bytes (expected at most 16)");
@@ -319,10 +334,9 @@ class MetadataReader {
 
     // libobjc keeps no properties: there is nothing to import, but a bad list is a bad file.
     void check_properties(uintptr_t list) {
-        const Bytes all = rows(list, kPropertyRowSize, "the list of properties");
-        for (uint64_t at = 0; at < all.size(); at += kPropertyRowSize) {
-            mapping_.text(all.u64(at), "a property's name");
-            mapping_.text(all.u64(at + 8), "a property's attributes");
+        for (const Bytes& row : rows(list, kPropertyRowSize, "the list of properties")) {
+            mapping_.text(row.u64(0), "a property's name");
+            mapping_.text(row.u64(8), "a property's attributes");
         }
     }
 
@@ -350,11 +364,10 @@ class MetadataReader {
     }
 
     std::vector<objc::ListedMethod> listed_methods(uintptr_t list) {
-        const Bytes all = rows(list, kMethodRowSize, "the list of methods");
         std::vector<objc::ListedMethod> found;
-        for (uint64_t at = 0; at < all.size(); at += kMethodRowSize)
-            found.push_back({mapping_.text(all.u64(at), "a method's name"),
-                             mapping_.text(all.u64(at + 8), "a method's types")});
+        for (const Bytes& row : rows(list, kMethodRowSize, "the list of methods"))
+            found.push_back({mapping_.text(row.u64(0), "a method's name"),
+                             mapping_.text(row.u64(8), "a method's types")});
         return found;
     }
 

@@ -1,4 +1,4 @@
-// Code signatures. All of their numbers are big-endian.
+// All numbers of a code signature are big-endian.
 #include "loader/rules/code_signature.h"
 
 #include <nettle/sha1.h>
@@ -13,9 +13,10 @@
 namespace macho {
 namespace {
 
-constexpr uint32_t kMagicSignature = 0xfade0cc0, kMagicDirectory = 0xfade0c02,
-                   kMagicRequirements = 0xfade0c01;
-constexpr uint32_t kSlotDirectory = 0, kSlotRequirements = 2, kSlotAlternates = 0x1000, kAlternateCount = 5;
+constexpr uint32_t CSMAGIC_EMBEDDED_SIGNATURE = 0xfade0cc0, CSMAGIC_CODEDIRECTORY = 0xfade0c02,
+                   CSMAGIC_REQUIREMENTS = 0xfade0c01;
+constexpr uint32_t CSSLOT_CODEDIRECTORY = 0, CSSLOT_REQUIREMENTS = 2,
+                   CSSLOT_ALTERNATE_CODEDIRECTORIES = 0x1000, CSSLOT_ALTERNATE_CODEDIRECTORY_MAX = 5;
 constexpr uint64_t kBlobHead = 8, kDirectoryHead = 44;
 
 const char* const kCommand = "LC_CODE_SIGNATURE: ";
@@ -26,7 +27,9 @@ const char* const kCommand = "LC_CODE_SIGNATURE: ";
 }
 
 bool is_directory(uint32_t slot) {
-    return slot == kSlotDirectory || (slot >= kSlotAlternates && slot < kSlotAlternates + kAlternateCount);
+    return slot == CSSLOT_CODEDIRECTORY ||
+           (slot >= CSSLOT_ALTERNATE_CODEDIRECTORIES &&
+            slot < CSSLOT_ALTERNATE_CODEDIRECTORIES + CSSLOT_ALTERNATE_CODEDIRECTORY_MAX);
 }
 
 /// The part of the signature that starts there, as long as it says itself.
@@ -74,8 +77,8 @@ CodeDirectory read_directory(const Bytes& blob, uint32_t slot, uint32_t end_of_c
     if (uint64_t{special_count} * hash_size + kDirectoryHead > hashes_at)
         refuse_signature(name + " has no room for its special slots", std::to_string(special_count),
                          "at most " + std::to_string(hashes_at / hash_size));
-    if (special_count >= kSlotRequirements)
-        directory.requirements = blob.part(hashes_at - kSlotRequirements * uint64_t{hash_size}, hash_size);
+    if (special_count >= CSSLOT_REQUIREMENTS)
+        directory.requirements = blob.part(hashes_at - CSSLOT_REQUIREMENTS * uint64_t{hash_size}, hash_size);
     return directory;
 }
 
@@ -114,25 +117,26 @@ CodeSignature read_signature(const Bytes& slice, const Layout& layout) {
     const Bytes signature = slice.part(at, layout.signature.size, "the code signature");
     if (const uint64_t end = uint64_t{at} + layout.signature.size; end != slice.size())
         refuse_signature("the signature is not the end of the file", hex(end), hex(slice.size()));
-    if (const uint32_t magic = signature.u32_big_endian(0); magic != kMagicSignature)
-        refuse_signature("no signature where it says", hex(magic), hex(kMagicSignature));
+    if (const uint32_t magic = signature.u32_big_endian(0); magic != CSMAGIC_EMBEDDED_SIGNATURE)
+        refuse_signature("no signature at its offset", hex(magic), hex(CSMAGIC_EMBEDDED_SIGNATURE));
 
     CodeSignature result{.directories = {}, .requirements = signature.part(0, 0)};
     const Bytes index =
         signature.part(12, uint64_t{signature.u32_big_endian(8)} * 8, "a signature's list of parts");
     for (uint64_t row = 0; row < index.size(); row += 8) {
         const uint32_t slot = index.u32_big_endian(row), blob = index.u32_big_endian(row + 4);
-        if (slot == kSlotRequirements)
-            result.requirements = blob_at(signature, blob, kMagicRequirements, "a signature's requirements");
+        if (slot == CSSLOT_REQUIREMENTS)
+            result.requirements =
+                blob_at(signature, blob, CSMAGIC_REQUIREMENTS, "a signature's requirements");
         if (!is_directory(slot)) continue;
         const CodeDirectory directory =
-            read_directory(blob_at(signature, blob, kMagicDirectory, "a CodeDirectory"), slot, at);
+            read_directory(blob_at(signature, blob, CSMAGIC_CODEDIRECTORY, "a CodeDirectory"), slot, at);
         for (const CodeDirectory& other : result.directories)
             if (other.hash == directory.hash)
                 refuse_signature("two CodeDirectories of one hash", directory.hash_name(), "another");
         result.directories.push_back(directory);
     }
-    if (result.directories.empty() || result.directories.front().slot != kSlotDirectory)
+    if (result.directories.empty() || result.directories.front().slot != CSSLOT_CODEDIRECTORY)
         refuse_signature("no CodeDirectory in front", std::to_string(result.directories.size()) + " in all",
                          "slot 0");
     return result;

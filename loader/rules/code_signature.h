@@ -10,7 +10,7 @@
 
 namespace macho {
 
-/// One list of page hashes (CodeDirectory).
+/// One list of page hashes (CS_CodeDirectory).
 struct CodeDirectory {
     enum class Hash : uint8_t { sha1 = 1, sha256 = 2 };
 
@@ -28,6 +28,7 @@ struct CodeDirectory {
     const char* hash_name() const { return hash == Hash::sha1 ? "SHA-1" : "SHA-256"; }
 };
 
+/// CS_SuperBlob.
 struct CodeSignature {
     std::vector<CodeDirectory> directories;  ///< of different hashes, at least one
     Bytes requirements;                      ///< empty where there are none

@@ -1,4 +1,3 @@
-// The rules of structure: load commands, segments, and the layout of __LINKEDIT.
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -11,27 +10,8 @@
 namespace macho {
 namespace {
 
-constexpr uint64_t kHeaderSize = 32, kSegmentSize = 72, kSectionSize = 80;
-constexpr uint32_t kRead = 1, kWrite = 2, kExecute = 4;
+constexpr uint32_t VM_PROT_READ = 1, VM_PROT_WRITE = 2, VM_PROT_EXECUTE = 4;
 constexpr uint32_t kMostSymbols = 0x10000000;
-
-/// Code pages are 16 KiB on arm64, and 4 KiB in the simulator.
-constexpr uint64_t page_size(Cpu cpu) { return cpu == Cpu::arm64 ? 0x4000 : 0x1000; }
-
-enum CommandNumber : uint32_t {
-    kSymbolTable = 0x2,
-    kDynamicSymbolTable = 0xb,
-    kUuid = 0x1b,
-    kSplitInfo = 0x1e,
-    kFunctionStarts = 0x26,
-    kDataInCode = 0x29,
-    kSignature = static_cast<uint32_t>(Command::code_signature),
-    kFixups = static_cast<uint32_t>(Command::dyld_info),
-    kFixupsOnly = static_cast<uint32_t>(Command::dyld_info_only),
-    kIdentity = static_cast<uint32_t>(Command::id_dylib),
-    kEncryption = static_cast<uint32_t>(Command::encryption_info_64),
-    kSegment = static_cast<uint32_t>(Command::segment_64),
-};
 
 /// Load commands of a fixed size, which an image has once at most.
 struct Form {
@@ -40,11 +20,16 @@ struct Form {
     bool required;
 };
 constexpr Form kForms[] = {
-    {kSymbolTable, 24, true},     {kDynamicSymbolTable, 80, true},
-    {kUuid, 24, false},           {kSignature, 16, false},
-    {kFixups, 48, false},         {kFixupsOnly, 48, false},
-    {kEncryption, 24, false},     {kSplitInfo, 16, false},
-    {kFunctionStarts, 16, false}, {kDataInCode, 16, false},
+    {LC_SYMTAB, 24, true},
+    {LC_DYSYMTAB, 80, true},
+    {LC_UUID, 24, false},
+    {LC_CODE_SIGNATURE, 16, false},
+    {LC_DYLD_INFO, 48, false},
+    {LC_DYLD_INFO_ONLY, 48, false},
+    {LC_ENCRYPTION_INFO_64, 24, false},
+    {LC_SEGMENT_SPLIT_INFO, 16, false},
+    {LC_FUNCTION_STARTS, 16, false},
+    {LC_DATA_IN_CODE, 16, false},
 };
 
 /// Where the fields are of tables in __LINKEDIT, in the order in which these lie there.
@@ -56,18 +41,18 @@ struct Piece {
     uint64_t alignment;
 };
 constexpr Piece kPieces[] = {
-    {"rebase opcodes", kFixupsOnly, 8, 12, 1, 8},
-    {"bind opcodes", kFixupsOnly, 16, 20, 1, 8},
-    {"weak bind opcodes", kFixupsOnly, 24, 28, 1, 8},
-    {"lazy bind opcodes", kFixupsOnly, 32, 36, 1, 8},
-    {"export trie", kFixupsOnly, 40, 44, 1, 8},
-    {"split info", kSplitInfo, 8, 12, 1, 8},
-    {"function starts", kFunctionStarts, 8, 12, 1, 8},
-    {"data in code", kDataInCode, 8, 12, 1, 8},
-    {"symbols", kSymbolTable, 8, 12, 16, 8},
-    {"indirect symbols", kDynamicSymbolTable, 56, 60, 4, 4},
-    {"symbol names", kSymbolTable, 16, 20, 1, 1},
-    {"signature", kSignature, 8, 12, 1, 8},
+    {"rebase opcodes", LC_DYLD_INFO_ONLY, 8, 12, 1, 8},
+    {"bind opcodes", LC_DYLD_INFO_ONLY, 16, 20, 1, 8},
+    {"weak bind opcodes", LC_DYLD_INFO_ONLY, 24, 28, 1, 8},
+    {"lazy bind opcodes", LC_DYLD_INFO_ONLY, 32, 36, 1, 8},
+    {"export trie", LC_DYLD_INFO_ONLY, 40, 44, 1, 8},
+    {"split info", LC_SEGMENT_SPLIT_INFO, 8, 12, 1, 8},
+    {"function starts", LC_FUNCTION_STARTS, 8, 12, 1, 8},
+    {"data in code", LC_DATA_IN_CODE, 8, 12, 1, 8},
+    {"symbols", LC_SYMTAB, 8, 12, 16, 8},
+    {"indirect symbols", LC_DYSYMTAB, 56, 60, 4, 4},
+    {"symbol names", LC_SYMTAB, 16, 20, 1, 1},
+    {"signature", LC_CODE_SIGNATURE, 8, 12, 1, 8},
 };
 
 [[noreturn]] void broken(const std::string& where, const std::string& what, const std::string& found,
@@ -115,14 +100,14 @@ class StructureRules {
         uint64_t at = 0;
         for (uint32_t left = slice.u32(16); left > 0; --left) {
             commands_.push_back({all.u32(at), all.part(at, all.u32(at + 4), "a load command")});
-            if (commands_.back().number == kSegment) segments_.emplace_back(commands_.back().bytes);
+            if (commands_.back().number == LC_SEGMENT_64) segments_.emplace_back(commands_.back().bytes);
             at += commands_.back().bytes.size();
         }
     }
 
     void check() {
         for (const Form& form : kForms) check_form(form);
-        if (layout_.type == FileType::dylib && !find(kIdentity))
+        if (layout_.type == FileType::dylib && !find(LC_ID_DYLIB))
             broken("LC_ID_DYLIB", "no install name", "nothing", "one for a dylib");
         if (layout_.libraries.empty())
             broken("LC_LOAD_DYLIB", "no libraries", "nothing", "at least libSystem");
@@ -150,7 +135,7 @@ class StructureRules {
     }
 
     void check_segment(const SegmentCommand& segment) const {
-        const uint64_t expected_size = kSegmentSize + segment.bytes.u32(64) * kSectionSize;
+        const uint64_t expected_size = kSegmentCommandSize + segment.bytes.u32(64) * kSectionSize;
         if (segment.bytes.size() != expected_size)
             segment.broken("its size for its number of sections", std::to_string(segment.bytes.size()),
                            std::to_string(expected_size));
@@ -160,28 +145,28 @@ class StructureRules {
             segment.broken("vmaddr", hex(segment.address), "a multiple of " + hex(page));
         if (segment.file_offset % page)
             segment.broken("fileoff", hex(segment.file_offset), "a multiple of " + hex(page));
-        if ((segment.access & kExecute) && segment.size != segment.file_size)
+        if ((segment.access & VM_PROT_EXECUTE) && segment.size != segment.file_size)
             segment.broken("filesize of an executable segment", hex(segment.file_size),
                            hex(segment.size) + ", its vmsize");
         check_sections(segment);
     }
 
     void check_access(const SegmentCommand& segment) const {
-        constexpr uint32_t known = kRead | kWrite | kExecute;
+        constexpr uint32_t known = VM_PROT_READ | VM_PROT_WRITE | VM_PROT_EXECUTE;
         for (const auto& [field, access] :
              {std::pair{"maxprot", segment.most_access}, std::pair{"initprot", segment.access}})
             if (access & ~known) segment.broken(field, hex(access), "at most " + hex(known));
-        if (segment.access && !(segment.access & kRead))
+        if (segment.access && !(segment.access & VM_PROT_READ))
             segment.broken("initprot", hex(segment.access), "a readable segment");
         const auto expect = [&](uint32_t access) {
             if (segment.access != access) segment.broken("initprot", hex(segment.access), hex(access));
         };
-        if (segment.name == "__TEXT") expect(kRead | kExecute);
-        if (segment.is_linkedit()) expect(kRead);
+        if (segment.name == "__TEXT") expect(VM_PROT_READ | VM_PROT_EXECUTE);
+        if (segment.is_linkedit()) expect(VM_PROT_READ);
     }
 
     void check_sections(const SegmentCommand& segment) const {
-        for (uint64_t row = kSegmentSize; row < segment.bytes.size(); row += kSectionSize) {
+        for (uint64_t row = kSegmentCommandSize; row < segment.bytes.size(); row += kSectionSize) {
             const uint64_t offset = segment.bytes.u32(row + 48), size = segment.bytes.u64(row + 40);
             const std::string name = segment.bytes.padded_text(row, 16);
             if (offset == 0) continue;  // zeros, which the file does not hold
@@ -215,7 +200,7 @@ class StructureRules {
         if (segment->file_size < kHeaderSize + commands_size_)
             segment->broken("filesize, with all load commands", hex(segment->file_size),
                             "at least " + hex(kHeaderSize + commands_size_));
-        if (segment->access & kWrite)
+        if (segment->access & VM_PROT_WRITE)
             segment->broken("initprot of the file's start", hex(segment->access), "not writable");
     }
 
@@ -242,8 +227,8 @@ class StructureRules {
     }
 
     void check_symbols() const {
-        const Bytes& symbols = *find(kSymbolTable);
-        const Bytes& ranges = *find(kDynamicSymbolTable);
+        const Bytes& symbols = *find(LC_SYMTAB);
+        const Bytes& ranges = *find(LC_DYSYMTAB);
         const uint32_t count = symbols.u32(12);
         if (count > kMostSymbols)
             broken("LC_SYMTAB", "nsyms", std::to_string(count), "at most " + std::to_string(kMostSymbols));

@@ -1,8 +1,8 @@
-// Reads __eh_frame.
 #include "loader/unwinding/eh_frame.h"
 
 #include "loader/fault.h"
 #include "loader/format/cursor.h"
+#include "loader/unwinding/pointer_encoding.h"
 
 namespace macho {
 namespace {
@@ -10,22 +10,10 @@ namespace {
 constexpr std::string_view kName = "__eh_frame";
 constexpr uint32_t kExtendedLength = 0xffffffff;
 
-// Pointer encodings: a format, what it counts from, and whether the pointer itself is elsewhere.
-constexpr uint8_t kOmitted = 0xff;
-constexpr uint8_t kFormatMask = 0x0f, kBaseMask = 0x70, kIndirect = 0x80;
-enum Format : uint8_t {
-    kAbsolute = 0x00,
-    kUnsigned4 = 0x03,
-    kUnsigned8 = 0x04,
-    kSigned4 = 0x0b,
-    kSigned8 = 0x0c
-};
-enum Base : uint8_t { kFromZero = 0x00, kFromField = 0x10 };
-
 struct CommonEntry {
     FrameKind kind;
-    uint8_t pointer_encoding = kAbsolute;
-    uint8_t lsda_encoding = kOmitted;
+    uint8_t pointer_encoding = DW_EH_PE_absptr;
+    uint8_t lsda_encoding = DW_EH_PE_omit;
 };
 
 class EhFrame {
@@ -44,10 +32,10 @@ class EhFrame {
         if (const uintptr_t start = pointer(cursor, common.pointer_encoding); start != function)
             refuse("__eh_frame's entry at " + hex(offset) + " is about the code at " +
                    hex(start - mapping_.slide()) + " (expected " + hex(function - mapping_.slide()) + ")");
-        value(cursor, common.pointer_encoding);  // the code's size, which the unwind pages say too
+        value(cursor, common.pointer_encoding);  // the code's size, which __unwind_info has, too
         FrameDescription found{.kind = common.kind, .instructions = {}};
         Cursor augmentation(cursor.take(cursor.uleb128()));
-        if (common.lsda_encoding != kOmitted) found.lsda = pointer(augmentation, common.lsda_encoding);
+        if (common.lsda_encoding != DW_EH_PE_omit) found.lsda = pointer(augmentation, common.lsda_encoding);
         found.instructions = all(cursor.rest());
         return found;
     }
@@ -97,12 +85,12 @@ class EhFrame {
     }
 
     uint64_t value(Cursor& cursor, uint8_t encoding) const {
-        switch (encoding & kFormatMask) {
-            case kAbsolute:
-            case kUnsigned8:
-            case kSigned8: return cursor.u64();
-            case kUnsigned4: return cursor.u32();
-            case kSigned4: return static_cast<uint64_t>(int64_t{static_cast<int32_t>(cursor.u32())});
+        switch (encoding & kEncodingFormatMask) {
+            case DW_EH_PE_absptr:
+            case DW_EH_PE_udata8:
+            case DW_EH_PE_sdata8: return cursor.u64();
+            case DW_EH_PE_udata4: return cursor.u32();
+            case DW_EH_PE_sdata4: return static_cast<uint64_t>(int64_t{static_cast<int32_t>(cursor.u32())});
             default: refuse("__eh_frame has the unknown pointer encoding " + hex(encoding));
         }
     }
@@ -111,12 +99,13 @@ class EhFrame {
         const auto field = reinterpret_cast<uintptr_t>(cursor.rest().data());
         uintptr_t found = value(cursor, encoding);
         if (found == 0) return 0;
-        if (const uint8_t base = encoding & kBaseMask; base == kFromField)
+        if (const uint8_t base = encoding & kEncodingBaseMask; base == DW_EH_PE_pcrel)
             found += field;
-        else if (base != kFromZero)
+        else if (base != DW_EH_PE_absptr)
             refuse("__eh_frame has the unknown pointer encoding " + hex(encoding));
-        return encoding & kIndirect ? mapping_.read_pointer(found, "a pointer that __eh_frame refers to")
-                                    : found;
+        return encoding & DW_EH_PE_indirect
+                   ? mapping_.read_pointer(found, "a pointer that __eh_frame refers to")
+                   : found;
     }
 
     static std::vector<uint8_t> all(const Bytes& bytes) {

@@ -1,4 +1,3 @@
-// Compact unwind encodings of arm64.
 #include "loader/unwinding/frame_arm64.h"
 
 #include "loader/fault.h"
@@ -7,12 +6,14 @@ namespace macho::arm64 {
 namespace {
 
 enum Mode : uint32_t {
-    kFrameless = 0x02000000,
-    kDwarf = 0x03000000,
-    kFramePointer = 0x04000000,
+    UNWIND_ARM64_MODE_MASK = 0x0f000000,
+    UNWIND_ARM64_MODE_FRAMELESS = 0x02000000,
+    UNWIND_ARM64_MODE_DWARF = 0x03000000,
+    UNWIND_ARM64_MODE_FRAME = 0x04000000,
 };
-constexpr uint32_t kModeMask = 0x0f000000;
-constexpr uint64_t kUnit = 16;  // that stack sizes are counted in
+constexpr uint32_t UNWIND_ARM64_FRAME_X19_X20_PAIR = 0x001, UNWIND_ARM64_FRAME_D8_D9_PAIR = 0x100;
+constexpr unsigned kFramelessStackSize = 12;  // where its mask starts
+constexpr uint64_t kUnit = 16;                // that stack sizes are counted in
 
 constexpr uint8_t kX19 = 19, kFramePointerRegister = 29, kStackPointer = 31, kD8 = 72;
 
@@ -24,29 +25,30 @@ void add_pairs(Frame& frame, uint32_t encoding, uint32_t words_below) {
         frame.saved.push_back({static_cast<uint8_t>(first + 1), words_below++});
     };
     for (unsigned i = 0; i < 5; ++i)
-        if (encoding & (0x001u << i)) pair(kX19 + 2 * i);
+        if (encoding & (UNWIND_ARM64_FRAME_X19_X20_PAIR << i)) pair(kX19 + 2 * i);
     for (unsigned i = 0; i < 4; ++i)
-        if (encoding & (0x100u << i)) pair(kD8 + 2 * i);
+        if (encoding & (UNWIND_ARM64_FRAME_D8_D9_PAIR << i)) pair(kD8 + 2 * i);
 }
 
 }  // namespace
 
 std::optional<Frame> frame(uint32_t encoding) {
-    switch (encoding & kModeMask) {
-        case kFramePointer: {
+    switch (encoding & UNWIND_ARM64_MODE_MASK) {
+        case UNWIND_ARM64_MODE_FRAME: {
             Frame frame{.base_register = kFramePointerRegister,
                         .offset = 16,
                         .saved = {{kReturnAddress, 1}, {kFramePointerRegister, 2}}};
             add_pairs(frame, encoding, 3);
             return frame;
         }
-        case kFrameless: {  // makes no calls: the return address is still in its register
-            Frame frame{
-                .base_register = kStackPointer, .offset = ((encoding >> 12) & 0xfff) * kUnit, .saved = {}};
+        case UNWIND_ARM64_MODE_FRAMELESS: {  // makes no calls: the return address is still in its register
+            Frame frame{.base_register = kStackPointer,
+                        .offset = ((encoding >> kFramelessStackSize) & 0xfff) * kUnit,
+                        .saved = {}};
             add_pairs(frame, encoding, 1);
             return frame;
         }
-        case kDwarf: return std::nullopt;
+        case UNWIND_ARM64_MODE_DWARF: return std::nullopt;
         default: refuse("the unwind encoding " + hex(encoding) + " has an unknown mode");
     }
 }

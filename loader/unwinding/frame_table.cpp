@@ -1,9 +1,9 @@
-// DWARF call frame information.
 #include "loader/unwinding/frame_table.h"
 
 #include <string_view>
 
 #include "loader/fault.h"
+#include "loader/unwinding/pointer_encoding.h"
 
 extern "C" void __register_frame(void*);
 extern "C" void __deregister_frame(void*);
@@ -11,13 +11,12 @@ extern "C" void __deregister_frame(void*);
 namespace macho {
 namespace {
 
-enum DwarfInstruction : uint8_t {
-    kNop = 0x00,
-    kOffsetExtended = 0x05,
-    kDefineFrameAddress = 0x0c,
-    kOffset = 0x80,  // with the register's number in the lower six bits
+enum CallFrameInstruction : uint8_t {
+    DW_CFA_nop = 0x00,
+    DW_CFA_offset_extended = 0x05,
+    DW_CFA_def_cfa = 0x0c,
+    DW_CFA_offset = 0x80,  // with the register's number in the lower six bits
 };
-constexpr uint8_t kEncodingAbsolute = 0x00;
 constexpr uint8_t kVersion = 1;
 
 // Entries of a damaged file may overlap, and so add up to much more than the file.
@@ -55,14 +54,14 @@ class Writer {
 
 std::vector<uint8_t> instructions_for(const Frame& frame) {
     Writer writer;
-    writer.u8(kDefineFrameAddress);
+    writer.u8(DW_CFA_def_cfa);
     writer.uleb128(frame.base_register);
     writer.uleb128(frame.offset);
     for (const auto [number, words_below] : frame.saved) {
         if (number < 0x40) {
-            writer.u8(kOffset | number);
+            writer.u8(DW_CFA_offset | number);
         } else {
-            writer.u8(kOffsetExtended);
+            writer.u8(DW_CFA_offset_extended);
             writer.uleb128(number);
         }
         writer.uleb128(words_below);
@@ -95,7 +94,7 @@ uint64_t FrameTable::common_entry(const FrameKind& kind) {
     if (!is_new) return known->second;
 
     Writer writer;
-    writer.u32(0);  // what tells it from a function's entry
+    writer.u32(0);  // CIE_id: an FDE has a distance here
     writer.u8(kVersion);
     writer.text(kind.personality ? "zPLR" : "zR");
     writer.uleb128(kind.code_alignment);
@@ -103,13 +102,13 @@ uint64_t FrameTable::common_entry(const FrameKind& kind) {
     writer.u8(kind.return_address);
     if (kind.personality) {
         writer.uleb128(1 + 8 + 1 + 1);
-        writer.u8(kEncodingAbsolute);
+        writer.u8(DW_EH_PE_absptr);
         writer.u64(kind.personality);
-        writer.u8(kEncodingAbsolute);
-        writer.u8(kEncodingAbsolute);
+        writer.u8(DW_EH_PE_absptr);
+        writer.u8(DW_EH_PE_absptr);
     } else {
         writer.uleb128(1);
-        writer.u8(kEncodingAbsolute);
+        writer.u8(DW_EH_PE_absptr);
     }
     writer.bytes(kind.instructions);
     append(writer.take());
@@ -117,7 +116,7 @@ uint64_t FrameTable::common_entry(const FrameKind& kind) {
 }
 
 void FrameTable::append(std::vector<uint8_t> entry) {
-    while ((entry.size() + 4) % 8) entry.push_back(kNop);
+    while ((entry.size() + 4) % 8) entry.push_back(DW_CFA_nop);
     Writer length;
     length.u32(static_cast<uint32_t>(entry.size()));
     if (entry.size() > kLargestTable - table_.size()) refuse("the frame descriptions take too much room");

@@ -1,4 +1,4 @@
-// Tells the process's unwinder about the frames of loaded code.
+// Registers the frames of loaded code with the process's unwinder.
 #pragma once
 #include <cstdint>
 #include <map>
@@ -10,7 +10,7 @@
 
 namespace macho {
 
-/// What functions of one kind share: a common information entry of DWARF.
+/// What functions of one kind share: a CIE of DWARF.
 struct FrameKind {
     uint8_t return_address;  ///< the register column
     uint64_t code_alignment = 1;
@@ -22,7 +22,7 @@ struct FrameKind {
 
 struct FrameDescription {
     FrameKind kind;
-    uintptr_t lsda = 0;  ///< the table of clean-ups
+    uintptr_t lsda = 0;  ///< the language-specific data area
     std::vector<uint8_t> instructions;
 };
 
@@ -38,7 +38,7 @@ class FrameTable {
     FrameTable& operator=(const FrameTable&) = delete;
 
     void add(uintptr_t start, uint64_t size, const FrameDescription& description);
-    /// Hands the table to the unwinder. Nothing may be added afterwards.
+    /// Registers the table with the unwinder. Nothing may be added afterwards.
     void publish();
 
   private:

@@ -1,4 +1,4 @@
-// The compact unwind pages: one encoding for each range of code.
+// __unwind_info: pages of compact encodings, one for each range of code.
 #pragma once
 #include <cstdint>
 #include <vector>
@@ -8,13 +8,14 @@
 namespace macho {
 
 struct UnwindEntry {
-    uint32_t start, end;        ///< code, counted from the image's header
-    uint32_t encoding;          ///< 0 where nothing can be unwound
-    uint32_t lsda;              ///< the table of clean-ups, counted from the header; 0 if there is none
+    uint32_t start, end;  ///< code, counted from the image's header
+    uint32_t encoding;    ///< 0 where nothing can be unwound
+    uint32_t lsda;        ///< the language-specific data area, counted from the header; 0 if there is none
     uint32_t personality_slot;  ///< the pointer to the personality function, likewise
 };
 
-inline constexpr uint32_t kUnwindDwarfOffsetMask = 0x00ffffff;  // in the encoding, where DWARF has the frame
+inline constexpr uint32_t UNWIND_DWARF_SECTION_OFFSET =
+    0x00ffffff;  // of the frame in __eh_frame, on both processors
 
 /// All entries in ascending order, without overlaps. None goes beyond `end_of_code`, counted from the header;
 /// whether they start at code is for the caller to check.

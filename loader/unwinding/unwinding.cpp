@@ -1,4 +1,3 @@
-// From the image's unwind information to the host's.
 #include "loader/unwinding/unwinding.h"
 
 #include <algorithm>
@@ -20,7 +19,7 @@ class Describer {
         const uintptr_t start = address(entry.start);
         const uint64_t size = entry.end - entry.start;
         if (!mapping_.is_code(start, size))
-            refuse("the unwind pages describe what is no code (found " + hex(size) + " bytes at " +
+            refuse("__unwind_info describes what is not code (found " + hex(size) + " bytes at " +
                    hex(entry.start) + ")");
 
         if (const std::optional<Frame> found = frame(entry, start, size)) {
@@ -37,7 +36,8 @@ class Describer {
         if (!section)
             refuse("the code at " + hex(entry.start) +
                    " has its frame described by DWARF, but there is no __eh_frame");
-        return checked(read_eh_frame(mapping_, *section, entry.encoding & kUnwindDwarfOffsetMask, start));
+        return checked(
+            read_eh_frame(mapping_, *section, entry.encoding & UNWIND_DWARF_SECTION_OFFSET, start));
     }
 
   private:
@@ -54,7 +54,7 @@ class Describer {
 
     FrameDescription checked(FrameDescription description) const {
         if (description.lsda && !mapping_.contains(description.lsda))
-            refuse("a function's clean-up table lies outside the image (found " +
+            refuse("a function's LSDA lies outside the image (found " +
                    hex(description.lsda - mapping_.slide()) + ")");
         return description;
     }
@@ -75,8 +75,7 @@ void describe_frames(const Layout& layout, const Mapping& mapping, FrameTable& t
             end_of_code = std::max(end_of_code, segment.address - layout.header_address + segment.file_size);
 
     const Describer describer(layout, mapping);
-    for (const UnwindEntry& entry :
-         read_unwind_info(mapping.read(*section, "the unwind pages"), end_of_code)) {
+    for (const UnwindEntry& entry : read_unwind_info(mapping.read(*section, "__unwind_info"), end_of_code)) {
         if (entry.encoding == 0) continue;
         table.add(mapping.address_of(layout.header_address + entry.start), entry.end - entry.start,
                   describer.describe(entry));

@@ -1,4 +1,3 @@
-// Colours: see the header.
 #include "coregraphics/CGColor.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// Colour spaces: see the header.
 #include "coregraphics/CGColorSpace.h"
 
 #include "objc/class.h"

@@ -1,4 +1,3 @@
-// Images: see the header.
 #include "coregraphics/CGImage.h"
 
 #include "coregraphics/CGColor.h"

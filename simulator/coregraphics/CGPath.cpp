@@ -1,4 +1,3 @@
-// Paths: see the header.
 #include "coregraphics/CGPath.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// The typefaces that text is drawn with: see the header.
 #include "coregraphics/typefaces.h"
 
 #include <fontconfig/fontconfig.h>

@@ -74,6 +74,9 @@ struct Text : NSString {
                                                     objc::selector<"stringByAppendingString:">())(tail);
     }
 
+    // Without the language's own order of letters.
+    NSInteger localizedCaseInsensitiveCompare(NSString* other) { return caseInsensitiveCompare(other); }
+
     static inline constinit IMP previous_append = nullptr;
 };
 
@@ -84,6 +87,7 @@ void correct_strings() {
     correct_everywhere<"intValue", &Text::intValue>(string);
     correct_everywhere<"doubleValue", &Text::doubleValue>(string);
     correct_everywhere<"floatValue", &Text::floatValue>(string);
+    correct_everywhere<"localizedCaseInsensitiveCompare:", &Text::localizedCaseInsensitiveCompare>(string);
     Text::previous_append = redefine<"stringByAppendingString:", &Text::stringByAppendingString>(string);
 }
 

@@ -112,6 +112,14 @@ typedef struct sim_options {
     /* Folders of the device that the process's sandbox denies it: what lies in them can be neither found, nor
      * read, nor written; ends with NULL. They need not exist. */
     const char* const* denied_folders;
+    /* The user's language as a tag: "en", "de", "zh-Hans": "en". */
+    const char* language;
+    /* Whether text, and with it what stands beside each other, runs from right to left. */
+    bool right_to_left;
+    /* How large the user wants text, as content size categories end: "XS" to "XXXL", "AccessibilityM" to
+     * "AccessibilityXXXL": "L". */
+    const char* text_size;
+    bool reduce_motion;
     int process; /* a sim_process */
     /* In an arm64e process, the runtime answers class_getMethodImplementation without a signature: a phone
      * that does not do as is known of it. */
@@ -212,6 +220,10 @@ typedef struct sim_keyboard {
     /* The application's page, above and behind the keyboard: "notes", "light" (plain) or "busy" (strong
        colours with sharp edges): "notes". */
     const char* background;
+    /* What an input method suggests, in place of the words above the keys: "none", "row" (one row of
+       candidates) or "expanded" (rows of them, in place of the keys, too): "none". A split keyboard has no
+       candidates. */
+    const char* candidates;
 } sim_keyboard;
 
 /* Puts the keyboard on the screen, in place of what was there. NULL shows the defaults. */
@@ -267,12 +279,68 @@ SIM_API sim_status sim_touch(int phase, double x, double y);
 /* Puts the finger down and lifts it. */
 SIM_API sim_status sim_tap(double x, double y);
 
+/* Two fingers at once, the same way: for gestures. They land, move and are lifted together. */
+SIM_API sim_status sim_touch_two(int phase, double first_x, double first_y, double second_x, double second_y);
+
+/* Taps the middle of the frontmost view on the screen that is called so: by what VoiceOver says of it, which
+ * of labels, buttons and table cells is their text. SIM_NOT_FOUND when there is none, or when something
+ * covers it. */
+SIM_API sim_status sim_tap_label(const char* label);
+
 /* ---- Time -------------------------------------------------------------------------------------------- */
 
 /* Lets that many seconds pass, 0 included, which they never do by themselves. Animations go on, and whoever
  * waits for the end of one is told, in order and each at its time; then the screen is laid out. Pictures show
  * animations as they are at the moment. */
 SIM_API sim_status sim_advance_clock(double seconds);
+
+/* ---- Settings ---------------------------------------------------------------------------------------- */
+
+/* Shows the Settings app, in place of what was there: its root list, with the rows that the phone's files in
+ * /Library/PreferenceLoader/Preferences ask for. The process is to claim
+ * /Applications/Preferences.app/Preferences. A row that is touched loads its bundle's executable as sim_load
+ * does, and shows the page of its class. What is left out or cannot be loaded is said on stderr. */
+SIM_API sim_status sim_open_settings(void);
+
+/* The rows that were added, in their order. */
+SIM_API size_t sim_settings_row_count(void);
+/* NULL beyond the end. */
+SIM_API const char* sim_settings_row(size_t index);
+
+/* ---- What leaves the phone --------------------------------------------------------------------------------
+ */
+
+/* A program that was started by posix_spawn, unless by one that sim_run runs. It is noted and never run: in
+ * its place a process ends at once. */
+typedef struct sim_program {
+    const char* path;             /* of the device */
+    const char* const* arguments; /* ends with NULL */
+    int error; /* what posix_spawn returned: 0, or ENOENT where no such file is on the phone */
+} sim_program;
+
+SIM_API size_t sim_program_count(void);
+/* Valid until the next call of this function. */
+SIM_API sim_status sim_program_at(size_t index, sim_program* program);
+/* What such a process says when it ends, from 0 to 255: 0. */
+SIM_API sim_status sim_end_programs_with(int exit_status);
+
+/* The addresses that UIApplication was asked to open; NULL beyond the end. */
+SIM_API size_t sim_opened_address_count(void);
+SIM_API const char* sim_opened_address(size_t index);
+
+/* What was handed to the share sheet, and shared by its button "Share". */
+typedef struct sim_shared_item {
+    const char* kind;    /* "text", "file" or "image" */
+    const char* content; /* the text, the file's path on the device, or the image's size: "20 x 30" */
+} sim_shared_item;
+
+SIM_API size_t sim_shared_item_count(void);
+SIM_API sim_status sim_shared_item_at(size_t index, sim_shared_item* item);
+
+/* ---- Memory ------------------------------------------------------------------------------------------- */
+
+/* The system runs out of memory: a notification is posted, and every controller on the screen is told. */
+SIM_API sim_status sim_warn_of_memory(void);
 
 /* ---- Typing ------------------------------------------------------------------------------------------ */
 

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string_view>
 
+#include "foundation/bundles.h"
 #include "foundation/corrections.h"
 #include "interface/leak_checking.h"
 #include "interface/refusal.h"
@@ -19,6 +20,8 @@
 #include "runtime/references/reference_counting.h"
 #include "uikit/geometry_values.h"
 #include "uikit/scrolling/index_paths.h"
+#include "uikit/surroundings/accessibility.h"
+#include "uikit/surroundings/text_styles.h"
 
 namespace sim {
 namespace {
@@ -60,6 +63,15 @@ void check(const Device& device) {
     const double scale = device.screen_scale;
     if (scale != 1 && scale != 2 && scale != 3)
         throw Refusal(SIM_MISUSE, "the screen scale is " + std::to_string(scale) + "; it is 1, 2 or 3");
+    if (!is_text_size(device.text_size))
+        throw Refusal(SIM_MISUSE, "the text size is \"" + device.text_size +
+                                      "\"; it is the end of a content size category's name, such as \"L\" or "
+                                      "\"AccessibilityXL\"");
+    if (device.language.empty() ||
+        device.language.find_first_not_of(
+            "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-") != std::string::npos)
+        throw Refusal(SIM_MISUSE, "the language is \"" + device.language +
+                                      "\"; it is a tag such as \"en\" or \"zh-Hans\"");
     if (device.system_version.empty() ||
         device.system_version.find_first_not_of("0123456789.") != std::string::npos ||
         device.system_version.starts_with('.') || device.system_version.ends_with('.') ||
@@ -155,8 +167,10 @@ void boot(const BootOptions& options) {
     deny_folders(options.denied_folders);
     objc_autoreleasePoolPush();  // the main thread's outermost pool, which is never drained
     correct_foundation();
+    correct_bundles(options.device.language);
     add_geometry_to_values();
     add_items_to_index_paths();
+    add_accessibility_to_objects();
     // Foundation looks for its settings when they are first wanted, in many places; now these are the
     // phone's.
     objc::send<"standardUserDefaults", id>(reinterpret_cast<id>(objc_getClass("NSUserDefaults")));

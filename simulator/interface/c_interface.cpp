@@ -1,17 +1,15 @@
 // The simulator's C interface, over the parts that do the work.
 #include <cmath>
 #include <cstring>
-#include <exception>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "interface/answer.h"
 #include "interface/boot.h"
 #include "interface/executable.h"
 #include "interface/library.h"
 #include "interface/refusal.h"
-#include "objc/exception.h"
 #include "platform/keyboard.h"
 #include "runtime/injection/installing_calls.h"
 #include "screen/picture.h"
@@ -29,67 +27,17 @@ struct sim_library {
 
 namespace {
 
+using sim::answer;
+using sim::last_error;
+using sim::object_of;
 using sim::Refusal;
-
-std::string& last_error() {
-    static std::string line;
-    return line;
-}
+using sim::require;
+using sim::require_boot;
 
 /// Kept for good, like what is loaded.
 std::vector<std::unique_ptr<sim_library>>& libraries() {
     static auto* loaded = new std::vector<std::unique_ptr<sim_library>>;
     return *loaded;
-}
-
-sim_status refuse(sim_status status, std::string message) {
-    for (char& c : message)
-        if (c == '\n' || c == '\r') c = ' ';
-    last_error() = std::move(message);
-    return status;
-}
-
-std::string description(id object) {
-    auto* text = object ? static_cast<NSObject*>(object)->description() : nullptr;
-    const char* utf8 = text ? text->UTF8String() : nullptr;
-    return utf8 ? utf8 : "(no description)";
-}
-
-std::string name_and_reason(id raised) {
-    auto* exception = static_cast<NSObject*>(raised);
-    if (!exception->isKindOfClass(objc_getClass("NSException")))
-        return std::string("an object was thrown: ") + object_getClassName(raised);
-    return description(exception->send<"name", id>()) + ": " + description(exception->send<"reason", id>());
-}
-
-/// Runs the body and makes a status and a line of whatever it throws or raises.
-template <class Body>
-sim_status answer(Body body) noexcept {
-    last_error().clear();
-    try {
-        // Around the body and not inside: a pool there would take the exception along when it unwinds.
-        std::optional<objc::AutoreleasePool> pool;
-        if (sim::is_booted()) pool.emplace();
-        if (id raised = objc::caught(body))
-            return refuse(SIM_RAISED, "an exception was raised: " + name_and_reason(raised));
-        return SIM_OK;
-    } catch (const Refusal& refusal) {
-        return refuse(refusal.status(), refusal.what());
-    } catch (const std::exception& error) {
-        return refuse(SIM_FAILED, error.what());
-    } catch (...) {
-        return refuse(SIM_FAILED, "an unknown C++ exception was thrown");
-    }
-}
-
-template <class T>
-void require(const T* pointer, const char* function, const char* parameter) {
-    if (!pointer) throw Refusal(SIM_MISUSE, std::string(function) + ": " + parameter + " is NULL");
-}
-
-void require_boot(const char* function) {
-    if (!sim::is_booted())
-        throw Refusal(SIM_MISUSE, std::string(function) + ": the phone is not on; call sim_boot first");
 }
 
 /// A structure that callers fill: as much of it as they know, the rest zero.
@@ -153,6 +101,10 @@ sim::BootOptions boot_options(const sim_options& given) {
     if (options.screen_width != 0) wanted.device.screen_width = options.screen_width;
     if (options.screen_height != 0) wanted.device.screen_height = options.screen_height;
     if (options.screen_scale != 0) wanted.device.screen_scale = options.screen_scale;
+    if (options.language) wanted.device.language = options.language;
+    wanted.device.right_to_left = options.right_to_left;
+    if (options.text_size) wanted.device.text_size = options.text_size;
+    wanted.device.reduce_motion = options.reduce_motion;
     insert_all(wanted.left_out_classes, options.left_out_classes);
     sim::HookLimits& limits = wanted.hook_limits;
     limits.injection = injection(options.injection);
@@ -190,19 +142,6 @@ sim_colour colour_of(CGColorRef color) {
             return {SIM_COLOUR_RGB, {components[0], components[1], components[2], components[3]}};
     }
     throw Refusal(SIM_FAILED, "sim_named_colour: the colour is neither grey nor RGB");
-}
-
-/// The object as one of that class. It is asked nothing: an object of any root class may have been given.
-template <class Wanted>
-Wanted* object_of(void* given, const char* function, const char* parameter) {
-    require(given, function, parameter);
-    require_boot(function);
-    auto* object = static_cast<id>(given);
-    const Class wanted = Wanted::class_object();
-    for (Class above = object_getClass(object); above; above = class_getSuperclass(above))
-        if (above == wanted) return static_cast<Wanted*>(object);
-    throw Refusal(SIM_MISUSE, std::string(function) + ": the object is of the class " +
-                                  object_getClassName(object) + ", which is no " + class_getName(wanted));
 }
 
 /// A picture is drawn for every frame, so a slip of the pen would keep the phone busy for days.
@@ -332,6 +271,7 @@ sim_status sim_show_keyboard(const sim_keyboard* keyboard) {
             request.switcher = wanted.switcher;
             request.form_accessory = wanted.form_accessory;
             if (wanted.background) request.background = wanted.background;
+            if (wanted.candidates) request.candidates = wanted.candidates;
         }
         std::string error;
         if (!sim::show_keyboard(request, error)) throw Refusal(SIM_NOT_FOUND, "sim_show_keyboard: " + error);

@@ -1,6 +1,8 @@
 // Processes of the phone: each is a process of the host.
 #include "interface/processes.h"
 
+#include <dlfcn.h>
+#include <spawn.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -10,17 +12,41 @@
 #include <string_view>
 #include <vector>
 
+#include "interface/boot.h"
 #include "interface/executable.h"
 #include "interface/refusal.h"
 #include "loader/format/format.h"
 #include "phone/file_system.h"
+#include "phone/notes.h"
+#include "runtime/exported.h"
 #include "runtime/not_modelled.h"
 
 namespace sim {
+namespace {
+
+/// A process that ends at once, so that whoever started it can wait for it.
+int start_nothing(int* process, const char* device_path, char* const arguments[]) {
+    StartedProgram program;
+    program.path = device_path;
+    for (auto* argument = arguments; argument && *argument; ++argument)
+        program.arguments.emplace_back(*argument);
+    const auto host = host_path(device_path);
+    if (!host || access(host->c_str(), F_OK) != 0) program.error = ENOENT;
+    started_programs().push_back(program);
+    if (program.error) return program.error;
+    const pid_t child = fork();
+    if (child < 0) return errno;
+    if (child == 0) _exit(exit_status_of_programs());
+    if (process) *process = child;
+    return 0;
+}
+
+}  // namespace
 
 int start_process(int* process, const char* device_path, const void* file_actions, const void* attributes,
                   char* const arguments[], char* const[]) {
     if (file_actions || attributes) not_modelled("posix_spawn", "file actions and attributes");
+    if (running_executable().empty()) return start_nothing(process, device_path, arguments);
     if (!host_path(device_path)) return ENOENT;
     std::vector<std::string> vector;
     for (auto* argument = arguments; *argument; ++argument) vector.emplace_back(*argument);
@@ -62,3 +88,14 @@ int system_number(const char* name, void* value, size_t* size, const void* new_v
 }
 
 }  // namespace sim
+
+// Stands before the host's own for libraries of the phone that are built for Linux. Before boot there is no
+// phone.
+SIM_EXPORTED int posix_spawn(pid_t* process, const char* path, const posix_spawn_file_actions_t* file_actions,
+                             const posix_spawnattr_t* attributes, char* const arguments[],
+                             char* const environment[]) {
+    if (sim::is_booted())
+        return sim::start_process(process, path, file_actions, attributes, arguments, environment);
+    static const auto host = reinterpret_cast<decltype(&posix_spawn)>(dlsym(RTLD_NEXT, "posix_spawn"));
+    return host(process, path, file_actions, attributes, arguments, environment);
+}

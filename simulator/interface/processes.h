@@ -5,7 +5,8 @@
 namespace sim {
 
 /// Starts what lies at the device's path in a child process: a copy of this one, in which nothing of a
-/// library has run that was not loaded here. Returns 0, or what went wrong.
+/// library has run that was not loaded here. Where no program runs, but a library in an application, the
+/// start is only noted (phone/notes.h). Returns 0, or what went wrong.
 int start_process(int* process, const char* device_path, const void* file_actions, const void* attributes,
                   char* const arguments[], char* const environment[]);
 

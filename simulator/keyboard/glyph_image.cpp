@@ -1,4 +1,3 @@
-// The keyboard's glyphs as images.
 #include "keyboard/glyph_image.h"
 
 #include <cmath>

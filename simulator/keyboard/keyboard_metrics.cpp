@@ -22,6 +22,8 @@ constexpr Phone phones[] = {
 
 }  // namespace
 
+bool is_tablet() { return std::min(device().screen_width, device().screen_height) >= 700; }
+
 KeyboardMetrics keyboard_metrics(bool landscape) {
     const Device& screen = device();
     const CGFloat narrow = std::min(screen.screen_width, screen.screen_height);

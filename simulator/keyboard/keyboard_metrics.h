@@ -19,6 +19,9 @@ struct KeyboardMetrics {
 /// The bar along the bottom of the emoji plane, and the keys at its ends.
 constexpr CGFloat emoji_bar_height = 40, emoji_bar_key_width = 48;
 
+/// Whether the booted device is a tablet: its screen is at least 700 points wide, held upright.
+bool is_tablet();
+
 /// For the booted device's screen, held upright or sideways. A screen as wide as none of the known phones'
 /// gets the heights of the next narrower one.
 KeyboardMetrics keyboard_metrics(bool landscape);

@@ -17,6 +17,13 @@ struct Device {
     double screen_width = 375, screen_height = 667;
     /// Pixels per point: 1, 2 or 3.
     double screen_scale = 2;
+    /// The user's language: "en", "pt-BR", "zh-Hans".
+    std::string language = "en";
+    /// Whether text runs from right to left.
+    bool right_to_left = false;
+    /// How large the user wants text: the end of a category's name, "L" at first.
+    std::string text_size = "L";
+    bool reduce_motion = false;
     Process process = Process::arm64;
 };
 

@@ -9,6 +9,7 @@
 #include "quartzcore/animation/noted_changes.h"
 #include "quartzcore/layer_geometry.h"
 #include "runtime/not_modelled.h"
+#include "runtime/owned_list.h"
 
 namespace sim {
 
@@ -130,12 +131,9 @@ void Layer::insert(CALayer* layer, size_t index) {
 }
 
 void Layer::forget(CALayer* sublayer) {
-    auto& layers = ivars().sublayers;
-    auto found = std::find(layers.begin(), layers.end(), sublayer);
-    if (found == layers.end()) return;
+    const strong<CALayer> taken = taken_from(ivars().sublayers, sublayer);
+    if (!taken) return;
     static_cast<Layer*>(sublayer)->ivars().superlayer = nullptr;
-    const strong<CALayer> last_breath = *found;  // it may go only when the list is whole again
-    layers.erase(found);
     self()->setNeedsLayout();
 }
 

@@ -1,4 +1,3 @@
-// How a layer is blended with what lies below it: see the header.
 #include "quartzcore/compositing.h"
 
 #include <string_view>

@@ -1,4 +1,3 @@
-// What filters do to the pixels of a layer: see the header.
 #include "quartzcore/filters.h"
 
 #include <algorithm>
@@ -15,7 +14,7 @@ using namespace objc::literals;
 /// From 0 to 1; NaN is 0.
 double limited(double value) { return value > 0 ? std::min(value, 1.0) : 0; }
 
-/// A color in components from 0 to 1, not multiplied by alpha.
+/// A colour in components from 0 to 1, not multiplied by alpha.
 struct Light {
     double blue, green, red;
 };
@@ -73,7 +72,7 @@ void apply(NSArray* filters, cairo_surface_t* surface) {
         auto* filter = as<CAFilter>(filters->objectAtIndex(i));
         NSString* type = filter->type();
         if (!type->isEqualToString("colorMonochrome"_ns))
-            not_modelled("CALayer", "filters", type ? type->UTF8String() : "a filter that is no CAFilter");
+            not_modelled("CALayer", "filters", type ? type->UTF8String() : "a filter that is not a CAFilter");
         make_monochrome(filter, surface);
     }
 }

@@ -16,7 +16,8 @@ using namespace objc::literals;
 void Layer::addAnimation(CAAnimation* animation, NSString* key) {
     constexpr double usual_duration = 0.25;
     auto* basic = as<CABasicAnimation>(animation);
-    if (!basic) not_modelled("CALayer", "addAnimation:forKey:", "an animation that is no CABasicAnimation");
+    if (!basic)
+        not_modelled("CALayer", "addAnimation:forKey:", "an animation that is not a CABasicAnimation");
     const auto property = property_named(basic->keyPath());
     if (!property)
         not_modelled("CABasicAnimation", "keyPath",

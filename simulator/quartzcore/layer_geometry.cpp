@@ -1,4 +1,3 @@
-// How a layer's space lies in its superlayer's: see the header.
 #include "quartzcore/layer_geometry.h"
 
 #include "coregraphics/transform.h"

@@ -1,4 +1,3 @@
-// Draws layer trees: see the header.
 #include "quartzcore/layer_renderer.h"
 
 #include <algorithm>
@@ -89,7 +88,7 @@ void draw_border(CALayer* layer, CGContextRef context) {
     CGContextEOFillPath(context);
 }
 
-/// What the layer shows of what lies behind it; nothing for a layer that is no backdrop.
+/// What the layer shows of what lies behind it; nothing for a layer that is not a backdrop.
 Excerpt blurred_behind(CALayer* layer, Canvas& canvas) {
     auto* backdrop = as<CABackdropLayer>(layer);
     const CGFloat radius = backdrop ? backdrop->blurRadius() : 0;

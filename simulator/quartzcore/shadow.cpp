@@ -1,4 +1,3 @@
-// Shadows of layers: see the header.
 #include "quartzcore/shadow.h"
 
 #include <algorithm>

@@ -7,12 +7,24 @@
 
 namespace sim {
 
+/// How a pointer is encoded: its format in the lower four bits, what it counts from in the next three.
+enum : uint8_t {
+    DW_EH_PE_absptr = 0x00,
+    DW_EH_PE_uleb128 = 0x01,
+    DW_EH_PE_udata4 = 0x03,
+    DW_EH_PE_udata8 = 0x04,
+    DW_EH_PE_sdata4 = 0x0b,
+    DW_EH_PE_sdata8 = 0x0c,
+    DW_EH_PE_pcrel = 0x10,
+    DW_EH_PE_indirect = 0x80,
+    DW_EH_PE_omit = 0xff,
+};
+constexpr uint8_t encoding_format_mask = 0x0f, encoding_base_mask = 0x70;
+
 /// Goes through a table of the process's own memory, which a linker wrote: nothing is bounded.
 class EncodedBytes {
   public:
     explicit EncodedBytes(const uint8_t* at) : at_(at) {}
-
-    static constexpr uint8_t omitted = 0xff;
 
     const uint8_t* at() const { return at_; }
     uint8_t byte() { return *at_++; }
@@ -41,27 +53,25 @@ class EncodedBytes {
     /// A pointer in one of DWARF's encodings; 0 stays 0.
     uintptr_t pointer(uint8_t encoding) {
         const auto place = reinterpret_cast<uintptr_t>(at_);
-        uintptr_t value = number(encoding & 0x0f);
+        uintptr_t value = number(encoding & encoding_format_mask);
         if (value == 0) return 0;
-        switch (encoding & 0x70) {
-            case absolute: break;
-            case from_its_place: value += place; break;
+        switch (encoding & encoding_base_mask) {
+            case DW_EH_PE_absptr: break;
+            case DW_EH_PE_pcrel: value += place; break;
             default: not_modelled("unwind tables", "a pointer from an unknown base");
         }
-        return encoding & indirect ? *reinterpret_cast<const uintptr_t*>(value) : value;
+        return encoding & DW_EH_PE_indirect ? *reinterpret_cast<const uintptr_t*>(value) : value;
     }
 
     /// How many bytes a pointer takes in that encoding.
     static size_t size_of(uint8_t encoding) {
         const uint8_t zeros[8]{};
         EncodedBytes reader(zeros);
-        reader.number(encoding & 0x0f);
+        reader.number(encoding & encoding_format_mask);
         return static_cast<size_t>(reader.at_ - zeros);
     }
 
   private:
-    enum : uint8_t { absolute = 0x00, from_its_place = 0x10, indirect = 0x80 };
-
     template <class T>
     uintptr_t fixed() {
         T value;
@@ -72,12 +82,12 @@ class EncodedBytes {
 
     uintptr_t number(uint8_t format) {
         switch (format) {
-            case 0x0: return fixed<uintptr_t>();
-            case 0x1: return unsigned_number();
-            case 0x3: return fixed<uint32_t>();
-            case 0x4: return fixed<uint64_t>();
-            case 0xb: return fixed<int32_t>();
-            case 0xc: return fixed<int64_t>();
+            case DW_EH_PE_absptr: return fixed<uintptr_t>();
+            case DW_EH_PE_uleb128: return unsigned_number();
+            case DW_EH_PE_udata4: return fixed<uint32_t>();
+            case DW_EH_PE_udata8: return fixed<uint64_t>();
+            case DW_EH_PE_sdata4: return fixed<int32_t>();
+            case DW_EH_PE_sdata8: return fixed<int64_t>();
         }
         not_modelled("unwind tables", "a number in an unknown format");
     }

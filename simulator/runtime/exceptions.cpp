@@ -52,13 +52,14 @@ struct Landing {
     int64_t handler = 0;
 };
 
-class FrameTable {
+/// A function's language-specific data area: its call sites, their landing pads and what these catch.
+class Lsda {
   public:
-    FrameTable(const uint8_t* table, uintptr_t function) : reader_(table), landings_(function) {
-        if (const uint8_t encoding = reader_.byte(); encoding != EncodedBytes::omitted)
+    Lsda(const uint8_t* table, uintptr_t function) : reader_(table), landings_(function) {
+        if (const uint8_t encoding = reader_.byte(); encoding != DW_EH_PE_omit)
             landings_ = reader_.pointer(encoding);
         types_encoding_ = reader_.byte();
-        if (types_encoding_ != EncodedBytes::omitted) {
+        if (types_encoding_ != DW_EH_PE_omit) {
             const uint64_t distance = reader_.unsigned_number();
             types_ = reader_.at() + distance;
         }
@@ -117,7 +118,7 @@ Landing landing_in(_Unwind_Context* frame, const _Unwind_Exception& exception, b
     int at_instruction = 0;
     const uintptr_t address = _Unwind_GetIPInfo(frame, &at_instruction) - (at_instruction ? 0 : 1);
     const uintptr_t function = _Unwind_GetRegionStart(frame);
-    return FrameTable(table, function).landing(address - function, exception, may_catch);
+    return Lsda(table, function).landing(address - function, exception, may_catch);
 }
 
 /// An exception that a handler is at work on. C++ exceptions are left to the C++ runtime.

@@ -7,6 +7,7 @@
 #include "quartzcore/animation/clock.h"
 #include "screen/picture.h"
 #include "uikit/controllers/screen.h"
+#include "uikit/events/touches.h"
 
 namespace sim {
 namespace {
@@ -37,7 +38,10 @@ std::unique_ptr<Recording>& current() {
 }
 
 bool pass_time_until(double moment, std::string& error) {
-    if (advance_clock_to(moment)) return true;
+    if (advance_clock_to(moment)) {
+        let_finger_wait();
+        return true;
+    }
     error = "animations end and begin again without time passing";
     return false;
 }

@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "keyboard/candidates/candidates.h"
 #include "keyboard/dock/dock.h"
 #include "keyboard/emoji/emoji_plane.h"
 #include "keyboard/keys/pop_up.h"
@@ -67,6 +68,8 @@ constexpr Choice<KeyboardPlane> planes[] = {{"letters", KeyboardPlane::letters},
 constexpr Choice<ReturnKey> return_keys[] = {{"return", ReturnKey::plain}, {"go", ReturnKey::go}};
 constexpr Choice<AppContent> backgrounds[] = {
     {"notes", AppContent::notes}, {"light", AppContent::light}, {"busy", AppContent::busy}};
+constexpr Choice<Candidates> candidates_shown[] = {
+    {"none", Candidates::none}, {"row", Candidates::row}, {"expanded", Candidates::expanded}};
 
 /// The choice of that name, the first for an empty one; nothing, and what there is in `error`, for any other.
 template <class Value, size_t Count>
@@ -109,19 +112,26 @@ strong<UIView> make_key_area(KeyboardPlane plane, UIKBTree* keyplane, UIKBTree* 
 }
 
 /// The keyboard with its bars, in a view of its own size.
-strong<UIView> make_keyboard(const KeyboardRequest& request, KeyboardPlane plane, UIKBTree* keyplane,
-                             UIKBTree* pressed, const KeyboardMetrics& metrics) {
+strong<UIView> make_keyboard(const KeyboardRequest& request, KeyboardPlane plane, Candidates candidates,
+                             UIKBTree* keyplane, UIKBTree* pressed, const KeyboardMetrics& metrics) {
     constexpr CGFloat accessory_height = 44, switcher_margin = 6;
     const CGFloat width = metrics.size.width;
     UIKBRenderFactory* factory = factory_of(keyplane);
     InputParts parts;
     if (request.form_accessory)
         parts.accessory = make_view<UIWebFormAccessory>({{0, 0}, {width, accessory_height}}).get();
-    if (!request.split) parts.predictions = make_prediction_bar({{0, 0}, {width, metrics.prediction_height}});
+    if (candidates != Candidates::none)
+        parts.candidate_height = metrics.prediction_height;
+    else if (!request.split)
+        parts.predictions = make_prediction_bar({{0, 0}, {width, metrics.prediction_height}});
     parts.keys = make_key_area(plane, keyplane, pressed, metrics);
+    if (candidates == Candidates::expanded) parts.keys->setHidden(true);
     if (metrics.dock_height > 0) parts.dock = make_dock({{0, 0}, {width, metrics.dock_height}});
     const InputWindow window = make_input_window(parts, width, request.split);
 
+    // They appear while something is typed, in a window that is there.
+    if (auto shown = make_candidates(candidates, {0, window.candidate_top}, metrics))
+        window.host->addSubview(shown);
     if (pressed && is_character(pressed)) {
         CGRect frame = pressed->frame();
         frame.origin.y += window.key_top;
@@ -135,6 +145,20 @@ strong<UIView> make_keyboard(const KeyboardRequest& request, KeyboardPlane plane
     return window.host;
 }
 
+/// False for what no keyboard has at once.
+bool can_be_shown(const KeyboardRequest& request, KeyboardPlane plane, Candidates candidates,
+                  std::string& error) {
+    if (request.split && plane == KeyboardPlane::emoji)
+        error =
+            "the emoji plane is never split; the planes that can be are letters, shifted, numbers, symbols";
+    else if (request.split && candidates != Candidates::none)
+        error = "a split keyboard has no candidates; they are \"" + request.candidates + "\"";
+    else if (candidates == Candidates::expanded && !request.pressed_key.empty())
+        error =
+            "expanded candidates are in place of the keys; \"" + request.pressed_key + "\" cannot be pressed";
+    return error.empty();
+}
+
 }  // namespace
 
 bool show_keyboard(const KeyboardRequest& request, std::string& error) {
@@ -144,11 +168,9 @@ bool show_keyboard(const KeyboardRequest& request, std::string& error) {
     if (!return_key) return false;
     const auto background = choose(backgrounds, "background", request.background, error);
     if (!background) return false;
-    if (request.split && *plane == KeyboardPlane::emoji) {
-        error =
-            "the emoji plane is never split; the planes that can be are letters, shifted, numbers, symbols";
-        return false;
-    }
+    const auto candidates = choose(candidates_shown, "kind of candidates", request.candidates, error);
+    if (!candidates) return false;
+    if (!can_be_shown(request, *plane, *candidates, error)) return false;
 
     const KeyboardMetrics metrics = keyboard_metrics(request.landscape);
     strong<UIKBTree> keyplane = make_keyplane(*plane, *return_key, metrics);
@@ -164,12 +186,15 @@ bool show_keyboard(const KeyboardRequest& request, std::string& error) {
     CGSize size{screen.screen_width, screen.screen_height};
     if (request.landscape != (size.width > size.height)) std::swap(size.width, size.height);
     strong<UIView> page = make_app_content(*background, size);
-    strong<UIView> keyboard = make_keyboard(request, *plane, keyplane, pressed, metrics);
+    strong<UIView> keyboard = make_keyboard(request, *plane, *candidates, keyplane, pressed, metrics);
     CGRect frame = keyboard->frame();
     frame.origin.y = size.height - frame.size.height;
     keyboard->setFrame(frame);
     page->addSubview(keyboard);
-    show_page(page, keys_of(keyplane, size.height - metrics.dock_height - metrics.size.height));
+    std::vector<ShownKey> keys;
+    if (*candidates != Candidates::expanded)
+        keys = keys_of(keyplane, size.height - metrics.dock_height - metrics.size.height);
+    show_page(page, std::move(keys));
     return true;
 }
 

@@ -4,11 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/coregraphics.h"
-
-#include "platform/uikit.h"
-
 #include "platform/application.h"
+#include "platform/coregraphics.h"
+#include "platform/uikit.h"
 
 namespace sim {
 
@@ -30,11 +28,13 @@ struct KeyboardRequest {
     bool form_accessory = false;
     /// The application's page: "notes" (default), "light" or "busy".
     std::string background;
+    /// What an input method suggests: "none" (default), "row" or "expanded".
+    std::string candidates;
 };
 
 /// Puts the keyboard on the screen, in place of what was there. False for a plane, a key or a page that
-/// does not exist; `error` then says in one line what was found and what there is, and the screen stays as it
-/// was.
+/// does not exist, and for parts that no keyboard has at once; `error` then says in one line what was found
+/// and what there is, and the screen stays as it was.
 bool show_keyboard(const KeyboardRequest&, std::string& error);
 
 struct ShownKey {

@@ -1,6 +1,6 @@
 // The one device: as it was booted.
 #include "objc/class.h"
-#include "phone/device.h"
+#include "phone/screen_kind.h"
 #include "platform/uikit.h"
 
 namespace {
@@ -15,6 +15,7 @@ struct ThisDevice : objc::Implements<ThisDevice, UIDevice> {
         return device;
     }
 
+    NSInteger userInterfaceIdiom() { return sim::is_pad() ? 1 : 0; }
     NSString* systemName() { return "iOS"_ns; }
     NSString* systemVersion() { return NSString::stringWithUTF8String(sim::device().system_version.c_str()); }
 };
@@ -25,5 +26,6 @@ using namespace objc::definition;
 
 OBJC_CLASS(UIDevice, NSObject, ThisDevice,
            class_method<"currentDevice", &ThisDevice::currentDevice>,
+           method<"userInterfaceIdiom", &ThisDevice::userInterfaceIdiom>,
            method<"systemName", &ThisDevice::systemName>,
            method<"systemVersion", &ThisDevice::systemVersion>)

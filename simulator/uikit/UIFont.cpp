@@ -4,6 +4,7 @@
 #include <map>
 
 #include "objc/class.h"
+#include "uikit/surroundings/text_styles.h"
 
 namespace {
 
@@ -42,6 +43,10 @@ struct Font : objc::Implements<Font, UIFont> {
     static UIFont* fontWithName(Class, NSString* name, CGFloat size) {
         const auto* typeface = name ? sim::typeface_named(name->UTF8String()) : nullptr;
         return typeface ? with(typeface, size) : nullptr;
+    }
+
+    static UIFont* preferredFontForTextStyle(Class, NSString* style) {
+        return sim::font_of_text_style(style);
     }
 
     UIFont* fontWithSize(CGFloat size) { return with(ivars().design.typeface, size); }
@@ -96,6 +101,7 @@ OBJC_CLASS(UIFont, NSObject, Font,
            class_method<"boldSystemFontOfSize:", &Font::boldSystemFontOfSize>,
            class_method<"systemFontOfSize:weight:", &Font::systemFontOfSizeAndWeight>,
            class_method<"fontWithName:size:", &Font::fontWithName>,
+           class_method<"preferredFontForTextStyle:", &Font::preferredFontForTextStyle>,
            method<"fontWithSize:", &Font::fontWithSize>,
            method<"fontName", &Font::fontName>,
            method<"pointSize", &Font::pointSize>,

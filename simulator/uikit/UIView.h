@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "objc/class.h"
-#include "platform/application.h"
+#include "platform/gestures.h"
 #include "uikit/layout/layout_state.h"
 
 namespace sim {
@@ -24,6 +24,9 @@ struct View : objc::Implements<View, UIView> {
         /// Not owned: the controller whose view this is clears it when it goes.
         UIViewController* controller = nullptr;
         LayoutState layout;
+        std::vector<objc::strong<UIGestureRecognizer>> gestures;
+        UISemanticContentAttribute semanticContentAttribute = UISemanticContentAttributeUnspecified;
+        bool multipleTouchEnabled = false;
     };
 
     static Class layerClass(Class self);
@@ -103,6 +106,21 @@ struct View : objc::Implements<View, UIView> {
     UIWindow* window();
     void willMoveToWindow(UIWindow*) {}
     void didMoveToWindow() {}
+
+    // What it finds itself in
+    UIEdgeInsets safeAreaInsets();
+    void safeAreaInsetsDidChange() {}
+    UIUserInterfaceLayoutDirection effectiveDirection();
+    UITraitCollection* traitCollection();
+
+    // Gestures
+    NSArray* gestureRecognizers();
+    void addGestureRecognizer(UIGestureRecognizer* recogniser);
+    void removeGestureRecognizer(UIGestureRecognizer* recogniser);
+    bool gestureRecognizerShouldBegin(UIGestureRecognizer*) { return true; }
+    bool endEditing(bool force);
+    bool isMultipleTouchEnabled() { return ivars().multipleTouchEnabled; }
+    void setMultipleTouchEnabled(bool enabled) { ivars().multipleTouchEnabled = enabled; }
 
     // Layout by constraints
     template <class Anchor, NSLayoutAttribute Attribute>

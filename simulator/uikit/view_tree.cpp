@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "runtime/not_modelled.h"
+#include "runtime/owned_list.h"
 #include "uikit/UIView.h"
 #include "uikit/events/first_responder.h"
 #include "uikit/layout/activation.h"
@@ -148,10 +149,7 @@ void View::place_layer(UIView* view, size_t index) {
 void View::detach(UIView* view) {
     drop_constraints_across(view);
     layout_changed(this);
-    auto& subviews = ivars().subviews;
-    const strong<UIView> last_breath = view;
-    const size_t index = index_of(view);
-    if (index < subviews.size()) subviews.erase(subviews.begin() + static_cast<ptrdiff_t>(index));
+    const strong<UIView> taken = taken_from(ivars().subviews, view);
     static_cast<View*>(view)->ivars().superview = nullptr;
     view->layer()->removeFromSuperlayer();
     layout_changed(view);  // a tree of its own now

@@ -79,26 +79,24 @@ Command huecraft(const std::string& subcommand, const std::vector<fs::path>& fil
 
 constexpr const char* clear = "<string>#00000000</string>";
 constexpr const char* no_caps = "<false/>";
-constexpr const char* no_background = "<integer>0</integer>";
+/// What a gallery shows of the screen, and what is one part of it; in pixels.
+constexpr int rows_of_keys = 432, within_a_word = 6;
 
 /// A theme's picture in steps: what each shows lies over the one before. A step that shows nothing more, as
 /// key caps that are not visible, is no layer.
 class Steps {
   public:
-    Steps(const Folder& folder, std::string name, std::string subcommand, int gap)
-        : folder_(folder),
-          name_(std::move(name)),
-          subcommand_(std::move(subcommand)),
-          gap_(gap) {}
+    Steps(const Folder& folder, std::string name) : folder_(folder), name_(std::move(name)) {}
 
     void add(const std::string& theme) {
         const std::string step = name_ + std::to_string(count_++);
         const fs::path file = folder_.write(step + ".plist", theme), picture = folder_ / (step + ".png");
-        run(huecraft(subcommand_, {file}, {"-o", picture.string(), "--scale", "1"}));
+        run(huecraft("keyboard", {file}, {"-o", picture.string(), "--press", "g"}));
+        keep_lowest(picture, rows_of_keys);
         if (last_.empty())
             background_ = picture;
         else if (!look_alike(last_, picture))
-            for (Layer& layer : write_layers(last_, picture, folder_ / (step + "-"), gap_))
+            for (Layer& layer : write_layers(last_, picture, folder_ / (step + "-"), within_a_word))
                 layers_.push_back(std::move(layer));
         last_ = picture;
     }
@@ -116,8 +114,7 @@ class Steps {
 
   private:
     const Folder& folder_;
-    std::string name_, subcommand_;
-    int gap_;
+    std::string name_;
     size_t count_ = 0;
     fs::path background_, last_;
     std::vector<Layer> layers_;
@@ -129,23 +126,16 @@ struct Composition {
 };
 
 Composition compositions(const Folder& folder, const std::vector<fs::path>& files) {
-    constexpr int within_a_word = 3, everything = 10000;
     Composition all;
     for (size_t i = 0; i < files.size(); ++i) {
         const std::string theme = contents_of(files[i]);
         const std::string without_labels = with(theme, "_TextColor", clear);
-        Steps keyboard(folder, "keyboard" + std::to_string(i) + "-", "keyboard", within_a_word);
-        keyboard.add(with(without_labels, "_VisibleKeycaps", no_caps));
-        keyboard.add(without_labels);
-        keyboard.add(theme);
-
-        Steps preview(folder, "preview" + std::to_string(i) + "-", "preview", everything);
         const std::string without_highlights = with(without_labels, "_HighlightColor", clear);
-        const std::string backdrop = with(without_highlights, "_VisibleKeycaps", no_caps);
-        preview.add(with(backdrop, "_BackgroundType", no_background));
-        for (const std::string& step : {backdrop, without_highlights, without_labels, theme})
-            preview.add(step);
-        for (const Steps* steps : {&keyboard, &preview}) all.commands.push_back(steps->composed());
+        Steps keyboard(folder, "keyboard" + std::to_string(i) + "-");
+        for (const std::string& step : {with(without_highlights, "_VisibleKeycaps", no_caps),
+                                        without_highlights, without_labels, theme})
+            keyboard.add(step);
+        all.commands.push_back(keyboard.composed());
         all.most_layers = std::max(all.most_layers, keyboard.layer_count());
     }
     return all;
@@ -186,9 +176,8 @@ void measure_gallery(std::vector<Ratio>& ratios, const Folder& folder,
         composing.add({all.wall * scale, all.processor * scale});
     }
     constexpr double tenth = 0.1;
-    const std::string against = "ImageMagick composing each picture, keyboards from up to " +
-                                std::to_string(composition.most_layers) +
-                                " files, previews from up to 5; 10 themes, scaled up";
+    const std::string against = "ImageMagick composing each picture from up to " +
+                                std::to_string(composition.most_layers) + " files; 10 themes, scaled up";
     const long growth = std::max(0L, peak - peak_of_first);
     ratios.push_back({.what = "a gallery of 500 themes, wall time",
                       .against = against,

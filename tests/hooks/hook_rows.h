@@ -1,15 +1,16 @@
-// The hook table as the tests know it: "-[Class selector]", in the order of installation.
+// The hook table's rows as the phone records their installation, from the table itself. What stands in it,
+// and in which order, is held by docs/contract.md.
 #pragma once
 #include <string>
 #include <vector>
 
+#include "hooks/row_list.h"
 #include "support/phone.h"
 
 namespace test {
 
 using Rows = std::vector<std::string>;
 
-inline const std::string springboard_row = "-[SpringBoard applicationDidFinishLaunching:]";
 inline const std::string named_colour_row = "function UIKBGetNamedColor";
 
 /// With theming off: in an arm64e process the function is hooked only when it is on.
@@ -18,65 +19,36 @@ inline Rows and_named_colours_unless_arm64e(Rows rows) {
     return rows;
 }
 
-inline const Rows render_factory_rows{
-    "-[UIKBRenderFactory controlKeyShadowColorName]",
-    "-[UIKBRenderFactory defaultKeyShadowColorName]",
-    "-[UIKBRenderFactory controlKeyForegroundColorName]",
-    "-[UIKBRenderFactory _controlKeyBackgroundColorName]",
-    "-[UIKBRenderFactory controlKeyBackgroundColorName]",
-    "-[UIKBRenderFactory defaultKeyBackgroundColorName]",
-};
+/// "-[Class selector]" or "-[Class selector] added as v@:@".
+inline std::string recorded(const hooks::ListedRow& row) {
+    return row.target() + (row.adds ? std::string(" added as ") + row.types : "");
+}
 
-inline const Rows rows_from_8{
-    "-[UIKBBlurredKeyView initWithFrame:keyplane:key:]",
-    "-[UIInputSwitcherTableView layoutSubviews]",
-    "-[UIInputSwitcherTableCell initWithStyle:reuseIdentifier:]",
-    "-[UIInputSwitcherTableCellSegmentView layoutSubviews]",
-    "-[UIKeyboardEmojiSectionHeader setHeaderTextColor:]",
-    "-[UIKeyboardEmojiSectionHeader setHeaderOpacity:]",
-    "-[UIKeyboardEmojiSectionHeader headerTextColor]",
-    "-[UIKeyboardEmojiSectionHeader headerOpacity]",
-    "-[UIKeyboardEmojiSectionHeader setUseVibrantBlend:]",
-    "-[UIKeyboardEmojiSectionHeader useVibrantBlend]",
-    "-[UIKeyboardEmojiCategoryBar displayLayer:]",
-    "-[UIKeyboardPredictionCell textColor]",
-    "-[UIKeyboardPredictionCell layoutSubviews]",
-    "-[UIKeyboardDockItemButton layoutSubviews]",
-    "-[UIKBBackdropView initWithFrame:style:]",
-    "-[UIKBBackdropView activeBackgroundView] added as @@:",
-    "-[UIKBBackdropView setActiveBackgroundView:] added as v@:@",
-    "-[UIKBVisualEffectView initWithFrame:style:]",
-    "-[UIKBInputBackdropView inputBackdropFullView]",
-    "-[UIKBInputBackdropView inputBackdropLeftView]",
-    "-[UIKBInputBackdropView inputBackdropRightView]",
-    "-[UIKBInputBackdropView layoutSubviews]",
-    "-[UIKBInputBackdropView removeKBBackdropEffects:] added as v@:@",
-    "-[UIKBTextStyle textColor]",
-    "+[UIKBRenderConfig backdropStyleForStyle:quality:]",
-    "-[UIKBRenderConfig lightKeyboard]",
-    "+[UIKBGradient gradientWithFlatColor:]",
-    "+[UIKBGradient gradientWithName:]",
-    "-[UIKBGradient initWithFlatColor:]",
-    "-[UIKBGradient initWithName:]",
-    "-[UIWebFormAccessory layoutSubviews]",
-    "-[UIKBEdgeEffect edges]",
-    "+[UIKBEdgeEffect effectWithColor:edges:inset:weight:]",
-    "+[UIKBEdgeEffect effectWithColor:edges:insets:weight:]",
-    "-[UIKBEdgeEffect initWithColor:edges:insets:weight:]",
-    "+[UIKBShadowEffect effectWithColor:offset:insets:weight:]",
-    "-[UIKBShadowEffect initWithColor:offset:insets:weight:]",
-};
+inline Rows rows_under(hooks::Condition condition) {
+    Rows rows;
+    for (const hooks::ListedRow& row : hooks::row_list)
+        if (row.condition == condition) rows.push_back(recorded(row));
+    return rows;
+}
+
+inline const Rows cache_rows = rows_under(hooks::Condition::accepted_process);
+inline const Rows caps_rows = rows_under(hooks::Condition::caps_hidden);
+inline const Rows themed_rows = rows_under(hooks::Condition::themed);
+
+inline Rows joined(std::initializer_list<Rows> parts) {
+    Rows all;
+    for (const Rows& part : parts) all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
+/// All of them, as a themed SpringBoard with hidden key caps gets them.
+inline Rows whole_table() { return joined({cache_rows, caps_rows, themed_rows}); }
+
+/// What an application gets for the row of SpringBoard's class, which it does not have.
+inline const std::string cache_row_without_class = "-[nil applicationDidFinishLaunching:]";
 
 /// Of a row: the class, and whether it is added where nothing stood.
 inline std::string owner_of(const std::string& row) { return row.substr(2, row.find(' ') - 2); }
 inline bool is_added(const std::string& row) { return row.find(" added as ") != std::string::npos; }
-
-/// All 44, as a themed SpringBoard with hidden key caps gets them.
-inline Rows whole_table() {
-    Rows all{springboard_row};
-    all.insert(all.end(), render_factory_rows.begin(), render_factory_rows.end());
-    all.insert(all.end(), rows_from_8.begin(), rows_from_8.end());
-    return all;
-}
 
 }  // namespace test

@@ -64,11 +64,12 @@ TEST_F(KeyColours, FactoriesWithNamesOfTheirOwnGoAroundSomeRows) {
         note("defaultBackground", factory->defaultKeyBackgroundColorName());
         return kept;
     };
-    constexpr int letters = 0, emoji = 1, number_pad = 2;
+    constexpr int letters = 0, emoji = 1, number_pad = 2, candidates = 3;
     using Names = std::vector<std::string>;
     EXPECT_EQ(names(letters), Names{});
     EXPECT_EQ(names(emoji), (Names{"controlBackground", "defaultBackground"}));
-    EXPECT_EQ(names(number_pad), (Names{"controlForeground", "controlBackground"}));
+    for (int other : {number_pad, candidates})
+        EXPECT_EQ(names(other), (Names{"controlForeground", "controlBackground"}));
 }
 
 TEST_F(KeyColours, AFixedAnswerIsOneObjectForGood) {

@@ -12,14 +12,6 @@ namespace {
 constexpr const char* springboard = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
 constexpr const char* daemon_path = "/usr/libexec/keyboardd";
 
-const std::string springboard_row_without_class = "-[nil applicationDidFinishLaunching:]";
-
-Rows joined(std::initializer_list<Rows> parts) {
-    Rows all;
-    for (const Rows& part : parts) all.insert(all.end(), part.begin(), part.end());
-    return all;
-}
-
 class Setup : public testing::Test {
   protected:
     Phone phone;
@@ -28,45 +20,37 @@ class Setup : public testing::Test {
 TEST_F(Setup, AnApplicationGetsTheWholeTableInOrder) {
     arrange_theme(phone);
     phone.start();
-    EXPECT_EQ(
-        installed_rows(),
-        joined({{springboard_row_without_class}, render_factory_rows, rows_from_8, {named_colour_row}}));
-}
-
-TEST_F(Setup, TheTableHas44Rows) {
-    arrange_theme(phone);
-    phone.start({.executable = springboard});
-    EXPECT_EQ(installed_rows().size(), 44u + 1u);
+    EXPECT_EQ(installed_rows(),
+              joined({{cache_row_without_class}, caps_rows, themed_rows, {named_colour_row}}));
 }
 
 TEST_F(Setup, SpringBoardGetsTheCacheRowAndTheWholeTable) {
     arrange_theme(phone);
     phone.start({.executable = springboard});
-    EXPECT_EQ(installed_rows(),
-              joined({{springboard_row}, render_factory_rows, rows_from_8, {named_colour_row}}));
+    EXPECT_EQ(installed_rows(), joined({cache_rows, caps_rows, themed_rows, {named_colour_row}}));
 }
 
 TEST_F(Setup, AnInstalledApplicationQualifiesByItsContainer) {
     arrange_theme(phone);
     phone.start({.executable = "/var/containers/Bundle/Application/0A1B2C/Game.app/Game"});
-    EXPECT_EQ(installed_rows().size(), 45u);
+    EXPECT_EQ(installed_rows().size(), std::size(hooks::row_list) + 1);
 }
 
 TEST_F(Setup, VisibleCapsLeaveOutExactlyTheRenderFactory) {
     arrange_theme(phone, true, "<key>_VisibleKeycaps</key><true/>");
     phone.start();
-    EXPECT_EQ(installed_rows(), joined({{springboard_row_without_class}, rows_from_8, {named_colour_row}}));
+    EXPECT_EQ(installed_rows(), joined({{cache_row_without_class}, themed_rows, {named_colour_row}}));
 }
 
 TEST_F(Setup, DisabledInstallsTheCacheRowAndTheNamedColoursOnly) {
     arrange_theme(phone, false);
     phone.start();
-    EXPECT_EQ(installed_rows(), and_named_colours_unless_arm64e({springboard_row_without_class}));
+    EXPECT_EQ(installed_rows(), and_named_colours_unless_arm64e({cache_row_without_class}));
 }
 
-TEST_F(Setup, WithoutPreferencesOnlyTheSame) {
+TEST_F(Setup, WithoutPreferencesItInstallsNoMoreThanDisabled) {
     phone.start();
-    EXPECT_EQ(installed_rows(), and_named_colours_unless_arm64e({springboard_row_without_class}));
+    EXPECT_EQ(installed_rows(), and_named_colours_unless_arm64e({cache_row_without_class}));
 }
 
 TEST_F(Setup, ADaemonGetsTheNamedColoursOnly) {
@@ -100,8 +84,7 @@ TEST_F(Setup, EveryRowTakesEffectWhereItsClassExists) {
 TEST_F(Setup, AMissingClassMakesItsRowsDoNothing) {
     arrange_theme(phone);
     phone.start({.left_out = {"UIKBGradient", "UIKBEdgeEffect", "UIKBBackdropView"}});
-    Rows expected =
-        joined({{springboard_row_without_class}, render_factory_rows, rows_from_8, {named_colour_row}});
+    Rows expected = joined({{cache_row_without_class}, caps_rows, themed_rows, {named_colour_row}});
     // The calls are made all the same. What derives from a missing class is missing, too, and nil has no
     // metaclass.
     for (std::string& row : expected)
@@ -133,7 +116,7 @@ TEST_F(Setup, TheSpringBoardRowIsInstalledBeforeThePreferencesAreRead) {
     const size_t calls_of_test = sim_installing_call_count();
     phone.load();
     EXPECT_EQ(calls_before_reading, std::vector<size_t>{calls_of_test + 1});
-    EXPECT_EQ(installed_rows().at(calls_of_test), springboard_row_without_class);
+    EXPECT_EQ(installed_rows().at(calls_of_test), cache_row_without_class);
 }
 
 /// Preferences that cannot be made.
@@ -168,7 +151,7 @@ TEST_F(SetupWithoutStore, StopsAfterTheSpringBoardRow) {
     ASSERT_EQ((objc::send<"sharedInstance", id>(class_named("HCPreferences"))), nullptr);
     Rows rows = installed_rows();
     rows.erase(rows.begin(), rows.begin() + static_cast<ptrdiff_t>(calls_of_test));
-    EXPECT_EQ(rows, and_named_colours_unless_arm64e({springboard_row_without_class}));
+    EXPECT_EQ(rows, and_named_colours_unless_arm64e({cache_row_without_class}));
 }
 
 TEST_F(SetupWithoutStore, NamesStayTheSystems) {

@@ -52,6 +52,9 @@ void show_every_keyboard(const Phone& phone) {
             keyboard.plane = "numbers";
             keyboard.split = true;
         });
+        for (const char* candidates : {"row", "expanded"})
+            show(phone, candidates + theme,
+                 [candidates](sim_keyboard& keyboard) { keyboard.candidates = candidates; });
         for (const char* plane : {"symbols", "emoji"})
             show(phone, plane + theme, [plane](sim_keyboard& keyboard) { keyboard.plane = plane; });
         // Where the model has no keys, there is none to press.

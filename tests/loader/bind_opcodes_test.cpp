@@ -1,4 +1,3 @@
-// Bind opcodes.
 #include "loader/fixups/bind_opcodes.h"
 
 #include <gmock/gmock.h>
@@ -20,8 +19,9 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-const Opcodes kFoo = {0x40, '_', 'f', 0};
-const Opcodes kData = {0x71, 0x10};  // segment 1, offset 0x10
+const Opcodes kUntypedFoo = {0x40, '_', 'f', 0};
+const Opcodes kFoo = joined({kUntypedFoo, {0x51}});  // a pointer
+const Opcodes kData = {0x71, 0x10};                  // segment 1, offset 0x10
 
 /// The rows as "symbol library address+addend", with ? for a weak import.
 std::vector<std::string> binds(const Opcodes& opcodes, BindTable table = BindTable::regular) {
@@ -52,7 +52,7 @@ TEST(BindOpcodesTest, EveryOpcodeMovesOn) {
     EXPECT_THAT(binds(joined({{0x12}, kFoo, kData, {0x80}, back, {0x90}})), ElementsAre("_f 2 0x1008+0"));
 }
 
-TEST(BindOpcodesTest, ALibraryIsAnOrdinalOrAScope) {
+TEST(BindOpcodesTest, ALibraryIsAnOrdinalOrSpecial) {
     EXPECT_THAT(binds(joined({{0x20, 0x02}, kFoo, kData, {0x90}})), ElementsAre("_f 2 0x1010+0"));
     EXPECT_THAT(binds(joined({{0x10}, kFoo, kData, {0x90}})), ElementsAre("_f 0 0x1010+0"));
     EXPECT_THAT(binds(joined({{0x30}, kFoo, kData, {0x90}})), ElementsAre("_f 0 0x1010+0"));
@@ -63,8 +63,8 @@ TEST(BindOpcodesTest, ALibraryIsAnOrdinalOrAScope) {
 
 TEST(BindOpcodesTest, AddendsAndWeaknessLastUntilTheyChange) {
     EXPECT_THAT(
-        binds(
-            joined({{0x11, 0x60, 0x78}, {0x41, '_', 'w', 0}, kData, {0x90}, kFoo, {0x90, 0x60, 0x08, 0x90}})),
+        binds(joined(
+            {{0x11, 0x60, 0x78}, {0x41, '_', 'w', 0, 0x51}, kData, {0x90}, kFoo, {0x90, 0x60, 0x08, 0x90}})),
         ElementsAre("_w? 1 0x1010-8", "_f 1 0x1018-8", "_f 1 0x1020+8"));
 }
 
@@ -79,39 +79,60 @@ TEST(BindOpcodesTest, ADefinitionThatNothingReplacesBindsNothing) {
 }
 
 TEST(BindOpcodesTest, AnotherTypeThanAPointerIsRefused) {
-    EXPECT_EQ(refusal({0x53}), "the bind table has type 3 (expected 1, a pointer)");
+    EXPECT_EQ(refusal(joined({kFoo, {0x53}, kData, {0x90}})),
+              "BIND_OPCODE_DO_BIND at 0x8 in the bind table: unsupported fix-up type (found 3, expected 1, a "
+              "pointer), at the symbol f");
+}
+
+TEST(BindOpcodesTest, ABindWithoutATypeIsRefused) {
+    const Opcodes untyped = joined({kUntypedFoo, kData, {0x90}});
+    EXPECT_EQ(refusal(untyped),
+              "BIND_OPCODE_DO_BIND at 0x6 in the bind table: unsupported fix-up type (found 0, no type was "
+              "set, expected 1, a pointer), at the symbol f");
+    EXPECT_THAT(refusal(untyped, BindTable::weak),
+                HasSubstr("in the weak bind table: unsupported fix-up type"));
+}
+
+TEST(BindOpcodesTest, ALazyBindWithoutATypeIsAPointer) {
+    EXPECT_THAT(binds(joined({kUntypedFoo, kData, {0x90}}), BindTable::lazy), ElementsAre("_f 0 0x1010+0"));
 }
 
 TEST(BindOpcodesTest, AnUnknownOpcodeIsRefused) {
-    EXPECT_EQ(refusal({0xd0}), "the bind table has the unknown opcode 0xd0");
-    EXPECT_EQ(refusal({0xd0}, BindTable::lazy), "the lazy bind table has the unknown opcode 0xd0");
-    EXPECT_EQ(refusal({0xd0}, BindTable::weak), "the weak bind table has the unknown opcode 0xd0");
+    EXPECT_EQ(refusal({0xd0}), "0xd0 at 0x0 in the bind table: unknown opcode");
+    EXPECT_EQ(refusal({0xd0}, BindTable::lazy), "0xd0 at 0x0 in the lazy bind table: unknown opcode");
+    EXPECT_EQ(refusal({0xd0}, BindTable::weak), "0xd0 at 0x0 in the weak bind table: unknown opcode");
 }
 
 TEST(BindOpcodesTest, ALibraryThatDoesNotExistIsRefused) {
-    EXPECT_EQ(refusal({0x13}), "the bind table names library 3 (expected at most 2)");
+    EXPECT_EQ(refusal({0x13}),
+              "BIND_OPCODE_SET_DYLIB_ORDINAL_IMM at 0x0 in the bind table: no such library (found ordinal 3, "
+              "expected at most 2)");
     EXPECT_EQ(refusal(joined({{0x20}, huge})),
-              "the bind table names library 1152921504606846976 (expected at most 2)");
+              "BIND_OPCODE_SET_DYLIB_ORDINAL_ULEB at 0x0 in the bind table: no such library (found ordinal "
+              "1152921504606846976, expected at most 2)");
 }
 
-TEST(BindOpcodesTest, AnUnknownScopeIsRefused) {
-    EXPECT_EQ(refusal({0x3c}),
-              "the bind table has the unknown scope -4 (found in "
-              "BIND_OPCODE_SET_DYLIB_SPECIAL_IMM, expected -2 to 0)");
+TEST(BindOpcodesTest, AnUnknownSpecialOrdinalIsRefused) {
+    EXPECT_EQ(
+        refusal({0x3c}),
+        "BIND_OPCODE_SET_DYLIB_SPECIAL_IMM at 0x0 in the bind table: unknown special ordinal (found -4, "
+        "expected -2 to 0)");
 }
 
 TEST(BindOpcodesTest, APointerBeforeAnySymbolIsRefused) {
-    EXPECT_EQ(refusal(joined({kData, {0x90}})), "the bind table binds a pointer before it names a symbol");
+    EXPECT_EQ(refusal(joined({kData, {0x90}})),
+              "BIND_OPCODE_DO_BIND at 0x2 in the bind table: no symbol was set");
 }
 
 TEST(BindOpcodesTest, APointerBeforeAnySegmentIsRefused) {
     EXPECT_EQ(refusal(joined({kFoo, {0x90}})),
-              "the bind table fixes a pointer up before it names a segment, at the symbol f");
+              "BIND_OPCODE_DO_BIND at 0x5 in the bind table: no segment was set, at the symbol f");
 }
 
 TEST(BindOpcodesTest, APointerInAReadOnlySegmentIsRefused) {
-    EXPECT_EQ(refusal(joined({kFoo, {0x70, 0x00, 0x90}})),
-              "the bind table fixes a pointer up in segment __TEXT, which is not writable, at the symbol f");
+    EXPECT_EQ(
+        refusal(joined({kFoo, {0x70, 0x00, 0x90}})),
+        "BIND_OPCODE_DO_BIND at 0x7 in the bind table: segment __TEXT is not writable, at the symbol f");
 }
 
 TEST(BindOpcodesTest, ACountBeyondTheSegmentIsRefused) {
@@ -119,8 +140,10 @@ TEST(BindOpcodesTest, ACountBeyondTheSegmentIsRefused) {
 }
 
 TEST(BindOpcodesTest, ACountWithoutEndInOnePlaceIsRefused) {
-    EXPECT_EQ(refusal(joined({kFoo, kData, {0xc0}, huge, back})),
-              "the bind table has more entries than the image has pointers, at the symbol f");
+    EXPECT_EQ(
+        refusal(joined({kFoo, kData, {0xc0}, huge, back})),
+        "BIND_OPCODE_DO_BIND_ULEB_TIMES_SKIPPING_ULEB at 0x7 in the bind table: more fix-ups than the image "
+        "has pointers, at the symbol f");
 }
 
 TEST(BindOpcodesTest, ASymbolThatDoesNotEndIsRefused) {

@@ -9,7 +9,7 @@
 namespace loader_test {
 namespace {
 
-constexpr size_t kHeaderSize = 32, kSegmentHeadSize = 72, kSectionSize = 80;
+using macho::kHeaderSize, macho::kSectionSize, macho::kSegmentCommandSize;
 
 template <class T>
 T get(const std::vector<uint8_t>& bytes, size_t at) {
@@ -56,15 +56,13 @@ size_t Draft::command(macho::Command command) const {
     return find_command(static_cast<uint32_t>(command), "");
 }
 
-size_t Draft::segment(std::string_view name) const {
-    return find_command(static_cast<uint32_t>(macho::Command::segment_64), name);
-}
+size_t Draft::segment(std::string_view name) const { return find_command(macho::LC_SEGMENT_64, name); }
 
 size_t Draft::section(std::string_view wanted) const {
     for (const char* segment : {"__TEXT", "__DATA"}) {
         const size_t head = this->segment(segment);
         for (uint32_t i = 0; i < u32(head + 64); ++i) {
-            const size_t row = head + kSegmentHeadSize + i * kSectionSize;
+            const size_t row = head + kSegmentCommandSize + i * kSectionSize;
             const char* name = reinterpret_cast<const char*>(&bytes_.at(row));
             if (wanted == std::string(name, strnlen(name, 16))) return row;
         }
@@ -84,21 +82,23 @@ size_t Draft::at_address(uint64_t address) const {
 }
 
 Draft& Draft::set_table(Table table, const std::vector<uint8_t>& bytes) {
-    const size_t info = command(macho::Command::dyld_info_only);
+    const size_t info = command(macho::LC_DYLD_INFO_ONLY);
     set32(info + table, static_cast<uint32_t>(bytes_.size()));
     set32(info + table + 4, static_cast<uint32_t>(bytes.size()));
     bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
     return *this;
 }
 
-macho::Image Draft::load() const {
-    return macho::Image::load_bytes(bytes_, name_, host_symbol, macho::no_rules());
+macho::Image Draft::load() const { return load(macho::no_rules()); }
+
+macho::Image Draft::load(const macho::Rules& rules) const {
+    return macho::Image::load_bytes(bytes_, name_, host_symbol, rules);
 }
 
 std::string Draft::load_error() const { return load_error(macho::no_rules()); }
 
 std::string Draft::load_error(const macho::Rules& rules) const {
-    return message_of<macho::Error>([&] { macho::Image::load_bytes(bytes_, name_, host_symbol, rules); });
+    return message_of<macho::Error>([&] { load(rules); });
 }
 
 }  // namespace loader_test

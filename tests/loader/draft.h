@@ -40,6 +40,7 @@ class Draft {
     /// Without the rules of the device's loader: these would refuse first what the loader's own reading must
     /// withstand.
     macho::Image load() const;
+    macho::Image load(const macho::Rules& rules) const;
     /// What the loader says about it; empty if it loads.
     std::string load_error() const;
     /// The same with such rules.

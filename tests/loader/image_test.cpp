@@ -227,12 +227,12 @@ TEST(ImageTest, InitialisersRunInOrderAndOnce) {
     EXPECT_THAT(loader_test::notes, ElementsAre(1, 2));
 }
 
-TEST(ImageTest, AnInitialiserThatIsNoCodeIsRefused) {
+TEST(ImageTest, AnInitialiserThatIsNotCodeIsRefused) {
     Draft draft("initialisers");
     draft.set64(draft.content("__mod_init_func"), draft.u64(draft.section("__data") + 32));
     EXPECT_THAT(
         draft.load_error(),
-        HasSubstr("section __mod_init_func lists an initialiser that is no code of the image (found 0x"));
+        HasSubstr("section __mod_init_func lists an initialiser that is not code of the image (found 0x"));
 }
 
 TEST(ImageTest, AListOfInitialisersWithAnOddSizeIsRefused) {

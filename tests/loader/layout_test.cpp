@@ -43,15 +43,15 @@ TEST_F(LayoutTest, SegmentsSectionsAndLibrariesAreThoseOfTheFile) {
     EXPECT_EQ(text->segment, "__TEXT");
     EXPECT_EQ(text->address, draft.u64(draft.section("__text") + kSectionAddress));
     EXPECT_EQ(text->size, draft.u64(draft.section("__text") + kSectionSize));
-    EXPECT_EQ(layout.section("__common")->type, macho::SectionType::zero_fill);
+    EXPECT_EQ(layout.section("__common")->type, macho::S_ZEROFILL);
     EXPECT_EQ(layout.section("__nothing"), nullptr);
 
     ASSERT_EQ(layout.libraries.size(), 1u);
     EXPECT_EQ(layout.libraries[0].install_name, "/test/libhost.dylib");
     EXPECT_EQ(layout.libraries[0].compatibility_version, 0x00010203u);
     EXPECT_EQ(layout.install_name, "/test/plain.dylib");
-    EXPECT_EQ(layout.minimum_version, 0x000c0000u);
-    EXPECT_EQ(layout.platform, macho::kPlatformIos);
+    ASSERT_EQ(layout.build_versions.size(), 1u);
+    EXPECT_EQ(layout.build_versions[0].minimum_system, 0x000c0000u);
 }
 
 TEST_F(LayoutTest, TheErrorNamesTheFile) {
@@ -84,21 +84,21 @@ TEST_F(LayoutTest, ALoadCommandTooShortForItsFieldsIsRefused) {
 }
 
 TEST_F(LayoutTest, ALibraryNameOutsideItsCommandIsRefused) {
-    draft.set32(draft.command(Command::load_dylib) + 8, 0x1000);
+    draft.set32(draft.command(macho::LC_LOAD_DYLIB) + 8, 0x1000);
     EXPECT_THAT(draft.load_error(), HasSubstr("a read leaves load command LC_LOAD_DYLIB (found "));
 }
 
 TEST_F(LayoutTest, AnUnknownLoadCommandIsRefusedOnlyIfTheFileRequiresIt) {
-    const size_t at = draft.command(Command::id_dylib);
+    const size_t at = draft.command(macho::LC_ID_DYLIB);
     draft.set32(at, 0x7777);
     EXPECT_EQ(draft.load_error(), "");
     draft.set32(at, 0x80007777);
     EXPECT_THAT(draft.load_error(),
-                HasSubstr("load command 0x80007777 must be understood by the loader, but is not"));
+                HasSubstr("load command 0x80007777 is required by LC_REQ_DYLD, but not supported"));
 }
 
 TEST_F(LayoutTest, WhatTheLoaderCannotRunIsRefusedByItsName) {
-    const size_t at = draft.command(Command::id_dylib);
+    const size_t at = draft.command(macho::LC_ID_DYLIB);
     const std::pair<uint32_t, const char*> commands[] = {
         {0x1, "LC_SEGMENT"},     {0x4, "LC_THREAD"},
         {0x5, "LC_UNIXTHREAD"},  {0x6, "LC_LOADFVMLIB"},
@@ -114,7 +114,7 @@ TEST_F(LayoutTest, WhatTheLoaderCannotRunIsRefusedByItsName) {
 }
 
 TEST_F(LayoutTest, ACommandThatOnlyInformsIsRead) {
-    const size_t at = draft.command(Command::id_dylib);
+    const size_t at = draft.command(macho::LC_ID_DYLIB);
     for (const uint32_t number : {0x26, 0x29, 0x2a, 0x31}) {
         draft.set32(at, number);
         EXPECT_EQ(draft.load_error(), "") << number;
@@ -130,7 +130,7 @@ TEST_F(LayoutTest, ControlCharactersOfAFileAreWrittenOut) {
 }
 
 TEST_F(LayoutTest, AnEncryptedFileIsRefused) {
-    const size_t at = draft.command(Command::load_dylib);
+    const size_t at = draft.command(macho::LC_LOAD_DYLIB);
     draft.set32(at, 0x2c).set32(at + 16, 0);
     EXPECT_THAT(draft.load_error(), Not(HasSubstr("encrypted")));
     draft.set32(at + 16, 1);
@@ -144,7 +144,7 @@ TEST_F(LayoutTest, ChainedFixupsAreRefused) {
 }
 
 TEST_F(LayoutTest, AFileWithoutFixupTablesIsRefused) {
-    draft.set32(draft.command(Command::dyld_info_only), 0x7777);
+    draft.set32(draft.command(macho::LC_DYLD_INFO_ONLY), 0x7777);
     EXPECT_THAT(draft.load_error(),
                 HasSubstr("no fix-up tables (expected the load command LC_DYLD_INFO_ONLY)"));
 }
@@ -253,8 +253,8 @@ TEST_F(LayoutTest, SectionsOfUnknownAndOfOtherUnsupportedTypesAreRefused) {
     EXPECT_THAT(draft.load_error(),
                 HasSubstr("section __data holds interposed functions, which are not supported"));
     draft.set8(data + kSectionFlags, 0x10);
-    EXPECT_THAT(draft.load_error(), HasSubstr("section __data holds pointers into libraries that are loaded "
-                                              "when used, which are not supported"));
+    EXPECT_THAT(draft.load_error(), HasSubstr("section __data holds pointers into lazily loaded libraries, "
+                                              "which are not supported"));
     draft.set8(data + kSectionFlags, 0x17);
     EXPECT_THAT(draft.load_error(), HasSubstr("section __data has the unknown type 0x17"));
 }
@@ -262,21 +262,23 @@ TEST_F(LayoutTest, SectionsOfUnknownAndOfOtherUnsupportedTypesAreRefused) {
 // The linker writes the older command for the simulator's slice, and the newer one for the device's.
 #if defined(__x86_64__)
 TEST_F(LayoutTest, PlatformAndVersionMayComeFromTheNewerCommand) {
-    constexpr uint32_t simulator = 7, version = 0x000b0000;
-    const size_t at = draft.command(Command::version_min_iphoneos);
-    draft.set32(at, 0x32).set32(at + 8, simulator).set32(at + 12, version);
+    constexpr uint32_t version = 0x000b0000;
+    const size_t at = draft.command(macho::LC_VERSION_MIN_IPHONEOS);
+    draft.set32(at, macho::LC_BUILD_VERSION)
+        .set32(at + 8, macho::PLATFORM_IOSSIMULATOR)
+        .set32(at + 12, version);
     const auto image = draft.load();
-    EXPECT_EQ(image.layout().platform, simulator);
-    EXPECT_EQ(image.layout().minimum_version, version);
+    EXPECT_EQ(image.layout().build_versions.at(0).platform, macho::PLATFORM_IOSSIMULATOR);
+    EXPECT_EQ(image.layout().build_versions.at(0).minimum_system, version);
 }
 #else
 TEST_F(LayoutTest, PlatformAndVersionMayComeFromTheOlderCommand) {
     constexpr uint32_t version = 0x000b0000;
-    const size_t at = draft.command(Command::build_version);
-    draft.set32(at, 0x25).set32(at + 8, version);
+    const size_t at = draft.command(macho::LC_BUILD_VERSION);
+    draft.set32(at, macho::LC_VERSION_MIN_IPHONEOS).set32(at + 8, version);
     const auto image = draft.load();
-    EXPECT_EQ(image.layout().platform, macho::kPlatformIos);
-    EXPECT_EQ(image.layout().minimum_version, version);
+    EXPECT_EQ(image.layout().build_versions.at(0).platform, macho::PLATFORM_IOS);
+    EXPECT_EQ(image.layout().build_versions.at(0).minimum_system, version);
 }
 #endif
 

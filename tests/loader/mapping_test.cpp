@@ -60,7 +60,7 @@ TEST_F(MappingTest, AReadStaysInOneSegment) {
     EXPECT_NE(message_of<Fault>([&] { mapping.read(data, ~uint64_t{0}, ""); }), "");
 }
 
-TEST_F(MappingTest, WhatIsNotReadableIsNotRead) {
+TEST_F(MappingTest, AnUnreadablePlaceIsRefused) {
     EXPECT_TRUE(mapping.contains(hidden));
     EXPECT_NE(message_of<Fault>([&] { mapping.read(hidden, 1, ""); }), "");
 }

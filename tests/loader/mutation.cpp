@@ -16,8 +16,7 @@ T read(const std::vector<uint8_t>& bytes, size_t at) {
     return value;
 }
 
-constexpr size_t header_size = 32, segment_head = 72, section_row = 80;
-constexpr uint32_t symbol_table = 0x2;
+using macho::kHeaderSize, macho::kSectionSize, macho::kSegmentCommandSize;
 
 size_t unit_of(const std::string& section) {
     if (section == "__unwind_info" || section == "__eh_frame" || section == "__gcc_except_tab") return 4;
@@ -29,32 +28,32 @@ size_t unit_of(const std::string& section) {
 }  // namespace
 
 std::vector<Region> regions_of(const std::vector<uint8_t>& image) {
-    std::vector<Region> found{{"header", 0, header_size, 4}};
+    std::vector<Region> found{{"header", 0, kHeaderSize, 4}};
     const auto add = [&](const std::string& name, size_t begin, size_t size, size_t unit) {
         if (size) found.push_back({name, begin, begin + size, unit});
     };
-    size_t at = header_size;
+    size_t at = kHeaderSize;
     for (uint32_t left = read<uint32_t>(image, 16); left > 0; --left) {
         const auto command = read<uint32_t>(image, at), size = read<uint32_t>(image, at + 4);
-        if (command == static_cast<uint32_t>(macho::Command::segment_64)) {
-            add("segment", at, segment_head, 8);
-            add("segment", at, segment_head, 4);
+        if (command == macho::LC_SEGMENT_64) {
+            add("segment", at, kSegmentCommandSize, 8);
+            add("segment", at, kSegmentCommandSize, 4);
             for (uint32_t i = 0; i < read<uint32_t>(image, at + 64); ++i) {
-                const size_t row = at + segment_head + i * section_row;
+                const size_t row = at + kSegmentCommandSize + i * kSectionSize;
                 const auto* text = reinterpret_cast<const char*>(image.data() + row);
                 const std::string name(text, strnlen(text, 16));
                 add("section row", row, 32, 1);
-                add("section row", row + 32, section_row - 32, 8);
-                add("section row", row + 48, section_row - 48, 4);
+                add("section row", row + 32, kSectionSize - 32, 8);
+                add("section row", row + 48, kSectionSize - 48, 4);
                 if (const auto offset = read<uint32_t>(image, row + 48))
                     add(name, offset, read<uint64_t>(image, row + 40), unit_of(name));
             }
         } else {
             add("load command", at, size, 4);
-            if (command == static_cast<uint32_t>(macho::Command::dyld_info_only))
+            if (command == macho::LC_DYLD_INFO_ONLY)
                 for (size_t table = at + 8; table < at + 48; table += 8)
                     add("fix-ups", read<uint32_t>(image, table), read<uint32_t>(image, table + 4), 1);
-            if (command == symbol_table) {
+            if (command == macho::LC_SYMTAB) {
                 add("symbols", read<uint32_t>(image, at + 8), 16 * read<uint32_t>(image, at + 12), 4);
                 add("symbol names", read<uint32_t>(image, at + 16), read<uint32_t>(image, at + 20), 1);
             }

@@ -112,7 +112,8 @@ Outcome imported(macho::Image& image) {
 Outcome held_to(const macho::Rules& rules, const std::vector<uint8_t>& bytes) {
     try {
         const macho::Bytes slice = macho::choose_slice({bytes, "the file"}, macho::kThisCpu);
-        macho::hold_to(rules, slice, macho::read_layout(slice));
+        macho::Layout layout = macho::read_layout(slice);
+        macho::hold_to(rules, slice, layout);
         return Outcome::loaded;
     } catch (const macho::Fault& fault) {
         return judged(macho::Error("mutated.dylib: cannot load: " + std::string(fault.what())).what());

@@ -338,7 +338,7 @@ TEST(ObjcImportErrorTest, CategoriesWithALoadMethodAreRefused) {
               "+load method, which are not supported");
 }
 
-TEST(ObjcImportErrorTest, ASuperclassThatIsBoundToWhatIsNoClassIsRefused) {
+TEST(ObjcImportErrorTest, ASuperclassBoundToANonClassIsRefused) {
     define_host_classes();
     static const uint64_t noise[16] = {~uint64_t{0}, 7, ~uint64_t{0}, 0x1234567812345678};
     void* const wrong[] = {object_getClass(as_object(class_named("LTHostOdd"))),
@@ -349,14 +349,14 @@ TEST(ObjcImportErrorTest, ASuperclassThatIsBoundToWhatIsNoClassIsRefused) {
             loader_test::image_bytes("unaligned"), "unaligned.dylib", [&](const macho::Import& import) {
                 return import.symbol == "OBJC_CLASS_$_LTHostOdd" ? target : loader_test::host_symbol(import);
             });
-        EXPECT_EQ(
-            message_of<Error>([&] { macho::import_classes(image); }),
-            "unaligned.dylib: cannot import: class LTUnaligned: its superclass is bound to what is no class");
+        EXPECT_EQ(message_of<Error>([&] { macho::import_classes(image); }),
+                  "unaligned.dylib: cannot import: class LTUnaligned: its superclass is bound to something "
+                  "that is not a class");
     }
     EXPECT_EQ(class_named("LTUnaligned"), nullptr) << "nothing was registered";
 }
 
-TEST(ObjcImportErrorTest, ACategoryOfWhatIsNoClassIsRefused) {
+TEST(ObjcImportErrorTest, ACategoryOfANonClassIsRefused) {
     define_host_classes();
     static const uint64_t noise[16] = {~uint64_t{0}, 7, ~uint64_t{0}, 0x1234567812345678};
     Image image = Image::load_bytes(loader_test::image_bytes("category"), "category.dylib",
@@ -366,7 +366,8 @@ TEST(ObjcImportErrorTest, ACategoryOfWhatIsNoClassIsRefused) {
                                                    : loader_test::host_symbol(import);
                                     });
     EXPECT_EQ(message_of<Error>([&] { macho::import_classes(image); }),
-              "category.dylib: cannot import: category LTMore: its class is bound to what is none");
+              "category.dylib: cannot import: category LTMore: its class is bound to something that is not a "
+              "class");
 }
 
 TEST(ObjcImportErrorTest, LoadMethodsAreRefused) {
@@ -389,7 +390,7 @@ TEST(ObjcImportErrorTest, VariablesThatCannotKeepTheirDistancesAreRefused) {
               "the first one (found 5, expected 7)");
 }
 
-TEST(ObjcImportErrorTest, AnImageWithoutClassesHasNoneToImport) {
+TEST(ObjcImportErrorTest, AnImageWithoutClassesImportsNothing) {
     Image image = load("plain");
     const ImportedClasses classes = macho::import_classes(image);
     EXPECT_THAT(classes.registered, IsEmpty());

@@ -163,9 +163,9 @@ TEST_F(ObjcMetadataTest, AMethodListThatTwoClassesShareIsRefused) {
     EXPECT_EQ(refusal(), "class LTBase: the list of methods is another class's as well");
 }
 
-TEST_F(ObjcMetadataTest, AMethodThatIsNoCodeIsRefused) {
+TEST_F(ObjcMetadataTest, AMethodThatIsNotCodeIsRefused) {
     draft.set64(methods(derived()) + 8 + 16, draft.u64(class_list()));
-    EXPECT_THAT(refusal(), HasSubstr("class LTDerived: the method draw is no code of the image (found 0x"));
+    EXPECT_THAT(refusal(), HasSubstr("class LTDerived: the method draw is not code of the image (found 0x"));
 }
 
 TEST_F(ObjcMetadataTest, AMethodNameOutsideTheImageIsRefused) {
@@ -298,14 +298,16 @@ TEST_F(ObjcMetadataTest, ASelectorOutsideTheImageIsRefused) {
     EXPECT_EQ(refusal(), "a selector's name lies outside the image (found 1 bytes at 0x7000000)");
 }
 
-TEST_F(ObjcMetadataTest, AReferenceToWhatIsNoClassIsRefused) {
+TEST_F(ObjcMetadataTest, AReferenceToANonClassIsRefused) {
     draft.set64(draft.content("__objc_classrefs"), kOutside);
-    EXPECT_EQ(refusal(), "section __objc_classrefs refers to what is no class (found 0x7000000)");
+    EXPECT_EQ(refusal(),
+              "section __objc_classrefs refers to something that is not a class (found 0x7000000)");
 }
 
-TEST_F(ObjcMetadataTest, ASuperReferenceToWhatIsNoClassIsRefused) {
+TEST_F(ObjcMetadataTest, ASuperReferenceToANonClassIsRefused) {
     draft.set64(draft.content("__objc_superrefs"), kOutside);
-    EXPECT_EQ(refusal(), "section __objc_superrefs refers to what is no class (found 0x7000000)");
+    EXPECT_EQ(refusal(),
+              "section __objc_superrefs refers to something that is not a class (found 0x7000000)");
 }
 
 TEST_F(ObjcMetadataTest, AProtocolsMethodsOutsideTheImageAreRefused) {
@@ -379,9 +381,9 @@ TEST_F(CategoryMetadataTest, ListedTwiceIsRefused) {
     EXPECT_EQ(refusal(), "a category is listed twice");
 }
 
-TEST_F(CategoryMetadataTest, OfWhatIsNoClassIsRefused) {
+TEST_F(CategoryMetadataTest, ACategoryOfANonClassIsRefused) {
     draft.set64(category(0) + 8, kOutside);
-    EXPECT_EQ(refusal(), "category LTMore: it extends what is no class (found 0x7000000)");
+    EXPECT_EQ(refusal(), "category LTMore: it extends something that is not a class (found 0x7000000)");
 }
 
 TEST_F(CategoryMetadataTest, MethodsOutsideTheImageAreRefused) {

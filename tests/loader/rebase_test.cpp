@@ -1,4 +1,3 @@
-// Rebase opcodes.
 #include "loader/fixups/rebase.h"
 
 #include <gmock/gmock.h>
@@ -51,42 +50,59 @@ TEST(RebaseTest, APlaceMayBeReachedBackwards) {
 }
 
 TEST(RebaseTest, AnotherTypeThanAPointerIsRefused) {
-    EXPECT_EQ(refusal({0x12}), "the rebase table has type 2 (expected 1, a pointer)");
+    EXPECT_EQ(
+        refusal(joined({{0x12}, kData, {0x51}})),
+        "REBASE_OPCODE_DO_REBASE_IMM_TIMES at 0x3 in the rebase table: unsupported fix-up type (found 2, "
+        "expected 1, a pointer)");
+}
+
+TEST(RebaseTest, ARebaseWithoutATypeIsRefused) {
+    EXPECT_EQ(
+        refusal(joined({kData, {0x51}})),
+        "REBASE_OPCODE_DO_REBASE_IMM_TIMES at 0x2 in the rebase table: unsupported fix-up type (found 0, "
+        "no type was set, expected 1, a pointer)");
 }
 
 TEST(RebaseTest, AnUnknownOpcodeIsRefused) {
-    EXPECT_EQ(refusal({0x93}), "the rebase table has the unknown opcode 0x93");
+    EXPECT_EQ(refusal({0x93}), "0x93 at 0x0 in the rebase table: unknown opcode");
 }
 
 TEST(RebaseTest, ASegmentThatDoesNotExistIsRefused) {
-    EXPECT_EQ(refusal({0x22, 0x00}), "the rebase table names segment 2 (expected one below 2)");
+    EXPECT_EQ(
+        refusal({0x22, 0x00}),
+        "REBASE_OPCODE_SET_SEGMENT_AND_OFFSET_ULEB at 0x0 in the rebase table: no such segment (found 2, "
+        "expected less than 2)");
 }
 
 TEST(RebaseTest, APointerBeforeAnySegmentIsRefused) {
-    EXPECT_EQ(refusal({0x51}), "the rebase table fixes a pointer up before it names a segment");
+    EXPECT_EQ(refusal(joined({kPointer, {0x51}})),
+              "REBASE_OPCODE_DO_REBASE_IMM_TIMES at 0x1 in the rebase table: no segment was set");
 }
 
 TEST(RebaseTest, APointerInAReadOnlySegmentIsRefused) {
-    EXPECT_EQ(refusal({0x20, 0x10, 0x51}),
-              "the rebase table fixes a pointer up in segment __TEXT, which is not writable");
+    EXPECT_EQ(refusal({0x11, 0x20, 0x10, 0x51}),
+              "REBASE_OPCODE_DO_REBASE_IMM_TIMES at 0x3 in the rebase table: segment __TEXT is not writable");
 }
 
-TEST(RebaseTest, APointerAcrossTheEndOfWhatTheFileHoldsIsRefused) {
-    EXPECT_THAT(rebases({0x21, 0xf8, 0x01, 0x51}), ElementsAre(0x10f8));
-    EXPECT_EQ(
-        refusal({0x21, 0xf9, 0x01, 0x51}),
-        "the rebase table leaves segment __DATA (found offset 0xf9, expected a pointer within 0x100 bytes)");
-    EXPECT_THAT(refusal(joined({kData, {0x30}, huge, {0x51}})), HasSubstr("leaves segment __DATA"));
+TEST(RebaseTest, APointerAcrossTheSegmentsEndInTheFileIsRefused) {
+    EXPECT_THAT(rebases({0x11, 0x21, 0xf8, 0x01, 0x51}), ElementsAre(0x10f8));
+    EXPECT_EQ(refusal({0x11, 0x21, 0xf9, 0x01, 0x51}),
+              "REBASE_OPCODE_DO_REBASE_IMM_TIMES at 0x4 in the rebase table: the pointer leaves segment "
+              "__DATA (found "
+              "offset 0xf9, expected a pointer within 0x100 bytes)");
+    EXPECT_THAT(refusal(joined({kPointer, kData, {0x30}, huge, {0x51}})), HasSubstr("leaves segment __DATA"));
 }
 
 TEST(RebaseTest, ACountBeyondTheSegmentIsRefused) {
-    EXPECT_THAT(refusal(joined({kData, {0x60}, huge})),
+    EXPECT_THAT(refusal(joined({kPointer, kData, {0x60}, huge})),
                 HasSubstr("leaves segment __DATA (found offset 0x100,"));
 }
 
 TEST(RebaseTest, ACountWithoutEndInOnePlaceIsRefused) {
-    EXPECT_EQ(refusal(joined({kData, {0x80}, huge, back})),
-              "the rebase table has more entries than the image has pointers");
+    EXPECT_EQ(
+        refusal(joined({kPointer, kData, {0x80}, huge, back})),
+        "REBASE_OPCODE_DO_REBASE_ULEB_TIMES_SKIPPING_ULEB at 0x3 in the rebase table: more fix-ups than the "
+        "image has pointers");
 }
 
 TEST(RebaseTest, ATableCutShortIsRefused) {
@@ -96,7 +112,7 @@ TEST(RebaseTest, ATableCutShortIsRefused) {
 
 TEST(RebaseTest, ATableOutsideTheFileIsRefused) {
     Draft draft("plain");
-    draft.set32(draft.command(macho::Command::dyld_info_only) + Draft::rebase, 0xfffffff0);
+    draft.set32(draft.command(macho::LC_DYLD_INFO_ONLY) + Draft::rebase, 0xfffffff0);
     EXPECT_THAT(draft.load_error(), HasSubstr("plain.dylib: cannot load: a read leaves the file"));
 }
 

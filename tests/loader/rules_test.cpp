@@ -11,20 +11,18 @@
 namespace {
 
 using loader_test::Draft;
-using macho::Command;
 using macho::Rules;
 using testing::AllOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
+using testing::UnorderedElementsAre;
 
 // Offsets of fields in load commands and in a section's row.
 constexpr size_t kCommandSize = 4;
 constexpr size_t kAddress = 24, kSize = 32, kFileOffset = 40, kFileSize = 48, kMostAccess = 56, kAccess = 60;
 constexpr size_t kSectionOffset = 48;
 constexpr size_t kOffset = 8;
-constexpr auto kSymbolTable = static_cast<Command>(0x2), kDynamicSymbolTable = static_cast<Command>(0xb),
-               kUuid = static_cast<Command>(0x1b), kFunctionStarts = static_cast<Command>(0x26);
-constexpr uint32_t kInforms = 0x2a;  // LC_SOURCE_VERSION, which no rule is about
 
 const std::string page = macho::kThisCpu == macho::Cpu::arm64 ? "0x4000" : "0x1000";
 
@@ -33,7 +31,7 @@ class StructureRules : public testing::Test {
   protected:
     std::string refusal() const {
         constexpr std::string_view before = "plain.dylib: cannot load: ";
-        const std::string error = draft.load_error({.structure = true, .signature = false, .libraries = {}});
+        const std::string error = draft.load_error({.platform = false, .signature = false, .libraries = {}});
         EXPECT_TRUE(error.empty() || error.starts_with(before)) << error;
         // Without the rules it loads, so that it is the rule that refuses it.
         EXPECT_EQ(draft.load_error(), "");
@@ -48,38 +46,38 @@ class StructureRules : public testing::Test {
     Draft draft{"plain"};
     const size_t text = draft.segment("__TEXT"), data = draft.segment("__DATA"),
                  linkedit = draft.segment("__LINKEDIT");
-    const size_t fix_ups = draft.command(Command::dyld_info_only), symbols = draft.command(kSymbolTable),
-                 ranges = draft.command(kDynamicSymbolTable);
+    const size_t fix_ups = draft.command(macho::LC_DYLD_INFO_ONLY), symbols = draft.command(macho::LC_SYMTAB),
+                 ranges = draft.command(macho::LC_DYSYMTAB);
 };
 
 TEST_F(StructureRules, WhatTheLinkerMakesKeepsThem) { EXPECT_EQ(refusal(), ""); }
 
 TEST_F(StructureRules, ALoadCommandOfAWrongSizeIsRefused) {
-    draft.set32(draft.command(kFunctionStarts), kInforms);
-    draft.set32(draft.command(kUuid), 0x26);  // LC_FUNCTION_STARTS, which is shorter
+    draft.set32(draft.command(macho::LC_FUNCTION_STARTS), macho::LC_SOURCE_VERSION);
+    draft.set32(draft.command(macho::LC_UUID), macho::LC_FUNCTION_STARTS);  // which is shorter
     EXPECT_EQ(refusal(), "LC_FUNCTION_STARTS: its size (found 24, expected 16)");
 }
 
 TEST_F(StructureRules, ASecondLoadCommandOfAKindIsRefused) {
-    draft.set32(draft.command(kFunctionStarts), static_cast<uint32_t>(Command::code_signature));
+    draft.set32(draft.command(macho::LC_FUNCTION_STARTS), macho::LC_CODE_SIGNATURE);
     EXPECT_EQ(refusal(), "LC_CODE_SIGNATURE: more than one (found 2, expected 1)");
 }
 
 TEST_F(StructureRules, AMissingSymbolTableIsRefused) {
-    draft.set32(ranges, kInforms);
+    draft.set32(ranges, macho::LC_SOURCE_VERSION);
     EXPECT_EQ(refusal(), "LC_DYSYMTAB: missing (found nothing, expected 1)");
-    draft.set32(symbols, kInforms);
+    draft.set32(symbols, macho::LC_SOURCE_VERSION);
     EXPECT_EQ(refusal(), "LC_SYMTAB: missing (found nothing, expected 1)");
 }
 
 TEST_F(StructureRules, ALibraryWithoutAnInstallNameIsRefused) {
-    draft.set32(draft.command(Command::id_dylib), kInforms);
+    draft.set32(draft.command(macho::LC_ID_DYLIB), macho::LC_SOURCE_VERSION);
     EXPECT_EQ(refusal(), "LC_ID_DYLIB: no install name (found nothing, expected one for a dylib)");
 }
 
 TEST_F(StructureRules, ALibraryThatLinksWithNothingIsRefused) {
     Draft alone("shared");
-    alone.set32(alone.command(Command::load_dylib), kInforms);
+    alone.set32(alone.command(macho::LC_LOAD_DYLIB), macho::LC_SOURCE_VERSION);
     EXPECT_EQ(alone.load_error({.signature = false}),
               "shared.dylib: cannot load: LC_LOAD_DYLIB: no libraries (found nothing, expected at least "
               "libSystem)");
@@ -210,10 +208,10 @@ TEST_F(StructureRules, RelocationsBesideFixUpsAreRefused) {
 class SignatureRule : public testing::Test {
   protected:
     std::string refusal() const {
-        return draft.load_error({.structure = false, .signature = true, .libraries = {}});
+        return draft.load_error({.structure = false, .platform = false, .libraries = {}});
     }
     size_t directory() const {
-        const size_t signature = draft.u32(draft.command(Command::code_signature) + kOffset);
+        const size_t signature = draft.u32(draft.command(macho::LC_CODE_SIGNATURE) + kOffset);
         return signature + draft.u32(signature + 16) / 0x1000000;  // the row says so, big-endian
     }
 
@@ -223,7 +221,7 @@ class SignatureRule : public testing::Test {
 TEST_F(SignatureRule, WhatTheLinkerSignsKeepsIt) { EXPECT_EQ(refusal(), ""); }
 
 TEST_F(SignatureRule, AChangedByteAnywhereIsRefused) {
-    const size_t end = draft.u32(draft.command(Command::code_signature) + kOffset);
+    const size_t end = draft.u32(draft.command(macho::LC_CODE_SIGNATURE) + kOffset);
     for (size_t at = draft.content("__text"); at < end; at += end / 7) {
         Draft changed = draft;
         changed.set8(at, static_cast<uint8_t>(changed.u32(at) + 1));
@@ -238,7 +236,7 @@ TEST_F(SignatureRule, AChangedByteAnywhereIsRefused) {
 }
 
 TEST_F(SignatureRule, AMissingSignatureIsRefused) {
-    draft.set32(draft.command(Command::code_signature), kInforms);
+    draft.set32(draft.command(macho::LC_CODE_SIGNATURE), macho::LC_SOURCE_VERSION);
     EXPECT_EQ(refusal(),
               "plain.dylib: cannot load: no signature (expected the load command LC_CODE_SIGNATURE)");
 }
@@ -268,8 +266,8 @@ TEST_F(SignatureRule, AnotherNumberOfHashesIsRefused) {
 }
 
 TEST_F(SignatureRule, AnythingElseInTheSignaturesPlaceIsRefused) {
-    draft.set8(draft.u32(draft.command(Command::code_signature) + kOffset), 0);
-    EXPECT_THAT(refusal(), HasSubstr("no signature where it says (found 0xde0cc0, expected 0xfade0cc0)"));
+    draft.set8(draft.u32(draft.command(macho::LC_CODE_SIGNATURE) + kOffset), 0);
+    EXPECT_THAT(refusal(), HasSubstr("no signature at its offset (found 0xde0cc0, expected 0xfade0cc0)"));
 }
 
 // --- Versions of libraries ---
@@ -312,6 +310,99 @@ TEST_F(VersionRule, TheInjectionFrameworkIsAskedForItsVersion) {
         "has)");
 }
 
+/// Weak libraries that are too old are left out, with all that the image takes from them.
+class WeakLibraryRule : public testing::Test {
+  protected:
+    WeakLibraryRule() { draft.set32(draft.command(macho::LC_LOAD_DYLIB), macho::LC_LOAD_WEAK_DYLIB); }
+    macho::Image load(uint32_t version) const {
+        macho::Rules rules = macho::no_rules();
+        rules.libraries = [=](std::string_view) {
+            return macho::OfferedLibrary{.compatibility_version = version, .minimum_system = ios_11};
+        };
+        return draft.load(rules);
+    }
+
+    Draft draft{"plain"};
+};
+
+TEST_F(WeakLibraryRule, AnOlderOneThanAskedForIsLeftOut) {
+    const macho::Image image = load(macho::packed_version(1, 2, 2));
+    EXPECT_THAT(image.missing(),
+                UnorderedElementsAre("dyld_stub_binder", "host_add", "host_table", "host_extra"));
+    EXPECT_EQ(*loader_test::variable<int*>(image, "plain_third_entry"), nullptr);
+    EXPECT_EQ(loader_test::function<int()>(image, "plain_extra")(), -1);
+}
+
+TEST_F(WeakLibraryRule, ARecentOneIsUsed) {
+    const macho::Image image = load(macho::packed_version(1, 2, 3));
+    EXPECT_THAT(image.missing(), ElementsAre("host_extra"));
+    EXPECT_EQ(loader_test::function<int(int, int)>(image, "plain_sum")(2, 3), 5);
+}
+
+TEST_F(VersionRule, TheRefusalNamesTheLoadCommand) {
+    Draft draft("injected_later");
+    draft.set32(draft.command(macho::LC_LOAD_DYLIB), macho::LC_REEXPORT_DYLIB);
+    draft.set32(draft.command(macho::LC_LOAD_DYLIB), macho::LC_REEXPORT_DYLIB);
+    EXPECT_THAT(draft.load_error({.signature = false}),
+                HasSubstr("LC_REEXPORT_DYLIB /Library/Frameworks/CydiaSubstrate.framework/CydiaSubstrate: "));
+}
+
+// --- The platform ---
+
+class PlatformRule : public testing::Test {
+  protected:
+    std::string refusal() const {
+        macho::Rules rules = macho::no_rules();
+        rules.platform = true;
+        return draft.load_error(rules);
+    }
+    static constexpr bool is_device = macho::kThisCpu == macho::Cpu::arm64;
+    const std::string expected = is_device ? "iOS" : "the iOS simulator";
+
+    Draft draft{"plain"};
+    const size_t version =
+        draft.command(is_device ? macho::LC_BUILD_VERSION : macho::LC_VERSION_MIN_IPHONEOS);
+};
+
+TEST_F(PlatformRule, WhatTheLinkerMakesKeepsIt) { EXPECT_EQ(refusal(), ""); }
+
+TEST_F(PlatformRule, AnImageWithoutAPlatformIsRefused) {
+    draft.set32(version, macho::LC_SOURCE_VERSION);
+    EXPECT_EQ(refusal(), "plain.dylib: cannot load: LC_BUILD_VERSION: no platform (found nothing, expected " +
+                             expected + ")");
+}
+
+TEST_F(PlatformRule, AnImageForAnotherPlatformIsRefused) {
+    draft.set32(version, macho::LC_VERSION_MIN_MACOSX);
+    EXPECT_EQ(refusal(),
+              "plain.dylib: cannot load: LC_VERSION_MIN_MACOSX: built for another platform (found "
+              "macOS, expected " +
+                  expected + ")");
+    draft.set32(version, macho::LC_VERSION_MIN_TVOS);
+    EXPECT_THAT(refusal(),
+                HasSubstr(is_device ? "(found tvOS, expected" : "(found the tvOS simulator, expected"));
+    draft.set32(version, macho::LC_VERSION_MIN_WATCHOS);
+    EXPECT_THAT(refusal(),
+                HasSubstr(is_device ? "(found watchOS, expected" : "(found the watchOS simulator, expected"));
+}
+
+TEST_F(PlatformRule, ABuildVersionNamesThePlatformItself) {
+    // In the place of a longer command that this rule is not about.
+    const size_t at = draft.command(macho::LC_UUID);
+    draft.set32(version, macho::LC_SOURCE_VERSION).set32(at, macho::LC_BUILD_VERSION);
+    draft.set32(at + 8, is_device ? macho::PLATFORM_IOSSIMULATOR : macho::PLATFORM_IOS);
+    EXPECT_EQ(refusal(), "plain.dylib: cannot load: LC_BUILD_VERSION: built for another platform (found " +
+                             std::string(is_device ? "the iOS simulator" : "iOS") + ", expected " + expected +
+                             ")");
+    draft.set32(at + 8, is_device ? macho::PLATFORM_IOS : macho::PLATFORM_IOSSIMULATOR);
+    EXPECT_EQ(refusal(), "");
+}
+
+TEST_F(PlatformRule, AMinimumBeyondThePhonesSystemIsNotLookedAt) {
+    draft.set32(version + (is_device ? 12 : 8), macho::packed_version(99));
+    EXPECT_EQ(refusal(), "");
+}
+
 // --- Fix-ups ---
 
 TEST(BindRule, ASpecialOrdinalThatTwelveDoesNotKnowIsRefused) {
@@ -319,8 +410,9 @@ TEST(BindRule, ASpecialOrdinalThatTwelveDoesNotKnowIsRefused) {
     draft.set_table(Draft::bind, {0x3d, 0x40, '_', 'f', 0, 0x51, 0x71, 0x00, 0x90});
     EXPECT_THAT(
         draft.load_error(),
-        HasSubstr("the bind table has the unknown scope -3 (found in BIND_OPCODE_SET_DYLIB_SPECIAL_IMM, "
-                  "expected -2 to 0)"));
+        HasSubstr(
+            "BIND_OPCODE_SET_DYLIB_SPECIAL_IMM at 0x0 in the bind table: unknown special ordinal (found "
+            "-3, expected -2 to 0)"));
 }
 
 }  // namespace

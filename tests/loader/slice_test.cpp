@@ -1,11 +1,13 @@
-// Which part of a file is loaded, and which files are refused at once.
 #include "loader/format/slice.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "draft.h"
 #include "host.h"
 #include "loader/fault.h"
+#include "loader/rules/rules.h"
 
 namespace {
 
@@ -30,22 +32,27 @@ std::vector<uint8_t> header(uint32_t processor, uint32_t subtype = 0, uint32_t f
     std::vector<uint8_t> bytes;
     for (const uint32_t field : {0xfeedfacf, processor, subtype, file_type})
         append_little_endian(bytes, field);
+    bytes.resize(32);
     return bytes;
 }
 
-/// A fat file of such headers.
+constexpr uint32_t kPage = 0x4000, kPageBits = 14;
+
+/// A fat file of such slices, each at a page of its own.
 std::vector<uint8_t> fat(const std::vector<std::vector<uint8_t>>& slices) {
     std::vector<uint8_t> bytes, body;
     append_big_endian(bytes, 0xcafebabe);
     append_big_endian(bytes, static_cast<uint32_t>(slices.size()));
     for (const auto& slice : slices) {
         const Bytes fields(slice, "");
+        body.resize((body.size() + kPage - 1) / kPage * kPage);
         for (const uint64_t at : {4, 8}) append_big_endian(bytes, fields.u32(at));
-        append_big_endian(bytes, static_cast<uint32_t>(8 + 20 * slices.size() + body.size()));
+        append_big_endian(bytes, static_cast<uint32_t>(kPage + body.size()));
         append_big_endian(bytes, static_cast<uint32_t>(slice.size()));
-        append_big_endian(bytes, 0);
+        append_big_endian(bytes, kPageBits);
         body.insert(body.end(), slice.begin(), slice.end());
     }
+    bytes.resize(kPage);
     bytes.insert(bytes.end(), body.begin(), body.end());
     return bytes;
 }
@@ -79,7 +86,7 @@ TEST(SliceTest, AFatFileWithoutSlicesIsRefused) {
 TEST(SliceTest, ASliceOutsideItsFileIsRefused) {
     auto file = fat({header(kX86)});
     file.pop_back();
-    EXPECT_EQ(refusal(file), "a read leaves the file (found 43 bytes, expected 16 more at offset 0x1c)");
+    EXPECT_EQ(refusal(file), "a read leaves the file (found 16415 bytes, expected 32 more at offset 0x4000)");
 }
 
 TEST(SliceTest, AFatHeaderOutsideItsFileIsRefused) {
@@ -95,7 +102,7 @@ TEST(SliceTest, AnotherProcessorIsRefused) {
     EXPECT_EQ(refusal(header(7)), "built for another processor (found processor 0x7, expected x86_64)");
 }
 
-TEST(SliceTest, AFileThatIsNoDylibIsRefused) {
+TEST(SliceTest, AFileThatIsNotADylibIsRefused) {
     EXPECT_EQ(refusal(header(kX86, 0, 2)), "not a dynamic library (found file type 2, expected 6)");
 }
 
@@ -109,6 +116,113 @@ TEST(SliceTest, AnotherKindOfFileIsRefused) {
 TEST(SliceTest, AHeaderThatIsCutShortIsRefused) {
     EXPECT_EQ(refusal({0xcf, 0xfa, 0xed, 0xfe, 7}),
               "a read leaves the file (found 5 bytes, expected 4 more at offset 0x4)");
+}
+
+// --- The rules of the device, for every slice ---
+
+class SliceRules : public testing::Test {
+  protected:
+    /// Puts a number into a field of a fat_arch.
+    void set(size_t row, size_t field, uint32_t value) {
+        std::vector<uint8_t> digits;
+        append_big_endian(digits, value);
+        std::ranges::copy(digits, file.begin() + static_cast<ptrdiff_t>(8 + 20 * row + field));
+    }
+    std::string refusal() const {
+        return message_of<Fault>([&] { macho::check_slices(Bytes(file, "the file")); });
+    }
+
+    static constexpr size_t kCpu = 0, kOffset = 8, kSize = 12, kAlign = 16;
+    std::vector<uint8_t> file = fat({header(kX86), header(kArm)});
+};
+
+TEST_F(SliceRules, AThinFileHasNoSlices) {
+    file = header(kX86);
+    EXPECT_EQ(refusal(), "");
+}
+
+TEST_F(SliceRules, SlicesAtPagesKeepThem) { EXPECT_EQ(refusal(), ""); }
+
+TEST_F(SliceRules, AnAlignBeyondTheLinkersIsRefused) {
+    set(0, kAlign, 16);
+    EXPECT_EQ(refusal(), "fat_arch 0 (x86_64): align (found 2^16, expected at most 2^15)");
+    set(0, kAlign, 0xffffffff);
+    EXPECT_EQ(refusal(), "fat_arch 0 (x86_64): align (found 2^4294967295, expected at most 2^15)");
+}
+
+TEST_F(SliceRules, AnOffsetThatItsAlignDoesNotDivideIsRefused) {
+    set(0, kAlign, 15);
+    EXPECT_EQ(refusal(),
+              "fat_arch 0 (x86_64): offset (found 0x4000, expected a multiple of 0x8000, its align)");
+}
+
+TEST_F(SliceRules, AnOffsetInTheFilesFirst4096BytesIsRefused) {
+    set(0, kAlign, 0);
+    set(0, kOffset, 0xff0);
+    EXPECT_EQ(refusal(), "fat_arch 0 (x86_64): offset (found 0xff0, expected at least 0x1000)");
+}
+
+TEST_F(SliceRules, AnOffsetWithinAPageIsRefused) {
+    set(1, kAlign, 12);
+    set(1, kOffset, 0x5000);
+    EXPECT_EQ(refusal(),
+              "fat_arch 1 (arm64): offset (found 0x5000, expected a multiple of 0x4000, the size of a page)");
+    set(1, kOffset, 2 * kPage);
+    set(0, kAlign, 4);
+    set(0, kOffset, 0x4010);
+    EXPECT_EQ(
+        refusal(),
+        "fat_arch 0 (x86_64): offset (found 0x4010, expected a multiple of 0x1000, the size of a page)");
+}
+
+TEST_F(SliceRules, ASizeBelowAHeaderIsRefused) {
+    set(1, kSize, 31);
+    EXPECT_EQ(refusal(),
+              "fat_arch 1 (arm64): size (found 0x1f, expected at least 0x20, the size of the header)");
+}
+
+TEST_F(SliceRules, ASliceThatLeavesTheFileIsRefused) {
+    set(1, kSize, 33);
+    EXPECT_EQ(refusal(), "fat_arch 1 (arm64): end in the file (found 0x8021, expected at most 0x8020)");
+    set(1, kSize, 0xffffffff);
+    EXPECT_EQ(refusal(), "fat_arch 1 (arm64): end in the file (found 0x100007fff, expected at most 0x8020)");
+}
+
+TEST_F(SliceRules, SlicesThatOverlapAreRefused) {
+    set(0, kSize, kPage + 1);
+    EXPECT_EQ(refusal(),
+              "fat_arch 1 (arm64): offset (found 0x8000, expected at least 0x8001, where the slice "
+              "before it ends)");
+}
+
+TEST_F(SliceRules, ASliceForAnotherProcessorThanItSaysIsRefused) {
+    set(1, kCpu, kX86);
+    EXPECT_EQ(refusal(), "fat_arch 1 (x86_64): cputype of its header (found arm64, expected x86_64)");
+}
+
+TEST_F(SliceRules, ASliceThatIsNotMachOIsRefused) {
+    file[kPage] = 0;
+    EXPECT_EQ(refusal(), "fat_arch 0 (x86_64): magic of its header (found 0xfeedfa00, expected 0xfeedfacf)");
+}
+
+TEST_F(SliceRules, MoreSlicesThanTheFirst4096BytesHoldAreRefused) {
+    file.resize(0x10000);
+    file[6] = 1;
+    EXPECT_EQ(refusal(), "fat_header: nfat_arch (found 258, expected at most 204)");
+}
+
+TEST_F(SliceRules, AnImageIsHeldToThem) {
+    file = fat({header(0x99), loader_test::image_bytes("plain")});
+    const auto load = [&](const macho::Rules& rules) {
+        return message_of<macho::Error>(
+            [&] { macho::Image::load_bytes(file, "fat.dylib", loader_test::host_symbol, rules); });
+    };
+    set(0, kAlign, 15);
+    EXPECT_EQ(
+        load({}),
+        "fat.dylib: cannot load: fat_arch 0 (processor 0x99): offset (found 0x4000, expected a multiple "
+        "of 0x8000, its align)");
+    EXPECT_EQ(load({.slices = false}), "");
 }
 
 TEST(SliceTest, AFatFileLoadsLikeItsSlice) {

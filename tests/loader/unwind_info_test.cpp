@@ -62,8 +62,7 @@ struct Pages {
 
     std::vector<macho::UnwindEntry> read(uint64_t end_of_code = 0x300) const {
         const auto* bytes = reinterpret_cast<const uint8_t*>(words.data());
-        return macho::read_unwind_info(macho::Bytes({bytes, words.size() * 4}, "the unwind pages"),
-                                       end_of_code);
+        return macho::read_unwind_info(macho::Bytes({bytes, words.size() * 4}, "__unwind_info"), end_of_code);
     }
 
     std::string refusal(uint64_t end_of_code = 0x300) const {
@@ -90,64 +89,62 @@ TEST(UnwindInfoTest, AnIndexWithoutPagesDescribesNothing) {
 }
 
 TEST(UnwindInfoTest, AnotherVersionIsRefused) {
-    EXPECT_EQ(Pages().set(0, 2).refusal(), "the unwind pages have version 2 (expected 1)");
+    EXPECT_EQ(Pages().set(0, 2).refusal(), "__unwind_info has version 2 (expected 1)");
 }
 
 TEST(UnwindInfoTest, AnIndexOutsideTheSectionIsRefused) {
-    EXPECT_THAT(Pages().set(20, 0x1000).refusal(), HasSubstr("a read leaves the unwind pages"));
-    EXPECT_THAT(Pages().set(24, 0xffffffff).refusal(), HasSubstr("a read leaves the unwind pages"));
+    EXPECT_THAT(Pages().set(20, 0x1000).refusal(), HasSubstr("a read leaves __unwind_info"));
+    EXPECT_THAT(Pages().set(24, 0xffffffff).refusal(), HasSubstr("a read leaves __unwind_info"));
 }
 
 TEST(UnwindInfoTest, APageOutsideTheSectionIsRefused) {
-    EXPECT_THAT(Pages().set(40, 0xfffffff0).refusal(), HasSubstr("a read leaves the unwind pages"));
+    EXPECT_THAT(Pages().set(40, 0xfffffff0).refusal(), HasSubstr("a read leaves __unwind_info"));
 }
 
 TEST(UnwindInfoTest, EntriesOutsideTheSectionAreRefused) {
     EXPECT_THAT(Pages().set(84, 8 | 0xffff << 16).set(108, 12 | 0xffffu << 16).refusal(), testing::Ne(""));
-    EXPECT_THAT(Pages().set(84, 0xfff0 | 2 << 16).refusal(), HasSubstr("a read leaves the unwind pages"));
+    EXPECT_THAT(Pages().set(84, 0xfff0 | 2 << 16).refusal(), HasSubstr("a read leaves __unwind_info"));
 }
 
 TEST(UnwindInfoTest, AnotherKindOfPageIsRefused) {
-    EXPECT_EQ(Pages().set(80, 4).refusal(), "the unwind page at 0x50 has kind 4 (expected 2 or 3)");
+    EXPECT_EQ(Pages().set(80, 4).refusal(), "the page of __unwind_info at 0x50 has kind 4 (expected 2 or 3)");
 }
 
 TEST(UnwindInfoTest, AnEncodingThatThePageDoesNotHaveIsRefused) {
     EXPECT_EQ(Pages().set(120, 0x02000080).refusal(),
-              "the unwind page at 0x68 uses its encoding 1 (expected one below 1)");
+              "the page of __unwind_info at 0x68 uses its encoding 1 (expected one below 1)");
 }
 
 TEST(UnwindInfoTest, APersonalityThatDoesNotExistIsRefused) {
     EXPECT_EQ(Pages().set(100, 0x61000000).refusal(),
-              "the unwind pages use personality 2 (expected at most 1)");
+              "__unwind_info uses personality 2 (expected at most 1)");
 }
 
 TEST(UnwindInfoTest, MissingCleanupsAreRefused) {
     EXPECT_EQ(Pages().set(72, 0x124).refusal(),
-              "the unwind pages have no clean-up table for the code at 0x120, though its encoding 0x51000000 "
+              "__unwind_info has no LSDA for the code at 0x120, though its encoding 0x51000000 "
               "says so");
 }
 
 TEST(UnwindInfoTest, CleanupsThatEndBeforeTheyStartAreRefused) {
-    EXPECT_EQ(Pages().set(68, 64).refusal(), "the unwind pages' clean-up tables end before they start");
+    EXPECT_EQ(Pages().set(68, 64).refusal(), "__unwind_info's list of LSDAs ends before it starts");
 }
 
 TEST(UnwindInfoTest, CleanupsOutsideTheSectionAreRefused) {
-    EXPECT_THAT(Pages().set(68, 0x7fffffff).refusal(), HasSubstr("a read leaves the unwind pages"));
+    EXPECT_THAT(Pages().set(68, 0x7fffffff).refusal(), HasSubstr("a read leaves __unwind_info"));
 }
 
 TEST(UnwindInfoTest, EntriesOutOfOrderAreRefused) {
-    EXPECT_EQ(Pages().set(96, 0x100).refusal(),
-              "the unwind pages are not in order (found 0x100 after 0x100)");
-    EXPECT_EQ(Pages().set(48, 0x90).refusal(), "the unwind pages are not in order (found 0x90 after 0x120)");
+    EXPECT_EQ(Pages().set(96, 0x100).refusal(), "__unwind_info is not in order (found 0x100 after 0x100)");
+    EXPECT_EQ(Pages().set(48, 0x90).refusal(), "__unwind_info is not in order (found 0x90 after 0x120)");
 }
 
 TEST(UnwindInfoTest, ThePageReadAgainAndAgainIsOutOfOrder) {
-    EXPECT_EQ(Pages().set(52, 80).refusal(), "the unwind pages are not in order (found 0x100 after 0x120)");
+    EXPECT_EQ(Pages().set(52, 80).refusal(), "__unwind_info is not in order (found 0x100 after 0x120)");
 }
 
 TEST(UnwindInfoTest, EntriesBeyondTheCodeAreRefused) {
-    EXPECT_EQ(Pages().refusal(0x2ff),
-              "the unwind pages leave the code (found 0x300, expected at most 0x2ff)");
+    EXPECT_EQ(Pages().refusal(0x2ff), "__unwind_info leaves the code (found 0x300, expected at most 0x2ff)");
 }
 
 }  // namespace

@@ -244,12 +244,12 @@ class DamagedUnwindingTest : public testing::Test {
     }
 };
 
-TEST_F(DamagedUnwindingTest, ADescriptionOfWhatIsNoCodeIsRefused) {
+TEST_F(DamagedUnwindingTest, AFrameOutsideTheCodeIsRefused) {
     const size_t last = index + 12 * (frames.u32(pages + 24) - 1);
     frames.set32(frames.segment("__LINKEDIT") + 60,
                  5);  // so that there is code on both sides of what is none
     frames.set32(last, static_cast<uint32_t>(frames.u64(frames.segment("__DATA") + 24)) + 8);
-    EXPECT_THAT(frames.load_error(), AllOf(HasSubstr("the unwind pages describe what is no code (found 0x"),
+    EXPECT_THAT(frames.load_error(), AllOf(HasSubstr("__unwind_info describes what is not code (found 0x"),
                                            HasSubstr(" bytes at 0x")));
 }
 
@@ -257,13 +257,13 @@ TEST_F(DamagedUnwindingTest, ADescriptionBeyondTheCodeIsRefused) {
     const size_t last = index + 12 * (frames.u32(pages + 24) - 1);
     frames.set32(last, 0x10000);
     EXPECT_THAT(frames.load_error(),
-                HasSubstr("the unwind pages leave the code (found 0x10000, expected at most 0x"));
+                HasSubstr("__unwind_info leaves the code (found 0x10000, expected at most 0x"));
 }
 
 TEST_F(DamagedUnwindingTest, ACleanupTableOutsideTheImageIsRefused) {
     frames.set32(lsdas + 4, 0x7fffff00);
     EXPECT_THAT(frames.load_error(),
-                HasSubstr("a function's clean-up table lies outside the image (found 0x7fffff00)"));
+                HasSubstr("a function's LSDA lies outside the image (found 0x7fffff00)"));
 }
 
 TEST_F(DamagedUnwindingTest, APersonalityOutsideTheImageIsRefused) {
@@ -274,7 +274,7 @@ TEST_F(DamagedUnwindingTest, APersonalityOutsideTheImageIsRefused) {
 
 TEST_F(DamagedUnwindingTest, ASectionThatIsCutShortIsRefused) {
     frames.set64(frames.section("__unwind_info") + 40, 16);
-    EXPECT_THAT(frames.load_error(), HasSubstr("a read leaves the unwind pages"));
+    EXPECT_THAT(frames.load_error(), HasSubstr("a read leaves __unwind_info"));
 }
 
 TEST_F(DamagedUnwindingTest, DwarfThatIsNotThereIsRefused) {

@@ -23,9 +23,9 @@ struct Themed {
     bool caps = false;
     const char *plane = nullptr, *pressed = nullptr;
     bool landscape = false, split = false, switcher = false, form_accessory = false;
-    const char* page = "busy";
+    const char *page = "busy", *candidates = nullptr;
     /// Points; an upright screen.
-    double screen_height = 667;
+    double screen_width = 375, screen_height = 667;
     /// What the test is called, where it is not called like the picture.
     const char* test_name = nullptr;
 
@@ -102,7 +102,7 @@ TEST_P(Keyboard, LooksAsExpected) {
     phone.write(preference_file, property_list("<dict><key>_Enabled</key><true/><key>_Config</key>"
                                                "<string>Made.plist</string></dict>"));
     phone.write(std::string(theme_folder) + "Made.plist", theme_file(themed));
-    phone.start({.screen_height = themed.screen_height});
+    phone.start({.screen_width = themed.screen_width, .screen_height = themed.screen_height});
     sim_keyboard keyboard{};
     keyboard.size = sizeof keyboard;
     keyboard.plane = themed.plane;
@@ -112,6 +112,7 @@ TEST_P(Keyboard, LooksAsExpected) {
     keyboard.switcher = themed.switcher;
     keyboard.form_accessory = themed.form_accessory;
     keyboard.background = themed.page;
+    keyboard.candidates = themed.candidates;
     ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
     const auto png = phone.host("/picture.png");
     ASSERT_EQ(sim_take_picture(png.c_str(), 1), SIM_OK) << sim_last_error();
@@ -136,6 +137,7 @@ INSTANTIATE_TEST_SUITE_P(
                .caps = true,
                .landscape = true,
                .split = true},
+        Themed{.name = "flat-candidates", .background = flat, .caps = true, .candidates = "expanded"},
         Themed{.name = "gradient-down", .background = gradient, .direction = 2},
         Themed{.name = "gradient-leftward", .background = gradient, .direction = 3, .plane = "shifted"},
         Themed{.name = "gradient-diagonal", .background = gradient, .direction = 6, .plane = "numbers"},
@@ -145,6 +147,8 @@ INSTANTIATE_TEST_SUITE_P(
                .pressed = "g",
                .page = "notes"},
         Themed{.name = "gradient-switcher", .background = gradient, .direction = 8, .switcher = true},
+        Themed{.name = "gradient-candidates", .background = gradient, .candidates = "row"},
+        Themed{.name = "gradient-candidates-expanded", .background = gradient, .candidates = "expanded"},
         Themed{.name = "gradient-landscape", .background = gradient, .direction = 4, .landscape = true},
         Themed{.name = "image", .background = image},
         Themed{.name = "image", .background = image, .alpha = 0.99, .test_name = "image_at_99_is_untouched"},
@@ -152,6 +156,14 @@ INSTANTIATE_TEST_SUITE_P(
         Themed{.name = "image-split", .background = image, .split = true},
         Themed{.name = "image-form", .background = image, .form_accessory = true, .page = "light"},
         Themed{.name = "image-switcher", .background = image, .switcher = true, .page = "light"},
+        Themed{.name = "image-candidates", .background = image, .candidates = "row"},
+        Themed{.name = "image-candidates-tablet",
+               .background = image,
+               .form_accessory = true,
+               .page = "light",
+               .candidates = "row",
+               .screen_width = 768,
+               .screen_height = 1024},
         Themed{.name = "none", .background = none},
         Themed{.name = "none-caps", .background = none, .caps = true, .page = "light"}),
     [](const auto& info) {

@@ -1,5 +1,5 @@
 // What the tests of the colour picker share: a phone with the preference bundle's icons, a picker, and a
-// delegate that notes what it is told.
+// delegate that notes what it is notified of.
 #pragma once
 #include "platform/controls.h"
 #include "platform/scrolling.h"
@@ -12,17 +12,17 @@ inline constexpr const char* recent_file =
 inline constexpr const char* copy_icon_file = "/Library/PreferenceBundles/Huecraft.bundle/copy.png";
 inline constexpr const char* paste_icon_file = "/Library/PreferenceBundles/Huecraft.bundle/paste.png";
 
-/// What delegates were told.
-struct Told {
+/// What delegates were notified of.
+struct Notice {
     Rgba color;
     std::string hex;
-    friend bool operator==(const Told&, const Told&) = default;
-    friend void PrintTo(const Told& t, std::ostream* out) {
+    friend bool operator==(const Notice&, const Notice&) = default;
+    friend void PrintTo(const Notice& t, std::ostream* out) {
         PrintTo(t.color, out);
         *out << " " << t.hex;
     }
 };
-inline std::vector<Told> told;
+inline std::vector<Notice> notices;
 
 class ColorPicker : public testing::Test {
   protected:
@@ -33,7 +33,7 @@ class ColorPicker : public testing::Test {
         phone.write(copy_icon_file, icon({{2, 2}, {16, 16}}));
         phone.write(paste_icon_file, icon({{6, 2}, {8, 16}}));
         heard.clear();
-        told.clear();
+        notices.clear();
         picker = made_picker();
     }
 
@@ -97,7 +97,7 @@ class ColorPicker : public testing::Test {
     static id noting_delegate() {
         noting_class("NotingPickerDelegate", {{"colorPickerReturnedWithColor:andHexString:",
                                                reinterpret_cast<IMP>(+[](id, SEL, id color, id hex) {
-                                                   told.push_back({rgba(color), utf8(hex)});
+                                                   notices.push_back({rgba(color), utf8(hex)});
                                                }),
                                                "v@:@@"}});
         return made("NotingPickerDelegate");

@@ -243,7 +243,7 @@ TEST_F(ColorPicker, CloseDismissesAndTellsNobody) {
     EXPECT_EQ(presented(), picker);
     tap(panel_part<"closeButton">());
     EXPECT_EQ(presented(), nullptr);
-    EXPECT_EQ(told, std::vector<Told>{});
+    EXPECT_EQ(notices, std::vector<Notice>{});
     EXPECT_FALSE(phone.exists(recent_file));
 }
 
@@ -270,7 +270,7 @@ TEST_F(ColorPicker, SelectTellsTheDelegateTheColourAndItsTextAndDismisses) {
     show();
     update(color(1, 0.5, 0, 0.25));
     tap(panel_part<"selectButton">());
-    EXPECT_EQ(told, (std::vector<Told>{{{1, 0.5, 0, 0.25}, "#FF7F003F"}}));
+    EXPECT_EQ(notices, (std::vector<Notice>{{{1, 0.5, 0, 0.25}, "#FF7F003F"}}));
     EXPECT_EQ(presented(), nullptr);
 }
 
@@ -280,7 +280,7 @@ TEST_F(ColorPicker, ATextThatWasNotReturnedIsToldWithTheSlidersColour) {
     tap(field());
     ASSERT_EQ(sim_type_text("1"), SIM_OK) << sim_last_error();
     tap(panel_part<"selectButton">());
-    EXPECT_EQ(told, (std::vector<Told>{{{0, 0, 0, 1}, "#0000001"}}));
+    EXPECT_EQ(notices, (std::vector<Notice>{{{0, 0, 0, 1}, "#0000001"}}));
 }
 
 TEST_F(ColorPicker, WithoutADelegateSelectOnlyCloses) {
@@ -299,7 +299,7 @@ TEST_F(ColorPicker, WithADelegateThatIsGoneSelectOnlyCloses) {
     show();
     tap(panel_part<"selectButton">());
     EXPECT_EQ(presented(), nullptr);
-    EXPECT_EQ(told, std::vector<Told>{});
+    EXPECT_EQ(notices, std::vector<Notice>{});
     EXPECT_FALSE(phone.exists(recent_file));
 }
 
@@ -319,7 +319,7 @@ TEST_F(ColorPicker, TheDelegateAtTheTimeOfThePressIsTold) {
     show();
     set_delegate(second);
     tap(panel_part<"selectButton">());
-    EXPECT_EQ(told.size(), 1u);
+    EXPECT_EQ(notices.size(), 1u);
 }
 
 TEST_F(ColorPicker, ADelegateThatGoesWhileThePickerIsShownIsNotTold) {
@@ -330,7 +330,7 @@ TEST_F(ColorPicker, ADelegateThatGoesWhileThePickerIsShownIsNotTold) {
     }
     tap(panel_part<"selectButton">());
     EXPECT_EQ(presented(), nullptr);
-    EXPECT_EQ(told, std::vector<Told>{});
+    EXPECT_EQ(notices, std::vector<Notice>{});
     EXPECT_FALSE(phone.exists(recent_file));
 }
 
@@ -345,7 +345,7 @@ TEST_F(ColorPicker, ADelegateThatSaysItDoesNotRespondIsNotTold) {
     show();
     tap(panel_part<"selectButton">());
     EXPECT_EQ(presented(), nullptr);
-    EXPECT_EQ(told, std::vector<Told>{});
+    EXPECT_EQ(notices, std::vector<Notice>{});
     EXPECT_FALSE(phone.exists(recent_file));
 }
 

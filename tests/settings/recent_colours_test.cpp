@@ -1,5 +1,5 @@
 // The colours that were chosen last: how they are read, shown and tapped.
-#include "settings/recent_colours.h"
+#include "settings/recent_colours_test.h"
 
 namespace test {
 namespace {

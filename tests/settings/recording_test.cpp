@@ -1,5 +1,5 @@
 // What a confirmation records of the chosen colour, and in which file.
-#include "settings/recent_colours.h"
+#include "settings/recent_colours_test.h"
 
 namespace test {
 namespace {
@@ -22,7 +22,7 @@ TEST_F(Recording, TheFirstColourTakesTheOldestOnesPlaceInTheFile) {
     const Hexes expected{"#00000000", "#00000000", "#00000000", "#00000000", "#00000000", "#FF0000"};
     EXPECT_EQ(in_file(), expected);
     EXPECT_EQ(in_memory(), expected);
-    EXPECT_EQ(told.size(), 1u);
+    EXPECT_EQ(notices.size(), 1u);
     picker = made_picker();
     picker->view();
     EXPECT_EQ(in_memory(), expected) << "the next picker has it";
@@ -33,7 +33,7 @@ TEST_F(Recording, AColourTwiceInARowIsRecordedOnce) {
     confirm("#FF0000");
     confirm("#FF0000");
     EXPECT_EQ(in_file(), (Hexes{"#00000000", "#00000000", "#00000000", "#00000000", "#00000000", "#FF0000"}));
-    EXPECT_EQ(told.size(), 2u);
+    EXPECT_EQ(notices.size(), 2u);
 }
 
 TEST_F(Recording, AnOlderColourIsNotRemoved) {
@@ -49,7 +49,7 @@ TEST_F(Recording, APickerThatIsNotReloadedRecordsEveryConfirmation) {
     for (const char* hex : {"#000001", "#000002", "#000003", "#000004", "#000005", "#000006", "#000007"})
         confirm(hex);
     EXPECT_EQ(in_file(), (Hexes{"#000002", "#000003", "#000004", "#000005", "#000006", "#000007"}));
-    EXPECT_EQ(told.size(), 7u);
+    EXPECT_EQ(notices.size(), 7u);
 }
 
 TEST_F(Recording, OnlyAConfirmationWritesTheFile) {
@@ -99,7 +99,7 @@ TEST_F(Recording, APickerThatIsShownAgainGoesOnRecording) {
         EXPECT_EQ(presented(), nullptr);
     }
     EXPECT_EQ(in_file(), (Hexes{"#00000000", "#00000000", "#00000000", "#00FF00", "#FFFF00", "#00FF00"}));
-    EXPECT_EQ(told.size(), 3u);
+    EXPECT_EQ(notices.size(), 3u);
 }
 
 TEST_F(Recording, TheTextIsRecordedAsItWasTyped) {
@@ -142,7 +142,7 @@ TEST_F(Recording, AListFromTheFileRaisesBeforeAnythingIsWrittenOrTold) {
             << sim_last_error();
         EXPECT_EQ(phone.read(recent_file), before);
         EXPECT_EQ(in_memory(), six_clear);
-        EXPECT_EQ(told, std::vector<Told>{});
+        EXPECT_EQ(notices, std::vector<Notice>{});
         EXPECT_EQ(presented(), picker) << "and it stays on the screen";
     }
 }
@@ -152,7 +152,7 @@ TEST_F(Recording, AfterTheFirstFileAReloadedPickerRaises) {
     confirm("#FF0000");
     picker->send<"setInitialColor:">(color(0, 1, 0));
     EXPECT_EQ(raised_by([&] { confirm("#00FF00"); }), "NSInvalidArgumentException");
-    EXPECT_EQ(told.size(), 1u);
+    EXPECT_EQ(notices.size(), 1u);
     EXPECT_EQ(in_file().back(), "#FF0000");
 }
 
@@ -181,7 +181,7 @@ TEST_F(Recording, AListOfAnotherTypeRaisesBeforeAnythingIsWrittenOrTold) {
         picker->view();
         EXPECT_EQ(raised_by([&] { confirm("#00FF00"); }), "NSInvalidArgumentException") << list;
         EXPECT_EQ(phone.read(recent_file), before) << list;
-        EXPECT_EQ(told, std::vector<Told>{}) << list;
+        EXPECT_EQ(notices, std::vector<Notice>{}) << list;
     }
 }
 
@@ -191,7 +191,7 @@ TEST_F(Recording, AnEmptyListFromTheFileRaises) {
     picker->view();
     EXPECT_EQ(raised_by([&] { confirm("#FF0000"); }), "NSInvalidArgumentException");
     EXPECT_EQ(phone.read(recent_file), before);
-    EXPECT_EQ(told, std::vector<Told>{});
+    EXPECT_EQ(notices, std::vector<Notice>{});
 }
 
 TEST_F(Recording, WithoutAListTheDictionaryRaises) {
@@ -200,7 +200,7 @@ TEST_F(Recording, WithoutAListTheDictionaryRaises) {
     picker->view();
     EXPECT_EQ(raised_by([&] { confirm("#FF0000"); }), "NSInvalidArgumentException");
     EXPECT_EQ(phone.read(recent_file), before);
-    EXPECT_EQ(told, std::vector<Told>{});
+    EXPECT_EQ(notices, std::vector<Notice>{});
 }
 
 TEST_F(Recording, AFailedWriteIsNotNoticed) {
@@ -208,7 +208,7 @@ TEST_F(Recording, AFailedWriteIsNotNoticed) {
     picker->view();
     EXPECT_EQ(raised_by([&] { confirm("#FF0000"); }), "");
     EXPECT_EQ(in_memory().back(), "#FF0000");
-    EXPECT_EQ(told.size(), 1u);
+    EXPECT_EQ(notices.size(), 1u);
 }
 
 TEST_F(Recording, TheFileIsWrittenBeforeTheDelegateIsTold) {

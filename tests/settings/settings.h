@@ -1,5 +1,5 @@
-// What the tests of the panel and the picker share: delegates that note what they are told, and layouts as
-// text.
+// What the tests of the panel and the picker share: delegates that note what they are notified of, and
+// layouts as text.
 #pragma once
 #include <algorithm>
 #include <cstdio>

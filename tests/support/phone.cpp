@@ -120,6 +120,10 @@ void Phone::boot(const Options& wanted) {
     options.screen_width = wanted.screen_width;
     options.screen_height = wanted.screen_height;
     options.screen_scale = wanted.screen_scale;
+    options.language = wanted.language;
+    options.right_to_left = wanted.right_to_left;
+    options.text_size = wanted.text_size;
+    options.reduce_motion = wanted.reduce_motion;
     options.left_out_classes = lists.left_out.data();
     options.unfound_methods = lists.unfound.data();
     options.methods_without_previous = lists.without_previous.data();

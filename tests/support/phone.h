@@ -86,6 +86,10 @@ class Phone {
         std::optional<sim_injection> injection = {};
         double screen_width = 0, screen_height = 0;
         int screen_scale = 0;
+        const char* language = nullptr;
+        bool right_to_left = false;
+        const char* text_size = nullptr;
+        bool reduce_motion = false;
         /// Otherwise the one that HUECRAFT_PROCESS names.
         std::optional<sim_process> process = {};
         bool unsigned_answers = false;

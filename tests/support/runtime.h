@@ -1,11 +1,12 @@
 // What tests reach of objects beside their selectors: methods that they stand in for, and instance variables.
 #pragma once
+#include "objc/instance_variable.h"
 #include "platform/substrate.h"
 #include "support/phone.h"
 
 namespace test {
 
-enum class Side { instance, on_class };
+using objc::Side;
 
 /// Puts a function of the method's own prototype (bool as int) in the method's place, for the named class
 /// only, and answers what stood there. Before the library is loaded it stands in for the system, and sees
@@ -30,9 +31,9 @@ Result call(IMP previous, id self, SEL selector, Arguments... arguments) {
 /// An object's instance variable of that name, of the type of its values: `variable<UIView*>(cell, "label")`.
 template <class T>
 T& variable(id object, const char* name) {
-    Ivar found = class_getInstanceVariable(object_getClass(object), name);
-    EXPECT_NE(found, nullptr) << object_getClassName(object) << " has no variable " << name;
-    return *reinterpret_cast<T*>(reinterpret_cast<char*>(object) + ivar_getOffset(found));
+    EXPECT_NE(class_getInstanceVariable(object_getClass(object), name), nullptr)
+        << object_getClassName(object) << " has no variable " << name;
+    return objc::instance_variable<T>(object, name);
 }
 
 }  // namespace test

@@ -1,4 +1,5 @@
 // What cannot be used: one line each on standard error, status 2, and the rest is done.
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -80,7 +81,7 @@ TEST_F(BadInput, WhatIsNoPropertyListIsSaidWithTheLine) {
     const Outcome run = this->run({"show", "torn.plist"});
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(lines(run.err), 1u);
-    EXPECT_TRUE(run.err.starts_with("huecraft: torn.plist: it is no property list: ")) << run.err;
+    EXPECT_TRUE(run.err.starts_with("huecraft: torn.plist: it is not a property list: ")) << run.err;
     EXPECT_NE(run.err.find("line 3"), run.err.npos) << run.err;
 }
 
@@ -128,6 +129,41 @@ TEST_F(BadInput, NothingIsLeftInTheFolderOfTemporaryFiles) {
                             path("sound.plist").string() + " > /dev/null";
     EXPECT_EQ(std::system(all.c_str()), 0);
     EXPECT_TRUE(std::filesystem::is_empty(path("temporary")));
+}
+
+TEST_F(BadInput, AFullFolderOfTemporaryFilesIsNamedOnce) {
+    write("t.plist", sound_theme());
+    write("g.css", "background: linear-gradient(#fff, #000)");
+    write("s", "wait 1\n");
+    std::filesystem::create_directory(path("full"));
+    // No file may grow, as on a full disk.
+    const std::string full = "trap '' XFSZ; ulimit -f 0; TMPDIR=full exec '" HUECRAFT_COMMAND "' ";
+    for (const char* arguments :
+         {"new X", "edit t.plist --text red", "show t.plist", "lint t.plist", "keyboard t.plist -o k.png",
+          "preview t.plist -o k.png", "gallery t.plist -o g.html", "picker --script s -o p",
+          "convert t.plist -o c.plist --to binary", "import g.css", "package-check " PACKAGE_FILE,
+          "send t.plist root@phone --dry-run", "pack t.plist -o t.deb"}) {
+        const std::string all =
+            "cd '" + path("").string() + "'; (" + full + arguments + "; ) 2>&1 | cat >said";
+        ASSERT_EQ(std::system(all.c_str()), 0);
+        EXPECT_EQ(read("said"),
+                  "huecraft: " + path("full").string() +
+                      ": temporary files cannot be written there: File too large; TMPDIR names another "
+                      "folder\n")
+            << arguments;
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(path("full")));
+    EXPECT_EQ(names(), (std::vector<std::string>{"full", "g.css", "s", "said", "t.plist"}));
+    EXPECT_EQ(read("t.plist"), sound_theme());
+}
+
+TEST_F(BadInput, APipeThatNobodyWritesToDoesNotHoldUpTheOthers) {
+    ASSERT_EQ(mkfifo(path("pipe.plist").c_str(), 0600), 0);
+    write("sound.plist", sound_theme());
+    const Outcome run = this->run({"lint", "pipe.plist", "sound.plist"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "huecraft: pipe.plist: nothing came from it for 5 seconds\n");
+    EXPECT_NE(run.out.find("sound.plist: fine"), run.out.npos) << run.out;
 }
 
 }  // namespace

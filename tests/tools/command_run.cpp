@@ -1,4 +1,3 @@
-// The command as a child process, in a folder of its own.
 #include "command_run.h"
 
 #include <fcntl.h>

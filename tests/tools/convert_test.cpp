@@ -90,7 +90,7 @@ TEST_F(Convert, AnUnknownFormIsRefused) {
     write("a.plist", rich_theme());
     const Outcome run = this->run({"convert", "a.plist", "-o", "b.plist", "--to", "yaml"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_NE(run.err.find("--to: \"yaml\" is none of xml|binary|openstep"), run.err.npos) << run.err;
+    EXPECT_NE(run.err.find("--to: \"yaml\" is not one of xml|binary|openstep"), run.err.npos) << run.err;
     EXPECT_FALSE(exists("b.plist"));
 }
 

@@ -52,9 +52,10 @@ TEST_F(Edit, DirectionsHaveNames) {
     expect_in(shown("t.plist"), "getGradientDirection: 8, top left to bottom right");
     EXPECT_EQ(run({"edit", "t.plist", "--direction", "3"}).status, 0);
     expect_in(shown("t.plist"), "getGradientDirection: 3, right to left");
-    EXPECT_EQ(run({"edit", "t.plist", "--direction", "sideways"}).err,
-              "huecraft: --direction: \"sideways\" is none of up|down|left|right|up-left|up-right|down-left|"
-              "down-right, nor a number from 1 to 8 (see huecraft edit --help)\n");
+    EXPECT_EQ(
+        run({"edit", "t.plist", "--direction", "sideways"}).err,
+        "huecraft: --direction: \"sideways\" is not one of up|down|left|right|up-left|up-right|down-left|"
+        "down-right, nor a number from 1 to 8 (see huecraft edit --help)\n");
 }
 
 TEST_F(Edit, ColoursComeInEveryNotation) {

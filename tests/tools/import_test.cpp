@@ -163,7 +163,7 @@ TEST_F(Import, WhatCannotBeAGradientIsRefused) {
     EXPECT_NE(refusal_of("linear-gradient(red, blue").find("not closed"), std::string::npos);
     EXPECT_NE(refusal_of("linear-gradient(red)").find("two colours or more"), std::string::npos);
     EXPECT_NE(refusal_of("linear-gradient(red, )").find("missing between two commas"), std::string::npos);
-    EXPECT_NE(refusal_of("linear-gradient(red, lab(1 2% 3%))").find("\"lab(1 2% 3%)\" is no colour"),
+    EXPECT_NE(refusal_of("linear-gradient(red, lab(1 2% 3%))").find("\"lab(1 2% 3%)\" is not a colour"),
               std::string::npos);
     EXPECT_NE(refusal_of("linear-gradient(to centre, red, blue)").find("no direction \"to centre\""),
               std::string::npos);

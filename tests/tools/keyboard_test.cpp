@@ -60,7 +60,7 @@ TEST_F(Keyboard, AnUnknownStateOrDeviceIsRefusedWithWhatThereIs) {
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(
         run.err,
-        "huecraft: --state: \"capitals\" is none of letters|shifted|numbers|symbols|emoji (see huecraft "
+        "huecraft: --state: \"capitals\" is not one of letters|shifted|numbers|symbols|emoji (see huecraft "
         "keyboard --help)\n");
     EXPECT_EQ(this->run({"keyboard", "sound.plist", "-o", "k.png", "--device", "toaster"}).status, 2);
 }
@@ -69,7 +69,7 @@ TEST_F(Keyboard, WhatIsNoThemeLeavesNoPicture) {
     write("broken.plist", "<plist");
     const Outcome run = this->run({"keyboard", "broken.plist", "-o", "k.png"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_TRUE(run.err.starts_with("huecraft: broken.plist: it is no property list")) << run.err;
+    EXPECT_TRUE(run.err.starts_with("huecraft: broken.plist: it is not a property list")) << run.err;
     EXPECT_EQ(names(), std::vector<std::string>{"broken.plist"});
 }
 
@@ -88,6 +88,17 @@ TEST_F(Keyboard, AnOutputThroughALinkReplacesWhatItPointsTo) {
     ASSERT_EQ(run({"keyboard", "sound.plist", "-o", "link.png"}).status, 0);
     EXPECT_TRUE(std::filesystem::is_symlink(path("link.png")));
     EXPECT_EQ(Png(path("old.png")).width, 750);
+}
+
+TEST_F(Keyboard, ThePreviewSaysThatItsCapsDiffer) {
+    const std::string sound = sound_theme(), end = "</dict>";
+    write("plain.plist", sound);
+    write("caps.plist", std::string(sound).insert(sound.find(end), "<key>_VisibleKeycaps</key><true/>"));
+    const std::string note = "the preview's key caps are dark grey; the keyboard's are light";
+    EXPECT_EQ(run({"preview", "plain.plist", "-o", "p.png"}).out, "");
+    EXPECT_EQ(run({"preview", "caps.plist", "-o", "c.png"}).out, "c.png: " + note + "\n");
+    const std::string said = run({"preview", "caps.plist", "-o", "c.png", "--json"}).out;
+    EXPECT_NE(said.find("\"differsFromKeyboard\": \"" + note + "\""), said.npos) << said;
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ class LintFix : public Command {
 
 TEST_F(LintFix, MakesAnyThemeFineAtOnce) {
     std::vector<std::string> files;
-    for (int i = 0; i < 60; ++i) {
+    for (int i = 0; i < 300; ++i) {
         files.push_back("t" + std::to_string(i) + ".plist");
         write(files.back(), theme());
     }
@@ -118,6 +118,24 @@ TEST_F(LintFix, APictureWithoutAPairIsDimmedOrBlurred) {
         << before.out;
     EXPECT_EQ(run({"lint", "--fix", "T.plist"}).status, 0);
     EXPECT_EQ(run({"lint", "T.plist"}).status, 0);
+}
+
+TEST_F(LintFix, APictureThatNothingHelpsIsTakenAway) {
+    // Two pixels: black and, where the page behind the keyboard shows, nothing.
+    write("t.plist", theme_file(key("_ConfigName", string("T")) + key("_TextColor", string("#808080")) +
+                                key("_HighlightColor", string("#808080")) +
+                                key("_BackgroundType", "<integer>3</integer>") +
+                                key("_Image",
+                                    "<data>iVBORw0KGgoAAAANSUhEUgAAAAIAAAABCAYAAAD0In+KAAAAD0lEQVR4nGNg"
+                                    "YGD4D8QMAAUEAQCwBUiSAAAAAElFTkSuQmCC</data>")));
+    const Outcome before = run({"lint", "t.plist"});
+    EXPECT_NE(
+        before.out.find("the nearest is without the picture, with _BackgroundType 1 and _Colors #000000"),
+        before.out.npos)
+        << before.out;
+    EXPECT_EQ(run({"lint", "--fix", "t.plist"}).status, 0);
+    const Outcome after = run({"lint", "t.plist"});
+    EXPECT_EQ(after.status, 0) << after.out;
 }
 
 TEST_F(LintFix, KeepsTheFormAndSaysWhatItDid) {

@@ -236,13 +236,11 @@ TEST_P(LintAgainstTheKeyboard, SeesWhatIsBehindTheLabels) {
     ASSERT_EQ(run({"keyboard", "bare.plist", "-o", "k.png", "--background", "light", "--scale", "1"}).status,
               0);
     const Png png(path("k.png"));
-    // On a screen of 375 x 667 points.
+    // On a screen of 375 x 667 points. A word is wide: its end is where a gradient goes furthest.
     const std::string key = worst.at("worstKey");
-    const std::map<std::string, std::pair<int, int>> middles{{"q", {18, 480}},
-                                                             {"p", {356, 480}},
-                                                             {"Shift-Key", {24, 588}},
-                                                             {"123", {20, 642}},
-                                                             {"return", {328, 642}}};
+    const std::map<std::string, std::pair<int, int>> middles{
+        {"suggestion 1", {62, 430}}, {"suggestion 3", {342, 437}}, {"q", {18, 480}},      {"p", {356, 480}},
+        {"Shift-Key", {24, 588}},    {"123", {20, 642}},           {"return", {328, 642}}};
     ASSERT_TRUE(middles.contains(key)) << key;
     const auto [x, y] = middles.at(key);
     const unsigned seen = png.at(x, y);
@@ -273,6 +271,13 @@ constexpr const char* backgrounds[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Backgrounds, LintAgainstTheKeyboard, testing::ValuesIn(backgrounds));
 
+TEST_F(Lint, SuggestionsHaveNoCapsToBeReadOn) {
+    const std::string caps = "<key>_VisibleKeycaps</key><true/>";
+    const auto found = findings(linted(theme("#101010", "#C0C0C0", flat("#505050"), caps)));
+    ASSERT_EQ(found.size(), 1u);
+    EXPECT_NE(found[0].find("#505050 behind suggestion 1"), std::string::npos) << found[0];
+}
+
 TEST_F(Lint, FilesThatCannotBeUsedDoNotKeepTheOthersFromBeingLinted) {
     write("a.plist", sound_theme());
     write("b.plist", "nonsense {");
@@ -283,7 +288,7 @@ TEST_F(Lint, FilesThatCannotBeUsedDoNotKeepTheOthersFromBeingLinted) {
     EXPECT_NE(run.out.find("a.plist: "), run.out.npos);
     EXPECT_NE(run.out.find("c.plist: "), run.out.npos);
     EXPECT_NE(run.out.find("2 themes: "), run.out.npos);
-    EXPECT_TRUE(run.out.ends_with("2 files of no use\n")) << run.out;
+    EXPECT_TRUE(run.out.ends_with("2 unusable files\n")) << run.out;
 }
 
 TEST_F(Lint, FindingsAreStatusOne) {

@@ -36,17 +36,18 @@ TEST_F(New, WithoutAnythingItIsTheLibrarysDefaultTheme) {
 TEST_F(New, InvalidHexIsNamedWithItsOption) {
     const Outcome run = this->run({"new", "Bad", "--text", "#12345"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err,
-              "huecraft: --text: \"#12345\" is no colour; expected #RRGGBB, #RRGGBBAA, rgb(…), hsl(…) or a "
-              "name of CSS "
-              "(see huecraft new --help)\n");
+    EXPECT_EQ(
+        run.err,
+        "huecraft: --text: \"#12345\" is not a colour; expected #RRGGBB, #RRGGBBAA, rgb(…), hsl(…) or a "
+        "name of CSS "
+        "(see huecraft new --help)\n");
     EXPECT_TRUE(names().empty());
 }
 
 TEST_F(New, OneInvalidColourOfAGradientIsNamed) {
     const Outcome run = this->run({"new", "Bad", "--gradient", "FF0000,zz"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_NE(run.err.find("--gradient: \"zz\" is no colour"), run.err.npos) << run.err;
+    EXPECT_NE(run.err.find("--gradient: \"zz\" is not a colour"), run.err.npos) << run.err;
 }
 
 TEST_F(New, BackgroundsExcludeOneAnother) {
@@ -124,9 +125,10 @@ TEST_F(New, WhatIsNoPictureIsNamed) {
     write("notes.png", "not a picture");
     const Outcome run = this->run({"new", "Picture", "--image", "notes.png"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err,
-              "huecraft: notes.png: it is no picture that can be read: found \"not a pi\" at its beginning; "
-              "expected PNG, JPEG, WebP or HEIC\n");
+    EXPECT_EQ(
+        run.err,
+        "huecraft: notes.png: it is not a picture that can be read: found \"not a pi\" at its beginning; "
+        "expected PNG, JPEG, WebP or HEIC\n");
     EXPECT_EQ(names(), std::vector<std::string>{"notes.png"});
 }
 
@@ -134,10 +136,10 @@ TEST_F(New, ANumberThatIsNoneIsRefusedWithItsRange) {
     write("p.png", "");
     const Outcome run = this->run({"new", "Thin", "--image", "p.png", "--alpha", "nan"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err, "huecraft: --alpha: \"nan\" is no number from 0 to 1 (see huecraft new --help)\n");
+    EXPECT_EQ(run.err, "huecraft: --alpha: \"nan\" is not a number from 0 to 1 (see huecraft new --help)\n");
     write("s.plist", sound_theme());
     EXPECT_EQ(this->run({"keyboard", "s.plist", "-o", "k.png", "--scale", "nan"}).err,
-              "huecraft: --scale: \"nan\" is no number from 0.1 to 8 (see huecraft keyboard --help)\n");
+              "huecraft: --scale: \"nan\" is not a number from 0.1 to 8 (see huecraft keyboard --help)\n");
 }
 
 TEST_F(New, AGradientOfOneColourIsRefused) {

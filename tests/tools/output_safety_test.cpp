@@ -45,15 +45,15 @@ TEST_F(OutputSafety, ALinkToTheInputIsTheInput) {
 TEST_F(OutputSafety, AForgottenOutputDoesNotCostTheFirstTheme) {
     write("a.plist", sound_theme());
     write("b.plist", sound_theme());
-    expect_kept({"gallery", "-o", "a.plist", "b.plist"}, "a.plist", "it exists and is no page of HTML");
-    expect_kept({"keyboard", "b.plist", "-o", "a.plist"}, "a.plist", "it exists and is no PNG picture");
+    expect_kept({"gallery", "-o", "a.plist", "b.plist"}, "a.plist", "it exists and is not a page of HTML");
+    expect_kept({"keyboard", "b.plist", "-o", "a.plist"}, "a.plist", "it exists and is not a PNG picture");
 }
 
 TEST_F(OutputSafety, APictureIsNotReplacedByAPropertyList) {
     write("d.plist", sound_theme());
     ASSERT_EQ(run({"keyboard", "d.plist", "-o", "k.png"}).status, 0);
     expect_kept({"convert", "d.plist", "-o", "k.png", "--to", "xml"}, "k.png",
-                "it exists and is no property list");
+                "it exists and is not a property list");
 }
 
 TEST_F(OutputSafety, WhatWasMadeBeforeIsMadeAgain) {
@@ -69,7 +69,8 @@ TEST_F(OutputSafety, APictureOfThePickerDoesNotReplaceATheme) {
     write("folder/mine.png", sound_theme());
     const Outcome run = this->run({"picker", "-o", "folder", "--script", "-"}, "wait 1\npicture mine\n");
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err, "huecraft: folder/mine.png: it exists and is no PNG picture; --force replaces it\n");
+    EXPECT_EQ(run.err,
+              "huecraft: folder/mine.png: it exists and is not a PNG picture; --force replaces it\n");
     EXPECT_EQ(read("folder/mine.png"), sound_theme());
 }
 

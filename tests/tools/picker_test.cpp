@@ -107,6 +107,14 @@ TEST_F(Picker, ASelectionIsWhatIsDeleted) {
         << "several characters at once stay, one goes, and what is typed goes to the end";
 }
 
+TEST_F(Picker, ASelectionRightAfterATapIsTheSameAsALaterOne) {
+    for (const char* pause : {"", "wait 2\n"}) {
+        const Json said = told(std::string("tap field\n") + pause + "select 1 1\ndelete\ntap \"SELECT\"",
+                               {"--color", "123456"});
+        EXPECT_EQ(said.at("events").at(0).at("text"), "#23456") << pause;
+    }
+}
+
 TEST_F(Picker, RefusedInputIsAShake) {
     const Outcome outcome =
         play("tap field\ntype \"z\"\nwait 0.3\ntype \"1\"\ntype \"zz\"\nwait 0.3\nwait 0.3\n");
@@ -172,7 +180,7 @@ TEST_F(Picker, TheSecondConfirmationRaisesAndTheScriptEndsThere) {
     const Outcome outcome = play(script, {"-o", "p"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "");
-    EXPECT_NE(outcome.out.find("s:2: at 0 s the delegate was told #FF0000, the text \"#FF0000\"\n"
+    EXPECT_NE(outcome.out.find("s:2: at 0 s the delegate received #FF0000, the text \"#FF0000\"\n"
                                "s:2: at 0 s the picker closed\n"
                                "s:6: at 0 s NSInvalidArgumentException was raised: "),
               outcome.out.npos)
@@ -181,6 +189,7 @@ TEST_F(Picker, TheSecondConfirmationRaisesAndTheScriptEndsThere) {
                                "\"#00000000\", \"#FF0000\"\n"),
               outcome.out.npos)
         << outcome.out;
+    EXPECT_EQ(outcome.out.find("0x"), outcome.out.npos) << "an address: " << outcome.out;
     EXPECT_TRUE(exists("p/before.png"));
     EXPECT_FALSE(exists("p/after.png"));
     const Json said = told(script, {"-o", "p"});
@@ -283,7 +292,7 @@ TEST_F(Picker, ThePictureInTheDocsIsWhatTheDemosTouchesMake) {
 TEST_F(Picker, PicturesNeedAFolder) {
     EXPECT_EQ(complaint("wait 1\n\npicture a"), "s:3: pictures need a folder to go to: say -o DIR\n");
     EXPECT_EQ(complaint("record a"), "s:1: pictures need a folder to go to: say -o DIR\n");
-    EXPECT_EQ(complaint("wait 1", {"-o", "s"}), "s: it is no folder; the pictures need one\n");
+    EXPECT_EQ(complaint("wait 1", {"-o", "s"}), "s: it is not a folder; the pictures need one\n");
 }
 
 // ---- The user's files
@@ -426,8 +435,8 @@ TEST_F(Picker, AScriptErrorIsNamedByFileAndLine) {
         {"wait 601", "the time is \"601\"; expected a number from 0 to 600"},
         {"return 1", "found 1 word after return; expected: return"},
         {"stop", "there is no recording to stop"},
-        {"picture ../up", "\"../up\" is no name of a picture; expected letters, digits, - and _"},
-        {"picture .hidden", "\".hidden\" is no name of a picture; expected letters, digits, - and _"},
+        {"picture ../up", "\"../up\" is not a name of a picture; expected letters, digits, - and _"},
+        {"picture .hidden", "\".hidden\" is not a name of a picture; expected letters, digits, - and _"},
         {"record a 61", "the number of frames is \"61\"; expected a number from 1 to 60"},
         // While it is played:
         {"tap \"SELEC\"",
@@ -476,7 +485,7 @@ TEST_F(Picker, OptionsThatMeanNothingAreMisuse) {
     EXPECT_EQ(complaint("", {"--save"}),
               "--save: there is nothing to save to; it goes with --device, --recent or --theme\n");
     EXPECT_EQ(complaint("", {"--width", "390"}),
-              "--width: \"390\" is none of 320|375|414 (see huecraft picker --help)\n");
+              "--width: \"390\" is not one of 320|375|414 (see huecraft picker --help)\n");
     EXPECT_NE(complaint("", {"--key", "text"}).find("--theme"), std::string::npos);
     EXPECT_NE(complaint("", {"--color", "bluish"}).find("is no colour"), std::string::npos);
 }

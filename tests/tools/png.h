@@ -43,15 +43,4 @@ inline std::string decoded(std::string_view base64) {
     return bytes;
 }
 
-/// The pictures on a page as files: of each theme the preview and then the keyboard.
-inline std::vector<std::string> pictures_in(const std::string& page) {
-    constexpr std::string_view mark = "base64,";
-    std::vector<std::string> pictures;
-    for (size_t at = 0; (at = page.find(mark, at)) != page.npos;) {
-        at += mark.size();
-        pictures.push_back(decoded(std::string_view(page).substr(at, page.find('"', at) - at)));
-    }
-    return pictures;
-}
-
 }  // namespace test

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "command_run.h"
+#include "gallery/page.h"
 #include "png.h"
 
 namespace test {
@@ -89,12 +90,14 @@ TEST_F(Provenance, APictureOnStandardOutputTellsItToo) {
     EXPECT_EQ(texts_in(run({"keyboard", "-", "-o", "-"}, sound_theme()).out), told_by(own_library));
 }
 
-TEST_F(Provenance, EveryPictureOfAGalleryTellsIt) {
+TEST_F(Provenance, TheGallerysPageTellsIt) {
     const Outcome run = this->run({"gallery", "sound.plist", "-o", "g.html", "--library", shipped_library});
     ASSERT_EQ(run.status, 0) << run.err;
-    const std::vector<std::string> pictures = pictures_in(read("g.html"));
-    ASSERT_EQ(pictures.size(), 2u);
-    for (const std::string& picture : pictures) EXPECT_EQ(texts_in(picture), told_by(shipped_library));
+    const GalleryPage page(read("g.html"));
+    const auto told = told_by(shipped_library);
+    EXPECT_EQ(page.found("//meta[@name='huecraft-library-sha256']/@content"),
+              std::vector<std::string>{told.at("Huecraft-Library-SHA256")});
+    EXPECT_EQ(page.themes().at(0).digest, told.at("Huecraft-Theme-SHA256"));
 }
 
 TEST_F(Provenance, PicturesOfThePickerTellTheLibraryAlone) {

@@ -58,6 +58,12 @@ TEST_F(OnATerminal, NothingIsInColourWhereItIsNotWanted) {
     }
 }
 
+TEST_F(OnATerminal, ShownColoursHaveSwatches) {
+    write("sound.plist", sound_theme());
+    EXPECT_TRUE(has(said({"show", "sound.plist"}), "\x1b[48;2;117;117;117m  \x1b[0m"));
+    EXPECT_FALSE(has(run({"show", "sound.plist"}).out, "\x1b"));
+}
+
 TEST_F(OnATerminal, AGalleryHasABarThatIsGoneAtTheEnd) {
     write("one.plist", sound_theme());
     write("two.plist", sound_theme());

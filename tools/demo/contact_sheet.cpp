@@ -1,4 +1,3 @@
-// Every surface of the keyboard, before and after, in one picture and on one page.
 #include "contact_sheet.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// The contact sheet as a page for browsers.
 #include "contact_sheet_page.h"
 
 #include <fstream>

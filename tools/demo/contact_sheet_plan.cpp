@@ -1,4 +1,3 @@
-// What the contact sheet shows: rows of one surface each, before and after.
 #include "contact_sheet_plan.h"
 
 #include <utility>
@@ -10,11 +9,11 @@ struct Surface {
     const char *name, *title = "";
     const char *plane = nullptr, *pressed_key = nullptr, *return_key = nullptr;
     bool landscape = false, split = false, switcher = false, form_accessory = false;
-    const char* background = "light";
+    const char *background = "light", *candidates = nullptr;
 
     sim_keyboard keyboard() const {
-        return {sizeof(sim_keyboard), plane,     pressed_key, landscape, return_key, split, switcher,
-                form_accessory,       background};
+        return {sizeof(sim_keyboard), plane,      pressed_key, landscape, return_key, split, switcher,
+                form_accessory,       background, candidates};
     }
 };
 

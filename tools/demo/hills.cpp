@@ -1,4 +1,3 @@
-// A picture for the image theme.
 #include "hills.h"
 
 namespace demo {

@@ -1,4 +1,3 @@
-// The hook table as the library installed it.
 #include "hook_table.h"
 
 #include <algorithm>

@@ -9,7 +9,9 @@
 #include "hook_table.h"
 #include "objc/strong.h"
 #include "overview.h"
+#include "photo.h"
 #include "support/phone.h"
+#include "support/pictures.h"
 #include "support/provenance.h"
 #include "themes.h"
 
@@ -49,6 +51,7 @@ struct Demo {
     void draw(const std::string& look, const std::string& description, const std::string& theme,
               bool with_hook_table) const;
     void draw_overview() const;
+    void draw_photo() const;
 };
 
 std::string look_of(const Theme& theme) {
@@ -117,8 +120,19 @@ void Demo::draw_overview() const {
         std::vector<fs::path> pictures{picture("system", states[0])};
         for (const Theme& theme : themes) pictures.push_back(picture(look_of(theme), states[0]));
         write_overview(pictures, overview);
+        pictures.resize(2);
+        write_keyboards(pictures, folder / "keyboards.png");
     });
     std::printf("\n%s shows them side by side.\n", overview.c_str());
+}
+
+/// What ./dev demo then makes a theme of.
+void Demo::draw_photo() const {
+    in_child_process("drawing the photo", [this] {
+        boot(device(), settings);
+        objc::AutoreleasePool pool;
+        write_picture(demo::draw_photo(), folder / "photo.png");
+    });
 }
 
 void run(const Demo& demo) {
@@ -134,6 +148,7 @@ void run(const Demo& demo) {
         first = false;
     }
     demo.draw_overview();
+    demo.draw_photo();
     write_contact_sheet(demo.folder, demo.device(), demo.library);
     std::printf("%s shows every surface, %s the same in a browser.\n",
                 (demo.folder / "contact-sheet.png").c_str(), (demo.folder / "index.html").c_str());

@@ -1,4 +1,3 @@
-// One picture of several.
 #include "overview.h"
 
 #include <algorithm>
@@ -31,6 +30,27 @@ void write_overview(const std::vector<fs::path>& pictures, const fs::path& overv
     UIImage* picture = UIGraphicsGetImageFromCurrentImageContext();
     UIGraphicsEndImageContext();
     write_picture(picture, overview);
+}
+
+void write_keyboards(const std::vector<fs::path>& pictures, const fs::path& keyboards) {
+    constexpr CGFloat width = 750, height = 516, space = 12;  // with two pixels per point
+    const CGSize total{width, pictures.size() * (height + space) - space};
+    UIGraphicsBeginImageContextWithOptions(total, true, 1);
+    CGContextRef context = UIGraphicsGetCurrentContext();
+    CGContextSetGrayFillColor(context, 1, 1);
+    UIRectFill({{0, 0}, total});
+    CGFloat top = 0;
+    for (const fs::path& file : pictures) {
+        UIImage* image = read_picture(file);
+        CGContextSaveGState(context);
+        CGContextClipToRect(context, {{0, top}, {width, height}});
+        image->drawInRect({{0, top + height - image->size().height}, image->size()});
+        CGContextRestoreGState(context);
+        top += height + space;
+    }
+    UIImage* picture = UIGraphicsGetImageFromCurrentImageContext();
+    UIGraphicsEndImageContext();
+    write_picture(picture, keyboards);
 }
 
 }  // namespace demo

@@ -9,4 +9,9 @@ namespace demo {
 void write_overview(const std::vector<std::filesystem::path>& pictures,
                     const std::filesystem::path& overview);
 
+/// The keyboards of the pictures, one below the other and as wide as a phone's screen, which is where it can
+/// still be read.
+void write_keyboards(const std::vector<std::filesystem::path>& pictures,
+                     const std::filesystem::path& keyboards);
+
 }  // namespace demo

@@ -1,4 +1,3 @@
-// The demo's themes.
 #include "themes.h"
 
 #include <cstdint>

@@ -1,4 +1,3 @@
-// The memory of bitmap contexts: see the header.
 #include "coregraphics/drawing/bitmap.h"
 
 #include <cstring>

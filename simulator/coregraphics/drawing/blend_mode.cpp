@@ -1,4 +1,3 @@
-// Blend modes as cairo's operators: see the header.
 #include "coregraphics/drawing/blend_mode.h"
 
 #include <algorithm>

@@ -6,7 +6,7 @@
 
 namespace sim {
 
-/// Stops the process for a mode that cairo lacks, and for a number that is no mode.
+/// Stops the process for a mode that cairo lacks, and for a number that is not a mode.
 cairo_operator_t operator_of(CGBlendMode);
 
 /// Whether the mode leaves everything outside the painted shape alone when cairo does it.

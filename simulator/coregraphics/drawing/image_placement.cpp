@@ -1,4 +1,3 @@
-// Where a picture comes to lie: see the header.
 #include "coregraphics/drawing/image_placement.h"
 
 #include <algorithm>

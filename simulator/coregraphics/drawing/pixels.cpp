@@ -1,4 +1,3 @@
-// The pixels of image surfaces: see the header.
 #include "coregraphics/drawing/pixels.h"
 
 #include <cstdlib>

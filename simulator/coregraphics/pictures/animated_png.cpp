@@ -1,4 +1,3 @@
-// Animated PNG: see the header.
 #include "coregraphics/pictures/animated_png.h"
 
 #include <zlib.h>
@@ -43,7 +42,7 @@ Chunk next_chunk(const Bytes& png, size_t& at) {
 
 constexpr size_t signature_size = 8;
 
-/// The file's beginning: what is told of the picture as a whole.
+/// The file's beginning: what holds for the picture as a whole.
 Bytes before_pixels(const Bytes& png) {
     for (size_t begin = signature_size, at = begin;; begin = at)
         if (next_chunk(png, at).type == "IDAT")
@@ -171,7 +170,7 @@ void AnimatedPng::put_shown(Chunks& chunks) const {
     put_32(control, number++);
     for (const size_t value : {shown_.place.width, shown_.place.height, shown_.place.x, shown_.place.y})
         put_32(control, value);
-    // What stays too long to be told in frames is told in seconds; nobody waits for the end of 18 hours.
+    // A delay that is too long for frames is given in seconds; 18 hours are the limit.
     const bool in_frames = shown_.duration <= most;
     put_16(control, in_frames ? shown_.duration : std::min(shown_.duration / frames_per_second_, most));
     put_16(control, in_frames ? frames_per_second_ : 1);

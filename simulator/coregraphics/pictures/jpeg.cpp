@@ -1,4 +1,3 @@
-// JPEG: see the header.
 #include "coregraphics/pictures/jpeg.h"
 
 #include <turbojpeg.h>

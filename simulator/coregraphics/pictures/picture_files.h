@@ -19,7 +19,7 @@ struct DecodedPicture {
     int exif_orientation = 1;
 };
 
-/// Nothing for data that is no PNG or JPEG, is cut off or damaged, or holds a picture beyond the limits of
+/// Nothing for data that is not PNG or JPEG, is cut off or damaged, or holds a picture beyond the limits of
 /// coregraphics/pixels.h. 16-bit and indexed pictures come out in 8 bits; colour profiles are not applied.
 std::optional<DecodedPicture> decode_picture(std::span<const uint8_t> data);
 

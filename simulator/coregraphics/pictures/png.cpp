@@ -1,4 +1,3 @@
-// PNG: see the header.
 #include "coregraphics/pictures/png.h"
 
 #include <png.h>

@@ -1,4 +1,3 @@
-// What a backdrop draws for the code of its style.
 #include "keyboard/backdrops/backdrop_material.h"
 
 namespace sim {

@@ -1,4 +1,3 @@
-// The bar below the keys, on phones with a home indicator.
 #include "keyboard/dock/dock.h"
 
 #include "keyboard/glyph_image.h"

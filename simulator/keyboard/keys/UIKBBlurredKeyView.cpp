@@ -1,7 +1,7 @@
 // A key over a backdrop of its own. In the model's reading these are the marks on other keys, such as the
 // enabled languages: drawn with the default configuration, as part of no plane's picture.
+#include "keyboard/backdrops/backdrop_behind.h"
 #include "keyboard/backdrops/backdrop_styles.h"
-#include "keyboard/make.h"
 #include "objc/class.h"
 #include "platform/keyboard.h"
 
@@ -17,12 +17,8 @@ struct BlurredKeyView : objc::Implements<BlurredKeyView, UIKBBlurredKeyView> {
     strong<UIKBBlurredKeyView> initWithFrame(CGRect frame, UIKBTree* keyplane, UIKBTree* key) {
         auto self = initialised_by_super<"initWithFrame:keyplane:key:">(frame, keyplane, key);
         if (!self) return nullptr;
-        auto* view = self->self();
         // Nothing of it is to be seen around a mark.
-        auto backdrop = UIKBBackdropView::alloc()->initWithFrame(view->bounds(), sim::backdrop_style_none);
-        self->ivars().backdropView = backdrop;
-        backdrop->setAutoresizingMask(sim::follows_size);
-        view->insertSubview(backdrop, 0);
+        self->ivars().backdropView = sim::add_backdrop_behind(self->self(), sim::backdrop_style_none);
         return self;
     }
 };

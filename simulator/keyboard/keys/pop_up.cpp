@@ -1,4 +1,3 @@
-// The pop-up over a pressed character key.
 #include "keyboard/keys/pop_up.h"
 
 #include <algorithm>
@@ -48,20 +47,6 @@ Path outline(CGSize size, CGRect cap, CGFloat cap_radius) {
     corner({0, head_radius}, {0, 0}, {head_radius, 0});
     CGPathCloseSubpath(path);
     return Path(path);
-}
-
-/// An image that `draw` fills, as the contents of a new layer of that size.
-template <class Draw>
-CALayer* drawn_layer(CGSize size, Draw draw) {
-    UIGraphicsBeginImageContextWithOptions(size, false, 0);
-    draw(UIGraphicsGetCurrentContext());
-    UIImage* image = UIGraphicsGetImageFromCurrentImageContext();
-    UIGraphicsEndImageContext();
-    CALayer* layer = CALayer::layer();
-    layer->setFrame({{0, 0}, size});
-    layer->setContents(reinterpret_cast<id>(image->CGImage()));
-    layer->setContentsScale(image->scale());
-    return layer;
 }
 
 /// The view of a key that draws nothing by itself.

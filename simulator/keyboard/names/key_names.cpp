@@ -1,4 +1,3 @@
-// The names of character keys.
 #include "keyboard/names/key_names.h"
 
 namespace sim {

@@ -31,6 +31,8 @@ constexpr NamedColor named_colors[] = {
     {"UIKBColorWhite", 0xffffff, 1},
     {"UIKBColorKeyBlueKeyBackground", 0x007aff, 1},
     {"UIKBColorKeyGrayKeyLightBackground", 0xb4bbc4, 1},
+    {"UIKBColorCandidateHighlight", 0xffffff, 1},
+    {"UIKBColorCandidateVerticalLight", 0x000000, 0.2},
 };
 
 // Names that only the library gives to its own colours. The system knows neither, and answers NULL.

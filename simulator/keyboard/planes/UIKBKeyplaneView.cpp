@@ -1,4 +1,3 @@
-// A view that draws a key plane.
 #include "keyboard/planes/UIKBKeyplaneView.h"
 
 #include "keyboard/planes/key_kind.h"

@@ -32,8 +32,8 @@ enum class KeyKind : int {
 /// -[UIKBTree state]
 enum class KeyState : int { enabled = 2, pressed = 4 };
 
-/// -[UIKBTree visualStyle]: which factory draws a plane.
-enum class VisualStyle : int { letters, emoji, number_pad };
+/// -[UIKBTree visualStyle]: which factory draws a plane. Candidates are not one, but have a factory, too.
+enum class VisualStyle : int { letters, emoji, number_pad, candidates };
 
 /// What a key view keeps a layer for, where it has more than one.
 enum class RenderFlags : NSInteger { background = 1, symbols = 4 };

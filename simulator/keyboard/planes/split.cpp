@@ -1,4 +1,3 @@
-// Keys of a keyboard that is split in a left and a right half.
 #include "keyboard/planes/split.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// The bar of suggestions above the keys.
 #include "keyboard/prediction/prediction_bar.h"
 
 #include "keyboard/make.h"

@@ -24,6 +24,7 @@ struct RenderFactory : objc::Implements<RenderFactory, UIKBRenderFactory> {
             case sim::VisualStyle::letters: return UIKBRenderFactoryiPhone::class_object();
             case sim::VisualStyle::emoji: return UIKBRenderFactory_Emoji::class_object();
             case sim::VisualStyle::number_pad: return UIKBRenderFactoryNumberPad::class_object();
+            case sim::VisualStyle::candidates: return UIKBRenderFactory_Candidates::class_object();
         }
         sim::not_modelled("UIKBRenderFactory",
                           "factoryClassForVisualStyle:", "the visual style " + std::to_string(style));
@@ -71,9 +72,13 @@ struct RenderFactory : objc::Implements<RenderFactory, UIKBRenderFactory> {
 
 }  // namespace
 
-UIKBRenderFactory* sim::factory_of(UIKBTree* keyplane) {
-    return UIKBRenderFactory::factory(keyplane->visualStyle(),
+UIKBRenderFactory* sim::factory_of_style(VisualStyle style) {
+    return UIKBRenderFactory::factory(static_cast<int>(style),
                                       UIKBRenderingContext::forConfig(UIKBRenderConfig::defaultConfig()));
+}
+
+UIKBRenderFactory* sim::factory_of(UIKBTree* keyplane) {
+    return factory_of_style(static_cast<VisualStyle>(keyplane->visualStyle()));
 }
 
 using namespace objc::definition;

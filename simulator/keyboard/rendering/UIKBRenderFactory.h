@@ -17,10 +17,15 @@ struct UIKBRenderFactory_Emoji
     : objc::Interface<UIKBRenderFactory_Emoji, "UIKBRenderFactory_Emoji", UIKBRenderFactory> {};
 struct UIKBRenderFactoryNumberPad
     : objc::Interface<UIKBRenderFactoryNumberPad, "UIKBRenderFactoryNumberPad", UIKBRenderFactory> {};
+struct UIKBRenderFactory_Candidates
+    : objc::Interface<UIKBRenderFactory_Candidates, "UIKBRenderFactory_Candidates", UIKBRenderFactory> {};
 
 namespace sim {
 
-/// The factory that draws a plane, in the keyboard's default configuration.
+// In the keyboard's default configuration, both.
+
+UIKBRenderFactory* factory_of_style(VisualStyle style);
+/// The factory that draws a plane.
 UIKBRenderFactory* factory_of(UIKBTree* keyplane);
 
 }  // namespace sim

@@ -1,4 +1,3 @@
-// Paints keys with their traits.
 #include "keyboard/rendering/key_painter.h"
 
 #include "keyboard/make.h"

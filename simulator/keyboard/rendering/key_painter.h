@@ -17,6 +17,20 @@ void paint_cap(CGContextRef context, const Path& cap, const KeyTraits& traits);
 /// shadow.
 void apply_shadow(CALayer* layer, const Path& shape, UIKBShadowEffect* effect);
 
+/// An image that `draw` fills, as the contents of a new layer of that size.
+template <class Draw>
+CALayer* drawn_layer(CGSize size, Draw draw) {
+    UIGraphicsBeginImageContextWithOptions(size, false, 0);
+    draw(UIGraphicsGetCurrentContext());
+    UIImage* image = UIGraphicsGetImageFromCurrentImageContext();
+    UIGraphicsEndImageContext();
+    CALayer* layer = CALayer::layer();
+    layer->setFrame({{0, 0}, size});
+    layer->setContents(reinterpret_cast<id>(image->CGImage()));
+    layer->setContentsScale(image->scale());
+    return layer;
+}
+
 /// The font of a text style.
 UIFont* font_of(UIKBTextStyle* style);
 

@@ -121,6 +121,23 @@ PopUpTraits pop_up_traits(UIKBRenderFactory* factory) {
     return traits;
 }
 
+KeyTraits candidate_traits(UIKBRenderFactory* factory, bool chosen, NSUInteger edges) {
+    KeyTraits traits = bare_traits(factory, 18);
+    if (chosen) traits.fill = UIKBGradient::gradientWithFlatColor("UIKBColorCandidateHighlight"_ns);
+    traits.edge = UIKBEdgeEffect::effect("UIKBColorCandidateVerticalLight"_ns, edges, 0.0, 0.5);
+    traits.corner_radius = 0;
+    return traits;
+}
+
+KeyTraits candidate_header_traits(UIKBRenderFactory* factory) { return bare_traits(factory, 13); }
+
+KeyTraits candidate_toggle_traits(UIKBRenderFactory* factory) {
+    KeyTraits traits = control_traits(factory, 16);
+    traits.edge = nullptr;
+    traits.corner_radius = 0;
+    return traits;
+}
+
 UIColor* color_named(NSString* name) {
     CGColorRef color = UIKBGetNamedColor(name);
     return color ? UIColor::colorWithCGColor(color) : nullptr;

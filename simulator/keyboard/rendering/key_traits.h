@@ -28,6 +28,13 @@ struct PopUpTraits {
 };
 PopUpTraits pop_up_traits(UIKBRenderFactory* factory);
 
+/// The traits of a candidate, with lines along some edges; the chosen one is the first of them all.
+KeyTraits candidate_traits(UIKBRenderFactory* factory, bool chosen, NSUInteger edges);
+/// Of the title over candidates.
+KeyTraits candidate_header_traits(UIKBRenderFactory* factory);
+/// Of the button that shows more candidates, or fewer.
+KeyTraits candidate_toggle_traits(UIKBRenderFactory* factory);
+
 /// The colour behind a name, as the keyboard resolves it; nil where there is none.
 UIColor* color_named(NSString* name);
 

@@ -11,7 +11,10 @@ struct SwitcherCell : objc::Implements<SwitcherCell, UIInputSwitcherTableCell> {
     static constexpr CGFloat mark_size = 20;
 
     objc::strong<UIInputSwitcherTableCell> initWithStyle(NSInteger style, NSString* reuse_identifier) {
-        return initialised_by_super<"initWithStyle:reuseIdentifier:">(style, reuse_identifier);
+        auto self = initialised_by_super<"initWithStyle:reuseIdentifier:">(style, reuse_identifier);
+        self->self()->setBackgroundColor(nullptr);
+        self->self()->setSeparatorInset({});
+        return objc::strong<UIInputSwitcherTableCell>(self.get());
     }
 
     void setSelected(bool selected, bool animated) {

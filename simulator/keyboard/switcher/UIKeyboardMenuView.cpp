@@ -27,6 +27,8 @@ struct MenuView : objc::Implements<MenuView, UIKeyboardMenuView> {
         table->setAutoresizingMask(sim::follows_size);
         table->setDataSource(menu);
         table->setDelegate(menu);
+        table->setBackgroundColor(nullptr);
+        table->setSeparatorColor(UIColor::colorWithWhite(0, 0.25));
         table->layer()->setCornerRadius(sim::menu_corner_radius);
         menu->addSubview(table);
         return self;

@@ -1,4 +1,3 @@
-// The input switcher, open.
 #include "keyboard/switcher/switcher.h"
 
 #include "keyboard/make.h"

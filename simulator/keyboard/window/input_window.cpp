@@ -40,19 +40,20 @@ void add_part(UIView* host, UIView* part, CGFloat top, CGFloat width) {
 
 InputWindow make_input_window(const InputParts& parts, CGFloat width, bool split) {
     const CGFloat prediction_top = height_of(parts.accessory);
-    const CGFloat key_top = prediction_top + height_of(parts.predictions);
+    const CGFloat candidate_top = prediction_top + height_of(parts.predictions);
+    const CGFloat key_top = candidate_top + parts.candidate_height;
     const CGFloat dock_top = key_top + height_of(parts.keys);
     const CGFloat bottom = dock_top + height_of(parts.dock);
 
     auto host = make_view<UIInputSetHostView>(below(0, width, bottom));
     add_backdrop(host, below(key_top, width, bottom - key_top), split);
-    if (parts.predictions) add_backdrop(host, below(prediction_top, width, key_top - prediction_top));
+    if (parts.predictions) add_backdrop(host, below(prediction_top, width, candidate_top - prediction_top));
     if (parts.accessory) add_backdrop(host, below(0, width, prediction_top));
     add_part(host, parts.accessory, 0, width);
     add_part(host, parts.predictions, prediction_top, width);
     add_part(host, parts.keys, key_top, width);
     add_part(host, parts.dock, dock_top, width);
-    return {strong<UIView>(host.get()), key_top, dock_top};
+    return {strong<UIView>(host.get()), candidate_top, key_top, dock_top};
 }
 
 }  // namespace sim

@@ -9,13 +9,15 @@ namespace sim {
 /// as wide as the keyboard.
 struct InputParts {
     objc::strong<UIView> accessory, predictions, keys, dock;
+    /// The room for a row of candidates, which come later and bring a backdrop of their own.
+    CGFloat candidate_height = 0;
 };
 
 struct InputWindow {
     /// As large as all the parts.
     objc::strong<UIView> host;
-    /// Where the keys begin, in the host.
-    CGFloat key_top, dock_top;
+    /// Where these begin, in the host.
+    CGFloat candidate_top, key_top, dock_top;
 };
 
 /// Puts the parts below each other into one view. Behind accessory and predictions, and behind keys and dock

@@ -1,4 +1,4 @@
-// What all animations have: how long, how often, and who is told.
+// What all animations have: how long, how often, and who is notified.
 #include "objc/class.h"
 #include "platform/animation.h"
 

@@ -1,4 +1,3 @@
-// The curves that animations go by: see the header.
 #include "quartzcore/animation/CAMediaTimingFunction.h"
 
 #include <string_view>

@@ -1,4 +1,3 @@
-// The phone's time: see the header.
 #include "quartzcore/animation/clock.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The phone's time, which passes only when it is told to.
+// The phone's time, which passes only when a caller advances it.
 #pragma once
 
 namespace sim {
@@ -7,7 +7,7 @@ namespace sim {
 double clock_now();
 
 /// Lets time pass until that moment. What ends on the way ends in its order and at its time, and whoever
-/// waits for it is told then. False when ends and beginnings go on without time passing; the clock has
+/// waits for it is notified then. False when ends and beginnings go on without time passing; the clock has
 /// stopped there.
 bool advance_clock_to(double moment);
 

@@ -1,4 +1,3 @@
-// The properties of layers that can be animated: see the header.
 #include "quartzcore/animation/layer_property.h"
 
 #include <cstring>

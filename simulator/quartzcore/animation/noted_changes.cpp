@@ -1,4 +1,3 @@
-// Changes of layers that are noted: see the header.
 #include "quartzcore/animation/noted_changes.h"
 
 #include <utility>

@@ -1,4 +1,3 @@
-// The animations that are under way: see the header.
 #include "quartzcore/animation/running_animations.h"
 
 #include <algorithm>
@@ -15,7 +14,7 @@ namespace {
 
 using objc::strong;
 
-/// Somebody who is to be told of an end, when the clock goes on.
+/// A delegate and a completion block to call when the clock goes on.
 struct News {
     strong<CAAnimation> animation;
     strong<NSObject> completion;

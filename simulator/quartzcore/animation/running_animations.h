@@ -10,7 +10,7 @@
 
 namespace sim {
 
-/// Animations that end together, and the block that is told whether all of them went to their end.
+/// Animations that end together, and the completion block, which gets whether all of them finished.
 struct AnimationGroup {
     objc::strong<NSObject> completion;
     size_t under_way = 0;
@@ -67,7 +67,7 @@ class AnimatedValues {
     std::vector<Kept> kept_;
 };
 
-/// When the next animation ends, or whoever waits for one is told; infinity when nothing is to come.
+/// When the next animation ends, or a completion is due; infinity when nothing is to come.
 double next_ending();
 /// Ends one animation, or tells one who waits, whose time has come; false when there is none.
 bool end_one();

@@ -1,4 +1,3 @@
-// Curves and springs: see the header.
 #include "quartzcore/animation/timing.h"
 
 #include <algorithm>

@@ -1,159 +1,114 @@
-// View controllers: their view, and presenting one over another. Transitions take no time.
-#include <string>
+// View controllers: their view, and the list of their methods.
+#include "uikit/controllers/UIViewController.h"
 
-#include "objc/class.h"
-#include "runtime/block.h"
 #include "runtime/not_modelled.h"
 #include "uikit/UIView.h"
+#include "uikit/surroundings/UITraitCollection.h"
 
-namespace {
+namespace sim {
 
 using objc::strong;
 
-struct ViewController : objc::Implements<ViewController, UIViewController> {
-    struct Ivars {
-        strong<UIView> view;
-        strong<UIViewController> presented;
-        /// Not owned: it owns this one.
-        UIViewController* presenting = nullptr;
-        UIModalPresentationStyle modalPresentationStyle = UIModalPresentationFullScreen;
-        strong<NSString> title;
-    };
+strong<UIViewController> ViewController::initWithNibName(NSString* name, id) {
+    if (name) not_modelled("UIViewController", "initWithNibName:bundle:", "interface files");
+    auto self = initialised_by_super<"init">();
+    return strong<UIViewController>(self.get());
+}
 
-    strong<UIViewController> initWithNibName(NSString* name, id) {
-        if (name) sim::not_modelled("UIViewController", "initWithNibName:bundle:", "interface files");
-        auto self = initialised_by_super<"init">();
-        return strong<UIViewController>(self.get());
-    }
-    strong<UIViewController> init() {
-        return send<"initWithNibName:bundle:", strong<UIViewController>>(static_cast<NSString*>(nullptr),
-                                                                         id{});
-    }
-    void dealloc() {
-        leave(ivars().view);
-        if (UIViewController* presented = ivars().presented) of(presented).presenting = nullptr;
-    }
+strong<UIViewController> ViewController::init() {
+    return send<"initWithNibName:bundle:", strong<UIViewController>>(static_cast<NSString*>(nullptr), id{});
+}
 
-    // ---- The view -------------------------------------------------------------------------------
+void ViewController::dealloc() {
+    leave(ivars().view);
+    if (UIViewController* presented = ivars().presented) of(presented).presenting = nullptr;
+    for (UIViewController* child : ivars().children) of(child).parent = nullptr;
+}
 
-    UIView* view() {
-        auto* self = this->self();
-        if (!ivars().view) {
-            self->loadView();
-            if (!ivars().view) sim::not_modelled("UIViewController", "loadView", "it made no view");
-            self->viewDidLoad();
-        }
-        return ivars().view;
+UIView* ViewController::view() {
+    auto* self = this->self();
+    if (!ivars().view) {
+        self->loadView();
+        if (!ivars().view) not_modelled("UIViewController", "loadView", "it made no view");
+        self->viewDidLoad();
     }
-    void setView(UIView* view) {
-        leave(ivars().view);
-        ivars().view = view;
-        if (view) static_cast<sim::View*>(view)->ivars().controller = this;
-    }
-    bool isViewLoaded() { return ivars().view != nullptr; }
-    void loadView() {
-        auto view = UIView::alloc()->initWithFrame(UIScreen::mainScreen()->bounds());
-        view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-        self()->setView(view);
-    }
-    void heard() {}
-    void heard_of(bool) {}
+    return ivars().view;
+}
 
-    UIResponder* nextResponder() { return ivars().view ? ivars().view->superview() : nullptr; }
+void ViewController::setView(UIView* view) {
+    leave(ivars().view);
+    ivars().view = view;
+    if (view) static_cast<View*>(view)->ivars().controller = this;
+}
 
-    // ---- Presenting -----------------------------------------------------------------------------
+void ViewController::leave(UIView* view) {
+    if (view) static_cast<View*>(view)->ivars().controller = nullptr;
+}
 
-    UIViewController* presentedViewController() { return ivars().presented; }
-    UIViewController* presentingViewController() { return ivars().presenting; }
+void ViewController::loadView() {
+    auto view = UIView::alloc()->initWithFrame(UIScreen::mainScreen()->bounds());
+    view->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+    self()->setView(view);
+}
 
-    void presentViewController(UIViewController* controller, bool animated, id completion) {
-        auto* self = this->self();
-        if (!controller)
-            sim::not_modelled("UIViewController", "presentViewController:animated:completion:",
-                              "nil, for which the device raises");
-        if (ivars().presented || controller->presentingViewController()) return;  // the device logs a warning
-        UIView* container = ivars().view ? ivars().view->superview() : nullptr;
-        if (!container || !container->window()) return;  // the same
-        ivars().presented = controller;
-        of(controller).presenting = self;
-        UIView* view = controller->view();
-        view->setFrame(container->bounds());
-        const bool covers = covers_presenter(controller);
-        if (covers) self->viewWillDisappear(animated);
-        controller->viewWillAppear(animated);
-        container->addSubview(view);
-        container->layoutIfNeeded();
-        controller->viewDidAppear(animated);
-        if (covers) {
-            ivars().view->removeFromSuperview();
-            self->viewDidDisappear(animated);
-        }
-        sim::call_block(completion);
-    }
+UIResponder* ViewController::nextResponder() { return ivars().view ? ivars().view->superview() : nullptr; }
 
-    void dismissViewController(bool animated, id completion) {
-        auto* self = this->self();
-        if (!ivars().presented) {
-            if (UIViewController* presenting = self->presentingViewController())
-                presenting->dismissViewController(animated, completion);
-            else
-                sim::call_block(completion);
-            return;
-        }
-        const strong<UIViewController> leaving = ivars().presented;
-        if (of(leaving).presented) leaving->dismissViewController(false, nullptr);
-        UIView* view = leaving->view();
-        UIView* container = view->superview();
-        const bool covers = covers_presenter(leaving);
-        leaving->viewWillDisappear(animated);
-        if (covers) {
-            self->viewWillAppear(animated);
-            container->insertSubviewBelow(ivars().view, view);
-            container->layoutIfNeeded();
-        }
-        view->removeFromSuperview();
-        of(leaving).presenting = nullptr;
-        ivars().presented = nullptr;
-        if (covers) self->viewDidAppear(animated);
-        leaving->viewDidDisappear(animated);
-        sim::call_block(completion);
-    }
+void ViewController::setTitle(NSString* title) {
+    ivars().title = strong<NSString>::adopt(title->send<"copy", NSString*>());
+    if (ivars().navigationItem) ivars().navigationItem->setTitle(title);
+}
 
-  private:
-    static Ivars& of(UIViewController* controller) {
-        return static_cast<ViewController*>(controller)->ivars();
-    }
-    void leave(UIView* view) {
-        if (view) static_cast<sim::View*>(view)->ivars().controller = nullptr;
-    }
-    static bool covers_presenter(UIViewController* controller) {
-        switch (const auto style = controller->modalPresentationStyle()) {
-            case UIModalPresentationFullScreen: return true;
-            case UIModalPresentationOverFullScreen:
-            case UIModalPresentationOverCurrentContext: return false;
-            default:
-                sim::not_modelled("UIViewController", "modalPresentationStyle",
-                                  "style " + std::to_string(style));
-        }
-    }
-};
+UITraitCollection* ViewController::traitCollection() { return current_traits(); }
 
-}  // namespace
+void tell_of_safe_area(UIViewController* controller) {
+    if (!controller->isViewLoaded()) return;
+    UIView* view = controller->view();
+    UIEdgeInsets& told = ViewController::of(controller).safe_area;
+    const UIEdgeInsets now = view->safeAreaInsets();
+    if (now == told) return;
+    told = now;
+    controller->viewSafeAreaInsetsDidChange();
+    view->safeAreaInsetsDidChange();
+    view->setNeedsLayout();
+}
+
+}  // namespace sim
 
 using namespace objc::definition;
+using sim::ViewController;
+using Ivars = sim::ViewController::Ivars;
 
 OBJC_CLASS(UIViewController, UIResponder, ViewController,
-           ivar<"_view", &ViewController::Ivars::view>,
-           ivar<"_presented", &ViewController::Ivars::presented>,
-           ivar<"_presenting", &ViewController::Ivars::presenting>,
-           property<"modalPresentationStyle", &ViewController::Ivars::modalPresentationStyle>,
-           property<"title", &ViewController::Ivars::title>,
+           ivar<"_view", &Ivars::view>,
+           ivar<"_presented", &Ivars::presented>,
+           ivar<"_presenting", &Ivars::presenting>,
+           ivar<"_dimmingView", &Ivars::dimming>,
+           property<"modalPresentationStyle", &Ivars::modalPresentationStyle>,
+           ivar<"_title", &Ivars::title>,
+           ivar<"_parentViewController", &Ivars::parent>,
+           ivar<"_childViewControllers", &Ivars::children>,
+           ivar<"_navigationItem", &Ivars::navigationItem>,
+           ivar<"_editButtonItem", &Ivars::editButtonItem>,
+           ivar<"_popoverPresentationController", &Ivars::popover>,
+           ivar<"_editing", &Ivars::editing>,
+           ivar<"_movingFromParent", &Ivars::moving_from_parent>,
+           ivar<"_movingToParent", &Ivars::moving_to_parent>,
+           ivar<"_beingDismissed", &Ivars::being_dismissed>,
+           property<"edgesForExtendedLayout", &Ivars::edgesForExtendedLayout>,
+           property<"preferredContentSize", &Ivars::preferredContentSize>,
+           ivar<"_safeArea", &Ivars::safe_area>,
+           property<"toolbarItems", &Ivars::toolbarItems>,
+           property<"definesPresentationContext", &Ivars::definesPresentationContext>,
+           property<"modalTransitionStyle", &Ivars::modalTransitionStyle>,
            method<"initWithNibName:bundle:", &ViewController::initWithNibName>,
            method<"init", &ViewController::init>,
            method<"view", &ViewController::view>,
            method<"setView:", &ViewController::setView>,
            method<"isViewLoaded", &ViewController::isViewLoaded>,
            method<"loadView", &ViewController::loadView>,
+           method<"loadViewIfNeeded", &ViewController::loadViewIfNeeded>,
+           method<"title", &ViewController::title>,
+           method<"setTitle:", &ViewController::setTitle>,
            method<"viewDidLoad", &ViewController::heard>,
            method<"viewWillAppear:", &ViewController::heard_of>,
            method<"viewDidAppear:", &ViewController::heard_of>,
@@ -161,9 +116,28 @@ OBJC_CLASS(UIViewController, UIResponder, ViewController,
            method<"viewDidDisappear:", &ViewController::heard_of>,
            method<"viewWillLayoutSubviews", &ViewController::heard>,
            method<"viewDidLayoutSubviews", &ViewController::heard>,
+           method<"viewSafeAreaInsetsDidChange", &ViewController::heard>,
            method<"didReceiveMemoryWarning", &ViewController::heard>,
            method<"nextResponder", &ViewController::nextResponder>,
            method<"presentedViewController", &ViewController::presentedViewController>,
            method<"presentingViewController", &ViewController::presentingViewController>,
            method<"presentViewController:animated:completion:", &ViewController::presentViewController>,
-           method<"dismissViewControllerAnimated:completion:", &ViewController::dismissViewController>)
+           method<"dismissViewControllerAnimated:completion:", &ViewController::dismissViewController>,
+           method<"isBeingDismissed", &ViewController::isBeingDismissed>,
+           method<"popoverPresentationController", &ViewController::popoverPresentationController>,
+           method<"parentViewController", &ViewController::parentViewController>,
+           method<"childViewControllers", &ViewController::childViewControllers>,
+           method<"addChildViewController:", &ViewController::addChildViewController>,
+           method<"removeFromParentViewController", &ViewController::removeFromParentViewController>,
+           method<"willMoveToParentViewController:", &ViewController::willMoveToParentViewController>,
+           method<"didMoveToParentViewController:", &ViewController::didMoveToParentViewController>,
+           method<"isMovingFromParentViewController", &ViewController::isMovingFromParentViewController>,
+           method<"isMovingToParentViewController", &ViewController::isMovingToParentViewController>,
+           method<"navigationController", &ViewController::navigationController>,
+           method<"navigationItem", &ViewController::navigationItem>,
+           method<"isEditing", &ViewController::isEditing>,
+           method<"setEditing:", &ViewController::setEditing>,
+           method<"setEditing:animated:", &ViewController::setEditingAnimated>,
+           method<"editButtonItem", &ViewController::editButtonItem>,
+           method<"_toggleEditing", &ViewController::toggle_editing>,
+           method<"traitCollection", &ViewController::traitCollection>)

@@ -28,14 +28,21 @@ void clear_screen() {
 
 UIWindow* screen_window() { return shown(); }
 
-void show_on_screen(UIView* page) {
+static void show(CGRect frame, UIViewController* root) {
     clear_screen();
-    auto window = objc::adopt(
-        static_cast<UIWindow*>(UIWindow::alloc()->initWithFrame({{0, 0}, page->bounds().size}).leak()));
-    auto root = strong<UIViewController>::adopt(UIViewController::class_send<"new", UIViewController*>());
-    root->setView(page);
-    shown() = window.leak();
+    shown() = UIWindow::make<"initWithFrame:">(frame).leak();
     shown()->setRootViewController(root);
+}
+
+void show_on_screen(UIView* page) {
+    auto root = UIViewController::make();
+    root->setView(page);
+    show({{0, 0}, page->bounds().size}, root);
+}
+
+void show_controller(UIViewController* controller) {
+    show(UIScreen::mainScreen()->bounds(), controller);
+    lay_out_screen();
 }
 
 void lay_out_screen() { shown()->layoutIfNeeded(); }

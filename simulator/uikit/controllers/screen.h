@@ -11,6 +11,9 @@ UIWindow* screen_window();
 /// What was there is gone: it is told nothing but that its views leave their window.
 void show_on_screen(UIView* page);
 
+/// The same with a controller of the caller's, which fills the screen.
+void show_controller(UIViewController*);
+
 /// Lays out what is on the screen, as the device does before it shows anything.
 void lay_out_screen();
 

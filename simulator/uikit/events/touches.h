@@ -1,6 +1,7 @@
 // The finger: what it touches is found by hit testing, and told of it.
 #pragma once
 #include <string>
+#include <vector>
 
 #include "platform/application.h"
 
@@ -10,6 +11,12 @@ namespace sim {
 /// False when there is nothing to touch, or the finger is not where the phase wants it; `error` then says so
 /// in one line.
 bool move_finger(UITouchPhase, CGPoint, std::string& error);
+
+/// The same of two fingers at once, which land, move and are lifted together.
+bool move_fingers(UITouchPhase, const std::vector<CGPoint>&, std::string& error);
+
+/// Time has passed: a finger that is down may have become a long press.
+void let_finger_wait();
 
 /// Takes the finger away, if it is down, because what it touched is leaving the screen.
 void cancel_touch();

@@ -55,7 +55,7 @@ struct ConstraintParts {
     NSLayoutAttribute second_attribute = NSLayoutAttributeNotAnAttribute;
     CGFloat multiplier = 1, constant = 0;
 };
-/// Inactive and required. Raises NSInvalidArgumentException for what is no equation.
+/// Inactive and required. Raises NSInvalidArgumentException for what is not an equation.
 NSLayoutConstraint* make_constraint(const ConstraintParts&);
 
 /// "width", "centerX".

@@ -1,9 +1,9 @@
-// Which view holds which active constraints: see the header.
 #include "uikit/layout/activation.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "foundation/raise.h"
+#include "runtime/owned_list.h"
 #include "uikit/UIView.h"
 #include "uikit/layout/layout_pass.h"
 #include "uikit/layout/layout_reports.h"
@@ -63,10 +63,7 @@ void deactivate(Constraint* constraint) {
     UIView* holder = constraint->ivars().holder;
     if (!holder) return;
     layout_changed(holder);
-    auto& held = state_of(holder).constraints;
-    const auto place = std::find(held.begin(), held.end(), constraint);
-    const strong<NSLayoutConstraint> last_breath = *place;
-    held.erase(place);
+    const auto taken = taken_from(state_of(holder).constraints, static_cast<NSLayoutConstraint*>(constraint));
     released_by_holder(constraint);
 }
 

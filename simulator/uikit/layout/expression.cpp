@@ -1,4 +1,3 @@
-// Sums of variables: see the header.
 #include "uikit/layout/expression.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// When constraints are solved, and when views take the places that they say: see the header.
 #include "uikit/layout/layout_pass.h"
 
 #include "uikit/UIView.h"

@@ -1,4 +1,3 @@
-// What is wrong with layouts, in words: see the header.
 #include "uikit/layout/layout_reports.h"
 
 #include <charconv>

@@ -1,4 +1,3 @@
-// The equations of a tree of views, and their solution: see the header.
 #include "uikit/layout/layout_system.h"
 
 #include <algorithm>

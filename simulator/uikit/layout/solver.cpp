@@ -1,11 +1,11 @@
-// Solves the equations and inequalities of a layout: see the header.
+// Elimination of equations, and the linear programs of inequalities.
 #include "uikit/layout/solver.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
-#include "uikit/layout/climb.h"
+#include "uikit/layout/simplex.h"
 
 namespace sim {
 namespace {
@@ -14,7 +14,7 @@ namespace {
 constexpr double tolerance = 1e-6;
 constexpr double negligible = 1e-9;
 
-/// The variable that is taken away, or moved, for an expression's sake: the last of those that count most.
+/// The variable that is eliminated, or moved, for an expression's sake: the last of the largest coefficients.
 Expression::Term pivot_of(const Expression& expression) {
     Expression::Term pivot = expression.terms().front();
     for (const auto& term : expression.terms())
@@ -38,7 +38,7 @@ unsigned Solver::add_variable(double start) {
 
 // ---- Elimination --------------------------------------------------------------------------------
 
-// Brought up to date when it is asked for: it may mention variables that were taken away later.
+// Brought up to date when it is asked for: it may mention variables that were eliminated later.
 const Solver::Row& Solver::definition_of(unsigned variable) {
     Row& definition = *definitions_[variable];
     std::vector<unsigned> outdated;
@@ -99,8 +99,8 @@ void Solver::file_bound(size_t place) {
     }
 }
 
-// Whether the two leave a single value between them.
-bool Solver::closes(const Row& bound, const Row& opposite) const {
+// Whether the two are an equation together: each is the other's negation, without slack.
+bool Solver::is_equation_with(const Row& bound, const Row& opposite) const {
     const auto &a = bound.expression.terms(), &b = opposite.expression.terms();
     if (a.empty() || a.size() != b.size()) return false;
     const double factor = -b.front().coefficient / a.front().coefficient;
@@ -115,12 +115,12 @@ bool Solver::closes(const Row& bound, const Row& opposite) const {
 void Solver::add_bound(Row row) {
     if (row.expression.is_constant()) return;
     for (size_t place : bounds_of_[row.expression.terms().front().variable])
-        if (closes(row, bounds_[place])) return eliminate(std::move(row));
+        if (is_equation_with(row, bounds_[place])) return eliminate(std::move(row));
     bounds_.push_back(std::move(row));
     file_bound(bounds_.size() - 1);
 }
 
-// The bounds that a search for this expression can run into, and all the variables that these mention.
+// The bounds that can become binding while this expression is minimised, and the variables of all of them.
 std::vector<size_t> Solver::bounds_around(const Expression& reduced, std::vector<unsigned>& variables) const {
     std::vector<size_t> around;
     std::vector<bool> seen_variable(point_.size()), seen_bound(bounds_.size());
@@ -143,10 +143,11 @@ std::vector<size_t> Solver::bounds_around(const Expression& reduced, std::vector
     return around;
 }
 
-// ---- Search -------------------------------------------------------------------------------------
+// ---- Minimising ---------------------------------------------------------------------------------
 
-// Towards zero as far as the bounds let the point go. Without any in the way one variable moves alone.
-Solver::Reached Solver::draw_to_zero(const Expression& reduced) {
+// A linear program: the bounds are its constraints, the distance from zero is its objective. Without bounds
+// one variable moves alone.
+Solver::Minimised Solver::move_to_zero(const Expression& reduced) {
     using Eigen::Index, Eigen::MatrixXd, Eigen::VectorXd;
     const double value = value_of_free(reduced);
     if (reduced.is_constant() || value == 0) return {value, {}};
@@ -162,21 +163,21 @@ Solver::Reached Solver::draw_to_zero(const Expression& reduced) {
     std::vector<Index> column(point_.size());
     for (size_t i = 0; i < variables.size(); ++i) column[variables[i]] = static_cast<Index>(i);
     const auto width = static_cast<Index>(variables.size()), height = static_cast<Index>(around.size());
-    MatrixXd walls = MatrixXd::Zero(height, width);
-    VectorXd distances(height), slope = VectorXd::Zero(width);
+    MatrixXd constraints = MatrixXd::Zero(height, width);
+    VectorXd slacks(height), objective = VectorXd::Zero(width);
     for (Index i = 0; i < height; ++i) {
         const Expression& bound = bounds_[around[static_cast<size_t>(i)]].expression;
-        for (const auto& term : bound.terms()) walls(i, column[term.variable]) = term.coefficient;
-        distances(i) = std::max(0.0, value_of_free(bound));
+        for (const auto& term : bound.terms()) constraints(i, column[term.variable]) = term.coefficient;
+        slacks(i) = std::max(0.0, value_of_free(bound));
     }
     for (const auto& term : reduced.terms())
-        slope(column[term.variable]) = value < 0 ? term.coefficient : -term.coefficient;
+        objective(column[term.variable]) = value < 0 ? term.coefficient : -term.coefficient;
 
-    const Climb done = climb(walls, std::move(distances), slope, std::fabs(value));
-    for (size_t i = 0; i < variables.size(); ++i) point_[variables[i]] += done.moved(static_cast<Index>(i));
-    Reached reached{value < 0 ? -done.missing : done.missing, {}};
-    for (size_t wall : done.walls) reached.ended_at.push_back(around[wall]);
-    return reached;
+    const SimplexResult result = raise_objective(constraints, std::move(slacks), objective, std::fabs(value));
+    for (size_t i = 0; i < variables.size(); ++i) point_[variables[i]] += result.step(static_cast<Index>(i));
+    Minimised minimised{value < 0 ? -result.shortfall : result.shortfall, {}};
+    for (size_t row : result.binding) minimised.binding.push_back(around[row]);
+    return minimised;
 }
 
 // ---- Demands ------------------------------------------------------------------------------------
@@ -202,14 +203,14 @@ Solver::Verdict Solver::hold(const Expression& expression, Relation relation, Im
     const bool is_bound = relation != Relation::equal;
     if (is_bound && before >= 0) return add_bound(std::move(row)), Verdict{};
 
-    const Reached reached = draw_to_zero(row.expression);
-    if (is_bound ? reached.value >= -tolerance : std::fabs(reached.value) <= tolerance) {
+    const Minimised minimised = move_to_zero(row.expression);
+    if (is_bound ? minimised.value >= -tolerance : std::fabs(minimised.value) <= tolerance) {
         is_bound ? add_bound(std::move(row)) : eliminate(std::move(row));
         return {};
     }
-    Verdict verdict{false, sources_of(row, reached.ended_at, source)};
+    Verdict verdict{false, sources_of(row, minimised.binding, source)};
     if (importance == Importance::optional) {
-        row.expression.add(reached.value, -1);
+        row.expression.add(minimised.value, -1);
         eliminate(std::move(row));
     }
     return verdict;
@@ -222,9 +223,9 @@ bool Solver::is_determined(Expression expression) {
     bool moves = false;
     for (double way : {1.0, -1.0}) {
         const double goal = value_of_free(reduced) + way;
-        const Reached reached = draw_to_zero(reduced - goal);
+        const Minimised minimised = move_to_zero(reduced - goal);
         point_ = kept;
-        moves = moves || std::fabs(reached.value) < 1 - tolerance;
+        moves = moves || std::fabs(minimised.value) < 1 - tolerance;
     }
     return !moves;
 }

@@ -11,13 +11,15 @@ namespace sim {
 /// How an expression compares with zero.
 enum class Relation { at_most = -1, equal = 0, at_least = 1 };
 
-/// Keeps a point, one value for each variable, that meets everything held so far. A new demand draws the
-/// point as near to itself as what is held allows, and is held there from then on. So what comes first is
+/// Keeps a feasible point, one value for each variable, of everything held so far. A new demand moves the
+/// point as near to itself as what is held allows (the error is the objective, which the simplex method
+/// lowers), and is held there from then on: lexicographic goal programming, in which what comes first is
 /// never given up for what comes later.
 ///
-/// Equations take a variable away: it is written in terms of the others from then on (elimination), so what
-/// they determine is exact. Inequalities stay; the point slides along those that it runs into (an active
-/// set).
+/// Equations eliminate a variable: it is written in terms of the free ones from then on, so that what they
+/// determine is exact. Inequalities are bounds, each with the slack that the point leaves it.
+///
+/// What cannot be met is no error but a verdict. Throws nothing but std::bad_alloc.
 class Solver {
   public:
     /// A new variable, which nothing holds yet.
@@ -48,11 +50,11 @@ class Solver {
         Expression expression, origin;
         void add(const Row& other, double factor);
     };
-    /// How far a search came.
-    struct Reached {
+    /// An expression after the point was moved towards its zero.
+    struct Minimised {
         double value;
-        /// The bounds, by their places, that it ended at.
-        std::vector<size_t> ended_at;
+        /// The bounds, by their places, that are binding when it is not zero.
+        std::vector<size_t> binding;
     };
 
     void reduce(Row&);
@@ -62,14 +64,14 @@ class Solver {
     void eliminate(Row);
     void add_bound(Row);
     void file_bound(size_t place);
-    bool closes(const Row& bound, const Row& opposite) const;
+    bool is_equation_with(const Row& bound, const Row& opposite) const;
     std::vector<size_t> bounds_around(const Expression& reduced, std::vector<unsigned>& variables) const;
-    Reached draw_to_zero(const Expression& reduced);
+    Minimised move_to_zero(const Expression& reduced);
     std::vector<unsigned> sources_of(const Row&, const std::vector<size_t>& bounds, unsigned except) const;
 
     /// Of the variables that are free.
     std::vector<double> point_;
-    /// A variable that is not: the row is zero, and the variable's coefficient in it is 1.
+    /// Of an eliminated variable: the row is zero, and the variable's coefficient in it is 1.
     std::vector<std::optional<Row>> definitions_;
     /// At least zero, in terms of free variables; a bound that nothing can violate any more has no terms.
     std::vector<Row> bounds_;

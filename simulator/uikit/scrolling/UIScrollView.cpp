@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/controls.h"
+#include "uikit/navigation/covering_bars.h"
 
 namespace sim {
 
@@ -30,11 +31,42 @@ void ScrollView::setContentOffset(CGPoint offset) {
     tell_delegate<"scrollViewDidScroll:">();
 }
 
-CGPoint ScrollView::lowest_offset() { return {-ivars().contentInset.left, -ivars().contentInset.top}; }
+// Automatic means here: on a page of a navigation controller, and not inside another scroll view.
+static UIEdgeInsets covered_edges_of(UIScrollView* view) {
+    if (view->contentInsetAdjustmentBehavior() != UIScrollViewContentInsetAdjustmentAutomatic) return {};
+    for (UIView* above = view->superview(); above; above = above->superview())
+        if (as<UIScrollView>(above)) return {};
+    if (bar_bottom_above(view) == 0) return {};
+    const UIEdgeInsets safe = view->safeAreaInsets();
+    return {safe.top, 0, safe.bottom, 0};
+}
+
+UIEdgeInsets ScrollView::adjustedContentInset() {
+    const UIEdgeInsets& own = ivars().contentInset;
+    const UIEdgeInsets covered = covered_edges_of(self());
+    return {own.top + covered.top, own.left + covered.left, own.bottom + covered.bottom,
+            own.right + covered.right};
+}
+
+// What stood at the top goes on standing there when a bar comes or goes.
+void ScrollView::layoutSubviews() {
+    super<"layoutSubviews">();
+    const CGFloat covered = covered_edges_of(self()).top, before = ivars().covered_top;
+    if (covered == before) return;
+    ivars().covered_top = covered;
+    const CGPoint offset = self()->contentOffset();
+    if (offset.y == -ivars().contentInset.top - before)
+        self()->setContentOffset({offset.x, -ivars().contentInset.top - covered});
+}
+
+CGPoint ScrollView::lowest_offset() {
+    const UIEdgeInsets inset = self()->adjustedContentInset();
+    return {-inset.left, -inset.top};
+}
 
 CGPoint ScrollView::highest_offset() {
     const CGSize size = self()->bounds().size, content = ivars().contentSize;
-    const UIEdgeInsets& inset = ivars().contentInset;
+    const UIEdgeInsets inset = self()->adjustedContentInset();
     const CGPoint lowest = lowest_offset();
     return {std::max(lowest.x, content.width + inset.right - size.width),
             std::max(lowest.y, content.height + inset.bottom - size.height)};
@@ -79,6 +111,12 @@ OBJC_CLASS(UIScrollView, UIView, ScrollView,
            property<"showsVerticalScrollIndicator", &Ivars::showsVerticalScrollIndicator>,
            property<"showsHorizontalScrollIndicator", &Ivars::showsHorizontalScrollIndicator>,
            property<"delegate", &Ivars::delegate>,
+           property<"contentInsetAdjustmentBehavior", &Ivars::contentInsetAdjustmentBehavior>,
+           ivar<"_coveredTop", &Ivars::covered_top>,
+           property<"alwaysBounceVertical", &Ivars::alwaysBounceVertical>,
+           property<"keyboardDismissMode", &Ivars::keyboardDismissMode>,
+           method<"adjustedContentInset", &ScrollView::adjustedContentInset>,
+           method<"layoutSubviews", &ScrollView::layoutSubviews>,
            method<"contentOffset", &ScrollView::contentOffset>,
            method<"setContentOffset:", &ScrollView::setContentOffset>,
            method<"setContentOffset:animated:", &ScrollView::setContentOffsetAnimated>,

@@ -12,11 +12,19 @@ struct ScrollView : objc::Implements<ScrollView, UIScrollView> {
         bool scrollEnabled = true, dragging = false, bounces = true;
         bool showsVerticalScrollIndicator = true, showsHorizontalScrollIndicator = true;
         objc::weak<NSObject> delegate;
+        UIScrollViewContentInsetAdjustmentBehavior contentInsetAdjustmentBehavior =
+            UIScrollViewContentInsetAdjustmentAutomatic;
+        /// How much bars covered at the top when it was last laid out.
+        CGFloat covered_top = 0;
+        bool alwaysBounceVertical = false;
+        NSInteger keyboardDismissMode = 0;
     };
 
     objc::strong<UIScrollView> initWithFrame(CGRect frame);
     CGPoint contentOffset() { return self()->bounds().origin; }
     void setContentOffset(CGPoint offset);
+    UIEdgeInsets adjustedContentInset();
+    void layoutSubviews();
     void setContentOffsetAnimated(CGPoint offset, bool) { self()->setContentOffset(offset); }
     bool isScrollEnabled() { return ivars().scrollEnabled; }
     void setScrollEnabled(bool enabled) { ivars().scrollEnabled = enabled; }

@@ -12,8 +12,10 @@ struct ItemPath : NSIndexPath {
         return objc::send<"indexPathWithIndexes:length:", NSIndexPath*>(
             reinterpret_cast<id>(self), static_cast<const NSUInteger*>(indexes), NSUInteger{2});
     }
-    NSInteger section() { return send<"indexAtPosition:", NSInteger>(NSUInteger{0}); }
-    NSInteger item() { return send<"indexAtPosition:", NSInteger>(NSUInteger{1}); }
+    NSInteger section() {
+        return static_cast<NSInteger>(send<"indexAtPosition:", NSUInteger>(NSUInteger{0}));
+    }
+    NSInteger item() { return static_cast<NSInteger>(send<"indexAtPosition:", NSUInteger>(NSUInteger{1})); }
 };
 
 }  // namespace

@@ -117,6 +117,18 @@ std::vector<Layer> write_layers(const std::filesystem::path& without, const std:
     return layers;
 }
 
+void keep_lowest(const std::filesystem::path& png, int rows) {
+    using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
+    const Surface all(cairo_image_surface_create_from_png(png.c_str()), &cairo_surface_destroy);
+    const int width = cairo_image_surface_get_width(all.get()),
+              height = cairo_image_surface_get_height(all.get());
+    check(height > rows, "a picture has more rows than are kept");
+    const Surface part(cairo_surface_create_for_rectangle(all.get(), 0, height - rows, width, rows),
+                       &cairo_surface_destroy);
+    check(cairo_surface_write_to_png(part.get(), png.c_str()) == CAIRO_STATUS_SUCCESS,
+          "a picture can be written");
+}
+
 bool look_alike(const std::filesystem::path& a, const std::filesystem::path& b) {
     const Picture one(a), other(b);
     const auto [width, height] = one.size();

@@ -23,6 +23,9 @@ Size size_of(const std::filesystem::path& png);
 std::vector<Layer> write_layers(const std::filesystem::path& without, const std::filesystem::path& with,
                                 const std::filesystem::path& name, int gap);
 
+/// Cuts off what is above the lowest rows of a picture.
+void keep_lowest(const std::filesystem::path& png, int rows);
+
 /// Whether every pixel is the same.
 bool look_alike(const std::filesystem::path& a, const std::filesystem::path& b);
 

@@ -261,7 +261,7 @@ TEST_F(BitmapContext, UnevenNestingOfLayersAndStatesIsHarmless) {
     CGContextBeginTransparencyLayer(context, nullptr);  // never ended
 }
 
-TEST_F(BitmapContext, NullDrawsNowhere) {
+TEST_F(BitmapContext, ANullContextIsHarmless) {
     CGContextSaveGState(nullptr);
     CGContextTranslateCTM(nullptr, 1, 1);
     CGContextClipToMask(nullptr, {{0, 0}, {1, 1}}, nullptr);

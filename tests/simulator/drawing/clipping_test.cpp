@@ -37,7 +37,7 @@ TEST_F(Clipping, ARectangleLimitsWhatIsDrawn) {
     EXPECT_EQ(picture.at(3, 0), transparent);
 }
 
-TEST_F(Clipping, ClipsAddUp) {
+TEST_F(Clipping, ClipsIntersect) {
     const Picture picture(drawn({4, 1}, 1, [](CGContextRef context) {
         CGContextClipToRect(context, {{0, 0}, {2, 1}});
         CGContextClipToRect(context, {{1, 0}, {2, 1}});

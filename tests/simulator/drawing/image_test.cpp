@@ -139,12 +139,12 @@ TEST_F(Image, IsInPoints) {
     EXPECT_EQ(image->scale(), 3);
 }
 
-TEST_F(Image, NeedsABitmap) {
+TEST_F(Image, OfANullBitmapIsNil) {
     EXPECT_EQ(UIImage::imageWithCGImage(nullptr), nullptr);
     EXPECT_EQ(UIImage::imageWithCGImage(nullptr, 2, UIImageOrientationUp), nullptr);
 }
 
-TEST_F(Image, AScaleThatIsNoneIsOne) {
+TEST_F(Image, AScaleThatIsNotPositiveCountsAsOne) {
     CGImageRef bitmap = filled_image(color(1, 0, 0), 6, 9)->CGImage();
     for (CGFloat scale : {0.0, -2.0, double{NAN}})
         EXPECT_EQ(UIImage::imageWithCGImage(bitmap, scale, UIImageOrientationUp)->scale(), 1);

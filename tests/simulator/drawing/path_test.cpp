@@ -34,7 +34,7 @@ TEST_F(Path, CornersThatAreTooLargeMakeAPill) {
     EXPECT_NEAR(area(picture), 20 * 20 + M_PI * 100, 4);
 }
 
-TEST_F(Path, NoRadiusIsARectangle) {
+TEST_F(Path, ARadiusThatIsNotPositiveMakesARectangle) {
     for (CGFloat radius : {0.0, -5.0}) {
         const Picture picture(drawn({8, 6}, 1, [&](CGContextRef) {
             UIBezierPath::bezierPathWithRoundedRect({{0, 0}, {8, 6}}, radius)->fill();
@@ -144,7 +144,7 @@ TEST_F(Path, APointThatIsNoNumberIsLeftOut) {
     EXPECT_EQ(area(picture), 100);
 }
 
-TEST_F(Path, NothingIsNoPath) {
+TEST_F(Path, ANullPathIsEmptyAndHarmless) {
     EXPECT_TRUE(CGPathIsEmpty(nullptr));
     EXPECT_TRUE(std::isinf(CGPathGetBoundingBox(nullptr).origin.y));
     CGPathAddRect(nullptr, nullptr, {});

@@ -193,7 +193,7 @@ TEST_F(PictureFile, ADeepPngIsDecodedInEightBits) {
     EXPECT_EQ(CGImageGetBitsPerComponent(image->CGImage()), 8u);
 }
 
-TEST_F(PictureFile, WhatIsNoPictureIsNil) {
+TEST_F(PictureFile, DataThatIsNotAPictureIsNil) {
     EXPECT_EQ(UIImage::imageWithData(nullptr), nullptr);
     EXPECT_EQ(decoded({}), nullptr);
     EXPECT_EQ(UIImage::imageWithData(data("not a picture at all")), nullptr);

@@ -319,7 +319,7 @@ TEST_F(ViewTree, DescentReachesThroughTheTree) {
     EXPECT_EQ(grandchild->nextResponder(), child.get());
 }
 
-TEST_F(ViewTree, NothingIsAdded) {
+TEST_F(ViewTree, ANilSubviewIsIgnored) {
     auto root = tagged(0);
     root->addSubview(nullptr);
     root->insertSubview(nullptr, 0);

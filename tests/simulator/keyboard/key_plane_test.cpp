@@ -244,8 +244,8 @@ TEST_F(Keyplane, AKeysStateIsInTheTreeAndInItsPicture) {
 
 TEST_F(Keyplane, EachVisualStyleHasAFactoryOfItsOwn) {
     const char* of_style[] = {"UIKBRenderFactoryiPhone", "UIKBRenderFactory_Emoji",
-                              "UIKBRenderFactoryNumberPad"};
-    for (int style = 0; style < 3; ++style) {
+                              "UIKBRenderFactoryNumberPad", "UIKBRenderFactory_Candidates"};
+    for (int style = 0; style < 4; ++style) {
         auto plane = UIKBTree::alloc()->initWithType(2);
         plane->setVisualStyle(style);
         auto view = UIKBKeyView::alloc()->initWithFrame({}, plane, key(character, "g"));
@@ -295,7 +295,7 @@ TEST_F(ShownKeyboard, KeysGoByTextByNameAndByTheStartOfTheirName) {
         EXPECT_EQ(show("letters", name), SIM_OK) << name << ": " << sim_last_error();
 }
 
-TEST_F(ShownKeyboard, AMarkIsNoKeyToPress) {
+TEST_F(ShownKeyboard, AMarkCannotBePressed) {
     EXPECT_EQ(show("letters", "EN"), SIM_NOT_FOUND);
     EXPECT_EQ(show("letters", "EnabledLanguageIndicator"), SIM_NOT_FOUND);
 }

@@ -57,7 +57,7 @@ TEST_F(NamedColours, ANameIsOneColourForGood) {
     EXPECT_EQ(UIKBGetNamedColor(text("UIKBColorBlack_Alpha30")), first);
 }
 
-TEST_F(NamedColours, NoNameIsNoColour) { EXPECT_EQ(UIKBGetNamedColor(nullptr), nullptr); }
+TEST_F(NamedColours, ANilNameIsNull) { EXPECT_EQ(UIKBGetNamedColor(nullptr), nullptr); }
 
 using NamedColoursDeathTest = NamedColours;
 

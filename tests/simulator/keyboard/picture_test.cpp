@@ -13,7 +13,7 @@ struct Shown {
     const char* pressed = nullptr;
     const char* return_key = nullptr;
     bool landscape = false, split = false, switcher = false, form_accessory = false;
-    const char* page = nullptr;
+    const char *page = nullptr, *candidates = nullptr;
     double screen_width = 375, screen_height = 667;
     int screen_scale = 2;
 
@@ -38,6 +38,7 @@ TEST_P(Keyboard, LooksAsExpected) {
     keyboard.switcher = shown.switcher;
     keyboard.form_accessory = shown.form_accessory;
     keyboard.background = shown.page;
+    keyboard.candidates = shown.candidates;
     ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
     const auto picture = phone.host("/picture.png");
     ASSERT_EQ(sim_take_picture(picture.c_str(), 0), SIM_OK) << sim_last_error();
@@ -57,6 +58,18 @@ INSTANTIATE_TEST_SUITE_P(
                     Shown{.name = "switcher", .switcher = true, .page = "busy"},
                     Shown{.name = "form", .form_accessory = true, .page = "light"},
                     Shown{.name = "split", .split = true, .page = "busy"},
+                    Shown{.name = "candidates", .candidates = "row"},
+                    Shown{.name = "candidates-expanded", .candidates = "expanded"},
+                    Shown{.name = "candidates-tablet",
+                          .candidates = "row",
+                          .screen_width = 768,
+                          .screen_height = 1024,
+                          .screen_scale = 1},
+                    Shown{.name = "candidates-tablet-expanded",
+                          .candidates = "expanded",
+                          .screen_width = 768,
+                          .screen_height = 1024,
+                          .screen_scale = 1},
                     Shown{.name = "dock", .screen_width = 375, .screen_height = 812, .screen_scale = 3},
                     Shown{.name = "small-phone", .screen_width = 320, .screen_height = 568},
                     Shown{

@@ -18,7 +18,7 @@ class RenderClasses : public testing::Test {
     Phone phone;
 };
 
-TEST_F(RenderClasses, AKeyKeepsWhatItIsToldAboutItself) {
+TEST_F(RenderClasses, AKeyKeepsItsProperties) {
     UIKBTree* key = UIKBTree::alloc()->initWithType(8).autoreleased();
     EXPECT_EQ(key->name(), nullptr);
     key->setName(text("Latin-Small-Letter-G"));
@@ -35,7 +35,7 @@ TEST_F(RenderClasses, AKeyKeepsWhatItIsToldAboutItself) {
 
 // ---- Configuration and factory ----
 
-TEST_F(RenderClasses, TheDefaultConfigurationIsLightUntilItIsToldOtherwise) {
+TEST_F(RenderClasses, TheDefaultConfigurationIsLightUntilItIsSet) {
     auto* config = UIKBRenderConfig::defaultConfig();
     EXPECT_TRUE(config->lightKeyboard());
     EXPECT_FALSE(UIKBRenderConfig::darkConfig()->lightKeyboard());
@@ -59,7 +59,7 @@ TEST_F(RenderClassesDeathTest, ABackdropOfAnUnknownStyleStopsTheProcess) {
 }
 
 // The visual styles, as the model has them.
-constexpr int letters = 0, emoji = 1, number_pad = 2;
+constexpr int letters = 0, emoji = 1, number_pad = 2, candidates = 3;
 
 UIKBRenderFactory* factory(int style, bool light = true) {
     auto* config = light ? UIKBRenderConfig::defaultConfig() : UIKBRenderConfig::darkConfig();
@@ -93,7 +93,7 @@ TEST_F(RenderClasses, ADarkKeyboardHasTranslucentKeys) {
 }
 
 TEST_F(RenderClasses, EveryNameOfAFactoryIsAColour) {
-    for (int style : {letters, emoji, number_pad})
+    for (int style : {letters, emoji, number_pad, candidates})
         for (bool light : {true, false})
             for (const std::string& name : names_of(factory(style, light)))
                 EXPECT_NE(UIKBGetNamedColor(text(name)), nullptr) << name;
@@ -115,8 +115,9 @@ TEST_F(RenderClasses, AFactoryOverridesTheNamesThatItsSystemClassDoes) {
     EXPECT_EQ(overridden("UIKBRenderFactoryiPhone"), Names{});
     EXPECT_EQ(overridden("UIKBRenderFactory_Emoji"),
               (Names{"controlKeyBackgroundColorName", "defaultKeyBackgroundColorName"}));
-    EXPECT_EQ(overridden("UIKBRenderFactoryNumberPad"),
-              (Names{"controlKeyForegroundColorName", "controlKeyBackgroundColorName"}));
+    for (const char* other : {"UIKBRenderFactoryNumberPad", "UIKBRenderFactory_Candidates"})
+        EXPECT_EQ(overridden(other),
+                  (Names{"controlKeyForegroundColorName", "controlKeyBackgroundColorName"}));
 }
 
 TEST_F(RenderClassesDeathTest, AnUnknownVisualStyleStopsTheProcess) {
@@ -217,7 +218,7 @@ TEST_F(RenderClasses, AnEffectWithoutColourWeightOrEdgesIsNotValid) {
 
 // ---- Text style ----
 
-TEST_F(RenderClasses, ATextStyleIsBlackUntilItIsToldOtherwise) {
+TEST_F(RenderClasses, ATextStyleIsBlackUntilItsColourIsSet) {
     UIKBTextStyle* style = UIKBTextStyle::style(text("AppleColorEmoji"), 30);
     EXPECT_EQ(utf8(style->fontName()), "AppleColorEmoji");
     EXPECT_EQ(style->fontSize(), 30.0);
@@ -235,7 +236,7 @@ TEST_F(RenderClasses, TheKeyboardIsAsWideAsTheScreen) {
     EXPECT_EQ(UIKeyboardImpl::keyboardSize(4), (CGSize{667, 162}));
 }
 
-TEST_F(RenderClassesDeathTest, AnOrientationThatIsNoneStopsTheProcess) {
+TEST_F(RenderClassesDeathTest, AnUnknownOrientationStopsTheProcess) {
     EXPECT_DEATH(UIKeyboardImpl::keyboardSize(0), "keyboardSizeForInterfaceOrientation:.*the orientation 0");
 }
 

@@ -301,7 +301,7 @@ TEST_F(ShownSurfaces, TheFormsBarIsAsWideAsTheKeyboard) {
 
 // ---- Page ----
 
-TEST_F(ShownSurfaces, ThePageIsOfNotesUnlessToldOtherwise) {
+TEST_F(ShownSurfaces, ThePageIsOfNotesByDefault) {
     auto keyboard = request();
     const std::string unsaid = picture_of(keyboard);
     keyboard.background = "notes";

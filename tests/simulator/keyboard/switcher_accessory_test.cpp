@@ -109,7 +109,7 @@ TEST_F(WebFormAccessory, ButtonsStandSideBySide) {
     EXPECT_GT(frame(1).origin.x, frame(0).origin.x + frame(0).size.width);
 }
 
-TEST_F(WebFormAccessory, IsToldThatItStandsInABarWithOthers) {
+TEST_F(WebFormAccessory, InitForUCBSetsItsVariable) {
     EXPECT_FALSE(variable<bool>(bar, "_usesUCB"));
     bar->send<"initForUCB:">(id{});
     EXPECT_TRUE(variable<bool>(bar, "_usesUCB"));

@@ -21,7 +21,7 @@ TEST_F(Activation, TheNearestCommonSuperviewHoldsAConstraint) {
     EXPECT_EQ(inner->constraints()->count(), 0u);
 }
 
-TEST_F(Activation, TwiceIsOnce) {
+TEST_F(Activation, ActivatingTwiceHoldsAConstraintOnce) {
     NSLayoutConstraint* own = root->widthAnchor()->constraintEqualToConstant(200);
     own->setActive(true);
     own->setActive(true);

@@ -58,7 +58,7 @@ TEST_F(Anchors, ComparisonsHaveTheirRelation) {
     EXPECT_EQ(width->constraintEqualToConstant(4)->secondAttribute(), NSLayoutAttributeNotAnAttribute);
 }
 
-TEST_F(Anchors, WhatIsNoEquationRaises) {
+TEST_F(Anchors, APairThatIsNotAnEquationRaises) {
     const std::string refused = "NSInvalidArgumentException";
     auto* across = static_cast<NSLayoutAnchor*>(root->leftAnchor());
     EXPECT_EQ(raised_by([&] { across->constraintEqualToAnchor(root->topAnchor()); }), refused)

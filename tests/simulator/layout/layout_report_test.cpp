@@ -35,7 +35,7 @@ TEST_F(LayoutReports, AConflictNamesAllThatStandAgainstAConstraint) {
                "UIView/UIView[1].left == UIView/UIView[0].right, UIView/UIView[1].width == 20 (narrow)"}));
 }
 
-TEST_F(LayoutReports, ALimitThatCannotBeMetIsLeftOut) {
+TEST_F(LayoutReports, AnInequalityThatCannotBeMetIsLeftOut) {
     UIView* inner = free_view_in(root);
     fix(inner, root, {{0, 0}, {50, 10}});
     active(inner->widthAnchor()->constraintGreaterThanOrEqualToConstant(80));
@@ -46,7 +46,7 @@ TEST_F(LayoutReports, ALimitThatCannotBeMetIsLeftOut) {
         << reports()[0];
 }
 
-TEST_F(LayoutReports, TwoLimitsThatExcludeEachOtherAreNamed) {
+TEST_F(LayoutReports, InequalitiesThatExcludeEachOtherAreNamed) {
     UIView* inner = free_view_in(root);
     fix_height(inner);
     active(inner->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
@@ -69,7 +69,7 @@ TEST_F(LayoutReports, AFrameThatStandsAgainstAConstraintIsNamed) {
                      "frames that their autoresizing masks say"}));
 }
 
-TEST_F(LayoutReports, ARoomThatIsTooSmallLeavesNoSize) {
+TEST_F(LayoutReports, ASuperviewThatIsTooSmallLeavesNoSize) {
     root->setFrame({{0, 0}, {10, 100}});
     UIView* inner = free_view_in(root);
     pin(inner, root, 20);

@@ -128,7 +128,7 @@ TEST_F(Solution, OfOnePriorityTheFirstActivatedWins) {
     EXPECT_EQ(frame_of(inner).size.width, 30);
 }
 
-TEST_F(Solution, ALimitIsKeptByWhatWantsMore) {
+TEST_F(Solution, InequalitiesBoundASizeThatWantsMoreOrLess) {
     const struct {
         CGFloat wanted, expected;
     } rows[] = {{10, 40}, {60, 60}, {500, 120}};
@@ -145,7 +145,7 @@ TEST_F(Solution, ALimitIsKeptByWhatWantsMore) {
     EXPECT_EQ(reports().size(), 0u);
 }
 
-TEST_F(Solution, LimitsOfSeveralViewsWorkTogether) {
+TEST_F(Solution, InequalitiesOfSeveralViewsHoldTogether) {
     // Two columns want to be 150 wide in 200 points; the first may not be wider than 90.
     UIView *a = free_view_in(root), *b = free_view_in(root);
     fix_height(a);
@@ -162,7 +162,7 @@ TEST_F(Solution, LimitsOfSeveralViewsWorkTogether) {
     EXPECT_EQ(reports().size(), 0u);
 }
 
-TEST_F(Solution, AWishGoesRoundItsLimitsAsFarAsTheyLeaveRoom) {
+TEST_F(Solution, AWishIsMetAsNearlyAsInequalitiesAllow) {
     // Straight on it runs into the first limit, along that into the second, and along that to the third.
     UIView *a = free_view_in(root), *b = free_view_in(root);
     for (UIView* each : {a, b}) {
@@ -178,7 +178,7 @@ TEST_F(Solution, AWishGoesRoundItsLimitsAsFarAsTheyLeaveRoom) {
     EXPECT_EQ(reports().size(), 0u);
 }
 
-TEST_F(Solution, AnOptionalLimitGivesWay) {
+TEST_F(Solution, AnOptionalInequalityYieldsToAHigherPriority) {
     UIView* inner = free_view_in(root);
     fix_height(inner);
     active(inner->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
@@ -272,7 +272,7 @@ TEST_F(Solution, AutoresizingGoesOnInsideConstraints) {
     EXPECT_EQ(middle->frame(), (CGRect{{5, 55}, {270, 70}}));
 }
 
-TEST_F(Solution, ATransformationIsKept) {
+TEST_F(Solution, ATransformedViewKeepsItsTransformation) {
     UIView* inner = free_view_in(root);
     fix(inner, root, {{20, 20}, {40, 20}});
     inner->setTransform({2, 0, 0, 2, 0, 0});
@@ -363,7 +363,7 @@ TEST_F(Solution, WhatCanBeMetTogetherIsMet) {
         EXPECT_EQ(line.find("cannot be met"), std::string::npos) << line;
 }
 
-TEST_F(Solution, ALongChainEndsWhereItShould) {
+TEST_F(Solution, ALongChainOfConstraintsIsSolvedExactly) {
     NSLayoutAnchor* before = root->topAnchor();
     UIView* last = nullptr;
     for (int i = 0; i < 300; ++i) {

@@ -1,4 +1,3 @@
-// Photos that tests make: see the header.
 #include "photos/photo_samples.h"
 
 #include <cairo.h>

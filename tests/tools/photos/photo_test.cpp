@@ -143,7 +143,7 @@ TEST_F(Photo, ACropBeyondThePhotoIsRefused) {
     EXPECT_EQ(refusal(png_of(corners()), {"--crop", "600,0,100,50"}),
               "huecraft: photo: found the crop 100 x 50 at 600,0, expected it inside 621 x 399 pixels\n");
     EXPECT_EQ(refusal(png_of(corners()), {"--crop", "1,2,3"}),
-              "huecraft: --crop: \"1,2,3\" is no region; expected four numbers: X,Y,W,H (see huecraft new "
+              "huecraft: --crop: \"1,2,3\" is not a region; expected four numbers: X,Y,W,H (see huecraft new "
               "--help)\n");
 }
 
@@ -180,7 +180,7 @@ TEST_F(Photo, ADamagedPhotoIsNamed) {
     EXPECT_EQ(refusal(webp.substr(0, webp.size() / 2)), "huecraft: photo: it is a damaged WebP picture\n");
     const std::string heic = heic_of(corners(620, 398));
     EXPECT_TRUE(
-        refusal(heic.substr(0, heic.size() / 2)).starts_with("huecraft: photo: it is no HEIC picture"));
+        refusal(heic.substr(0, heic.size() / 2)).starts_with("huecraft: photo: it is not a HEIC picture"));
 }
 
 TEST_F(Photo, WhatIsSaidOfAPhotoNeedsOne) {

@@ -1,4 +1,3 @@
-// The command line: what can be asked for.
 #include "cli/command_line.h"
 
 #include <algorithm>
@@ -37,7 +36,7 @@ std::string keep_colour(std::string& text) {
     const auto colour = colour_in_words(text);
     if (!colour)
         return in_quotes(text) +
-               " is no colour; expected #RRGGBB, #RRGGBBAA, rgb(…), hsl(…) or a name of CSS";
+               " is not a colour; expected #RRGGBB, #RRGGBBAA, rgb(…), hsl(…) or a name of CSS";
     text = hex_of(*colour);
     return "";
 }
@@ -72,7 +71,7 @@ CLI::Option* taking_direction(CLI::Option* option) {
                 text = number;
                 return "";
             }
-        return in_quotes(text) + " is none of " + listed + ", nor a number from 1 to 8";
+        return in_quotes(text) + " is not one of " + listed + ", nor a number from 1 to 8";
     };
     return option->type_name(listed)->transform(CLI::Validator(keep, "", "direction"));
 }
@@ -87,7 +86,7 @@ CLI::Option* taking_number(CLI::Option* option, double from, double to) {
         char* end = nullptr;
         const double number = std::strtod(text.c_str(), &end);
         if (!text.empty() && *end == '\0' && number >= from && number <= to) return "";
-        return in_quotes(text) + " is no number from " + plain(from) + " to " + plain(to);
+        return in_quotes(text) + " is not a number from " + plain(from) + " to " + plain(to);
     };
     return option->type_name("N")->check(refusal, "", "number");
 }
@@ -97,7 +96,7 @@ CLI::Option* taking_one_of(CLI::Option* option, const std::vector<std::string>& 
     for (const std::string& word : words) listed += (listed.empty() ? "" : "|") + word;
     auto refusal = [words, listed](const std::string& text) -> std::string {
         if (std::ranges::find(words, text) != words.end()) return "";
-        return in_quotes(text) + " is none of " + listed;
+        return in_quotes(text) + " is not one of " + listed;
     };
     return option->type_name(listed)->check(refusal, "", "word");
 }
@@ -119,6 +118,8 @@ std::unique_ptr<CLI::App> make_command_line(Request& request) {
     add_picker(*command, request);
     add_convert(*command, request);
     add_import(*command, request);
+    add_send(*command, request);
+    add_pack(*command, request);
     add_package_check(*command, request);
     add_doctor(*command, request);
     add_completions(*command, request);

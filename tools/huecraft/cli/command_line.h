@@ -33,6 +33,8 @@ void add_lint(CLI::App& command, Request& request);
 void add_package_check(CLI::App& command, Request& request);
 void add_picker(CLI::App& command, Request& request);
 void add_preview(CLI::App& command, Request& request);
+void add_pack(CLI::App& command, Request& request);
+void add_send(CLI::App& command, Request& request);
 void add_show(CLI::App& command, Request& request);
 
 // --- What the subcommands share ---

@@ -1,8 +1,9 @@
-// The command's description in other forms.
 #include "cli/describe.h"
 
 #include <algorithm>
 #include <sstream>
+
+#include "cli/shell_words.h"
 
 namespace command {
 namespace {
@@ -48,13 +49,6 @@ std::string all_dashed_names(const CLI::App& command) {
     for (const CLI::Option* option : options_of(command, false))
         for (const std::string& name : dashed_names(option)) names.push_back(name);
     return joined(names, " ");
-}
-
-/// Between single quotes for a shell that knows no escapes there.
-std::string in_single_quotes(const std::string& text) {
-    std::string quoted = "'";
-    for (char c : text) quoted += c == '\'' ? "'\\''" : std::string(1, c);
-    return quoted + "'";
 }
 
 /// For zsh, which reads brackets and colons in a description.

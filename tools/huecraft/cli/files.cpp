@@ -1,7 +1,7 @@
-// Files that the command reads and writes.
 #include "cli/files.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -65,10 +65,19 @@ void write_whole(int descriptor, const std::string& contents, const std::string&
     }
 }
 
+void await_bytes(int descriptor, const std::string& file) {
+    constexpr int seconds = 5;
+    pollfd input{descriptor, POLLIN, 0};
+    if (poll(&input, 1, seconds * 1000) == 0)
+        throw Unusable(file, "nothing came from it for " + std::to_string(seconds) + " seconds");
+}
+
 }  // namespace
 
 std::string read_input(const std::string& file, const std::string& kind) {
-    const Descriptor input(file == "-" ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    // Without waiting: a pipe that nobody writes to would hold up the other files of the run.
+    const Descriptor input(file == "-" ? STDIN_FILENO
+                                       : ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat status;
     if (input.number < 0 || fstat(input.number, &status) != 0) throw Unusable(file, reason(errno));
     if (S_ISDIR(status.st_mode)) throw Unusable(file, reason(EISDIR));
@@ -77,9 +86,10 @@ std::string read_input(const std::string& file, const std::string& kind) {
     // A pipe or a device has no size that could be believed.
     std::string contents;
     for (;;) {
+        if (file != "-" && !S_ISREG(status.st_mode)) await_bytes(input.number, file);
         char bytes[65536];
         const ssize_t count = ::read(input.number, bytes, sizeof bytes);
-        if (count < 0 && errno == EINTR) continue;
+        if (count < 0 && (errno == EINTR || errno == EAGAIN)) continue;
         if (count < 0) throw Unusable(file, "cannot be read: " + reason(errno));
         if (count == 0) return contents;
         contents.append(bytes, static_cast<size_t>(count));
@@ -177,6 +187,8 @@ struct KnownKind {
 const KnownKind known_kinds[] = {
     {OutputKind::picture, "PNG picture", {"\x89PNG\r\n\x1a\n"}},
     {OutputKind::page, "page of HTML", {"<!DOCTYPE html", "<!doctype html", "<html"}},
+    {OutputKind::script, "state of a watched picture", {"watched("}},
+    {OutputKind::package, "package", {"!<arch>\n"}},
     {OutputKind::property_list,
      "property list",
      {"bplist", "<?xml", "<!DOCTYPE plist", "<plist", "{", "(", "\"", "//", "/*", "\xef\xbb\xbf"}},
@@ -206,7 +218,8 @@ void require_replaceable(const std::string& output, OutputKind kind, const std::
     }
     const auto* known = std::ranges::find(known_kinds, kind, &KnownKind::kind);
     if (!begins_as(output, *known))
-        throw Unusable(output, std::string("it exists and is no ") + known->name + "; --force replaces it");
+        throw Unusable(output,
+                       std::string("it exists and is not a ") + known->name + "; --force replaces it");
 }
 
 void on_the_phone(const std::string& file, const std::function<void()>& work) {

@@ -51,7 +51,7 @@ class Output {
 void require_absent(const std::string& file);
 
 /// What an output is, which tells whether it may take the place of a file.
-enum class OutputKind { picture, page, property_list };
+enum class OutputKind { picture, page, script, property_list, package };
 
 /// Throws Unusable when the output would replace one of the inputs, or a file of another kind. What is no
 /// regular file is written to in any case.

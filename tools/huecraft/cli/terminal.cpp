@@ -1,4 +1,3 @@
-// What the command says: in colour on a terminal, plain elsewhere.
 #include "cli/terminal.h"
 
 #include <unistd.h>

@@ -1,4 +1,3 @@
-// Numbered pieces of work, shared out to processes.
 #include "cli/worker_pool.h"
 
 #include <poll.h>

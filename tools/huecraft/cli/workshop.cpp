@@ -1,6 +1,6 @@
-// Where the work is done: a simulated phone in a child process, with a folder that plays its file system.
 #include "cli/workshop.h"
 
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -23,6 +23,23 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* theme_folder = "var/mobile/Library/Preferences/HuecraftConfiguration";
+
+[[noreturn]] void no_room_in(const fs::path& parent, int error) {
+    throw Unusable(parent, std::string("temporary files cannot be written there: ") + std::strerror(error) +
+                               "; TMPDIR names another folder");
+}
+
+/// Throws Unusable where a theme and its pictures would not fit: said once, and not of whichever of them is
+/// written first.
+void require_room(const fs::path& folder) {
+    constexpr off_t room = 1 << 20;
+    const fs::path probe = folder / "probe";
+    const int file = open(probe.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+    const int error = file < 0 ? errno : posix_fallocate(file, 0, room);
+    if (file >= 0) close(file);
+    unlink(probe.c_str());
+    if (error != 0) no_room_in(folder.parent_path(), error);
+}
 
 /// A folder that goes when the command ends.
 class TemporaryFolder {
@@ -121,10 +138,7 @@ void Workshop::place_theme(const std::string& name, const std::string& contents)
     std::ofstream file(place, std::ios::binary);
     file.write(contents.data(), static_cast<std::streamsize>(contents.size()));
     file.close();
-    if (!file)
-        throw Unusable(device.parent_path().parent_path(),
-                       std::string("temporary files cannot be written there: ") + std::strerror(errno) +
-                           "; TMPDIR names another folder");
+    if (!file) no_room_in(device.parent_path().parent_path(), errno);
 }
 
 fs::path Workshop::theme(const std::string& name) const { return device / theme_folder / name; }
@@ -159,9 +173,9 @@ ChildEnd await_child(pid_t child) {
     if (WIFEXITED(status) && WEXITSTATUS(status) <= static_cast<int>(Status::unusable))
         return {static_cast<Status>(WEXITSTATUS(status)), {}};
     const int signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
-    const bool was_told_to =
+    const bool was_asked_to =
         signal == SIGINT || signal == SIGTERM || signal == SIGHUP || signal == SIGQUIT || signal == SIGPIPE;
-    if (was_told_to) return {Status::unusable, {}};
+    if (was_asked_to) return {Status::unusable, {}};
     const std::string stopped = "the simulated phone stopped";
     return {Status::unusable, signal ? stopped + ": " + strsignal(signal) : stopped};
 }
@@ -180,6 +194,7 @@ Status in_child(const std::function<Status()>& work) {
 Status in_workshop(const std::function<Status(const Workshop&)>& work) {
     try {
         const TemporaryFolder folder;
+        require_room(folder.path());
         const Workshop workshop{folder.path() / "device"};
         workshop.furnish();
         return in_child([&] { return work(workshop); });

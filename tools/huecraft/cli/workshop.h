@@ -44,7 +44,7 @@ Status in_child(const std::function<Status()>& work);
 pid_t start_child(const std::function<Status()>& work);
 struct ChildEnd {
     Status status;
-    /// How it stopped before its end; empty for a child that came to it, or was told to end.
+    /// How it stopped before its end; empty for a child that came to it, or was asked to end.
     std::string stopped;
 };
 ChildEnd await_child(pid_t child);

@@ -81,7 +81,7 @@ void add_convert(CLI::App& command, Request& request) {
     sub->footer(
         "Every key and value is kept, unknown ones too. The openstep form has no numbers, booleans and "
         "dates: they\n"
-        "become texts, which the library reads as well, and each is told (exit status 1).\n\n"
+        "become texts, which the library reads as well, and each is listed (exit status 1).\n\n"
         "Examples:\n"
         "  huecraft convert Midnight.plist -o midnight.bin --to binary\n"
         "  huecraft convert midnight.bin -o - --to openstep");

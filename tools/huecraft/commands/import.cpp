@@ -122,7 +122,7 @@ void add_import(CLI::App& command, Request& request) {
     sub->footer(
         "Of a base16 scheme, base00 is the background, base05 the labels and base0D the highlight. Of a "
         "gradient,\n"
-        "the direction and the colours are taken. What is not carried over is told (exit status 1), and so "
+        "the direction and the colours are taken. What is not carried over is listed (exit status 1), and so "
         "is what\n"
         "no theme has a place for, such as the other colours of a scheme.\n\n"
         "Examples:\n"

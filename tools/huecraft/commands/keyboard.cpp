@@ -5,6 +5,7 @@
 #include "cli/command_line.h"
 #include "cli/files.h"
 #include "cli/terminal.h"
+#include "commands/theme_picture.h"
 #include "formats/value.h"
 #include "support/phone.h"
 #include "themes/keyboard_picture.h"
@@ -20,20 +21,13 @@ const std::map<std::string, tools::Screen> screens{
 };
 
 struct Keyboard {
-    std::string file, output, library, state = "letters", press, orientation = "portrait",
-                                       device = "iphone-8", background = "notes";
-    double scale = 0;
-    bool force = false, json = false;
+    ThemePicture picture;
+    std::string state = "letters", press, orientation = "portrait", device = "iphone-8", background = "notes";
 
     Status operator()() const {
-        return in_workshop([this](const Workshop& workshop) {
-            if (!force) require_replaceable(output, OutputKind::picture, {file, library});
-            const std::string theme = read_input(file);
-            const auto build = command::library(library);
-            const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")),
-                                               tools::sha256_of(theme)};
-            tools::boot(workshop.device, tools::notes, screens.at(device).for_pictures(scale));
-            put_on_theme(workshop, file, theme, build);
+        return picture.run([this](const Workshop& workshop, const ThemePicture::Task& task) {
+            tools::boot(workshop.device, tools::notes, screens.at(device).for_pictures(picture.scale));
+            put_on_theme(workshop, picture.file, task.contents, task.library);
             sim_keyboard keyboard{};
             keyboard.size = sizeof keyboard;
             keyboard.plane = state.c_str();
@@ -41,10 +35,10 @@ struct Keyboard {
             keyboard.background = background.c_str();
             keyboard.pressed_key = press.empty() ? nullptr : press.c_str();
             if (!press.empty() && sim_show_keyboard(&keyboard) != SIM_OK) refuse_key(keyboard);
-            write_output(output, keyboard_picture(workshop, keyboard, scale, provenance));
-            if (json && output != "-")
-                std::fputs(printed({{"theme", file}, {"picture", output}}).c_str(), stdout);
-            return Status::fine;
+            write_output(picture.output,
+                         keyboard_picture(workshop, keyboard, picture.scale, task.provenance));
+            if (picture.json && picture.output != "-")
+                std::fputs(printed({{"theme", picture.file}, {"picture", picture.output}}).c_str(), stdout);
         });
     }
 
@@ -70,10 +64,7 @@ void add_keyboard(CLI::App& command, Request& request) {
     auto options = std::make_shared<Keyboard>();
     CLI::App* sub =
         add_subcommand(command, request, "keyboard", "Draw the simulated keyboard in a theme", options);
-    sub->add_option("FILE", options->file, "The theme")->required()->type_name("");
-    sub->add_option("-o,--output", options->output, "The picture to write, as PNG; - is standard output")
-        ->required()
-        ->type_name("FILE");
+    add_theme_picture(sub, options->picture, "the screen's without it");
     std::vector<std::string> devices;
     for (const auto& [name, screen] : screens) devices.push_back(name);
     taking_one_of(sub->add_option("--state", options->state, "What is on the keys"),
@@ -84,16 +75,12 @@ void add_keyboard(CLI::App& command, Request& request) {
     taking_one_of(sub->add_option("--orientation", options->orientation, "How the phone is held"),
                   {"portrait", "landscape"});
     taking_one_of(sub->add_option("--device", options->device, "The phone, for its screen"), devices);
-    taking_number(sub->add_option("--scale", options->scale, "Pixels per point; the screen's without it"),
-                  0.1, 8);
     taking_one_of(sub->add_option("--background", options->background, "The application's page behind it"),
                   {"notes", "light", "busy"});
-    add_library(sub, options->library);
-    add_force(sub, options->force);
-    add_json(sub, options->json);
     sub->footer(
         "Examples:\n"
         "  huecraft keyboard Midnight.plist -o midnight.png\n"
+        "  huecraft keyboard Midnight.plist -o midnight.png --watch    # and open midnight.html\n"
         "  huecraft keyboard Peach.plist -o peach.png --state shifted --press G --background busy\n"
         "  huecraft keyboard Peach.plist -o wide.png --orientation landscape --device iphone-8-plus --scale "
         "1");

@@ -162,6 +162,7 @@ Json in_json(const std::optional<Advice>& advice) {
     return {{"labels", hex_of(advice->pair.labels)},
             {"highlights", hex_of(advice->pair.highlights)},
             {"colors", colours},
+            {"withoutPicture", advice->without_picture},
             {"dim", advice->dim},
             {"blur", advice->blur}};
 }
@@ -212,7 +213,7 @@ struct Totals {
         std::string line = counted(themes, "theme") + ": " + std::to_string(themes - faulty - weak) +
                            " fine, " + std::to_string(weak) + " weak, " + std::to_string(faulty) +
                            " faulty; " + counted(errors, "error") + ", " + counted(warnings, "warning");
-        if (unusable) line += "; " + counted(unusable, "file") + " of no use";
+        if (unusable) line += "; " + counted(unusable, "unusable file");
         std::printf("%s\n", toned(Tone::strong, line).c_str());
     }
 };

@@ -4,6 +4,7 @@
 #include "cli/command_line.h"
 #include "cli/files.h"
 #include "cli/terminal.h"
+#include "commands/theme_picture.h"
 #include "formats/value.h"
 #include "support/phone.h"
 #include "themes/keyboard_picture.h"
@@ -13,34 +14,30 @@ namespace command {
 namespace {
 
 struct Preview {
-    std::string file, output, library;
-    double scale = 0;
-    bool force = false, json = false;
+    ThemePicture picture;
 
     Status operator()() const {
-        return in_workshop([this](const Workshop& workshop) {
-            if (!force) require_replaceable(output, OutputKind::picture, {file, library});
-            const std::string theme = read_input(file);
-            const auto build = command::library(library);
-            const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")),
-                                               tools::sha256_of(theme)};
+        return picture.run([this](const Workshop& workshop, const ThemePicture::Task& task) {
             workshop.install_settings_pictures();
-            tools::boot(workshop.device, tools::settings, tools::Screen().for_pictures(scale));
-            tools::load(build);
-            const LoadedTheme loaded = load_theme(workshop, file, theme);
-            write_output(output, preview_picture(workshop, loaded.config, scale, provenance));
-            const bool differs = loaded.config->getVisibleKeycaps();
-            if (json && output != "-")
-                std::fputs(
-                    printed({{"theme", file},
-                             {"picture", output},
-                             {"differsFromKeyboard", differs ? Json(caps_of_previews) : Json(nullptr)}})
-                        .c_str(),
-                    stdout);
-            else if (differs && output != "-")
-                std::printf("%s: %s\n", one_line(output, 4096).c_str(), caps_of_previews);
-            return Status::fine;
+            tools::boot(workshop.device, tools::settings, tools::Screen().for_pictures(picture.scale));
+            tools::load(task.library);
+            const LoadedTheme loaded = load_theme(workshop, picture.file, task.contents);
+            write_output(picture.output,
+                         preview_picture(workshop, loaded.config, picture.scale, task.provenance));
+            if (picture.output != "-") report(loaded.config->getVisibleKeycaps());
         });
+    }
+
+  private:
+    void report(bool differs) const {
+        if (picture.json)
+            std::fputs(printed({{"theme", picture.file},
+                                {"picture", picture.output},
+                                {"differsFromKeyboard", differs ? Json(caps_of_previews) : Json(nullptr)}})
+                           .c_str(),
+                       stdout);
+        else if (differs)
+            std::printf("%s: %s\n", one_line(picture.output, 4096).c_str(), caps_of_previews);
     }
 };
 
@@ -50,14 +47,7 @@ void add_preview(CLI::App& command, Request& request) {
     auto options = std::make_shared<Preview>();
     CLI::App* sub = add_subcommand(command, request, "preview",
                                    "Draw the preview of a theme that the settings pane shows", options);
-    sub->add_option("FILE", options->file, "The theme")->required()->type_name("");
-    sub->add_option("-o,--output", options->output, "The picture to write, as PNG; - is standard output")
-        ->required()
-        ->type_name("FILE");
-    taking_number(sub->add_option("--scale", options->scale, "Pixels per point; 2 without it"), 0.1, 8);
-    add_library(sub, options->library);
-    add_force(sub, options->force);
-    add_json(sub, options->json);
+    add_theme_picture(sub, options->picture, "2 without it");
     sub->footer(
         "Examples:\n"
         "  huecraft preview Midnight.plist -o midnight.png\n"

@@ -1,4 +1,3 @@
-// What `new` and `edit` can set of a theme.
 #include "commands/theme_options.h"
 
 #include <algorithm>
@@ -160,7 +159,7 @@ void add_theme_options(CLI::App* sub, ThemeOptions& options, bool editing) {
         ->check(
             [](const std::string& text) {
                 return region_of(text) ? ""
-                                       : in_quotes(text) + " is no region; expected four numbers: X,Y,W,H";
+                                       : in_quotes(text) + " is not a region; expected four numbers: X,Y,W,H";
             },
             "", "region");
     taking_one_of(sub->add_option("--fit", options.fit, "How it comes to the keyboard's shape"),

@@ -1,4 +1,3 @@
-// The descriptions that come with the command.
 #include "doctor/devices.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// What differs between two descriptions.
 #include "doctor/differences.h"
 
 #include "doctor/method_types.h"

@@ -1,4 +1,3 @@
-// What users would see on a system that lacks what a hook is about: a sentence each.
 #include "doctor/hook_effects.h"
 
 #include <map>

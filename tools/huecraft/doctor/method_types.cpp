@@ -1,111 +1,8 @@
-// Type encodings, taken apart and compared.
 #include "doctor/method_types.h"
 
-#include "objc/plain_types.h"
+#include "objc/passed_types.h"
 
 namespace command {
-namespace {
-
-/// Reads one type after another, each as what matters when it is passed.
-class TypesReader {
-  public:
-    explicit TypesReader(const std::string& types) : types_(types) {}
-
-    bool at_end() const { return at_ == types_.size(); }
-    bool is_sound() const { return sound_; }
-
-    std::string next() {
-        if (depth_ == deepest) sound_ = false;
-        if (!sound_) return "";
-        ++depth_;
-        const std::string type = one();
-        --depth_;
-        return type;
-    }
-
-  private:
-    static constexpr size_t deepest = 100;
-
-    std::string one() {
-        skip_quoted();  // the name of a structure's member
-        const char kind = taken();
-        switch (kind) {
-            case 'c':
-            case 'C':
-            case 'B': return "B";
-            case '*': return "^";
-            case '^': next(); return "^";
-            case '@':
-                if (peek() == '?') ++at_;
-                skip_quoted();
-                return "@";
-            case 'b': return "b" + digits();
-            case '[': return "[" + digits() + members(']');
-            case '{':
-            case '(': return kind + aggregate(kind == '{' ? '}' : ')');
-        }
-        static const std::string simple = "v#:iIsSlLqQtTfdD?";
-        sound_ = sound_ && simple.find(kind) != simple.npos;
-        return std::string(1, kind);
-    }
-
-    char peek() const { return at_ < types_.size() ? types_[at_] : '\0'; }
-    char taken() {
-        const char c = peek();
-        if (c)
-            ++at_;
-        else
-            sound_ = false;
-        return c;
-    }
-    void skip_quoted() {
-        if (peek() != '"') return;
-        at_ = types_.find('"', at_ + 1);
-        if (at_ == types_.npos) {
-            at_ = types_.size();
-            sound_ = false;
-        } else {
-            ++at_;
-        }
-    }
-    std::string digits() {
-        const size_t start = at_;
-        while (peek() >= '0' && peek() <= '9') ++at_;
-        return types_.substr(start, at_ - start);
-    }
-    std::string members(char end) {
-        std::string all;
-        while (sound_ && peek() != end) all += next();
-        taken();
-        return all + end;
-    }
-    /// A structure by what it consists of; by its name where nothing else is recorded.
-    std::string aggregate(char end) {
-        const size_t start = at_;
-        while (peek() && peek() != '=' && peek() != end) ++at_;
-        if (peek() == '=') {
-            ++at_;
-            return members(end);
-        }
-        const std::string name = types_.substr(start, at_ - start);
-        taken();
-        return name + end;
-    }
-
-    const std::string& types_;
-    size_t at_ = 0, depth_ = 0;
-    bool sound_ = true;
-};
-
-std::optional<std::vector<std::string>> each_of(const std::string& types) {
-    std::vector<std::string> all;
-    TypesReader reader(types);
-    while (!reader.at_end() && reader.is_sound()) all.push_back(reader.next());
-    if (!reader.is_sound()) return std::nullopt;
-    return all;
-}
-
-}  // namespace
 
 std::string plain_types(std::string types) {
     objc::make_plain(types.data());
@@ -114,13 +11,13 @@ std::string plain_types(std::string types) {
 }
 
 std::optional<size_t> arguments_of(const std::string& plain_types) {
-    const auto all = each_of(plain_types);
+    const auto all = objc::passed_types(plain_types);
     if (!all || all->size() < 3 || (*all)[1] != "@" || (*all)[2] != ":") return std::nullopt;
     return all->size() - 3;
 }
 
 bool pass_alike(const std::string& plain_types, const std::string& others) {
-    return each_of(plain_types) == each_of(others) && each_of(plain_types);
+    return objc::passed_types(plain_types) == objc::passed_types(others) && objc::passed_types(plain_types);
 }
 
 }  // namespace command

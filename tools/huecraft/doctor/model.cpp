@@ -1,4 +1,3 @@
-// The simulator's classes against the real system's.
 #include "doctor/model.h"
 
 #include "doctor/method_types.h"

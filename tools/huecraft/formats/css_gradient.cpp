@@ -147,7 +147,7 @@ std::optional<unsigned> direction_of_side(const std::string& text) {
     throw NotImportable("there is no direction " + in_quotes(text));
 }
 
-/// In degrees, clockwise from upwards; nothing for what is no angle.
+/// In degrees, clockwise from upwards; nothing for what is not a angle.
 std::optional<double> angle_of(const std::string& text) {
     const auto quantity = quantity_of(text);
     if (!quantity) return std::nullopt;
@@ -212,7 +212,7 @@ class GradientReader {
         if (!colour)
             throw NotImportable(
                 in_quotes(pieces[0]) +
-                " is no colour that can be read; expected a hex colour, rgb(…), rgba(…) or a name");
+                " is not a colour that can be read; expected a hex colour, rgb(…), rgba(…) or a name");
         theme_.colours.push_back(*colour);
         positions_.push_back({pieces.begin() + 1, pieces.end()});
     }

@@ -1,4 +1,3 @@
-// How much a property list may hold.
 #include "formats/moderation.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// Property lists in their three forms.
 #include "formats/property_list.h"
 
 #include <algorithm>
@@ -175,7 +174,7 @@ PropertyList parse_property_list(const std::string& bytes, const std::string& fi
     NSError* error = nullptr;
     id root = NSPropertyListSerialization::propertyListWithData(
         data_of(bytes), NSPropertyListSerialization::immutable, &format, &error);
-    if (!root) throw Unusable(file, "it is no property list: " + reason_of(error));
+    if (!root) throw Unusable(file, "it is not a property list: " + reason_of(error));
     require_moderate(root, file);
     return {root, static_cast<Form>(format)};
 }

@@ -16,7 +16,7 @@ struct PropertyList {
     Form form{};
 };
 
-/// Throws Unusable, naming the file, for what is no property list.
+/// Throws Unusable, naming the file, for what is not a property list.
 PropertyList parse_property_list(const std::string& bytes, const std::string& file);
 
 /// What a form does not carry, and what was written instead: "_ImageAlpha: the number 0.5 became the text

@@ -1,4 +1,3 @@
-// The values of property lists, told apart and put into words.
 #include "formats/value.h"
 
 #include <cstdio>

@@ -22,7 +22,7 @@ std::string in_words(id value);
 /// Data as the number of its bytes, which JSON has no form for.
 Json json_of(id value);
 
-/// As JSON prints it, with what was complained of as "errors"; what is no UTF-8 is replaced.
+/// As JSON prints it, with what was complained of as "errors"; what is not UTF-8 is replaced.
 std::string printed(Json json);
 /// Whether that was done in this process.
 bool json_was_printed();

@@ -15,6 +15,7 @@
 #include "loader/fixups/bind_opcodes.h"
 #include "loader/fixups/rebase.h"
 #include "loader/fixups/threaded.h"
+#include "loader/format/command_names.h"
 #include "loader/format/exports.h"
 #include "loader/format/slice.h"
 #include "loader/format/versions.h"
@@ -92,10 +93,6 @@ Names listed_exports(const char* list) {
     return names;
 }
 
-std::string platform_text(uint32_t platform) {
-    return platform == macho::kPlatformIos ? "iOS" : "platform " + std::to_string(platform);
-}
-
 class ImageChecks {
   public:
     ImageChecks(const std::string& bytes, const Promise& promise,
@@ -151,8 +148,9 @@ class ImageChecks {
     }
 
     void slice(Check& check) {
-        if (file_.size() >= 4 && file_.u32_big_endian(0) == macho::kFatMagic)
+        if (macho::is_fat(file_))
             check.faults.push_back("found a file of several slices, expected the arm64 slice alone");
+        collect(check, [this] { macho::check_slices(file_); });
         slice_ = macho::choose_slice(file_, macho::Cpu::arm64, promise_.type, process_);
         check.found =
             process_ == macho::Process::arm64e ? "arm64e, without bits of later systems" : "arm64 alone";
@@ -173,10 +171,16 @@ class ImageChecks {
     }
 
     void system(Check& check) {
-        check.found = platform_text(layout_->platform) + " " + version_text(layout_->minimum_version);
-        if (layout_->platform != macho::kPlatformIos || layout_->minimum_version != minimum_version)
-            check.faults.push_back("found " + check.found + " as the oldest, expected iOS " +
-                                   version_text(minimum_version));
+        for (const macho::BuildVersion& build : layout_->build_versions) {
+            const std::string found =
+                macho::platform_text(build.platform) + " " + version_text(build.minimum_system);
+            check.found += (check.found.empty() ? "" : ", ") + found;
+            // The loader does not look at the minimum; the package promises it.
+            if (build.platform == macho::PLATFORM_IOS && build.minimum_system != minimum_version)
+                check.faults.push_back(macho::name_of_command(build.command) + ": found " + found +
+                                       " as the oldest, expected iOS " + version_text(minimum_version));
+        }
+        collect(check, [this] { macho::check_platform(*layout_); });
     }
 
     void name(Check& check) {
@@ -200,7 +204,7 @@ class ImageChecks {
         for (const macho::Dependency& library : layout_->libraries) {
             const std::optional<macho::OfferedLibrary> offered = macho::system_library(library.install_name);
             if (!offered || library.compatibility_version <= offered->compatibility_version) continue;
-            check.faults.push_back("LC_LOAD_DYLIB asks for version " +
+            check.faults.push_back(macho::name_of_command(library.command) + " asks for version " +
                                    version_text(library.compatibility_version) + " of " +
                                    one_line(library.install_name) + ", expected at most " +
                                    version_text(offered->compatibility_version));
@@ -297,41 +301,28 @@ class ImageChecks {
     Checks checks_;
 };
 
-/// The slices of a file of several, in its order: nothing but arm64 and arm64e, each at a page of the device.
-std::vector<std::string> slices_of(const std::string& bytes, Check& check) {
-    constexpr uint64_t header_size = 8, row_size = 20, device_page = 0x4000;
+/// The slices of a fat file, in its order: arm64 and arm64e, nothing else.
+std::vector<std::string> slices_of(const std::string& bytes) {
     const macho::Bytes file({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, dylib.name);
-    if (file.size() < header_size || file.u32_big_endian(0) != macho::kFatMagic)
-        macho::refuse("a file of one slice, expected arm64 and arm64e");
+    if (!macho::is_fat(file)) macho::refuse("a file of one slice, expected arm64 and arm64e");
+    macho::check_slices(file);
     std::vector<std::string> slices;
     std::string found;
-    uint64_t free_from = device_page;
-    for (uint32_t row = 0; row < file.u32_big_endian(4); ++row) {
-        const macho::Bytes fields = file.part(header_size + row * row_size, row_size, "the fat header");
-        const uint32_t subtype = fields.u32_big_endian(4);
-        found +=
-            (row ? ", " : "") + macho::hex(fields.u32_big_endian(0)) + " of subtype " + macho::hex(subtype);
-        const uint64_t at = fields.u32_big_endian(8), size = fields.u32_big_endian(12);
-        const macho::Bytes slice = file.part(at, size, "the slice");
-        if (at % device_page || at < free_from)
-            check.faults.push_back("found a slice at " + macho::hex(at) + ", expected a multiple of " +
-                                   macho::hex(device_page) + " that is free");
-        free_from = at + size;
-        slices.emplace_back(reinterpret_cast<const char*>(slice.data()), slice.size());
+    for (const macho::FatArch& arch : macho::read_fat_archs(file)) {
+        found += (found.empty() ? "" : ", ") + arch.processor();
+        slices.push_back(bytes.substr(arch.offset, arch.size));
     }
-    const std::string expected = "0x100000c of subtype 0x0, 0x100000c of subtype 0x2";
-    if (found != expected) macho::refuse(found + ", expected " + expected);
-    check.found = "arm64 and arm64e";
+    if (found != "arm64, arm64e") macho::refuse(found + ", expected arm64, arm64e");
     return slices;
 }
 
 }  // namespace
 
 Checks checks_of_a12_dylib(const std::string& bytes) {
-    Checks checks{{.name = "slices", .found = {}, .faults = {}}};
+    Checks checks{{.name = "slices", .found = "arm64 and arm64e", .faults = {}}};
     std::vector<std::string> slices;
     try {
-        slices = slices_of(bytes, checks.front());
+        slices = slices_of(bytes);
     } catch (const macho::Fault& fault) {
         checks.front().faults.push_back("found " + one_line(fault.what(), 300));
         return checks;

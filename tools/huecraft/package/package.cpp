@@ -13,6 +13,7 @@
 
 #include "cli/files.h"
 #include "cli/terminal.h"
+#include "package/theme_package.h"
 
 namespace command {
 namespace {
@@ -209,6 +210,7 @@ bool Package::says_it_is(const std::string& name) const {
 
 bool Package::is_of_describe() const { return says_it_is("com.quillmoth.huecraftios12.describe"); }
 bool Package::is_for_a12() const { return says_it_is("com.quillmoth.huecraftios12.a12"); }
+bool Package::is_of_themes() const { return installed(packaged_themes); }
 
 const PackagedFile& Package::image() const {
     return is_of_describe() ? *installed(describe_path) : *std::ranges::find_if(data, is_dylib);
@@ -216,7 +218,7 @@ const PackagedFile& Package::image() const {
 
 Package open_package(const std::string& bytes, const std::string& file) {
     if (!bytes.starts_with("!<arch>\n"))
-        throw Unusable(file, "it is no package: found " +
+        throw Unusable(file, "it is not a package: found " +
                                  (bytes.empty() ? "an empty file" : in_quotes(bytes.substr(0, 8))) +
                                  ", expected \"!<arch>\" at its beginning");
     Package package;
@@ -236,8 +238,8 @@ Package open_package(const std::string& bytes, const std::string& file) {
     package.trailing = bytes.size() - end;
     for (const auto& [part, name] : {std::pair{&control, "control.tar.gz"}, {&data, "data.tar.gz"}})
         if (part->empty())
-            throw Unusable(file, std::string("it is no whole package: expected ") + name + ", found only " +
-                                     listed(package.members));
+            throw Unusable(file, std::string("it is not a whole package: expected ") + name +
+                                     ", found only " + listed(package.members));
     package.control = files_in(unpacking, control);
     package.data = files_in(unpacking, data);
 
@@ -247,6 +249,7 @@ Package open_package(const std::string& bytes, const std::string& file) {
             throw Unusable(file, std::string("it has no ") + describe_path + " inside");
         return package;
     }
+    if (package.is_of_themes()) return package;
     std::vector<std::string> dylibs;
     for (const PackagedFile& one : package.data)
         if (is_dylib(one)) dylibs.push_back(one.path);

@@ -31,7 +31,10 @@ struct Package {
     bool is_of_describe() const;
     /// Whether it says that it is the library's package for the A12, whose dylib has two slices.
     bool is_for_a12() const;
-    /// The one dylib, wherever it lies; of the package of huecraft-describe that executable.
+    /// Whether it installs into the folder of packaged themes.
+    bool is_of_themes() const;
+    /// The one dylib, wherever it lies; of the package of huecraft-describe that executable. A package of
+    /// themes has neither.
     const PackagedFile& image() const;
 
   private:
@@ -40,8 +43,8 @@ struct Package {
 
 inline constexpr const char* describe_path = "/usr/bin/huecraft-describe";
 
-/// Throws Unusable, naming the file, for what is no package, is damaged, or does not have exactly one dylib
-/// or the executable, whichever it should have.
+/// Throws Unusable, naming the file, for what is not a package, is damaged, or does not have exactly one
+/// dylib, the executable or themes, whichever it should have.
 Package open_package(const std::string& bytes, const std::string& file);
 
 }  // namespace command

@@ -1,6 +1,7 @@
 // huecraft package-check: opens a package for the device again, and verifies what is inside.
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include "cli/command_line.h"
 #include "cli/files.h"
@@ -30,12 +31,7 @@ struct PackageCheck {
             Json all = Json::array();
             const Status status = for_each_file(files, [&](const std::string& file) {
                 const Package package = open_package(read_input(file, "package"), file);
-                Checks checks = checks_of_package(package);
-                const std::string& image = package.image().contents;
-                std::ranges::move(package.is_of_describe() ? checks_of_executable(image)
-                                  : package.is_for_a12()   ? checks_of_a12_dylib(image)
-                                                           : checks_of_dylib(image),
-                                  std::back_inserter(checks));
+                const Checks checks = checks_of(package, workshop);
                 json ? all.push_back(in_json(file, checks)) : print(file, checks);
                 return faulty(checks) ? Status::finding : Status::fine;
             });
@@ -45,6 +41,22 @@ struct PackageCheck {
     }
 
   private:
+    mutable bool library_is_loaded = false;
+
+    Checks checks_of(const Package& package, const Workshop& workshop) const {
+        if (package.is_of_themes()) {
+            if (!std::exchange(library_is_loaded, true)) tools::load(library());
+            return checks_of_theme_package(package, workshop);
+        }
+        Checks checks = checks_of_package(package);
+        const std::string& image = package.image().contents;
+        std::ranges::move(package.is_of_describe() ? checks_of_executable(image)
+                          : package.is_for_a12()   ? checks_of_a12_dylib(image)
+                                                   : checks_of_dylib(image),
+                          std::back_inserter(checks));
+        return checks;
+    }
+
     static size_t faulty(const Checks& checks) {
         return static_cast<size_t>(
             std::ranges::count_if(checks, [](const Check& check) { return !check.faults.empty(); }));

@@ -1,8 +1,5 @@
 // Checks of a package, apart from the dylib or the executable in it.
 #include <algorithm>
-#include <cstdio>
-#include <map>
-#include <sstream>
 
 #include "cli/files.h"
 #include "cli/terminal.h"
@@ -10,6 +7,7 @@
 #include "formats/value.h"
 #include "objc/fast_enumeration.h"
 #include "package/checks.h"
+#include "package/control_fields.h"
 #include "support/text.h"
 
 namespace command {
@@ -56,21 +54,9 @@ bool has_its_place(const PackagedFile& file) {
            (file.path.ends_with(".png") && file.path == bundle + "/" + file.name());
 }
 
-std::string octal(unsigned mode) {
-    char digits[16];
-    std::snprintf(digits, sizeof digits, "%04o", mode);
-    return digits;
-}
-
 Check layout(const Package& package) {
-    Check check{.name = "layout", .found = {}, .faults = {}};
+    Check check{.name = "layout", .found = {}, .faults = faults_of_frame(package)};
     auto& faults = check.faults;
-    if (package.members != std::vector<std::string>{"debian-binary", "control.tar.gz", "data.tar.gz"})
-        faults.push_back("its parts are not debian-binary, control.tar.gz and data.tar.gz in this order");
-    if (package.trailing)
-        faults.push_back("found " + counted(package.trailing, "byte") + " after its last part");
-    if (package.format != "2.0\n")
-        faults.push_back("found the format " + in_quotes(package.format) + ", expected \"2.0\\n\"");
     for (const PackagedFile& file : package.control)
         if (file.path != "/" && file.path != "/control")
             faults.push_back("found " + one_line(file.path) + " for the installer, expected control alone");
@@ -117,48 +103,16 @@ Check preferences(const Package& package) {
 
 // --- The description for the installer ---
 
-struct Field {
-    std::string name, value;
-};
-
-/// Fields as the installer reads them: a line that begins with a blank goes on with the field before it.
-std::vector<Field> fields_of(const std::string& control) {
-    std::vector<Field> fields;
-    std::istringstream lines(control);
-    for (std::string line; std::getline(lines, line);) {
-        const size_t colon = line.find(':');
-        if (line.starts_with(' ') && !fields.empty())
-            fields.back().value += line;
-        else if (colon == line.npos)
-            fields.push_back({line, ""});
-        else
-            fields.push_back({line.substr(0, colon),
-                              line.substr(std::min(line.find_first_not_of(' ', colon + 1), line.size()))});
-    }
-    return fields;
-}
-
 bool is_version(const std::string& text) {
     return !text.empty() && text.front() >= '0' && text.front() <= '9' &&
            text.find_first_not_of("0123456789.-+~") == text.npos;
 }
 
 Check control(const Package& package) {
-    Check check{.name = "control", .found = {}, .faults = {}};
+    const ControlFields fields = control_fields_of(package);
+    Check check{.name = "control", .found = {}, .faults = fields.faults};
     auto& faults = check.faults;
-    const auto file = std::ranges::find(package.control, "/control", &PackagedFile::path);
-    if (file == package.control.end()) {
-        faults.push_back("found no description for the installer");
-        return check;
-    }
-    std::map<std::string, std::string> values;
-    for (const Field& field : fields_of(file->contents))
-        if (!values.emplace(field.name, field.value).second)
-            faults.push_back("found the field " + in_quotes(field.name) + " twice");
-    const auto found = [&](const char* name) {
-        return values.contains(name) ? in_quotes(values.at(name)) : std::string("no such field");
-    };
-
+    if (fields.values.empty()) return check;
     const bool describe = package.is_of_describe(), for_a12 = package.is_for_a12();
     const std::string library = "com.quillmoth.huecraftios12";
     std::vector<std::pair<const char*, std::string>> expected{
@@ -173,18 +127,20 @@ Check control(const Package& package) {
     if (for_a12)
         for (const char* field : {"Provides", "Conflicts", "Replaces"}) expected.emplace_back(field, library);
     for (const auto& [name, value] : expected)
-        if (values[name] != value)
-            faults.push_back(std::string(name) + ": found " + found(name) + ", expected \"" + value + "\"");
-    if (!is_version(values["Version"]))
-        faults.push_back("Version: found " + found("Version") + ", expected a number");
+        if (fields.value(name) != value)
+            faults.push_back(std::string(name) + ": found " + fields.found(name) + ", expected \"" + value +
+                             "\"");
+    if (!is_version(fields.value("Version")))
+        faults.push_back("Version: found " + fields.found("Version") + ", expected a number");
     for (const char* name : {"Maintainer", "Description"})
-        if (values[name].empty()) faults.push_back(std::string(name) + ": found nothing, expected a text");
+        if (fields.value(name).empty())
+            faults.push_back(std::string(name) + ": found nothing, expected a text");
     // Someone with an unsupported device must learn it before the installation.
     for (const char* word : {for_a12 ? "EXPERIMENTAL" : "Not supported", "A12", "arm64e",
                              "Nothing of this package was run on a device"})
-        if (values["Description"].find(word) == std::string::npos)
+        if (fields.value("Description").find(word) == std::string::npos)
             faults.push_back("Description: expected to find \"" + std::string(word) + "\"");
-    check.found = "version " + one_line(values["Version"]) + ", iphoneos-arm, iOS 12";
+    check.found = "version " + one_line(fields.value("Version")) + ", iphoneos-arm, iOS 12";
     return check;
 }
 

@@ -1,4 +1,3 @@
-// The colours of photos: see the header.
 #include "photos/colour_profile.h"
 
 #include <lcms2.h>

@@ -1,4 +1,3 @@
-// Photos as their files hold them.
 #include "photos/decoding.h"
 
 #include <algorithm>
@@ -94,7 +93,7 @@ Decoded decode_photo(const std::string& bytes, const std::string& file, const Re
     if (view.starts_with("RIFF") && view.substr(0, 12).ends_with("WEBP"))
         return decode_webp_photo(bytes, file, reduction);
     if (is_heic(view)) return decode_heic_photo(bytes, file);
-    throw Unusable(file, "it is no picture that can be read: found " +
+    throw Unusable(file, "it is not a picture that can be read: found " +
                              (bytes.empty() ? "an empty file" : in_quotes(view.substr(0, 8))) +
                              " at its beginning; expected PNG, JPEG, WebP or HEIC");
 }

@@ -23,8 +23,8 @@ struct Decoded {
 /// By how much a picture of this size may be reduced, at most: the decoder stays at it or below.
 using Reduction = std::function<double(size_t width, size_t height, int orientation)>;
 
-/// Throws Unusable, naming the file, for what is no picture of a known format, or damaged, or has more pixels
-/// than fit into memory.
+/// Throws Unusable, naming the file, for what is not a picture of a known format, or damaged, or has more
+/// pixels than fit into memory.
 Decoded decode_photo(const std::string& bytes, const std::string& file, const Reduction& reduction);
 
 // Of the single formats.

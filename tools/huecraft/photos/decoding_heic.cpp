@@ -13,7 +13,8 @@ namespace command {
 Decoded decode_heic_photo(const std::string& bytes, const std::string& file) {
     const auto require = [&](const heif_error& error) {
         if (error.code != heif_error_Ok)
-            throw Unusable(file, "it is no HEIC picture that can be read: " + one_line(error.message, 200));
+            throw Unusable(file,
+                           "it is not a HEIC picture that can be read: " + one_line(error.message, 200));
     };
     const std::unique_ptr<heif_context, void (*)(heif_context*)> context(heif_context_alloc(),
                                                                          heif_context_free);

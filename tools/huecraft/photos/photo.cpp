@@ -1,4 +1,3 @@
-// From a photo's file to a keyboard's background.
 #include "photos/photo.h"
 
 #include <algorithm>

@@ -29,7 +29,7 @@ struct PreparedPhoto {
     std::vector<std::string> done;
 };
 
-/// Throws Unusable, naming the file, for what is no picture, or for a region outside of it.
+/// Throws Unusable, naming the file, for what is not a picture, or for a region outside of it.
 PreparedPhoto prepare_photo(const std::string& bytes, const std::string& file, const PhotoWish& wish);
 
 /// The picture as a theme keeps it: JPEG, or PNG where it is transparent or no larger for it.

@@ -46,7 +46,7 @@ struct Picker {
         const Script played = read_script();
         if (output.empty()) played.require_no_pictures();
         if (!output.empty() && fs::exists(output) && !fs::is_directory(output))
-            throw Unusable(output, "it is no folder; the pictures need one");
+            throw Unusable(output, "it is not a folder; the pictures need one");
         return in_workshop([&](const Workshop& workshop) {
             const auto build = command::library(library);
             const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")), ""};
@@ -111,7 +111,7 @@ struct Picker {
     static std::string in_words(const PickerEvent& event) {
         switch (event.kind) {
             case Kind::told:
-                return "the delegate was told " + toned(Tone::strong, event.first) + ", the text " +
+                return "the delegate received " + toned(Tone::strong, event.first) + ", the text " +
                        in_quotes(event.second);
             case Kind::shook: return "the panel shook: the input was refused";
             case Kind::closed: return "the picker closed";

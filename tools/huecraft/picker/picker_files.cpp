@@ -1,4 +1,3 @@
-// The files that a colour picker meets on the phone: see the header.
 #include "picker/picker_files.h"
 
 #include <cerrno>

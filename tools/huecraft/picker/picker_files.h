@@ -39,7 +39,7 @@ void install_eclipse(const Workshop& workshop);
 /// A theme of which the picker changes one colour.
 class EditedTheme {
   public:
-    /// `key` is "text" or "highlight". Throws Unusable for what is no theme, or has no name to be saved
+    /// `key` is "text" or "highlight". Throws Unusable for what is not a theme, or has no name to be saved
     /// under.
     EditedTheme(const Workshop& workshop, std::string file, const std::string& key);
 

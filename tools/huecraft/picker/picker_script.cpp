@@ -1,4 +1,3 @@
-// The scripts of huecraft picker: see the header.
 #include "picker/picker_script.h"
 
 #include <algorithm>
@@ -94,7 +93,7 @@ std::string name_of(const Word& word) {
                c == '_' || c == '.';
     });
     if (word.text.empty() || !plain || word.text.front() == '.' || word.text.size() > 200)
-        throw Wrong{in_quotes(word.text) + " is no name of a picture; expected letters, digits, - and _"};
+        throw Wrong{in_quotes(word.text) + " is not a name of a picture; expected letters, digits, - and _"};
     return word.text;
 }
 

@@ -70,7 +70,7 @@ struct Script {
     void require_no_pictures() const;
 };
 
-/// Throws Unusable, with file and line, for what is no script.
+/// Throws Unusable, with file and line, for what is not a script.
 Script parse_script(const std::string& file, const std::string& text);
 
 }  // namespace command

@@ -1,4 +1,3 @@
-// The library's colour picker on a phone: see the header.
 #include "picker/picker_session.h"
 
 #include <utility>

@@ -17,7 +17,7 @@ struct PickerEvent {
     size_t line = 0;
     /// Seconds since then.
     double time = 0;
-    /// What the delegate was told: the colour as the library writes it, and the text. Of an exception its
+    /// What the delegate received: the colour as the library writes it, and the text. Of an exception its
     /// name and its reason.
     std::string first, second;
 };
@@ -31,7 +31,7 @@ struct PickerSetup {
     double scale = 0;
     /// Where they are put, on this machine, each with the end ".png".
     std::filesystem::path pictures;
-    /// Hears what the delegate is told.
+    /// hears what the delegate receives.
     std::function<void(UIColor*)> chosen;
 };
 

@@ -81,15 +81,23 @@ std::optional<Advice> with_calmer_colours(const BackdropSampler& sampler, Huecra
             return advice;
         }
     }
-    // All of one colour, and not translucent: there is a pair for each.
-    Advice advice{wanted, {*colour_of(hex_of(calmer(colours, 1)[0]))}};
-    advice.colours[0].alpha = 1;
-    const auto trial = copy_of(config);
-    set_colours(trial, advice.colours);
-    if (const auto pair = pair_on(sampler, trial, wanted)) {
-        advice.pair = *pair;
-        return advice;
-    }
+    // All of one colour, and not translucent. With visible caps not even each of these has a pair: labels are
+    // on caps, suggestions are not.
+    Colour even = *colour_of(hex_of(calmer(colours, 1)[0]));
+    even.alpha = 1;
+    for (int step = 0; step <= steps; ++step)
+        for (const double end : {0.0, 1.0}) {
+            const double part = static_cast<double>(step) / steps;
+            auto mixed = [&](double from) { return from + (end - from) * part; };
+            const Colour nearer{mixed(even.red), mixed(even.green), mixed(even.blue), 1};
+            Advice advice{wanted, {*colour_of(hex_of(nearer))}};
+            const auto trial = copy_of(config);
+            set_colours(trial, advice.colours);
+            if (const auto pair = pair_on(sampler, trial, wanted)) {
+                advice.pair = *pair;
+                return advice;
+            }
+        }
     return std::nullopt;
 }
 
@@ -146,6 +154,7 @@ Advice advise(const BackdropSampler& sampler, HuecraftConfig* config) {
     }
     // Whatever it is, black is a background with a pair.
     Advice advice{wanted, {{0, 0, 0, 1}}};
+    advice.without_picture = config->getBackgroundType() == image_data;
     const auto trial = copy_of(config);
     set_colours(trial, advice.colours);
     trial->setBackgroundType(flat_colour);
@@ -167,7 +176,8 @@ std::string in_words(const Advice& advice) {
     if (!advice.changes_background()) return "the nearest pair that passes on every key is " + pair;
     std::string background;
     if (!advice.colours.empty()) {
-        background = "with _Colors ";
+        background = advice.without_picture ? "without the picture, with _BackgroundType 1 and _Colors "
+                                            : "with _Colors ";
         for (size_t i = 0; i < advice.colours.size(); ++i)
             background += (i ? "," : "") + hex_of(advice.colours[i]);
     } else {
@@ -180,6 +190,7 @@ void apply(const Advice& advice, HuecraftConfig* config) {
     config->setTextColor(ui_color(advice.pair.labels));
     config->setHighlightColor(ui_color(advice.pair.highlights));
     if (!advice.colours.empty()) {
+        if (advice.without_picture) config->setImageData(nullptr);
         set_colours(config, advice.colours);
         const NSUInteger type = config->getBackgroundType();
         if (type != flat_colour && type != gradient_of_colours)

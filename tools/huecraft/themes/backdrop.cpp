@@ -1,4 +1,3 @@
-// What is behind a themed keyboard's labels.
 #include "themes/backdrop.h"
 
 #include <algorithm>
@@ -104,6 +103,19 @@ CGSize on_whole_pixels(CGSize size) {
     return {rounded_up(size.width), rounded_up(size.height)};
 }
 
+/// The bar of suggestions over an iPhone's keys. It has a backdrop of its own, and no caps.
+constexpr double bar_height = 42;
+constexpr int suggestion_count = 3, active_suggestion = 1;
+
+/// What is behind a suggestion, at points that a word covers. The bar is drawn at `top`.
+BehindKey behind_suggestion(const Pixels& pixels, int index, double width, double top) {
+    BehindKey suggestion{"suggestion " + std::to_string(index + 1), {}};
+    const double x = width * (index + 0.5) / suggestion_count, y = top + bar_height / 2;
+    for (double across : {-30.0, 0.0, 30.0})
+        for (double down : {-7.0, 0.0, 7.0}) suggestion.colours.push_back(pixels.at(x + across, y + down));
+    return suggestion;
+}
+
 template <class T>
 objc::strong<T> make_view(CGRect frame) {
     return objc::adopt(static_cast<T*>(T::alloc()->initWithFrame(frame).leak()));
@@ -149,12 +161,16 @@ Behind BackdropSampler::behind(HuecraftConfig* config) const {
     wear(config);
     // The page fills the last pixels too: what they lacked would be black, and the backdrop blurs what it
     // is over.
-    const CGSize page_size = on_whole_pixels(size_);
+    const double bar_top = on_whole_pixels(size_).height;
+    const CGSize page_size = on_whole_pixels({size_.width, bar_top + bar_height});
     auto page = make_view<UIView>({{0, 0}, page_size});
     page->setBackgroundColor(UIColor::colorWithWhite(0.97, 1));
     auto backdrop = make_view<UIKBInputBackdropView>({{0, 0}, size_});
     backdrop->layoutToFull({{0, 0}, size_});
     page->addSubview(backdrop);
+    auto bar = make_view<UIKBInputBackdropView>({{0, bar_top}, {size_.width, bar_height}});
+    bar->layoutToFull({{0, 0}, {size_.width, bar_height}});
+    page->addSubview(bar);
     page->layoutIfNeeded();
     UIGraphicsBeginImageContextWithOptions(page_size, true, backdrop_scale);
     page->drawViewHierarchyInRect(page->bounds(), true);
@@ -172,6 +188,10 @@ Behind BackdropSampler::behind(HuecraftConfig* config) const {
         }
         behind.labels.push_back(std::move(label));
         behind.keys.push_back(std::move(key));
+    }
+    for (int index = 0; index < suggestion_count; ++index) {
+        behind.labels.push_back(behind_suggestion(pixels, index, size_.width, bar_top));
+        if (index == active_suggestion) behind.keys.push_back(behind.labels.back());
     }
     return behind;
 }

@@ -15,8 +15,9 @@ struct BehindKey {
 };
 
 struct Behind {
+    /// Of the keys, and of the suggestions above them, "suggestion 1" to "suggestion 3".
     std::vector<BehindKey> labels;
-    /// Behind the keys themselves, which is where highlights are drawn.
+    /// Behind the keys themselves and the suggestion in the middle, which is where highlights are drawn.
     std::vector<BehindKey> keys;
 };
 

@@ -1,4 +1,3 @@
-// Colours as the command reckons with them: contrast, and what lies over what.
 #include "themes/colour.h"
 
 #include <algorithm>

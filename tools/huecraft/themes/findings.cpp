@@ -1,4 +1,3 @@
-// What is wrong with a theme.
 #include "themes/findings.h"
 
 #include <cmath>
@@ -251,9 +250,11 @@ std::vector<Finding> findings_in_contrast(ThemeKey key, const std::string& what,
                                           const Contrast& contrast, const Demand& demand,
                                           const std::string& advice) {
     if (contrast.ratio >= demand.warning_below) return {};
+    const bool on_bar = contrast.worst_key.starts_with("suggestion ");
     return {{contrast.ratio < demand.error_below ? error : warning, name_of(key),
              hex_of(colour) + ", a contrast of " + ratio_text(contrast.ratio) + " with " +
-                 hex_of(contrast.behind) + " behind the key " + in_quotes(contrast.worst_key),
+                 hex_of(contrast.behind) + " behind " +
+                 (on_bar ? contrast.worst_key : "the key " + in_quotes(contrast.worst_key)),
              "at least " + ratio_text(demand.warning_below) + " for " + what, advice}};
 }
 

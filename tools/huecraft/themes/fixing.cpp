@@ -1,4 +1,3 @@
-// What makes a theme fine: the values.
 #include "themes/fixing.h"
 
 #include <algorithm>

@@ -22,6 +22,7 @@ struct Advice {
     Pair pair;
     std::vector<Colour> colours = {};  ///< in place of the background's, nearer to one another
     double dim = 0, blur = 0;          ///< of the picture; the blur in points
+    bool without_picture = false;      ///< which no dimming or blurring helps; the colours take its place
     bool changes_background() const { return !colours.empty() || dim > 0 || blur > 0; }
 };
 

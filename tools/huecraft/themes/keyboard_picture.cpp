@@ -1,4 +1,3 @@
-// Pictures of a theme.
 #include "themes/keyboard_picture.h"
 
 #include <unistd.h>
@@ -18,7 +17,7 @@ void put_on_theme(const Workshop& workshop, const std::string& file, const std::
     objc::AutoreleasePool pool;
     tools::choose_theme(name);
     tools::load(library);
-    load_theme(workshop, file, contents);  // says what the library does not: why it is no theme
+    load_theme(workshop, file, contents);  // says what the library does not: why it is not a theme
     std::filesystem::remove(workshop.theme(name));
 }
 

@@ -10,7 +10,7 @@
 namespace command {
 
 /// Loads the library into this process, whose phone is on, with the theme in force: what is shown from now on
-/// wears it. `contents` is the file's. Throws Unusable for what is no theme. A process does this once.
+/// wears it. `contents` is the file's. Throws Unusable for what is not a theme. A process does this once.
 void put_on_theme(const Workshop& workshop, const std::string& file, const std::string& contents,
                   const std::filesystem::path& library);
 

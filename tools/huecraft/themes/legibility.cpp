@@ -1,4 +1,3 @@
-// Whether labels and highlights can be told from what is behind them: see the header.
 #include "themes/legibility.h"
 
 #include <algorithm>

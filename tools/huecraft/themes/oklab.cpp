@@ -1,4 +1,3 @@
-// OKLab, in which equal distances look equally large.
 #include "themes/oklab.h"
 
 #include <algorithm>

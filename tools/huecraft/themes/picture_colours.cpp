@@ -1,4 +1,3 @@
-// Colours for labels and highlights that belong to a picture.
 #include "themes/picture_colours.h"
 
 #include <algorithm>
@@ -39,7 +38,7 @@ std::vector<Group> groups_of(std::vector<Oklab> colours) {
                                 sums[i].middle.b / members};
         }
     }
-    // A group of a few stray pixels is no colour of the picture.
+    // A group of a few stray pixels is not a colour of the picture.
     std::erase_if(groups, [&](const Group& group) { return group.members * 200 < colours.size(); });
     return groups;
 }

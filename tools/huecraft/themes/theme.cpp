@@ -1,4 +1,3 @@
-// Themes as the library has them.
 #include "themes/theme.h"
 
 #include <unistd.h>
@@ -27,7 +26,7 @@ std::string reason_of(NSError* error) {
     if (!error) return "the library does not say why it cannot be loaded";
     auto* info = error->send<"userInfo", NSDictionary*>();
     const std::string detail = utf8(as<NSString>(info->objectForKey(text("NSDebugDescription"))));
-    if (!detail.empty()) return "it is no property list: " + one_line(detail, 200);
+    if (!detail.empty()) return "it is not a property list: " + one_line(detail, 200);
     return one_line(utf8(error->send<"localizedDescription", NSString*>()), 200);
 }
 
@@ -119,7 +118,7 @@ LoadedTheme load_theme(const Workshop& workshop, const std::string& file, const 
 }
 
 void wear(HuecraftConfig* config) {
-    auto& worn = objc::instance_variable<HuecraftConfig>(HCPreferences::sharedInstance(), "configCache");
+    auto& worn = objc::instance_variable<HuecraftConfig*>(HCPreferences::sharedInstance(), "configCache");
     objc::strong<HuecraftConfig>::adopt(worn);
     worn = objc::strong<HuecraftConfig>(config).leak();
 }

@@ -49,7 +49,7 @@ struct LoadedTheme {
     std::vector<std::string> unknown_keys() const { return command::unknown_keys(config); }
 };
 
-/// Needs a phone that is on, with the library. Throws Unusable for what is no theme.
+/// Needs a phone that is on, with the library. Throws Unusable for what is not a theme.
 LoadedTheme load_theme(const Workshop& workshop, const std::string& file);
 /// The same of a file that has been read.
 LoadedTheme load_theme(const Workshop& workshop, const std::string& file, const std::string& contents);

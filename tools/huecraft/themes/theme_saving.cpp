@@ -1,4 +1,3 @@
-// Saving a theme with the library's own class.
 #include "themes/theme_saving.h"
 
 #include "cli/files.h"
