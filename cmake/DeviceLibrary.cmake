@@ -74,6 +74,23 @@ function(link_device_slice architecture name)
         VERBATIM)
 endfunction()
 
+# add_arm64e_slice(<target> <name>): arm64e/<name> in the current binary directory, out of what was linked as arm64/<name>.
+function(add_arm64e_slice target name)
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/arm64e)
+    set(output ${folder}/${name})
+    set(unsigned ${folder}/unsigned/${name})
+    file(MAKE_DIRECTORY ${folder}/unsigned)
+    add_custom_command(
+        OUTPUT ${output}
+        COMMAND arm64e_slice ${CMAKE_CURRENT_BINARY_DIR}/arm64/unsigned/${name} ${unsigned}
+        COMMAND sign_slice ${unsigned} ${name} ${output}
+        DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/arm64/${name} arm64e_slice sign_slice
+        BYPRODUCTS ${unsigned}
+        COMMENT "Converting and signing for arm64e: ${name}"
+        VERBATIM)
+    add_custom_target(${target} DEPENDS ${output})
+endfunction()
+
 # add_device_slice(<architecture> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> [STUBS <file>...] [OWN_STUBS <file>...]
 #     SOURCES <source>...)
 # Builds <architecture>/<name> in the current binary directory. Sources are relative to the current source directory. It is

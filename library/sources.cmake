@@ -1,5 +1,6 @@
 # The library's translation units: the one list that the ELF library and both slices of the dylib are built from.
 set(HUECRAFT_SOURCES
+    hooks/authentication.cpp
     hooks/background.cpp
     hooks/hook_table.cpp
     hooks/key_colours.cpp

@@ -58,14 +58,16 @@ Image Image::load(const std::filesystem::path& path, const Resolver& resolver, c
 }
 
 Image Image::load_bytes(std::span<const uint8_t> file, std::string name, const Resolver& resolver,
-                        const Rules& rules, FileType type) {
-    return naming_the_file(name, [&] { return Image(name, Bytes(file, "the file"), resolver, rules, type); });
+                        const Rules& rules, FileType type, Process process) {
+    return naming_the_file(name, [&] {
+        const Bytes bytes(file, "the file");
+        if (rules.slices) check_slices(bytes);
+        return Image(name, choose_slice(bytes, kThisCpu, type, process), resolver, rules);
+    });
 }
 
-Image::Image(std::string name, const Bytes& file, const Resolver& resolver, const Rules& rules, FileType type)
+Image::Image(std::string name, const Bytes& slice, const Resolver& resolver, const Rules& rules)
     : name_(std::move(name)) {
-    if (rules.slices) check_slices(file);
-    const Bytes slice = choose_slice(file, kThisCpu, type);
     layout_ = read_layout(slice);
     hold_to(rules, slice, layout_);
     resident_ = std::make_unique<Resident>(layout_, slice);

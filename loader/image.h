@@ -28,7 +28,8 @@ class Image {
     static Image load(const std::filesystem::path& path, const Resolver& resolver, const Rules& rules = {});
     /// The same with a file's bytes, which are not needed afterwards. `name` is for messages.
     static Image load_bytes(std::span<const uint8_t> file, std::string name, const Resolver& resolver,
-                            const Rules& rules = {}, FileType type = FileType::dylib);
+                            const Rules& rules = {}, FileType type = FileType::dylib,
+                            Process process = Process::arm64);
 
     Image(Image&&) noexcept;
     Image& operator=(Image&&) = delete;
@@ -63,7 +64,7 @@ class Image {
   private:
     struct Resident;
 
-    Image(std::string name, const Bytes& file, const Resolver& resolver, const Rules& rules, FileType type);
+    Image(std::string name, const Bytes& slice, const Resolver& resolver, const Rules& rules);
     void fix_up(const Bytes& slice, const Resolver& resolver);
     void find_initialisers();
     void find_entry();

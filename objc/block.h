@@ -40,9 +40,11 @@ class Block {
         : literal_{detail::class_of_stack_blocks(),
                    has_copy_and_dispose,
                    0,
-                   reinterpret_cast<void (*)()>(&Entry::call),
+                   {},
                    &descriptor,
-                   std::move(function)} {}
+                   std::move(function)} {
+        hand_over_in(literal_.invoke, reinterpret_cast<void (*)()>(&Entry::call));
+    }
     Block(const Block&) = delete;
 
     operator id() { return reinterpret_cast<id>(&literal_); }
@@ -59,7 +61,7 @@ class Block {
         const void* isa;
         unsigned flags;
         int reserved;
-        void (*invoke)();
+        Handed<void()> invoke;
         const Descriptor* descriptor;
         Function function;
     };
@@ -68,7 +70,9 @@ class Block {
     /// A copy's bytes are there already: what was captured is constructed over them.
     static void copy(Literal* to, const Literal* from) { new (&to->function) Function(from->function); }
     static void dispose(Literal* block) { block->function.~Function(); }
-    static constexpr Descriptor descriptor{0, sizeof(Literal), copy, dispose};
+    // Its functions cross the border without code of ours: what signs them knows them by the section.
+    [[gnu::section("__DATA,__block_desc")]] static constexpr Descriptor descriptor{0, sizeof(Literal), copy,
+                                                                                   dispose};
 
     Literal literal_;
 };

@@ -40,21 +40,25 @@ class Previous;
 template <class Result, class... Arguments>
 class Previous<Result(Arguments...)> {
   public:
-    Previous(IMP implementation, id self, SEL selector)
+    Previous(Handed<void()> implementation, id self, SEL selector)
         : implementation_(implementation),
           self_(self),
           selector_(selector) {}
+
+    /// Of an implementation that is known as it is.
+    Previous(IMP implementation, id self, SEL selector)
+        : Previous(Handed<void()>{implementation}, self, selector) {}
 
     Result operator()(Arguments... arguments) const {
         if (!implementation_) [[unlikely]]
             return Result();
         using Prototype = Crossing<Result> (*)(id, SEL, Crossing<Arguments>...);
-        auto function = reinterpret_cast<Prototype>(implementation_);
+        auto function = reinterpret_cast<Prototype>(take_back(implementation_));
         return detail::call<Result>(function, self_, selector_, departing<Arguments>(arguments)...);
     }
 
   private:
-    IMP implementation_;
+    Handed<void()> implementation_;
     id self_;
     SEL selector_;
 };
@@ -68,7 +72,7 @@ struct Replacement {
     static_assert(PassedAlike<Arguments...>, "more arguments than both processors pass alike");
     static constexpr size_t arity = sizeof...(Arguments);
     static constexpr auto types = encode_plain_method<Result, Arguments...>();
-    static inline constinit IMP previous = nullptr;
+    static inline constinit Handed<void()> previous{};
 
     static Crossing<Result> call(id self, SEL selector, Crossing<Arguments>... arguments) {
         return answer<Result>([&] {
@@ -170,8 +174,8 @@ struct HookRow {
     SEL (*selector)();
     /// The types of the replacement, which have to be the method's own.
     const char* types;
-    IMP (*replacement)();
-    IMP* previous;
+    Handed<void()> (*replacement)();
+    Handed<void()>* previous;
 };
 
 namespace detail {
@@ -184,7 +188,7 @@ consteval HookRow hook_row() {
     return {stored<Target::class_name>.text, Target::side, requires {Behaviour::adding;
 }
 , &objc::selector<Target::selector>, stored<Entry::types>.text,
-    [] { return reinterpret_cast<IMP>(&Entry::call); }, &Entry::previous
+    [] { return hand_over(reinterpret_cast<IMP>(&Entry::call)); }, &Entry::previous
 };  // namespace detail
 }  // namespace objc
 }  // namespace detail

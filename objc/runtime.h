@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "objc/handed.h"
+
 struct objc_class;
 struct objc_selector;
 struct objc_method;
@@ -61,9 +63,7 @@ Ivar class_getInstanceVariable(Class, const char* name);
 Ivar* class_copyIvarList(Class, unsigned* count);
 Method* class_copyMethodList(Class, unsigned* count);
 Method class_getInstanceMethod(Class, SEL);
-IMP class_getMethodImplementation(Class, SEL);
 BOOL class_addIvar(Class, const char* name, size_t size, uint8_t log2_alignment, const char* types);
-BOOL class_addMethod(Class, SEL, IMP, const char* types);
 BOOL class_addProtocol(Class, id protocol);
 BOOL class_conformsToProtocol(Class, id protocol);
 BOOL class_respondsToSelector(Class, SEL);
@@ -89,9 +89,12 @@ void* objc_autoreleasePoolPush();
 void objc_autoreleasePoolPop(void* pool);
 void objc_setAssociatedObject(id owner, const void* key, id value, uintptr_t policy);
 id objc_getAssociatedObject(id owner, const void* key);
-void dispatch_once_f(long* once, void* context, void (*function)(void*));
 
 #ifdef __APPLE__
+objc::Handed<void()> class_getMethodImplementation(Class, SEL);
+BOOL class_addMethod(Class, SEL, objc::Handed<void()>, const char* types);
+void dispatch_once_f(long* once, void* context, objc::Handed<void(void*)>);
+
 Class object_getClass(id);
 void objc_msgSend();
 void objc_msgSendSuper2();  // objc_super holds the current class
@@ -100,6 +103,11 @@ void objc_msgSend_stret();
 void objc_msgSendSuper2_stret();
 #endif
 #else
+// The simulator is no border to itself: it takes and gives addresses as they are.
+IMP class_getMethodImplementation(Class, SEL);
+BOOL class_addMethod(Class, SEL, IMP, const char* types);
+void dispatch_once_f(long* once, void* context, void (*function)(void*));
+
 IMP objc_msg_lookup(id, SEL);
 IMP objc_msg_lookup_super(objc_super*, SEL);  // objc_super holds the superclass
 int objc_getClassList(Class*, int capacity);
@@ -109,3 +117,13 @@ void __objc_update_dispatch_table_for_class(Class);
 inline Class object_getClass(id object) { return object ? object->isa : nullptr; }
 #endif
 }
+
+#ifndef __APPLE__
+inline BOOL class_addMethod(Class owner, SEL selector, objc::Handed<void()> implementation,
+                            const char* types) {
+    return class_addMethod(owner, selector, implementation.address, types);
+}
+inline void dispatch_once_f(long* once, void* context, objc::Handed<void(void*)> function) {
+    dispatch_once_f(once, context, function.address);
+}
+#endif

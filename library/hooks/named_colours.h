@@ -3,7 +3,8 @@
 
 namespace hooks {
 
-/// Hooks `UIKBGetNamedColor`, in every process: it may be asked on any thread.
+/// Hooks `UIKBGetNamedColor`, in every process: it may be asked on any thread. Where addresses are
+/// authenticated, in those with theming on.
 void hook_named_colours();
 
 }  // namespace hooks

@@ -1,6 +1,7 @@
 // The set-up: it runs once, on the loading thread, before the host's own code.
 #include "hooks/setup.h"
 
+#include "hooks/authentication.h"
 #include "hooks/hook_table.h"
 #include "hooks/shared_preferences.h"
 
@@ -25,6 +26,7 @@ NSString* executable_path() {
 
 void set_up() {
     objc::AutoreleasePool pool;
+    if (!signatures_agree()) return;
     NSString* executable = executable_path();
     if (!executable || !accepts_process(executable->UTF8String())) return;
     install(Condition::accepted_process);

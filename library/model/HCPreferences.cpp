@@ -38,9 +38,9 @@ struct Store : objc::Implements<Store, HCPreferences> {
     static HCPreferences* sharedInstance(Class self) {
         static constinit long once = 0;
         static constinit HCPreferences* instance = nullptr;
-        dispatch_once_f(&once, self, [](void* store_class) {
+        dispatch_once_f(&once, self, objc::hand_over(+[](void* store_class) {
             instance = objc::send<"new", HCPreferences*>(static_cast<id>(store_class));
-        });
+        }));
         return instance;
     }
 

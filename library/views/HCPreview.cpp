@@ -54,9 +54,9 @@ struct Preview : objc::Implements<Preview, HCPreview> {
     static HCPreview* sharedInstance(Class self) {
         static constinit long once = 0;
         static constinit HCPreview* instance = nullptr;
-        dispatch_once_f(&once, self, [](void* preview_class) {
+        dispatch_once_f(&once, self, objc::hand_over(+[](void* preview_class) {
             instance = objc::make<"init", HCPreview>(static_cast<Class>(preview_class)).leak();
-        });
+        }));
         return instance;
     }
 

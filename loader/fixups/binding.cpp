@@ -5,6 +5,8 @@
 #include <tuple>
 
 #include "loader/fault.h"
+#include "loader/fixups/threaded.h"
+#include "objc/pointer_signature.h"
 
 namespace macho {
 namespace {
@@ -26,6 +28,25 @@ class Binder {
             const uintptr_t slot = mapping_.address_of(row.address);
             set(slot, result_.imports[import].target, row.addend, table);
             result_.binds.push_back({slot, import, row.addend, table});
+        }
+    }
+
+    /// The pointers into the image, too: they stand in the same chains.
+    void bind_threaded(const ThreadedFixups& fixups) {
+        std::vector<size_t> imports;
+        for (const BindRow& row : fixups.rows) imports.push_back(import_of(row, BindTable::regular));
+        for (const ThreadedPointer& pointer : fixups.pointers) {
+            const uintptr_t slot = mapping_.address_of(pointer.address);
+            if (!pointer.row) {
+                mapping_.write_pointer(slot, signed_as(pointer, mapping_.address_of(pointer.target)),
+                                       "a chained pointer");
+                continue;
+            }
+            const size_t import = imports[*pointer.row];
+            const auto target = reinterpret_cast<uintptr_t>(result_.imports[import].target);
+            const uintptr_t bound = target + static_cast<uintptr_t>(pointer.addend);
+            mapping_.write_pointer(slot, target ? signed_as(pointer, bound) : 0, "a bound pointer");
+            result_.binds.push_back({slot, import, pointer.addend, BindTable::regular});
         }
     }
 
@@ -58,6 +79,17 @@ class Binder {
             result_.imports.push_back(std::move(import));
         }
         return known->second;
+    }
+
+    uintptr_t signed_as(const ThreadedPointer& pointer, uintptr_t target) const {
+        if (!pointer.signature) return target;
+        const auto& [key, address_mixed_in, discriminator] = *pointer.signature;
+        if (key != PointerSignature::kInstructionA)
+            refuse("a pointer is signed with a key that is not supported (found key " + std::to_string(key) +
+                   " at " + hex(pointer.address) + ", expected 0, IA)");
+        const uintptr_t slot = mapping_.address_of(pointer.address);
+        return objc::signed_pointer(target,
+                                    objc::signature_modifier(address_mixed_in ? slot : 0, discriminator));
     }
 
     /// Null for a special ordinal.
@@ -95,6 +127,10 @@ class Binder {
 Binding bind_all(const Layout& layout, const Bytes& slice, const ExportTable& exports, Mapping& mapping,
                  const Resolver& resolver) {
     Binder binder(layout, exports, mapping, resolver);
+    if (layout.arm64e) {
+        binder.bind_threaded(read_threaded(slice, layout));
+        return binder.finish();
+    }
     const auto table = [&](FileRange range) { return slice.part(range.offset, range.size, "a bind table"); };
     binder.bind(table(layout.bind), BindTable::regular);
     binder.bind(table(layout.weak_bind), BindTable::weak);

@@ -24,6 +24,13 @@ constexpr uint64_t page_size(Cpu cpu) { return cpu == Cpu::arm64 ? 0x4000 : 0x10
 inline constexpr uint32_t kSubtypeMask = 0x00ffffff;  // without capability bits
 inline constexpr uint32_t CPU_SUBTYPE_ARM64E = 2;
 
+/// What an image is loaded into.
+enum class Process {
+    arm64,         ///< on a processor up to the A11
+    arm64_on_a12,  ///< an application there: of a file it gets the arm64e slice first
+    arm64e,        ///< the system's own on an A12: it takes arm64e alone
+};
+
 enum class FileType : uint32_t { executable = 2, dylib = 6 };  // MH_EXECUTE, MH_DYLIB
 inline constexpr uint32_t MH_PIE = 0x200000;
 

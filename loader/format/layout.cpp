@@ -56,6 +56,7 @@ class LoadCommands {
   public:
     explicit LoadCommands(const Bytes& slice) : slice_(slice) {
         layout_.cpu = static_cast<Cpu>(slice.u32(4));
+        layout_.arm64e = layout_.cpu == Cpu::arm64 && slice.u32(8) == CPU_SUBTYPE_ARM64E;
         layout_.type = static_cast<FileType>(slice.u32(12));
         layout_.position_independent = (slice.u32(24) & MH_PIE) != 0;
     }

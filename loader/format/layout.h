@@ -50,6 +50,7 @@ struct BuildVersion {
 
 struct Layout {
     Cpu cpu;
+    bool arm64e;  ///< its fix-ups are threaded
     FileType type;
     std::vector<Segment> segments;  ///< in file order, which the fix-up opcodes count by
     std::vector<Section> sections;

@@ -24,11 +24,12 @@ struct FatArch {
 bool is_fat(const Bytes& file);
 std::vector<FatArch> read_fat_archs(const Bytes& file);
 
-/// "x86_64", "arm64", "arm64e", "processor 0x7".
+/// "x86_64", "arm64", "arm64e", "arm64e of subtype 0x80000002", "processor 0x7".
 std::string processor_text(uint32_t type, uint32_t subtype);
 
 /// The Mach-O dylib or main executable for `cpu` inside `file`: the file itself, or one slice of a fat file.
 /// Its magic number, processor and file type are what they should be.
-Bytes choose_slice(const Bytes& file, Cpu cpu, FileType type = FileType::dylib);
+Bytes choose_slice(const Bytes& file, Cpu cpu, FileType type = FileType::dylib,
+                   Process process = Process::arm64);
 
 }  // namespace macho

@@ -8,6 +8,7 @@
 
 #include "loader/fault.h"
 #include "loader/image.h"
+#include "objc/pointer_signature.h"
 
 namespace macho {
 namespace {
@@ -45,7 +46,9 @@ enum CategoryField : uint64_t {
 };
 constexpr uint32_t RO_META = 1;
 
+constexpr uint64_t kListHeadSize = 8;          // entsize_list_t: the size of a row, and how many
 constexpr uint64_t kMethodRowSize = 24;        // method_t
+constexpr uint64_t kImplementation = 16;       // in a method_t
 constexpr uint64_t kVariableRowSize = 32;      // ivar_t
 constexpr uint64_t kPropertyRowSize = 16;      // property_t
 constexpr uint64_t kProtocolSize = 24;         // of the fields of any: isa, name, protocols
@@ -258,13 +261,13 @@ class MetadataReader {
     /// The size and the number of its rows come first.
     Bytes bytes_of_rows(uintptr_t list, uint64_t row_size, std::string_view what) {
         if (!list) return {{}, what};
-        const Bytes head = mapping_.read(list, 8, what);
+        const Bytes head = mapping_.read(list, kListHeadSize, what);
         claim(list, what);
         if (const uint64_t found = head.u32(0) & kRowSizeMask; found != row_size)
             refuse(std::string(what) + " has rows of " + std::to_string(found) + " bytes (expected " +
                    std::to_string(row_size) + ")");
         const uint64_t size = head.u32(4) * row_size;
-        return size ? mapping_.read(list + 8, size, what) : Bytes({}, what);
+        return size ? mapping_.read(list + kListHeadSize, size, what) : Bytes({}, what);
     }
 
     /// No list belongs to two classes. This keeps a damaged file from being read many times over.
@@ -274,18 +277,32 @@ class MetadataReader {
 
     std::vector<MethodDescription> methods(uintptr_t list) {
         std::vector<MethodDescription> found;
+        uintptr_t place = list + kListHeadSize + kImplementation;
         for (const Bytes& row : rows(list, kMethodRowSize, "the list of methods")) {
-            const MethodDescription method{.name = mapping_.text(row.u64(0), "a method's name"),
-                                           .types = mapping_.text(row.u64(8), "a method's types"),
-                                           .implementation = row.u64(16)};
+            MethodDescription method{.name = mapping_.text(row.u64(0), "a method's name"),
+                                     .types = mapping_.text(row.u64(8), "a method's types"),
+                                     .implementation = row.u64(kImplementation)};
             if (!*method.name || !*method.types)
                 refuse(std::string("the method \"") + method.name + "\" has an empty name or type");
+            if (layout_.arm64e) authenticate(method, place);
+            place += kMethodRowSize;
             if (!mapping_.is_code(method.implementation))
                 refuse(std::string("the method ") + method.name + " is not code of the image (found " +
                        hex(method.implementation - mapping_.slide()) + ")");
             found.push_back(method);
         }
         return found;
+    }
+
+    /// As the device's runtime does: an implementation is signed for the place in its list.
+    static void authenticate(MethodDescription& method, uintptr_t place) {
+        const auto authentic =
+            objc::authenticated_pointer(method.implementation, objc::signature_modifier(place, 0));
+        if (!authentic)
+            refuse(
+                std::string("the method ") + method.name +
+                " is not signed for its place (expected key IA with the address of the list's row mixed in)");
+        method.implementation = *authentic;
     }
 
     std::vector<VariableDescription> variables(uintptr_t list) {

@@ -67,6 +67,20 @@ typedef enum sim_injection {
     SIM_INJECTION_GUARDED = 3
 } sim_injection;
 
+/* What kind of process it is, on which processor. */
+typedef enum sim_process {
+    /* arm64, up to the A11: of a file it loads the arm64 slice alone. */
+    SIM_PROCESS_ARM64 = 0,
+    /* An application for arm64 on an A12: it loads the arm64e slice where there is one. Its processor
+     * authenticates no addresses, and neither must this machine's. */
+    SIM_PROCESS_ARM64_ON_A12 = 1,
+    /* The system's own on an A12, SpringBoard and its applications: it loads arm64e slices alone. Addresses
+     * of functions are authenticated, and this machine's processor has to do that; the simulator checks every
+     * one that it is handed by a library built for the device, and signs every one that it returns. Of the
+     * injection frameworks, a lenient one wants signed addresses, and the others strip what they get. */
+    SIM_PROCESS_ARM64E = 2
+} sim_process;
+
 /* What the phone is. Every member but `size` and `root` may be left zero, which is its default. */
 typedef struct sim_options {
     /* sizeof(sim_options): later versions of this interface add members at the end. */
@@ -106,6 +120,10 @@ typedef struct sim_options {
      * "AccessibilityXXXL": "L". */
     const char* text_size;
     bool reduce_motion;
+    int process; /* a sim_process */
+    /* In an arm64e process, the runtime answers class_getMethodImplementation without a signature: a phone
+     * that does not do as is known of it. */
+    bool unsigned_answers;
 } sim_options;
 
 /* Switches the phone on: once per process. */

@@ -13,8 +13,10 @@
 #include "interface/leak_checking.h"
 #include "interface/refusal.h"
 #include "objc/class.h"
+#include "objc/pointer_signature.h"
 #include "objc/string.h"
 #include "phone/file_system.h"
+#include "runtime/injection/authentication.h"
 #include "runtime/references/reference_counting.h"
 #include "uikit/geometry_values.h"
 #include "uikit/scrolling/index_paths.h"
@@ -78,6 +80,15 @@ void check(const Device& device) {
                                       "\"; it is numbers with dots between them, such as \"12.4\"");
 }
 
+void check_process(const BootOptions& options) {
+    const bool authenticated = options.device.process == Process::arm64e;
+    if (authenticated && !objc::processor_authenticates())
+        throw Refusal(SIM_MISUSE,
+                      "this machine's processor does not authenticate addresses, as an arm64e process needs");
+    if (!authenticated && options.unsigned_answers)
+        throw Refusal(SIM_MISUSE, "answers without signatures are of an arm64e process alone");
+}
+
 bool is_platform_class(std::string_view name) {
     for (auto* record = __start_objc_classes; record != __stop_objc_classes; ++record)
         if ((*record)->name == name) return true;
@@ -107,6 +118,7 @@ void check(const BootOptions& options) {
         throw Refusal(SIM_MISUSE, "the executable is \"" + options.executable +
                                       "\"; it is a path of the device and begins with /");
     check(options.device);
+    check_process(options);
     for (const std::string& name : options.left_out_classes)
         if (!is_platform_class(name))
             throw Refusal(SIM_NOT_FOUND,
@@ -150,6 +162,7 @@ void boot(const BootOptions& options) {
     start_foundation(options.executable, options.arguments);
     install_reference_counting();
     limit_hooks(options.hook_limits);
+    if (options.device.process == Process::arm64e) authenticate_addresses(options.unsigned_answers);
     mount_root(root);
     deny_folders(options.denied_folders);
     objc_autoreleasePoolPush();  // the main thread's outermost pool, which is never drained

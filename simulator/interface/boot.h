@@ -20,6 +20,8 @@ struct BootOptions {
     /// Names of classes that the model has and this phone has not.
     std::set<std::string, std::less<>> left_out_classes;
     HookLimits hook_limits;
+    /// Of an arm64e process: its runtime answers without signatures.
+    bool unsigned_answers = false;
     /// Of the device, without links, by their paths without a slash at the end.
     std::vector<std::string> denied_folders;
 };

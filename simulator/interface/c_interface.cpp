@@ -77,6 +77,15 @@ sim::Injection injection(int kind) {
                   "sim_boot: there is no kind " + std::to_string(kind) + " of injection framework");
 }
 
+sim::Process process(int kind) {
+    switch (kind) {
+        case SIM_PROCESS_ARM64: return sim::Process::arm64;
+        case SIM_PROCESS_ARM64_ON_A12: return sim::Process::arm64_on_a12;
+        case SIM_PROCESS_ARM64E: return sim::Process::arm64e;
+    }
+    throw Refusal(SIM_MISUSE, "sim_boot: there is no kind " + std::to_string(kind) + " of process");
+}
+
 template <class Container>
 void insert_all(Container& into, const char* const* names) {
     for (; names && *names; ++names) into.insert(into.end(), *names);
@@ -103,6 +112,8 @@ sim::BootOptions boot_options(const sim_options& given) {
     insert_all(limits.methods_without_previous, options.methods_without_previous);
     insert_all(limits.unpatchable_functions, options.unpatchable_functions);
     insert_all(wanted.denied_folders, options.denied_folders);
+    wanted.device.process = process(options.process);
+    wanted.unsigned_answers = options.unsigned_answers;
     return wanted;
 }
 

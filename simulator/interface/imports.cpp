@@ -13,6 +13,7 @@
 #include "objc/runtime.h"
 #include "runtime/exceptions.h"
 #include "runtime/exported.h"
+#include "runtime/injection/authentication.h"
 #include "runtime/not_modelled.h"
 
 namespace sim {
@@ -102,6 +103,7 @@ void* resolve_import(const std::string& symbol) {
     };
     for (const Import& import : imports)
         if (import.symbol == symbol) return import.address;
+    if (void* at_border = border_function(symbol)) return at_border;
     return in_this_module_or_below(symbol);
 }
 

@@ -10,7 +10,10 @@
 #include "interface/refusal.h"
 #include "loader/image.h"
 #include "loader/objc/objc_import.h"
+#include "objc/pointer_signature.h"
 #include "objc/runtime.h"
+#include "phone/device.h"
+#include "runtime/injection/authentication.h"
 #include "runtime/injection/installing_calls.h"
 
 namespace sim {
@@ -72,6 +75,15 @@ void adopt_strings(const macho::Image& image) {
     }
 }
 
+macho::Process loading_process() {
+    switch (device().process) {
+        case Process::arm64: return macho::Process::arm64;
+        case Process::arm64_on_a12: return macho::Process::arm64_on_a12;
+        case Process::arm64e: return macho::Process::arm64e;
+    }
+    __builtin_unreachable();
+}
+
 /// The image, mapped and bound. The file's contents are gone by the time that anything of it runs.
 macho::Image image_of(const std::string& host_path, std::string contents, macho::FileType type) {
     const std::span file(reinterpret_cast<const uint8_t*>(contents.data()), contents.size());
@@ -80,7 +92,16 @@ macho::Image image_of(const std::string& host_path, std::string contents, macho:
         const Library* library = library_installed_as(import.install_name);
         return library ? library->symbol(import.symbol) : resolve_import(import.symbol);
     };
-    return macho::Image::load_bytes(file, host_path, resolve, macho::Rules{}, type);
+    if (device().process != Process::arm64e && objc::processor_authenticates())
+        throw Refusal(SIM_MISUSE,
+                      "this machine's processor authenticates addresses; what is built for the device "
+                      "runs on it in an arm64e process alone");
+    auto image = macho::Image::load_bytes(file, host_path, resolve, macho::Rules{}, type, loading_process());
+    if (image.layout().arm64e && device().process == Process::arm64e) {
+        const uintptr_t start = image.mapping().address_of(image.layout().start);
+        note_authenticating_image(reinterpret_cast<const void*>(start), image.layout().extent);
+    }
+    return image;
 }
 
 }  // namespace

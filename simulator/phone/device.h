@@ -4,6 +4,13 @@
 
 namespace sim {
 
+/// The process and its processor.
+enum class Process {
+    arm64,         ///< up to the A11
+    arm64_on_a12,  ///< an application for arm64 there
+    arm64e,        ///< the system's own on an A12
+};
+
 struct Device {
     std::string system_version = "12.4";
     /// In points, portrait.
@@ -17,6 +24,7 @@ struct Device {
     /// How large the user wants text: the end of a category's name, "L" at first.
     std::string text_size = "L";
     bool reduce_motion = false;
+    Process process = Process::arm64;
 };
 
 /// The device that was booted; the defaults before that. It does not change afterwards.

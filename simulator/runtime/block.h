@@ -12,18 +12,14 @@ inline objc::strong<NSObject> kept_block(id block) {
     return objc::adopt(static_cast<NSObject*>(_Block_copy(block)));
 }
 
+/// What calling it calls.
+IMP function_of_block(id block);
+
 /// Calls a block without a result; nil does nothing.
 template <class... Arguments>
 void call_block(id block, Arguments... arguments) {
-    struct Layout {
-        Class isa;
-        uint32_t flags;
-        int32_t reserved;
-        void (*invoke)();
-    };
     if (!block) return;
-    auto* invoke = reinterpret_cast<Layout*>(block)->invoke;
-    reinterpret_cast<void (*)(id, objc::Crossing<Arguments>...)>(invoke)(
+    reinterpret_cast<void (*)(id, objc::Crossing<Arguments>...)>(function_of_block(block))(
         block, objc::departing<Arguments>(arguments)...);
 }
 

@@ -6,7 +6,9 @@
 
 #include "objc/class.h"
 #include "platform/foundation.h"
+#include "runtime/block.h"
 #include "runtime/exported.h"
+#include "runtime/injection/authentication.h"
 
 namespace {
 
@@ -28,7 +30,19 @@ constexpr uint32_t is_copied = 1 << 24, has_copy_and_dispose = 1 << 25, is_globa
 
 auto* layout_of(const void* block) { return static_cast<BlockLayout*>(const_cast<void*>(block)); }
 
+/// A function of the block's. In an arm64e process it is signed for the field that it stands in; blocks made
+/// by the simulator and by what is built for Linux have it as it is.
+template <class Function>
+Function* function_in(Function* const& field, const BlockLayout& block, const char* what) {
+    if (!sim::is_in_authenticating_image(block.descriptor)) return field;
+    return reinterpret_cast<Function*>(sim::authenticated(reinterpret_cast<IMP>(field), &field, what));
+}
+
+IMP invoke_of(const BlockLayout& block) { return function_in(block.invoke, block, "a block's function"); }
+
 }  // namespace
+
+IMP sim::function_of_block(id block) { return invoke_of(*layout_of(block)); }
 
 struct NSBlock : objc::Interface<NSBlock, "NSBlock", NSObject> {};
 struct __NSStackBlock__ : objc::Interface<__NSStackBlock__, "__NSStackBlock__", NSBlock> {};
@@ -46,7 +60,10 @@ SIM_EXPORTED void* _Block_copy(const void* block) {
     std::memcpy(copy, original, original->descriptor->size);
     copy->isa = __NSMallocBlock__::class_object();
     copy->flags = (copy->flags & ~count_mask) | is_copied | one_reference;
-    if (copy->flags & has_copy_and_dispose) copy->descriptor->copy(copy, original);
+    if (sim::is_in_authenticating_image(copy->descriptor))
+        copy->invoke = sim::signed_for(invoke_of(*original), &copy->invoke);
+    if (copy->flags & has_copy_and_dispose)
+        function_in(copy->descriptor->copy, *copy, "a block's copy function")(copy, original);
     return copy;
 }
 
@@ -54,7 +71,8 @@ SIM_EXPORTED void _Block_release(const void* block) {
     auto* copy = layout_of(block);
     if (!copy || !(copy->flags & is_copied)) return;
     if (__atomic_sub_fetch(&copy->flags, one_reference, __ATOMIC_ACQ_REL) & count_mask) return;
-    if (copy->flags & has_copy_and_dispose) copy->descriptor->dispose(copy);
+    if (copy->flags & has_copy_and_dispose)
+        function_in(copy->descriptor->dispose, *copy, "a block's dispose function")(copy);
     std::free(copy);
 }
 

@@ -45,7 +45,7 @@ bool inherits(Class derived, Class ancestor) {
 }  // namespace
 
 bool add_method(Class owner, SEL selector, IMP implementation, const char* types) {
-    static auto* const original = in_libobjc<decltype(class_addMethod)>("class_addMethod");
+    static auto* const original = in_libobjc<BOOL(Class, SEL, IMP, const char*)>("class_addMethod");
     return original(owner, selector, implementation, types);
 }
 

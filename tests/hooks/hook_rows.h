@@ -5,12 +5,19 @@
 #include <vector>
 
 #include "hooks/row_list.h"
+#include "support/phone.h"
 
 namespace test {
 
 using Rows = std::vector<std::string>;
 
 inline const std::string named_colour_row = "function UIKBGetNamedColor";
+
+/// With theming off: in an arm64e process the function is hooked only when it is on.
+inline Rows and_named_colours_unless_arm64e(Rows rows) {
+    if (process_under_test() != SIM_PROCESS_ARM64E) rows.push_back(named_colour_row);
+    return rows;
+}
 
 /// "-[Class selector]" or "-[Class selector] added as v@:@".
 inline std::string recorded(const hooks::ListedRow& row) {

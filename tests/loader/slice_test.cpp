@@ -76,7 +76,7 @@ TEST(SliceTest, ASliceForAnotherKindOfArm64IsNotTaken) {
     EXPECT_EQ(refusal(fat({header(kArm, 2), header(kX86)}), Cpu::arm64),
               "no slice for this processor (found arm64e, x86_64, expected arm64)");
     EXPECT_EQ(refusal(header(kArm, 0x80000002), Cpu::arm64),
-              "built for another processor (found arm64e, expected arm64)");
+              "built for another processor (found arm64e of subtype 0x80000002, expected arm64)");
 }
 
 TEST(SliceTest, AFatFileWithoutSlicesIsRefused) {

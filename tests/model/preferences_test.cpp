@@ -324,7 +324,8 @@ TEST_F(Preferences, ThreadsThatAskAtOnceGetOneInstance) {
             answer = objc::send<"sharedInstance", id>(store_class);
         });
     for (auto& thread : threads) thread.join();
-    EXPECT_EQ(made_stores, 1);
+    // In an arm64e process the library has asked for it by then, before it hooks the named colours.
+    EXPECT_EQ(made_stores, process_under_test() == SIM_PROCESS_ARM64E ? 0 : 1);
     EXPECT_NE(answers[0], nullptr);
     EXPECT_EQ(answers, std::vector<id>(8, answers[0]));
 }

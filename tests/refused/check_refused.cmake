@@ -4,7 +4,7 @@ string(REGEX REPLACE "^// refused: " "" message "${first_line}")
 if(message STREQUAL first_line)
     message(FATAL_ERROR "${SOURCE}: the first line is '${first_line}', expected '// refused: <message>'")
 endif()
-set(compile ${COMPILER} -std=c++20 -fsyntax-only -I ${INCLUDE} ${SOURCE})
+set(compile ${COMPILER} ${OPTIONS} -std=c++20 -fsyntax-only -I ${INCLUDE} ${SOURCE})
 
 execute_process(COMMAND ${compile} -DCORRECTED RESULT_VARIABLE status ERROR_VARIABLE errors)
 if(status)

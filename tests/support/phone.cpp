@@ -96,6 +96,15 @@ static sim_injection injection_under_test() {
     return SIM_INJECTION_LENIENT;
 }
 
+sim_process process_under_test() {
+    const char* given = std::getenv("HUECRAFT_PROCESS");
+    const std::string name = given ? given : "arm64";
+    if (name == "arm64_on_a12") return SIM_PROCESS_ARM64_ON_A12;
+    if (name == "arm64e") return SIM_PROCESS_ARM64E;
+    EXPECT_EQ(name, "arm64") << "HUECRAFT_PROCESS names no kind of process";
+    return SIM_PROCESS_ARM64;
+}
+
 void Phone::boot(const Options& wanted) {
     Options lists = wanted;
     for (auto* list :
@@ -121,6 +130,8 @@ void Phone::boot(const Options& wanted) {
     options.injection = wanted.injection.value_or(injection_under_test());
     options.unpatchable_functions = lists.unpatchable.data();
     options.denied_folders = lists.denied.data();
+    options.process = wanted.process.value_or(process_under_test());
+    options.unsigned_answers = wanted.unsigned_answers;
     ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
     pool_ = objc_autoreleasePoolPush();
 }

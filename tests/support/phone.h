@@ -90,6 +90,9 @@ class Phone {
         bool right_to_left = false;
         const char* text_size = nullptr;
         bool reduce_motion = false;
+        /// Otherwise the one that HUECRAFT_PROCESS names.
+        std::optional<sim_process> process = {};
+        bool unsigned_answers = false;
     };
     void boot(const Options& options);
     void boot() { boot(Options{}); }
@@ -108,6 +111,9 @@ class Phone {
     sim_library* library_ = nullptr;
     void* pool_ = nullptr;
 };
+
+/// The kind of process that HUECRAFT_PROCESS names: the library's tests run in several.
+sim_process process_under_test();
 
 /// The installing calls as lines: "-[Class selector]", "+[Class selector]", "-[Class selector] added as
 /// v@:@", "function name"; a call for a class that is missing has "nil" for its class.

@@ -21,6 +21,7 @@ END
 build_for_arm64() {
     build release device_package
     build release describe_package
+    build release arm64e_package
     "$root/cmake/arm64/make_sysroot" "$root/build/arm64-sysroot" || exit
     build arm64
 }

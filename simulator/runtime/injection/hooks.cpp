@@ -8,6 +8,7 @@
 
 #include "platform/substrate.h"
 #include "runtime/exported.h"
+#include "runtime/injection/authentication.h"
 #include "runtime/injection/hookable_function.h"
 #include "runtime/injection/installing_calls.h"
 #include "runtime/injection/trampolines.h"
@@ -46,11 +47,12 @@ bool names(const Names& methods, Class owner, SEL selector) {
     std::abort();
 }
 
-void fill(IMP* slot, IMP implementation) {
-    if (slot) std::atomic_ref(*slot).store(implementation);
+void fill(PreviousSlot slot, IMP implementation) {
+    if (!slot.place) return;
+    std::atomic_ref(*slot.place).store(slot.is_signed ? signed_for(implementation, nullptr) : implementation);
 }
 
-void replace_nothing(Class owner, SEL selector, IMP* previous) {
+void replace_nothing(Class owner, SEL selector, PreviousSlot previous) {
     switch (limits().injection) {
         case Injection::lenient:
         case Injection::guarded: return;
@@ -63,13 +65,13 @@ void replace_nothing(Class owner, SEL selector, IMP* previous) {
 
 /// The slot is filled before the replacement can run, and a call on another thread finds in it what to call
 /// at any time.
-void replace(Class owner, Method method, IMP replacement, IMP* previous) {
+void replace(Class owner, Method method, IMP replacement, PreviousSlot previous) {
     if (limits().injection == Injection::lenient) {
         fill(previous, method_getImplementation(method));
         replace_method(owner, method, replacement);
         return;
     }
-    if (previous) fill(previous, trampoline_to_slot(previous));
+    if (previous.place) fill(previous, trampoline_to_slot(previous.place));
     const SEL selector = method_getName(method);
     const bool inherited = add_method(owner, selector, replacement, method_getTypeEncoding(method));
     fill(previous,
@@ -80,43 +82,50 @@ void replace(Class owner, Method method, IMP replacement, IMP* previous) {
 
 void limit_hooks(HookLimits wanted) { limits() = std::move(wanted); }
 
+bool framework_strips() { return limits().injection != Injection::lenient; }
+
 bool is_hookable_function(const std::string& name) {
     for (auto* listed = __start_hookable_functions; listed != __stop_hookable_functions; ++listed)
         if ((*listed)->name() == name) return true;
     return false;
 }
 
-}  // namespace sim
-
-using sim::InstallingCall;
-
-SIM_EXPORTED void MSHookMessageEx(Class owner, SEL selector, IMP replacement, IMP* previous) {
-    const sim::HookLimits& limits = sim::limits();
-    const bool found = owner && !sim::names(limits.unfound_methods, owner, selector);
+void hook_message(Class owner, SEL selector, IMP replacement, PreviousSlot previous) {
+    const bool found = owner && !names(limits().unfound_methods, owner, selector);
     Method method = found ? class_getInstanceMethod(owner, selector) : nullptr;
     const char* types = method ? method_getTypeEncoding(method) : nullptr;
     if (!method)
-        sim::replace_nothing(owner, selector, previous);
-    else if (sim::names(limits.methods_without_previous, owner, selector))
-        sim::replace_method(owner, method, replacement);
+        replace_nothing(owner, selector, previous);
+    else if (names(limits().methods_without_previous, owner, selector))
+        replace_method(owner, method, replacement);
     else
-        sim::replace(owner, method, replacement, previous);
-    sim::record({.kind = InstallingCall::Kind::hook_message,
-                 .owner = owner,
-                 .selector = selector,
-                 .types = types,
-                 .took_effect = method != nullptr});
+        replace(owner, method, replacement, previous);
+    record({.kind = InstallingCall::Kind::hook_message,
+            .owner = owner,
+            .selector = selector,
+            .types = types,
+            .took_effect = method != nullptr});
+}
+
+void hook_function(void* symbol, void* replacement, PreviousSlot previous) {
+    Hookable& function = hookable_at(symbol);
+    const bool patchable = !limits().unpatchable_functions.contains(function.name());
+    if (patchable) {
+        fill(previous, reinterpret_cast<IMP>(function.current()));
+        function.replace(replacement);
+    } else if (limits().injection != Injection::lenient) {
+        give_up("MSHookFunction", std::string(function.name()) + " cannot be patched");
+    }
+    record(
+        {.kind = InstallingCall::Kind::hook_function, .function = function.name(), .took_effect = patchable});
+}
+
+}  // namespace sim
+
+SIM_EXPORTED void MSHookMessageEx(Class owner, SEL selector, IMP replacement, IMP* previous) {
+    sim::hook_message(owner, selector, replacement, {previous, false});
 }
 
 SIM_EXPORTED void MSHookFunction(void* symbol, void* replacement, void** previous) {
-    sim::Hookable& function = sim::hookable_at(symbol);
-    const bool patchable = !sim::limits().unpatchable_functions.contains(function.name());
-    if (patchable) {
-        if (previous) *previous = function.current();
-        function.replace(replacement);
-    } else if (sim::limits().injection != sim::Injection::lenient) {
-        sim::give_up("MSHookFunction", std::string(function.name()) + " cannot be patched");
-    }
-    sim::record(
-        {.kind = InstallingCall::Kind::hook_function, .function = function.name(), .took_effect = patchable});
+    sim::hook_function(symbol, replacement, {reinterpret_cast<IMP*>(previous), false});
 }

@@ -4,6 +4,8 @@
 #include <set>
 #include <string>
 
+#include "objc/runtime.h"
+
 namespace sim {
 
 /// Methods by name, "-[Class selector]", "+[Class selector]", or functions.
@@ -29,6 +31,17 @@ struct HookLimits {
 /// From now on the framework is like that.
 void limit_hooks(HookLimits);
 
+/// Whether the framework takes the signatures off what it is handed, without looking at them.
+bool framework_strips();
+
 bool is_hookable_function(const std::string& name);
+
+/// Where the framework leaves what something was; signed for a library that is handed signed addresses.
+struct PreviousSlot {
+    IMP* place;
+    bool is_signed;
+};
+void hook_message(Class, SEL, IMP replacement, PreviousSlot previous);
+void hook_function(void* symbol, void* replacement, PreviousSlot previous);
 
 }  // namespace sim

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <thread>
 
+#include "objc/pointer_signature.h"
 #include "runtime/not_modelled.h"
 
 // Beside the message sends: each entry passes its number on, with the arguments as they came.
@@ -49,6 +50,10 @@ extern "C" [[gnu::used]] IMP sim_trampoline_target(unsigned number) {
     const auto& [owner, selector, slot] = sim::trampolines[number];
     if (!slot) return class_getMethodImplementation(class_getSuperclass(owner), selector);
     IMP target;
-    while ((target = std::atomic_ref(*slot).load()) == sim::entry(number)) std::this_thread::yield();
+    const auto in_slot = [place = slot] {
+        const auto found = reinterpret_cast<uintptr_t>(std::atomic_ref(*place).load());
+        return reinterpret_cast<IMP>(objc::stripped_pointer(found));
+    };
+    while ((target = in_slot()) == sim::entry(number)) std::this_thread::yield();
     return target;
 }

@@ -21,17 +21,19 @@ struct Thing : objc::Implements<Thing, SampleThing> {
 };
 
 int initializers_run = 0;
-CGRect (*previous_bounds)(id, SEL) = nullptr;
-CGColorRef (*previous_color)(NSString*) = nullptr;
+objc::Handed<void()> previous_bounds{};
+objc::Handed<CGColorRef(NSString*)> previous_color{};
 
 CGRect bounds(id self, SEL selector) {
-    CGRect rectangle = previous_bounds(self, selector);
+    CGRect rectangle =
+        reinterpret_cast<CGRect (*)(id, SEL)>(objc::take_back(previous_bounds))(self, selector);
     rectangle.size.width += 1000;
     return rectangle;
 }
 
 CGColorRef color(NSString* name) {
-    return previous_color(name->isEqualToString("UIKBColorBlack"_ns) ? "UIKBColorWhite"_ns : name);
+    return objc::take_back(previous_color)(name->isEqualToString("UIKBColorBlack"_ns) ? "UIKBColorWhite"_ns
+                                                                                      : name);
 }
 
 long count_initializers(id, SEL) { return initializers_run; }
@@ -46,18 +48,17 @@ bool shall_raise() {
 void install() {
     ++initializers_run;
     if (shall_raise()) objc::send<"noSuchMethod">("a string"_ns);
-    MSHookMessageEx(objc_getClass("UIScreen"), objc::selector<"bounds">(), reinterpret_cast<IMP>(&bounds),
-                    reinterpret_cast<IMP*>(&previous_bounds));
-    MSHookMessageEx(objc_getClass("SampleMissing"), objc::selector<"bounds">(),
-                    reinterpret_cast<IMP>(&bounds), reinterpret_cast<IMP*>(&previous_bounds));
+    const auto replacement = objc::hand_over(reinterpret_cast<IMP>(&bounds));
+    MSHookMessageEx(objc_getClass("UIScreen"), objc::selector<"bounds">(), replacement, &previous_bounds);
+    MSHookMessageEx(objc_getClass("SampleMissing"), objc::selector<"bounds">(), replacement,
+                    &previous_bounds);
     class_addMethod(objc_getClass("UIScreen"), objc::selector<"countInitializers">(),
-                    reinterpret_cast<IMP>(&count_initializers), "q@:");
+                    objc::hand_over(reinterpret_cast<IMP>(&count_initializers)), "q@:");
 }
 
 void install_function() {
     ++initializers_run;
-    MSHookFunction(reinterpret_cast<void*>(&UIKBGetNamedColor), reinterpret_cast<void*>(&color),
-                   reinterpret_cast<void**>(&previous_color));
+    MSHookFunction(objc::hand_over(&UIKBGetNamedColor), objc::hand_over(&color), &previous_color);
 }
 
 }  // namespace

@@ -31,6 +31,9 @@ std::string octal(unsigned mode);
 /// The dylib: what system it is for, what it takes and offers, its signature and size.
 Checks checks_of_dylib(const std::string& bytes);
 
+/// The dylib for the A12: of each of its two slices the same, and that they are one code.
+Checks checks_of_a12_dylib(const std::string& bytes);
+
 /// The same of the settings pane, and of huecraft-describe.
 Checks checks_of_pane(const std::string& bytes);
 Checks checks_of_executable(const std::string& bytes);

@@ -9,10 +9,12 @@
 #include <span>
 #include <sstream>
 
+#include "arm64e/comparison.h"
 #include "cli/terminal.h"
 #include "loader/fault.h"
 #include "loader/fixups/bind_opcodes.h"
 #include "loader/fixups/rebase.h"
+#include "loader/fixups/threaded.h"
 #include "loader/format/command_names.h"
 #include "loader/format/exports.h"
 #include "loader/format/slice.h"
@@ -105,8 +107,11 @@ Names listed_exports(const char* list) {
 
 class ImageChecks {
   public:
-    ImageChecks(const std::string& bytes, const Promise& promise)
+    ImageChecks(const std::string& bytes, const Promise& promise,
+                macho::Process process = macho::Process::arm64, std::string prefix = {})
         : promise_(promise),
+          process_(process),
+          prefix_(std::move(prefix)),
           file_({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, promise.name) {}
 
     Checks all() {
@@ -132,7 +137,7 @@ class ImageChecks {
 
   private:
     void check(const std::string& name, const std::function<void(Check&)>& work) {
-        Check one{.name = name, .found = {}, .faults = {}};
+        Check one{.name = prefix_ + name, .found = {}, .faults = {}};
         collect(one, [&] { work(one); });
         checks_.push_back(std::move(one));
     }
@@ -158,17 +163,23 @@ class ImageChecks {
         if (macho::is_fat(file_))
             check.faults.push_back("found a file of several slices, expected the arm64 slice alone");
         collect(check, [this] { macho::check_slices(file_); });
-        slice_ = macho::choose_slice(file_, macho::Cpu::arm64, promise_.type);
-        check.found = "arm64 alone";
+        slice_ = macho::choose_slice(file_, macho::Cpu::arm64, promise_.type, process_);
+        check.found =
+            process_ == macho::Process::arm64e ? "arm64e, without bits of later systems" : "arm64 alone";
     }
 
     void fix_ups(Check& check) {
         if (!slice_) return check.faults.push_back("not checked, since there is no arm64 slice");
         macho::Layout layout = macho::read_layout(*slice_);
         macho::check_structure(*slice_, layout);
-        const auto rebases = macho::read_rebases(part(layout.rebase, "the rebase table"), layout);
+        if (layout.arm64e) {
+            const auto pointers = macho::read_threaded(*slice_, layout).pointers;
+            check.found = "threaded, " + counted(pointers.size(), "pointer");
+        } else {
+            const auto rebases = macho::read_rebases(part(layout.rebase, "the rebase table"), layout);
+            check.found = "classic, " + counted(rebases.size(), "rebased pointer");
+        }
         layout_ = std::move(layout);
-        check.found = "classic, " + counted(rebases.size(), "rebased pointer");
     }
 
     void system(Check& check) {
@@ -223,15 +234,11 @@ class ImageChecks {
                 check.faults.push_back("links with " + one_line(library.install_name) + ", which " + stubs +
                                        " has not");
         std::set<std::pair<std::string, std::string>> taken;
-        using macho::BindTable;
-        for (const auto& [range, table] : {std::pair{layout_->bind, BindTable::regular},
-                                           {layout_->weak_bind, BindTable::weak},
-                                           {layout_->lazy_bind, BindTable::lazy}})
-            for (const macho::BindRow& row : macho::read_binds(part(range, "a bind table"), table, *layout_))
-                taken.emplace(std::string(row.symbol),
-                              row.ordinal > 0
-                                  ? layout_->libraries.at(static_cast<size_t>(row.ordinal - 1)).install_name
-                                  : "");
+        for (const macho::BindRow& row : bound())
+            taken.emplace(std::string(row.symbol),
+                          row.ordinal > 0
+                              ? layout_->libraries.at(static_cast<size_t>(row.ordinal - 1)).install_name
+                              : "");
         for (const auto& [symbol, library] : taken) {
             const auto offer = offers.find(library);
             if (offer == offers.end() || !offer->second.contains(symbol))
@@ -241,6 +248,18 @@ class ImageChecks {
         }
         if (taken.empty()) check.faults.push_back("imports nothing: that cannot be the library");
         check.found = std::to_string(taken.size()) + ", as " + stubs + " lists them";
+    }
+
+    std::vector<macho::BindRow> bound() const {
+        if (layout_->arm64e) return macho::read_threaded(*slice_, *layout_).rows;
+        std::vector<macho::BindRow> all;
+        using macho::BindTable;
+        for (const auto& [range, table] : {std::pair{layout_->bind, BindTable::regular},
+                                           {layout_->weak_bind, BindTable::weak},
+                                           {layout_->lazy_bind, BindTable::lazy}})
+            std::ranges::copy(macho::read_binds(part(range, "a bind table"), table, *layout_),
+                              std::back_inserter(all));
+        return all;
     }
 
     void exports(Check& check) {
@@ -287,13 +306,57 @@ class ImageChecks {
     }
 
     const Promise& promise_;
+    macho::Process process_;
+    std::string prefix_;
     macho::Bytes file_;
     std::optional<macho::Bytes> slice_;
     std::optional<macho::Layout> layout_;
     Checks checks_;
 };
 
+/// The slices of a fat file, in its order: arm64 and arm64e, nothing else.
+std::vector<std::string> slices_of(const std::string& bytes) {
+    const macho::Bytes file({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, dylib.name);
+    if (!macho::is_fat(file)) macho::refuse("a file of one slice, expected arm64 and arm64e");
+    macho::check_slices(file);
+    std::vector<std::string> slices;
+    std::string found;
+    for (const macho::FatArch& arch : macho::read_fat_archs(file)) {
+        found += (found.empty() ? "" : ", ") + arch.processor();
+        slices.push_back(bytes.substr(arch.offset, arch.size));
+    }
+    if (found != "arm64, arm64e") macho::refuse(found + ", expected arm64, arm64e");
+    return slices;
+}
+
 }  // namespace
+
+Checks checks_of_a12_dylib(const std::string& bytes) {
+    Checks checks{{.name = "slices", .found = "arm64 and arm64e", .faults = {}}};
+    std::vector<std::string> slices;
+    try {
+        slices = slices_of(bytes);
+    } catch (const macho::Fault& fault) {
+        checks.front().faults.push_back("found " + one_line(fault.what(), 300));
+        return checks;
+    }
+    std::ranges::move(ImageChecks(slices[0], dylib, macho::Process::arm64, "arm64: ").all(),
+                      std::back_inserter(checks));
+    std::ranges::move(ImageChecks(slices[1], dylib, macho::Process::arm64e, "arm64e: ").all(),
+                      std::back_inserter(checks));
+
+    Check same{.name = "one code",
+               .found = "every byte of code and every pointer; signed is what others call",
+               .faults = {}};
+    try {
+        const auto data = [](const std::string& slice) { return arm64e::Data(slice.begin(), slice.end()); };
+        arm64e::compare(data(slices[0]), data(slices[1]));
+    } catch (const macho::Fault& fault) {
+        same.faults.push_back("found " + one_line(fault.what(), 300));
+    }
+    checks.push_back(std::move(same));
+    return checks;
+}
 
 Checks checks_of_dylib(const std::string& bytes) { return ImageChecks(bytes, dylib).all(); }
 Checks checks_of_pane(const std::string& bytes) { return ImageChecks(bytes, settings_pane).all(); }

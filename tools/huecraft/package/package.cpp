@@ -202,18 +202,15 @@ const PackagedFile* Package::installed(const std::string& path) const {
     return found == data.end() ? nullptr : &*found;
 }
 
-namespace {
-
-bool says_package(const Package& package, const std::string& name) {
-    const auto file = std::ranges::find(package.control, "/control", &PackagedFile::path);
-    return file != package.control.end() &&
+bool Package::says_it_is(const std::string& name) const {
+    const auto file = std::ranges::find(control, "/control", &PackagedFile::path);
+    return file != control.end() &&
            ("\n" + file->contents).find("\nPackage: " + name + "\n") != std::string::npos;
 }
 
-}  // namespace
-
-bool Package::is_of_describe() const { return says_package(*this, "com.quillmoth.huecraftios12.describe"); }
-bool Package::is_of_settings() const { return says_package(*this, "com.quillmoth.huecraftios12.settings"); }
+bool Package::is_of_describe() const { return says_it_is("com.quillmoth.huecraftios12.describe"); }
+bool Package::is_of_settings() const { return says_it_is("com.quillmoth.huecraftios12.settings"); }
+bool Package::is_for_a12() const { return says_it_is("com.quillmoth.huecraftios12.a12"); }
 bool Package::is_of_themes() const { return installed(packaged_themes); }
 
 const PackagedFile& Package::image() const {

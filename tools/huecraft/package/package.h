@@ -31,11 +31,16 @@ struct Package {
     bool is_of_describe() const;
     /// The same of the settings pane.
     bool is_of_settings() const;
+    /// Whether it says that it is the library's package for the A12, whose dylib has two slices.
+    bool is_for_a12() const;
     /// Whether it installs into the folder of packaged themes.
     bool is_of_themes() const;
     /// The one dylib, wherever it lies; of the package of huecraft-describe that executable, of the settings
     /// pane's its binary. A package of themes has none.
     const PackagedFile& image() const;
+
+  private:
+    bool says_it_is(const std::string& name) const;
 };
 
 inline constexpr const char* describe_path = "/usr/bin/huecraft-describe";

@@ -52,6 +52,7 @@ struct PackageCheck {
         const std::string& image = package.image().contents;
         std::ranges::move(package.is_of_describe()   ? checks_of_executable(image)
                           : package.is_of_settings() ? checks_of_pane(image)
+                          : package.is_for_a12()     ? checks_of_a12_dylib(image)
                                                      : checks_of_dylib(image),
                           std::back_inserter(checks));
         return checks;

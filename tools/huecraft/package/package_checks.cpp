@@ -35,7 +35,7 @@ constexpr const char* pictures[] = {"PreviewKeyboardBackground.png",
 constexpr const char* folders_of_describe[] = {"/", "/usr", "/usr/bin"};
 const std::string settings_bundle = "/Library/PreferenceBundles/HuecraftSettings.bundle",
                   settings_entry = "/Library/PreferenceLoader/Preferences/HuecraftSettings.plist";
-constexpr size_t largest_package = 250 << 10;
+constexpr size_t largest_package = 250 << 10, largest_package_for_a12 = 420 << 10;
 
 /// What users have, and a package must never bring along or replace: settings and themes.
 bool is_preference(const PackagedFile& file) {
@@ -137,17 +137,23 @@ Check control(const Package& package) {
     Check check{.name = "control", .found = {}, .faults = fields.faults};
     auto& faults = check.faults;
     if (fields.values.empty()) return check;
-    const bool describe = package.is_of_describe(), settings = package.is_of_settings();
+    const bool describe = package.is_of_describe(), settings = package.is_of_settings(),
+               for_a12 = package.is_for_a12();
+    const std::string library = "com.quillmoth.huecraftios12";
     const std::string needs = describe   ? ""
-                              : settings ? "com.quillmoth.huecraftios12, preferenceloader, "
+                              : settings ? library + ", preferenceloader, "
                                          : "mobilesubstrate, ";
-    const std::pair<const char*, std::string> expected[] = {
-        {"Package", std::string("com.quillmoth.huecraftios12") + (describe   ? ".describe"
-                                                                  : settings ? ".settings"
-                                                                             : "")},
+    std::vector<std::pair<const char*, std::string>> expected{
+        {"Package", library + (describe   ? ".describe"
+                               : settings ? ".settings"
+                               : for_a12  ? ".a12"
+                                          : "")},
         {"Architecture", "iphoneos-arm"},
         {"Depends", needs + "firmware (>= 12.0), firmware (<< 13.0)"},
     };
+    // One stands in the other's place: both have the same files.
+    if (for_a12)
+        for (const char* field : {"Provides", "Conflicts", "Replaces"}) expected.emplace_back(field, library);
     for (const auto& [name, value] : expected)
         if (fields.value(name) != value)
             faults.push_back(std::string(name) + ": found " + fields.found(name) + ", expected \"" + value +
@@ -158,7 +164,8 @@ Check control(const Package& package) {
         if (fields.value(name).empty())
             faults.push_back(std::string(name) + ": found nothing, expected a text");
     // Someone with an unsupported device must learn it before the installation.
-    for (const char* word : {"Not supported", "A12", "arm64e", "Nothing of this package was run on a device"})
+    for (const char* word : {for_a12 ? "EXPERIMENTAL" : "Not supported", "A12", "arm64e",
+                             "Nothing of this package was run on a device"})
         if (fields.value("Description").find(word) == std::string::npos)
             faults.push_back("Description: expected to find \"" + std::string(word) + "\"");
     check.found = "version " + one_line(fields.value("Version")) + ", iphoneos-arm, iOS 12";
@@ -219,10 +226,11 @@ Check size(const Package& package) {
                 .found = std::to_string(package.size) +
                          " bytes; unpacked and without the preview's pictures " + std::to_string(bytes),
                 .faults = {}};
-    if (bytes > largest_package)
+    const size_t largest = package.is_for_a12() ? largest_package_for_a12 : largest_package;
+    if (bytes > largest)
         check.faults.push_back("found " + std::to_string(bytes) +
                                " bytes unpacked and without the preview's pictures, expected at most " +
-                               std::to_string(largest_package));
+                               std::to_string(largest));
     return check;
 }
 
