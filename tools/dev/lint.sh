@@ -5,7 +5,7 @@ help_lint() {
     cat <<END
 usage: ./dev lint
 
-Checks every file, tracked or not: format, clang-tidy on objc/, platform/, library/ and loader/, include directions,
+Checks every file, tracked or not: format, clang-tidy on objc/, platform/ and library/, include directions,
 macros, file lengths, trailing whitespace, scripts. Each check prints one line "ok ..." or the offending places, and any of those fails the command.
 END
 }
@@ -50,7 +50,7 @@ check_tidy() {
             print name >list
         }
         /^$/ && list != "" { close(list) }'
-    files -path './objc/*.cpp' -o -path './platform/*.cpp' -o -path './library/*.cpp' -o -path './loader/*.cpp' |
+    files -path './objc/*.cpp' -o -path './platform/*.cpp' -o -path './library/*.cpp' |
         LLVM=$llvm xargs -0 -r -n 1 -P "$(nproc)" bash -c "$(declare -f tidy); tidy \"\$1\"" tidy
 }
 
@@ -153,6 +153,6 @@ command_lint() {
     check "no line ends in blanks" check_whitespace
     check "links of pages lead to files" check_links
     check "scripts are sound" check_scripts
-    check "clang-tidy finds nothing in objc/, platform/, library/ and loader/" check_tidy
+    check "clang-tidy finds nothing in objc/, platform/ and library/" check_tidy
     return "$lint_status"
 }
