@@ -10,7 +10,7 @@
 #include "describe/hooked_method.h"
 #include "describe/list.h"
 #include "describe/subjects.h"
-#include "objc/plain_types.h"
+#include "objc/descriptions/plain_types.h"
 
 namespace describe {
 namespace {

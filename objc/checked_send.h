@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "objc/encoding.h"
-#include "objc/passed_types.h"
+#include "objc/descriptions/passed_types.h"
 
 namespace objc::detail {
 

@@ -71,10 +71,12 @@ strong<UITableViewCell> segmented_cell() {
 }
 
 strong<UITableViewCell> keyboard_cell(NSInteger index) {
-    auto cell = UIInputSwitcherTableCell::alloc()->initWithStyle(0, "keyboard"_ns);
+    strong<UITableViewCell> cell(UIInputSwitcherTableCell::alloc()->initWithStyle(0, "keyboard"_ns).get());
+    // Without that class the row is a plain one.
+    if (!cell) cell = UITableViewCell::make<"initWithStyle:reuseIdentifier:">(NSInteger{0}, "keyboard"_ns);
     cell->textLabel()->setText(NSString::stringWithUTF8String(keyboards[index]));
     cell->setSelected(index == 0, false);
-    return strong<UITableViewCell>(cell.get());
+    return cell;
 }
 
 struct SwitcherView : objc::Implements<SwitcherView, UIInputSwitcherView> {

@@ -1,6 +1,6 @@
 #include "doctor/method_types.h"
 
-#include "objc/passed_types.h"
+#include "objc/descriptions/passed_types.h"
 
 namespace command {
 

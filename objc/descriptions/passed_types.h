@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "objc/plain_types.h"
+#include "objc/descriptions/plain_types.h"
 
 namespace objc {
 
