@@ -71,12 +71,10 @@ strong<UITableViewCell> segmented_cell() {
 }
 
 strong<UITableViewCell> keyboard_cell(NSInteger index) {
-    strong<UITableViewCell> cell(UIInputSwitcherTableCell::alloc()->initWithStyle(0, "keyboard"_ns).get());
-    // Without that class the row is a plain one.
-    if (!cell) cell = UITableViewCell::make<"initWithStyle:reuseIdentifier:">(NSInteger{0}, "keyboard"_ns);
+    auto cell = UIInputSwitcherTableCell::alloc()->initWithStyle(0, "keyboard"_ns);
     cell->textLabel()->setText(NSString::stringWithUTF8String(keyboards[index]));
     cell->setSelected(index == 0, false);
-    return cell;
+    return strong<UITableViewCell>(cell.get());
 }
 
 struct SwitcherView : objc::Implements<SwitcherView, UIInputSwitcherView> {
@@ -87,7 +85,10 @@ struct SwitcherView : objc::Implements<SwitcherView, UIInputSwitcherView> {
     NSInteger numberOfItems() { return keyboard_count + 1; }
 
     UITableViewCell* cellForRow(UITableView*, NSIndexPath* path) {
-        return (is_segmented(path) ? segmented_cell() : keyboard_cell(path->item())).autoreleased();
+        strong<UITableViewCell> cell = is_segmented(path) ? segmented_cell() : keyboard_cell(path->item());
+        // Without their classes the rows are plain ones.
+        if (!cell) cell = UITableViewCell::make<"initWithStyle:reuseIdentifier:">(NSInteger{0}, "plain"_ns);
+        return std::move(cell).autoreleased();
     }
 
     CGFloat heightForRow(UITableView*, NSIndexPath* path) {
