@@ -61,14 +61,14 @@ TEST_F(MainExecutable, IsNoLibrary) {
                 EndsWith("not a dynamic library (found file type 2, expected 6)"));
 }
 
-TEST_F(MainExecutable, WithoutAPlaceToBeginIsRefused) {
+TEST_F(MainExecutable, WithoutAnEntryPointIsRefused) {
     put(command(lc_main), 0x2a);  // LC_SOURCE_VERSION, which nobody needs
-    EXPECT_THAT(refusal(), EndsWith("no place to begin (expected the load command LC_MAIN)"));
+    EXPECT_THAT(refusal(), EndsWith("no entry point (expected the load command LC_MAIN)"));
 }
 
 TEST_F(MainExecutable, OneThatBeginsOutsideItsCodeIsRefused) {
     put(command(lc_main) + 8, 0x7ffffff0);
-    EXPECT_THAT(refusal(), EndsWith("LC_MAIN begins at what is no code of the image (found 0x7ffffff0)"));
+    EXPECT_THAT(refusal(), EndsWith("LC_MAIN: the entry point is not code of the image (found 0x7ffffff0)"));
 }
 
 TEST_F(MainExecutable, OneThatIsNotThereIsNamed) {
