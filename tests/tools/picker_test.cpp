@@ -487,7 +487,7 @@ TEST_F(Picker, OptionsThatMeanNothingAreMisuse) {
     EXPECT_EQ(complaint("", {"--width", "390"}),
               "--width: \"390\" is not one of 320|375|414 (see huecraft picker --help)\n");
     EXPECT_NE(complaint("", {"--key", "text"}).find("--theme"), std::string::npos);
-    EXPECT_NE(complaint("", {"--color", "bluish"}).find("is no colour"), std::string::npos);
+    EXPECT_NE(complaint("", {"--color", "bluish"}).find("is not a colour"), std::string::npos);
 }
 
 }  // namespace
