@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "objc/encoding.h"
 #include "objc/descriptions/passed_types.h"
+#include "objc/encoding.h"
 
 namespace objc::detail {
 
