@@ -138,7 +138,7 @@ struct UISlider : objc::Interface<UISlider, "UISlider", UIControl> {
 struct UISwitch : objc::Interface<UISwitch, "UISwitch", UIControl> {
     bool isOn() { return send<"isOn", bool>(); }
     void setOn(bool on) { send<"setOn:">(on); }
-    /// Nobody is told.
+    /// Notifies nobody.
     void setOn(bool on, bool animated) { send<"setOn:animated:">(on, animated); }
     /// nil is green.
     UIColor* onTintColor() { return send<"onTintColor", UIColor*>(); }

@@ -11,7 +11,7 @@ constexpr UIGestureRecognizerState UIGestureRecognizerStateEnded = 3;
 constexpr UIGestureRecognizerState UIGestureRecognizerStateCancelled = 4;
 constexpr UIGestureRecognizerState UIGestureRecognizerStateFailed = 5;
 
-/// Watches the touches of its view. Once it recognises them the view is told that they are over.
+/// Watches the touches of its view. Once it recognises them, they are cancelled for the view.
 struct UIGestureRecognizer : objc::Interface<UIGestureRecognizer, "UIGestureRecognizer", NSObject> {
     /// The target is not retained; the action takes nothing, or the recogniser.
     objc::strong<UIGestureRecognizer> initWithTarget(id target, SEL action) {

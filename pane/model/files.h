@@ -5,7 +5,7 @@
 namespace pane {
 
 /// The content of a property list file; nil, and why, for none. The error may be another than Foundation's: a
-/// file that is no property list is told in the user's words.
+/// file that is not a property list is described in the user's words.
 id read_property_list(NSString* path, NSError** error);
 
 /// The old file, or the new one; never half of it.

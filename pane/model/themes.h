@@ -33,7 +33,7 @@ NSString* save(HuecraftConfig* theme, NSString* file, NSError** error);
 NSString* copy_to_user(NSString* file, NSError** error);
 /// Under the name "… copy", or "… copy 2".
 NSString* duplicate(NSString* folder, NSString* file, NSError** error);
-/// A name that is only spelled otherwise keeps its file. The old file stays: whoever speaks of it is told
+/// A name that is only spelled otherwise keeps its file. The old file stays: whoever refers to it is notified
 /// first, and then it is removed.
 NSString* write_under_name(NSString* file, NSString* name, NSError** error);
 

@@ -339,7 +339,7 @@ SIM_API sim_status sim_shared_item_at(size_t index, sim_shared_item* item);
 
 /* ---- Memory ------------------------------------------------------------------------------------------- */
 
-/* The system runs out of memory: a notification is posted, and every controller on the screen is told. */
+/* The system runs out of memory: a notification is posted, and every controller on the screen notified. */
 SIM_API sim_status sim_warn_of_memory(void);
 
 /* ---- Typing ------------------------------------------------------------------------------------------ */

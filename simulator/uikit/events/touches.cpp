@@ -20,7 +20,7 @@ struct Contact {
     strong<UIEvent> event;
     /// A scroll view follows the finger, and what was touched is told no more.
     bool drags = false;
-    /// A gesture recogniser has taken the touches, and what was touched is told no more.
+    /// A gesture recogniser has taken the touches; what was touched gets no more of them.
     bool is_gesture = false;
     Drag drag;
 
@@ -40,7 +40,7 @@ void set_phase(Contact& contact, UITouchPhase phase) {
     for (UITouch* touch : contact.touches) state_of(touch).phase = phase;
 }
 
-/// Two fingers are told to views that want several; others hear nothing of them.
+/// Two fingers reach views that want several, and no others.
 void tell(const Contact& contact) {
     NSSet* touches = contact.event->allTouches();
     UIView* view = contact.first()->view();
@@ -82,7 +82,7 @@ void move(Contact& contact, UITouchPhase phase, const std::vector<CGPoint>& poin
     }
 }
 
-/// What was touched is told that the touch is over, because something else follows the finger now.
+/// The touch is cancelled for what was touched: something else follows the finger now.
 void cancel_in_view(Contact& contact) {
     const UITouchPhase phase = contact.first()->phase();
     set_phase(contact, UITouchPhaseCancelled);

@@ -32,7 +32,7 @@ void GestureRecognizer::removeTarget(id target, SEL action) {
     });
 }
 
-// Who is told may change the list.
+// Its targets may change the list.
 void GestureRecognizer::tell() {
     struct Call {
         strong<NSObject> target;

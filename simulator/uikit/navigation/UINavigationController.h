@@ -1,4 +1,4 @@
-// The implementation of navigation controllers: the stack, and what is told when it changes.
+// The implementation of navigation controllers: the stack, and what is notified when it changes.
 #pragma once
 #include <vector>
 

@@ -1,4 +1,4 @@
-// Navigation controllers: the stack, the bar above it, and what its controllers are told.
+// Navigation controllers: the stack, the bar above it, and what its controllers are sent.
 #include "page_test.h"
 
 namespace test {

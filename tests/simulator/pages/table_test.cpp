@@ -303,7 +303,7 @@ TEST_F(Tables, ASwitchAtTheEndOfARowIsTouched) {
     tap_label("Huecraft is on");
     EXPECT_TRUE(toggle->isOn());
     EXPECT_EQ(just_heard(), Heard{"pressedBy 7"});
-    toggle->setOn(false, false);  // nobody is told
+    toggle->setOn(false, false);  // notifies nobody
     EXPECT_EQ(just_heard(), Heard{});
 }
 
