@@ -151,7 +151,7 @@ struct UITableView : objc::Interface<UITableView, "UITableView", UIScrollView> {
 
     /// At the next layout everything is asked for again.
     void reloadData() { send<"reloadData">(); }
-    /// The data source has the new rows already; another number than it had and was told raises
+    /// The data source has the new rows already; a number that does not follow from the change raises
     /// NSInternalInconsistencyException.
     void insertRows(NSArray* paths, UITableViewRowAnimation animation) {
         send<"insertRowsAtIndexPaths:withRowAnimation:">(paths, animation);

@@ -1,4 +1,4 @@
-// Whether a theme's labels and highlights can be told from what is behind them: huecraft lint's judgement, of
+// Whether a theme's labels and highlights stand out from what is behind them: huecraft lint's judgement, of
 // a background that the pane draws itself.
 #pragma once
 #include <optional>

@@ -72,7 +72,7 @@ void Control::sendAction(SEL action, id target, UIEvent* event) {
     UIApplication::sharedApplication()->sendAction(action, target, this, event);
 }
 
-// Who is told may change the list, and may let go of the control.
+// A target may change the list, and may let go of the control.
 void Control::tell(UIControlEvents events, UIEvent* event) {
     struct Call {
         strong<NSObject> target;

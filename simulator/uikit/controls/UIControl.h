@@ -8,7 +8,7 @@
 
 namespace sim {
 
-/// Who is told of some events, and how.
+/// Who is notified of some events, and how.
 struct ControlAction {
     objc::weak<NSObject> target;
     /// nil was given, and not an object that has gone since.

@@ -18,7 +18,7 @@ using objc::strong;
 struct Contact {
     std::vector<strong<UITouch>> touches;
     strong<UIEvent> event;
-    /// A scroll view follows the finger, and what was touched is told no more.
+    /// A scroll view follows the finger, and what was touched gets no more of the touch.
     bool drags = false;
     /// A gesture recogniser has taken the touches; what was touched gets no more of them.
     bool is_gesture = false;
@@ -28,7 +28,7 @@ struct Contact {
     bool is_pair() const { return touches.size() > 1; }
 };
 
-/// Shared, since whatever is told of a touch may take the finger away.
+/// Shared, since whatever handles a touch may take the finger away.
 std::shared_ptr<Contact>& contact() {
     static auto* current = new std::shared_ptr<Contact>;
     return *current;
@@ -141,7 +141,7 @@ bool move_fingers(UITouchPhase phase, const std::vector<CGPoint>& points, std::s
     } else
         move(*contact(), phase, points);
     const std::shared_ptr<Contact> told = contact();
-    // Lifted first: whatever is told of the end may raise, or touch again.
+    // Lifted first: whatever handles the end may raise, or touch again.
     const bool is_last = phase == UITouchPhaseEnded || phase == UITouchPhaseCancelled;
     if (is_last) contact() = nullptr;
     struct Forgetting {
