@@ -91,6 +91,18 @@ function(add_arm64e_slice target name)
     add_custom_target(${target} DEPENDS ${output})
 endfunction()
 
+# join_device_slices(<target> <name> <slice>...): one file of several slices, <name> in the current binary directory.
+function(join_device_slices target name)
+    set(joined ${CMAKE_CURRENT_BINARY_DIR}/${name})
+    add_custom_command(
+        OUTPUT ${joined}
+        COMMAND ${DEVICE_LIPO} -create ${ARGN} -output ${joined}
+        DEPENDS ${ARGN}
+        COMMENT "Joining slices: ${name}"
+        VERBATIM)
+    add_custom_target(${target} ALL DEPENDS ${joined})
+endfunction()
+
 # add_device_slice(<architecture> OUTPUT <name> INSTALL_NAME <path> EXPORTS <file> [STUBS <file>...] [OWN_STUBS <file>...]
 #     SOURCES <source>...)
 # Builds <architecture>/<name> in the current binary directory. Sources are relative to the current source directory. It is

@@ -28,14 +28,12 @@ std::vector<std::string> faults_of_frame(const Package& package);
 /// A mode as it is written: "0644".
 std::string octal(unsigned mode);
 
-/// The dylib: what system it is for, what it takes and offers, its signature and size.
-Checks checks_of_dylib(const std::string& bytes);
-
-/// The dylib for the A12: of each of its two slices the same, and that they are one code.
-Checks checks_of_a12_dylib(const std::string& bytes);
+/// The dylib: what system it is for, what it takes and offers, its signature and size. For the A12: the same
+/// of each of its two slices, and that they are one code.
+Checks checks_of_dylib(const std::string& bytes, bool for_a12);
 
 /// The same of the settings pane, and of huecraft-describe.
-Checks checks_of_pane(const std::string& bytes);
+Checks checks_of_pane(const std::string& bytes, bool for_a12);
 Checks checks_of_executable(const std::string& bytes);
 
 }  // namespace command

@@ -315,8 +315,8 @@ class ImageChecks {
 };
 
 /// The slices of a fat file, in its order: arm64 and arm64e, nothing else.
-std::vector<std::string> slices_of(const std::string& bytes) {
-    const macho::Bytes file({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, dylib.name);
+std::vector<std::string> slices_of(const std::string& bytes, const Promise& promise) {
+    const macho::Bytes file({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}, promise.name);
     if (!macho::is_fat(file)) macho::refuse("a file of one slice, expected arm64 and arm64e");
     macho::check_slices(file);
     std::vector<std::string> slices;
@@ -329,20 +329,18 @@ std::vector<std::string> slices_of(const std::string& bytes) {
     return slices;
 }
 
-}  // namespace
-
-Checks checks_of_a12_dylib(const std::string& bytes) {
+Checks checks_of_two_slices(const std::string& bytes, const Promise& promise) {
     Checks checks{{.name = "slices", .found = "arm64 and arm64e", .faults = {}}};
     std::vector<std::string> slices;
     try {
-        slices = slices_of(bytes);
+        slices = slices_of(bytes, promise);
     } catch (const macho::Fault& fault) {
         checks.front().faults.push_back("found " + one_line(fault.what(), 300));
         return checks;
     }
-    std::ranges::move(ImageChecks(slices[0], dylib, macho::Process::arm64, "arm64: ").all(),
+    std::ranges::move(ImageChecks(slices[0], promise, macho::Process::arm64, "arm64: ").all(),
                       std::back_inserter(checks));
-    std::ranges::move(ImageChecks(slices[1], dylib, macho::Process::arm64e, "arm64e: ").all(),
+    std::ranges::move(ImageChecks(slices[1], promise, macho::Process::arm64e, "arm64e: ").all(),
                       std::back_inserter(checks));
 
     Check same{.name = "one code",
@@ -358,8 +356,14 @@ Checks checks_of_a12_dylib(const std::string& bytes) {
     return checks;
 }
 
-Checks checks_of_dylib(const std::string& bytes) { return ImageChecks(bytes, dylib).all(); }
-Checks checks_of_pane(const std::string& bytes) { return ImageChecks(bytes, settings_pane).all(); }
+}  // namespace
+
+Checks checks_of_dylib(const std::string& bytes, bool for_a12) {
+    return for_a12 ? checks_of_two_slices(bytes, dylib) : ImageChecks(bytes, dylib).all();
+}
+Checks checks_of_pane(const std::string& bytes, bool for_a12) {
+    return for_a12 ? checks_of_two_slices(bytes, settings_pane) : ImageChecks(bytes, settings_pane).all();
+}
 Checks checks_of_executable(const std::string& bytes) { return ImageChecks(bytes, executable).all(); }
 
 }  // namespace command

@@ -209,8 +209,14 @@ bool Package::says_it_is(const std::string& name) const {
 }
 
 bool Package::is_of_describe() const { return says_it_is("com.quillmoth.huecraftios12.describe"); }
-bool Package::is_of_settings() const { return says_it_is("com.quillmoth.huecraftios12.settings"); }
-bool Package::is_for_a12() const { return says_it_is("com.quillmoth.huecraftios12.a12"); }
+bool Package::is_of_settings() const {
+    return says_it_is("com.quillmoth.huecraftios12.settings") ||
+           says_it_is("com.quillmoth.huecraftios12.settings.a12");
+}
+bool Package::is_for_a12() const {
+    return says_it_is("com.quillmoth.huecraftios12.a12") ||
+           says_it_is("com.quillmoth.huecraftios12.settings.a12");
+}
 bool Package::is_of_themes() const { return installed(packaged_themes); }
 
 const PackagedFile& Package::image() const {

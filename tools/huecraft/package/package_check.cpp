@@ -51,9 +51,8 @@ struct PackageCheck {
         Checks checks = checks_of_package(package);
         const std::string& image = package.image().contents;
         std::ranges::move(package.is_of_describe()   ? checks_of_executable(image)
-                          : package.is_of_settings() ? checks_of_pane(image)
-                          : package.is_for_a12()     ? checks_of_a12_dylib(image)
-                                                     : checks_of_dylib(image),
+                          : package.is_of_settings() ? checks_of_pane(image, package.is_for_a12())
+                                                     : checks_of_dylib(image, package.is_for_a12()),
                           std::back_inserter(checks));
         return checks;
     }

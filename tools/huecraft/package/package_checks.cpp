@@ -143,17 +143,16 @@ Check control(const Package& package) {
     const std::string needs = describe   ? ""
                               : settings ? library + ", preferenceloader, "
                                          : "mobilesubstrate, ";
+    const std::string ordinary = library + (describe ? ".describe" : settings ? ".settings" : "");
     std::vector<std::pair<const char*, std::string>> expected{
-        {"Package", library + (describe   ? ".describe"
-                               : settings ? ".settings"
-                               : for_a12  ? ".a12"
-                                          : "")},
+        {"Package", ordinary + (for_a12 ? ".a12" : "")},
         {"Architecture", "iphoneos-arm"},
         {"Depends", needs + "firmware (>= 12.0), firmware (<< 13.0)"},
     };
     // One stands in the other's place: both have the same files.
     if (for_a12)
-        for (const char* field : {"Provides", "Conflicts", "Replaces"}) expected.emplace_back(field, library);
+        for (const char* field : {"Provides", "Conflicts", "Replaces"})
+            expected.emplace_back(field, ordinary);
     for (const auto& [name, value] : expected)
         if (fields.value(name) != value)
             faults.push_back(std::string(name) + ": found " + fields.found(name) + ", expected \"" + value +
