@@ -22,6 +22,8 @@ build_for_arm64() {
     build release device_package
     build release describe_package
     build release arm64e_package
+    build release pane_package
+    build release arm64e_pane_package
     "$root/cmake/arm64/make_sysroot" "$root/build/arm64-sysroot" || exit
     build arm64
 }
