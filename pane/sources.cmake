@@ -12,13 +12,17 @@ set(HUECRAFT_PANE_MODEL
     model/shelf.cpp
     model/sitting.cpp
     model/themes.cpp
+    model/themes_as_text.cpp
     texts.cpp)
 set(HUECRAFT_PANE_SOURCES
     ${HUECRAFT_PANE_MODEL}
     image.cpp
     screens/HuecraftSettingsController.cpp
+    screens/applying.cpp
     screens/asking.cpp
     screens/bottom_bar.cpp
+    screens/plain_rows.cpp
     screens/preview_header.cpp
+    screens/theme_actions.cpp
     screens/theme_rows.cpp
     standard_library.cpp)

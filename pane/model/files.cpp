@@ -9,10 +9,6 @@ namespace {
 // Foundation's numbers of its errors.
 constexpr NSInteger no_such_file_to_write = 4, no_such_file_to_read = 260;
 
-/// The largest file that is read. A theme of the largest keyboard's pixels is below 5 MB; what is much larger
-/// is none.
-constexpr uint64_t largest_file = 64 << 20;
-
 }  // namespace
 
 id read_property_list(NSString* path, NSError** error) {

@@ -4,6 +4,10 @@
 
 namespace pane {
 
+/// The largest theme that is read. One of the largest keyboard's pixels is below 5 MB; what is much larger is
+/// none.
+constexpr uint64_t largest_file = 64 << 20;
+
 /// The content of a property list file; nil, and why, for none. The error may be another than Foundation's: a
 /// file that is not a property list is described in the user's words.
 id read_property_list(NSString* path, NSError** error);

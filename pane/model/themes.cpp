@@ -25,18 +25,41 @@ NSString* string_of(std::u16string_view units) {
     return NSString::stringWithCharacters(units.data(), units.size());
 }
 
-/// `text`, or "text 2", or … with the ending; the first that no file in the folder has, in whatever case.
-NSString* free_file(NSString* name, NSString* folder) {
-    NSString* stem = name ? string_of(stem_of(units_of(name))) : nullptr;
-    if (!stem || stem->length() == 0) stem = "Theme"_ns;
-    NSMutableArray* taken = NSMutableArray::arrayWithCapacity(16);
-    objc::for_each<NSString>(NSFileManager::defaultManager()->contentsOfDirectoryAtPath(folder, nullptr),
-                             [&](NSString* file) { taken->addObject(file->lowercaseString()); });
-    for (NSInteger number = 1;; ++number) {
-        NSString* file = number == 1 ? stem : with("%1 %2"_ns, stem, number_text(number));
-        file = file->stringByAppendingString(".plist"_ns);
-        if (!taken->containsObject(file->lowercaseString())) return file;
+/// A theme's name, and the file for it.
+struct Place {
+    NSString *name, *file;
+};
+
+/// The names of a folder's files, whatever their case.
+class Taken {
+  public:
+    explicit Taken(NSString* folder) : names_(NSMutableArray::arrayWithCapacity(16)) {
+        objc::for_each<NSString>(NSFileManager::defaultManager()->contentsOfDirectoryAtPath(folder, nullptr),
+                                 [&](NSString* file) { names_->addObject(file->lowercaseString()); });
     }
+    bool has(NSString* file) const { return names_->containsObject(file->lowercaseString()); }
+
+  private:
+    NSMutableArray* names_;
+};
+
+/// The name, or with a number behind it when that is not 1; a name without anything for a file gets one.
+Place numbered(NSString* name, NSInteger number) {
+    NSString* stem = name ? string_of(stem_of(units_of(name))) : nullptr;
+    const bool is_usable = stem && stem->length() > 0;
+    if (!is_usable) stem = "Theme"_ns;
+    if (number > 1) {
+        stem = with("%1 %2"_ns, stem, number_text(number));
+        if (is_usable) name = with("%1 %2"_ns, name, number_text(number));
+    }
+    return {name, stem->stringByAppendingString(".plist"_ns)};
+}
+
+/// The first that no file in the user's folder has.
+Place free_place(NSString* name) {
+    const Taken taken(folder());
+    for (NSInteger number = 1;; ++number)
+        if (const Place place = numbered(name, number); !taken.has(place.file)) return place;
 }
 
 /// A key's value is as a theme's maker meant it. The list of colours may hold others' entries.
@@ -100,34 +123,51 @@ NSArray* files_in(NSString* folder, NSError** error) {
 }
 
 Reading read(NSString* folder, NSString* file) {
-    Reading reading;
     NSError* error = nullptr;
-    id root = read_property_list(in(folder, file), &error);
+    if (id root = read_property_list(in(folder, file), &error)) return read(root);
+    Reading reading;
+    reading.fault = error->localizedDescription();
+    return reading;
+}
+
+Reading read(id root) {
+    Reading reading;
     auto* content = as<NSDictionary>(root);
-    if (content)
-        reading.theme = theme_of(content);
-    else
-        reading.fault = root ? text<"The file holds no theme.">() : error->localizedDescription();
-    if (content) reading.remark = remark_on(content);
-    if (content && !reading.theme) reading.fault = text<"Huecraft itself is not loaded here.">();
+    if (!content) {
+        reading.fault = text<"The file holds no theme.">();
+        return reading;
+    }
+    reading.theme = theme_of(content);
+    reading.remark = remark_on(content);
+    if (!reading.theme) reading.fault = text<"Huecraft itself is not loaded here.">();
     return reading;
 }
 
 strong<HuecraftConfig> copy_of(HuecraftConfig* theme) { return theme_of(theme->asPlist()); }
 
 NSString* keep_as_new(HuecraftConfig* theme, NSError** error) {
-    return write(theme, free_file(theme->getConfigName(), folder()), error);
+    const Place place = free_place(theme->getConfigName());
+    if (place.name) theme->setConfigName(place.name);
+    return write(theme, place.file, error);
 }
 
 NSString* save(HuecraftConfig* theme, NSString* file, NSError** error) { return write(theme, file, error); }
 
 NSString* copy_to_user(NSString* file, NSError** error) {
-    id content = read_property_list(in(folder_that_comes_along(), file), error);
+    auto* content = as<NSDictionary>(read_property_list(in(folder_that_comes_along(), file), error));
     if (!content) return nullptr;
-    id own = read_property_list(in(folder(), file), nullptr);
-    if (own && static_cast<NSObject*>(own)->isEqual(content)) return file;
-    const auto theme = theme_of(static_cast<NSDictionary*>(content));
-    return write(theme, free_file(file->stringByDeletingPathExtension(), folder()), error);
+    const auto theme = theme_of(content);
+    if (!theme) return fail(error, text<"Huecraft itself is not loaded here.">());
+    NSString* stem = file->stringByDeletingPathExtension();
+    const strong<NSString> name = theme->getConfigName();
+    const Taken taken(folder());
+    for (NSInteger number = 1;; ++number) {
+        const Place place = numbered(stem, number);
+        if (number > 1 && name) theme->setConfigName(numbered(name, number).name);
+        if (!taken.has(place.file)) return write(theme, place.file, error);
+        auto* own = static_cast<NSObject*>(read_property_list(in(folder(), place.file), nullptr));
+        if (own && own->isEqual(theme->asPlist())) return place.file;
+    }
 }
 
 NSString* duplicate(NSString* from, NSString* file, NSError** error) {
@@ -135,18 +175,18 @@ NSString* duplicate(NSString* from, NSString* file, NSError** error) {
     if (!reading.theme) return fail(error, reading.fault);
     NSString* name = reading.theme->getConfigName();
     if (!name || name->length() == 0) name = file->stringByDeletingPathExtension();
-    NSString* copied = free_file(text<"%1 copy">(name), folder());
-    reading.theme->setConfigName(copied->stringByDeletingPathExtension());
-    return write(reading.theme, copied, error);
+    reading.theme->setConfigName(text<"%1 copy">(name));
+    return keep_as_new(reading.theme, error);
 }
 
 NSString* write_under_name(NSString* file, NSString* name, NSError** error) {
     const Reading reading = read(folder(), file);
     if (!reading.theme) return fail(error, reading.fault);
-    reading.theme->setConfigName(name);
     NSString* stem = string_of(stem_of(units_of(name)));
     const bool same = stem->caseInsensitiveCompare(file->stringByDeletingPathExtension()) == 0;
-    return write(reading.theme, same ? file : free_file(name, folder()), error);
+    const Place place = same ? Place{name, file} : free_place(name);
+    reading.theme->setConfigName(place.name);
+    return write(reading.theme, place.file, error);
 }
 
 bool remove(NSString* file, NSError** error) {
@@ -164,7 +204,7 @@ NSString* removed_file() {
 NSString* put_back(NSError** error) {
     NSString* file = removed_file();
     if (!file) return fail(error, text<"There is nothing to put back.">());
-    NSString* place = free_file(file->stringByDeletingPathExtension(), folder());
+    NSString* place = free_place(file->stringByDeletingPathExtension()).file;
     const bool moved = make_folder(folder(), error) && NSFileManager::defaultManager()->moveItem(
                                                            in(put_away(), file), in(folder(), place), error);
     return moved ? place : nullptr;

@@ -21,6 +21,8 @@ struct Reading {
     objc::strong<NSString> remark;
 };
 Reading read(NSString* folder, NSString* file);
+/// The same of a property list that was read already.
+Reading read(id root);
 
 /// Another theme with the same content.
 objc::strong<HuecraftConfig> copy_of(HuecraftConfig* theme);

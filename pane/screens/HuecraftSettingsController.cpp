@@ -3,12 +3,15 @@
 
 #include "objc/class.h"
 #include "pane/drawing/judgement.h"
-#include "pane/model/restart.h"
 #include "pane/model/shelf.h"
+#include "pane/screens/applying.h"
 #include "pane/screens/asking.h"
 #include "pane/screens/bottom_bar.h"
+#include "pane/screens/plain_rows.h"
 #include "pane/screens/preview_header.h"
+#include "pane/screens/theme_actions.h"
 #include "pane/screens/theme_rows.h"
+#include "platform/gestures.h"
 #include "platform/services.h"
 
 template <>
@@ -25,11 +28,6 @@ using objc::strong;
 enum Section : NSInteger { switch_section, own_section, along_section, rescue_section, section_count };
 enum RescueRow : NSInteger { off_row, reset_row, rescue_row_count };
 constexpr CGFloat plain_row_height = 44;
-
-UITableViewCell* cell_of(UITableView* table, NSString* identifier, UITableViewCellStyle style) {
-    if (UITableViewCell* spare = table->dequeueReusableCell(identifier)) return spare;
-    return UITableViewCell::alloc()->initWithStyle(style, identifier).autoreleased();
-}
 
 struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
     struct Ivars {
@@ -65,16 +63,27 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
         own.table->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
         own.table->setDataSource(this);
         own.table->setDelegate(this);
+        own.table->setAllowsSelectionDuringEditing(true);
+        own.table->addGestureRecognizer(
+            UILongPressGestureRecognizer::alloc()->initWithTarget(this, objc::selector<"heldDown:">()));
         own.header = UIView::alloc()->initWithFrame({});
         own.header->setIsAccessibilityElement(true);
         own.header->setAccessibilityTraits(UIAccessibilityTraitImage);
         page->addSubview(own.table);
+        show_bar_buttons();
         own.on = UISwitch::make<"initWithFrame:">(CGRect{});
         own.on->addTarget(this, objc::selector<"switched:">(), UIControlEventValueChanged);
         own.bar = new BottomBar;
         own.bar->put_on(page, this, objc::selector<"barButtonPressed">());
         NSNotificationCenter::defaultCenter()->addObserver(this, objc::selector<"becameActive:">(),
                                                            UIApplicationDidBecomeActiveNotification, nullptr);
+    }
+
+    void show_bar_buttons() {
+        auto add = UIBarButtonItem::alloc()->initWithSystemItem(UIBarButtonSystemItemAdd, this,
+                                                                objc::selector<"addPressed:">());
+        const id buttons[] = {self()->editButtonItem(), add};
+        self()->navigationItem()->setRightBarButtonItems(NSArray::arrayWithObjects(buttons, 2));
     }
 
     void viewWillAppear(bool animated) {
@@ -158,6 +167,47 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
         reload();
     }
 
+    void setEditing(bool editing, bool animated) {
+        super<"setEditing:animated:">(editing, animated);
+        ivars().table->setEditing(editing, animated);
+    }
+
+    void addPressed(UIBarButtonItem* button) {
+        offer_additions(self(), {.button = strong<UIBarButtonItem>(button)});
+    }
+
+    void heldDown(UIGestureRecognizer* recogniser) {
+        if (recogniser->state() != UIGestureRecognizerStateBegan) return;
+        UITableView* table = ivars().table;
+        if (NSIndexPath* path = table->indexPathForRowAtPoint(recogniser->locationInView(table)))
+            show_actions(path);
+    }
+
+    void show_actions(NSIndexPath* path) {
+        if (!lists_themes(path->section())) return;
+        UITableView* table = ivars().table;
+        offer_actions(self(), folder_of(path->section()), file_at(path),
+                      {.view = strong<UIView>(table), .rect = table->rectForRowAtIndexPath(path)});
+    }
+
+    void showTheme(NSString* file) {
+        reload();
+        const NSUInteger row = file ? ivars().own->indexOfObject(file) : NSNotFound;
+        if (row == NSNotFound || row >= ivars().own->count()) return;
+        ivars().table->layoutIfNeeded();
+        ivars().table->scrollToRow(NSIndexPath::indexPathForRow(NSInteger(row), own_section),
+                                   UITableViewScrollPositionNone, true);
+    }
+
+    void removeTheme(NSString* file) {
+        NSError* error = nullptr;
+        if (shelf::remove(file, &error))
+            ivars().can_put_back = true;
+        else
+            tell(this, text<"The theme could not be deleted.">(), error);
+        reload();
+    }
+
     void barButtonPressed() {
         if (ivars().can_put_back) {
             NSError* error = nullptr;
@@ -165,22 +215,8 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
             if (!shelf::put_back(&error)) tell(this, text<"The theme could not be put back.">(), error);
             reload();
         } else {
-            ask_for_restart(text<"The home screen starts anew, and applications with it.">());
+            ask_for_restart(this, text<"The home screen starts anew, and applications with it.">());
         }
-    }
-
-    void ask_for_restart(NSString* why) {
-        UIAlertController* alert = make_alert(text<"Restart now?">(), why);
-        add_cancel(alert);
-        add_answer(alert, text<"Restart">(), UIAlertActionStyleDefault,
-                   [page = strong<FirstScreen>(this)] { page->restart(); });
-        show(alert, this);
-    }
-
-    void restart() {
-        if (!restart_springboard())
-            tell(this, text<"This phone cannot be restarted from here.">(),
-                 text<"Turn it off and on again, or run \"killall SpringBoard\" in a terminal.">());
     }
 
     /// One touch chooses. Only a theme that nobody could read is asked about.
@@ -219,7 +255,8 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
             return;
         }
         reload();
-        ask_for_restart(text<"Theming is off. The home screen starts anew, and applications with it.">());
+        ask_for_restart(this,
+                        text<"Theming is off. The home screen starts anew, and applications with it.">());
     }
 
     void ask_for_reset() {
@@ -282,24 +319,14 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
             ivars().rows->show(folder_of(path->section()), file, chosen, cell);
             return cell;
         }
-        if (path->section() == switch_section) {
-            UITableViewCell* cell = cell_of(table, "switch"_ns, UITableViewCellStyleDefault);
-            cell->textLabel()->setText("Huecraft"_ns);
-            cell->setSelectionStyle(UITableViewCellSelectionStyleNone);
-            cell->setAccessoryView(ivars().on);
-            return cell;
-        }
-        UITableViewCell* cell = cell_of(table, "rescue"_ns, UITableViewCellStyleDefault);
-        cell->textLabel()->setText(path->row() == off_row ? text<"Turn Off">() : text<"Reset">());
-        cell->textLabel()->setTextColor(UIColor::colorWithRGB(0.85, 0.15, 0.1, 1));
-        cell->setAccessibilityTraits(UIAccessibilityTraitButton);
-        return cell;
+        if (path->section() == switch_section) return switch_row(table, ivars().on);
+        return rescue_row(table, path->row() == off_row ? text<"Turn Off">() : text<"Reset">());
     }
 
     void didSelectRow(UITableView* table, NSIndexPath* path) {
         table->deselectRow(path, true);
         if (lists_themes(path->section()))
-            choose(folder_of(path->section()), file_at(path));
+            table->isEditing() ? show_actions(path) : choose(folder_of(path->section()), file_at(path));
         else if (path->section() == rescue_section)
             path->row() == off_row ? turn_off() : ask_for_reset();
     }
@@ -308,12 +335,7 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
 
     void commitEditing(UITableView*, UITableViewCellEditingStyle style, NSIndexPath* path) {
         if (style != UITableViewCellEditingStyleDelete || path->section() != own_section) return;
-        NSError* error = nullptr;
-        if (shelf::remove(file_at(path), &error))
-            ivars().can_put_back = true;
-        else
-            tell(this, text<"The theme could not be deleted.">(), error);
-        reload();
+        removeTheme(file_at(path));
     }
 };
 
@@ -333,6 +355,11 @@ OBJC_CLASS(HuecraftSettingsController, PSViewController, FirstScreen,
            method<"viewDidLayoutSubviews", &FirstScreen::viewDidLayoutSubviews>,
            method<"didReceiveMemoryWarning", &FirstScreen::didReceiveMemoryWarning>,
            method<"becameActive:", &FirstScreen::becameActive>,
+           method<"setEditing:animated:", &FirstScreen::setEditing>,
+           method<"addPressed:", &FirstScreen::addPressed>,
+           method<"heldDown:", &FirstScreen::heldDown>,
+           method<"showTheme:", &FirstScreen::showTheme>,
+           method<"removeTheme:", &FirstScreen::removeTheme>,
            method<"switched:", &FirstScreen::switched>,
            method<"barButtonPressed", &FirstScreen::barButtonPressed>,
            method<"numberOfSectionsInTableView:", &FirstScreen::numberOfSections>,

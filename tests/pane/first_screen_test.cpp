@@ -176,6 +176,22 @@ TEST_F(FirstScreen, ADeletedThemeComesBackByUndo) {
     EXPECT_EQ(table()->numberOfRowsInSection(own_section), 1);
 }
 
+TEST_F(FirstScreen, AThemeIsMadeDuplicatedSharedAndDeleted) {
+    open();
+    tap("Add");
+    tap("New Theme");
+    ASSERT_EQ(sim_type_text("Mine"), SIM_OK) << sim_last_error();
+    tap("Create");
+    tap("Edit");
+    for (const char* action : {"Duplicate", "Share", "Delete"}) {
+        choose_row(0, own_section);
+        tap(action);
+        if (action == std::string("Share")) tap("Share");
+    }
+    EXPECT_EQ(names_in(phone, theme_folder), std::vector<std::string>{"Mine.plist"});
+    EXPECT_EQ(sim_shared_item_count(), 1u);
+}
+
 TEST_F(FirstScreen, OnlyTheUsersThemesCanBeDeleted) {
     put_theme(phone, "Mine.plist", "Mine");
     open();

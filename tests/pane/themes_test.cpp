@@ -113,6 +113,7 @@ TEST_F(Themes, ATakenNameGetsANumber) {
         EXPECT_EQ(utf8(themes::keep_as_new(theme_named("Mine"), &error)), expected);
     EXPECT_EQ(utf8(themes::keep_as_new(theme_named("MINE"), &error)), "MINE 4.plist")
         << "case alone does not tell files apart";
+    EXPECT_EQ(name_in("Mine 3.plist"), "Mine 3") << "the list tells them apart, too";
 }
 
 TEST_F(Themes, ANameWithoutAnythingUsableGetsOne) {
@@ -179,6 +180,7 @@ TEST_F(Themes, AUsersThemeOfTheSameNameIsNotReplaced) {
     phone.write("/Library/PreferenceBundles/HuecraftSettings.bundle/Themes/Dusk.plist", theme());
     EXPECT_EQ(utf8(themes::copy_to_user(text("Dusk.plist"), &error)), "Dusk 2.plist");
     EXPECT_EQ(name_in("Dusk.plist"), "My own dusk");
+    EXPECT_EQ(utf8(themes::copy_to_user(text("Dusk.plist"), &error)), "Dusk 2.plist") << "once only";
 }
 
 TEST_F(Themes, ADuplicateSaysThatItIsOne) {

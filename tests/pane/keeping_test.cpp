@@ -1,0 +1,355 @@
+// Keeping themes on the first screen: new, duplicated, renamed, deleted, shared and imported.
+#include "settings_page.h"
+
+namespace test {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class Keeping : public SettingsPage {
+  protected:
+    /// The sheet of one of the user's themes.
+    void act_on(NSInteger row, const std::string& action, NSInteger section = own_section) {
+        tap("Edit");
+        choose_row(row, section);
+        tap(action);
+    }
+    /// Into the text of the alert, in place of what is there.
+    static void type(const std::string& name) {
+        auto* field = static_cast<UITextField*>(first("UITextField"));
+        ASSERT_EQ(sim_select_text(0, field->text()->length()), SIM_OK) << sim_last_error();
+        ASSERT_EQ(sim_type_text(name.c_str()), SIM_OK) << sim_last_error();
+    }
+    void rename(NSInteger row, const std::string& name) {
+        act_on(row, "Rename");
+        type(name);
+        tap("Rename");
+        tap("Done");
+    }
+    void make(const std::string& name) {
+        tap("Add");
+        tap("New Theme");
+        if (!name.empty()) ASSERT_EQ(sim_type_text(name.c_str()), SIM_OK) << sim_last_error();
+        tap("Create");
+    }
+    void paste(const std::string& copied) {
+        UIPasteboard::generalPasteboard()->setString(text(copied));
+        tap("Add");
+        tap("From the Pasteboard");
+    }
+    std::string title(NSInteger row) { return utf8(cell(row, own_section)->textLabel()->text()); }
+    Names files() const { return phone.exists(theme_folder) ? names_in(phone, theme_folder) : Names{}; }
+    static std::string name_in(const std::string& file) { return Configuration::from_file(file).name(); }
+};
+
+// ---- New ----------------------------------------------------------------------------------------
+
+TEST_F(Keeping, ANewThemeIsNamedAndListed) {
+    open();
+    make("Mine");
+    EXPECT_EQ(files(), Names{"Mine.plist"});
+    EXPECT_EQ(title(0), "Mine");
+    EXPECT_EQ(preferences(), "none") << "it is not chosen yet";
+}
+
+TEST_F(Keeping, ANewThemeOfATakenNameGetsAFreeOne) {
+    put_theme(phone, "mine.plist", "mine");
+    open();
+    make("Mine");
+    EXPECT_EQ(files(), (Names{"Mine 2.plist", "mine.plist"}));
+    EXPECT_EQ(name_in("Mine 2.plist"), "Mine 2") << "the list tells them apart, too";
+}
+
+TEST_F(Keeping, ANewThemeNeedsAName) {
+    open();
+    make("");
+    EXPECT_TRUE(is_on_screen("A theme needs a name."));
+    EXPECT_FALSE(phone.exists(theme_folder));
+}
+
+TEST_F(Keeping, ANewThemeOnAFullDiskSaysSo) {
+    open();
+    {
+        const FullDisk full;
+        make("Mine");
+    }
+    EXPECT_TRUE(is_on_screen("The theme could not be made."));
+    EXPECT_EQ(files(), Names{});
+}
+
+TEST_F(Keeping, ANewThemeAmongThousandComesIntoSight) {
+    for (int i = 0; i < 1000; ++i) put_theme(phone, "T" + std::to_string(i) + ".plist", "T");
+    open();
+    make("Zebra");
+    EXPECT_TRUE(is_on_screen("Zebra"));
+}
+
+// ---- Names --------------------------------------------------------------------------------------
+
+struct Name {
+    const char *what, *given, *file;
+};
+void PrintTo(const Name& name, std::ostream* out) { *out << name.what; }
+
+class Renaming : public Keeping, public testing::WithParamInterface<Name> {};
+INSTANTIATE_TEST_SUITE_P(
+    , Renaming,
+    testing::Values(Name{"Dots", "...", "Theme.plist"}, Name{"Slashes", "a/b\\c", "abc.plist"},
+                    Name{"WayUp", "../../x", "x.plist"}, Name{"Emoji", "夕焼け 🌅", "夕焼け 🌅.plist"},
+                    Name{"RightToLeft", "שקיעה", "שקיעה.plist"}, Name{"Blanks", "  Mine  ", "Mine.plist"},
+                    Name{"AnotherCase", "OLD", "Old.plist"}, Name{"Taken", "other", "other 2.plist"}),
+    [](const auto& info) { return info.param.what; });
+
+TEST_P(Renaming, KeepsTheThemeUnderAFileThatCanBe) {
+    put_theme(phone, "Old.plist", "Old");
+    put_theme(phone, "Other.plist", "Other");
+    open();
+    rename(0, GetParam().given);
+    Names expected{"Other.plist", GetParam().file};
+    std::ranges::sort(expected);
+    EXPECT_EQ(files(), expected);
+    EXPECT_EQ(rgba(Configuration::from_file(GetParam().file).text_colour()), theme_text);
+}
+
+TEST_F(Keeping, AVeryLongNameIsShownWhole) {
+    put_theme(phone, "Old.plist", "Old");
+    open();
+    const std::string name(300, 'n');
+    rename(0, name);
+    EXPECT_EQ(files(), Names{std::string(200, 'n') + ".plist"});
+    EXPECT_EQ(title(0), name);
+}
+
+TEST_F(Keeping, AnEmptyNameRenamesNothing) {
+    put_theme(phone, "Old.plist", "Old");
+    open();
+    act_on(0, "Rename");
+    type(" ");
+    tap("Rename");
+    EXPECT_TRUE(is_on_screen("A theme needs a name."));
+    EXPECT_EQ(name_in("Old.plist"), "Old");
+}
+
+TEST_F(Keeping, RenamingTheChosenThemeKeepsItChosen) {
+    put_theme(phone, "Old.plist", "Old");
+    open();
+    choose_row(0, own_section);
+    rename(0, "New");
+    EXPECT_EQ(preferences(), "on New.plist");
+    EXPECT_EQ(cell(0, own_section)->accessoryType(), UITableViewCellAccessoryCheckmark);
+}
+
+// ---- Duplicates, and what goes ------------------------------------------------------------------
+
+TEST_F(Keeping, ADuplicateStandsBesideItsOriginal) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    act_on(0, "Duplicate");
+    EXPECT_EQ(files(), (Names{"Mine copy.plist", "Mine.plist"}));
+    EXPECT_EQ(name_in("Mine copy.plist"), "Mine copy");
+}
+
+TEST_F(Keeping, AThemeThatComesAlongCanBeDuplicatedAndNotRenamed) {
+    open();
+    tap("Edit");
+    choose_row(0, along_section);
+    EXPECT_FALSE(is_on_screen("Rename"));
+    EXPECT_FALSE(is_on_screen("Delete"));
+    tap("Duplicate");
+    EXPECT_EQ(files(), Names{"Contrast copy.plist"});
+}
+
+TEST_F(Keeping, AHeldRowOffersWhatCanBeDone) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    UITableView* list = table();
+    const CGRect row = list->rectForRowAtIndexPath(NSIndexPath::indexPathForRow(0, own_section));
+    const CGRect there = list->convertRectToView(row, nullptr);
+    const double x = there.origin.x + 100, y = there.origin.y + 20;
+    ASSERT_EQ(sim_touch(SIM_TOUCH_BEGAN, x, y), SIM_OK) << sim_last_error();
+    ASSERT_EQ(sim_advance_clock(1), SIM_OK);
+    ASSERT_EQ(sim_touch(SIM_TOUCH_ENDED, x, y), SIM_OK);
+    EXPECT_TRUE(is_on_screen("Duplicate"));
+    EXPECT_EQ(preferences(), "none") << "holding is no choice";
+}
+
+TEST_F(Keeping, WhatIsDeletedInTheSheetComesBackByUndo) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    choose_row(0, own_section);
+    act_on(0, "Delete");
+    EXPECT_EQ(files(), Names{});
+    EXPECT_EQ(preferences(), "off ");
+    tap("Undo");
+    EXPECT_EQ(files(), Names{"Mine.plist"});
+    EXPECT_EQ(preferences(), "on Mine.plist");
+}
+
+TEST_F(Keeping, ABrokenFileCanOnlyBeDeleted) {
+    phone.write(in_themes("Broken.plist"), "{ broken");
+    open();
+    tap("Edit");
+    choose_row(0, own_section);
+    EXPECT_TRUE(is_on_screen("The file is no property list."));
+    for (const char* action : {"Rename", "Duplicate", "Share", "Copy as Text"})
+        EXPECT_FALSE(is_on_screen(action)) << action;
+    tap("Delete");
+    EXPECT_EQ(files(), Names{});
+}
+
+TEST_F(Keeping, AFolderNamedLikeAThemeIsListedAndCanBeDeleted) {
+    phone.write(in_themes("Folder.plist/inside"), "x");
+    open();
+    EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "This is a folder.");
+    act_on(0, "Delete");
+    EXPECT_EQ(files(), Names{});
+}
+
+TEST_F(Keeping, AThemeOfFiveMegabytesIsKeptLikeAnyOther) {
+    phone.write(in_themes("Large.plist"),
+                theme("<key>_Image</key><data>" + std::string(5 << 20, 'A') + "</data>"));
+    open();
+    rename(0, "Big");
+    EXPECT_EQ(files(), Names{"Big.plist"});
+    EXPECT_GT(phone.read(in_themes("Big.plist")).size(), size_t{5} << 20);
+}
+
+// ---- Behind the open page -----------------------------------------------------------------------
+
+TEST_F(Keeping, RenamingWhatIsGoneSaysSoAndTakesItOffTheList) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    act_on(0, "Rename");
+    std::filesystem::remove(phone.host(in_themes("Mine.plist")));
+    type("New");
+    tap("Rename");
+    EXPECT_TRUE(is_on_screen("The theme could not be renamed."));
+    EXPECT_EQ(table()->numberOfRowsInSection(own_section), 0);
+}
+
+TEST_F(Keeping, SharingWhatBrokeMeanwhileSaysWhy) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    tap("Edit");
+    choose_row(0, own_section);
+    phone.write(in_themes("Mine.plist"), "{ broken");
+    tap("Share");
+    EXPECT_TRUE(is_on_screen("This theme cannot be used."));
+    EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "The file is no property list.");
+}
+
+TEST_F(Keeping, AThemeThatChangedBehindThePageIsShownAnew) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    phone.write(in_themes("Mine.plist"), "{ this is another size and broken");
+    come_back();
+    EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "The file is no property list.");
+}
+
+// ---- Sharing and importing ----------------------------------------------------------------------
+
+TEST_F(Keeping, AThemeIsSharedAsItsFile) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    act_on(0, "Share");
+    tap("Share");
+    ASSERT_EQ(sim_shared_item_count(), 1u);
+    sim_shared_item item{};
+    ASSERT_EQ(sim_shared_item_at(0, &item), SIM_OK);
+    EXPECT_STREQ(item.kind, "file");
+    EXPECT_EQ(item.content, in_themes("Mine.plist"));
+}
+
+TEST_F(Keeping, OnAnIPadSheetsPointToWhatTheyAreAbout) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open({.screen_width = 768, .screen_height = 1024, .screen_scale = 2});
+    act_on(0, "Share");
+    tap("Share");
+    EXPECT_EQ(sim_shared_item_count(), 1u);
+    tap("Add");
+    EXPECT_TRUE(is_on_screen("New Theme"));
+}
+
+TEST_F(Keeping, WhatIsCopiedAsTextCanBeImported) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    act_on(0, "Copy as Text");
+    const std::string copied = utf8(UIPasteboard::generalPasteboard()->string());
+    EXPECT_TRUE(copied.starts_with("<?xml")) << copied.substr(0, 80);
+    paste(copied);
+    EXPECT_EQ(files(), (Names{"Mine 2.plist", "Mine.plist"}));
+    EXPECT_EQ(rgba(Configuration::from_file("Mine 2.plist").text_colour()), theme_text);
+}
+
+TEST_F(Keeping, AnEmptyPasteboardSaysWhatToCopy) {
+    open();
+    tap("Add");
+    tap("From the Pasteboard");
+    EXPECT_TRUE(is_on_screen("The pasteboard holds no text."));
+}
+
+TEST_F(Keeping, TextThatHoldsNoThemeIsNotKept) {
+    open();
+    paste("{ this is <not");
+    EXPECT_TRUE(is_on_screen("The theme could not be imported."));
+    EXPECT_TRUE(is_on_screen("The text holds no theme."));
+    EXPECT_FALSE(phone.exists(theme_folder));
+}
+
+TEST_F(Keeping, AThemeThatIsNotWholeIsImportedWhenAsked) {
+    open();
+    const std::string half = property_list("<dict><key>_TextColor</key><string>#FFFFFF</string></dict>");
+    paste(half);
+    EXPECT_TRUE(is_on_screen("_HighlightColor is missing."));
+    tap("Cancel");
+    EXPECT_FALSE(phone.exists(theme_folder));
+    paste(half);
+    tap("Import It");
+    EXPECT_EQ(files(), Names{"Imported Theme.plist"});
+    EXPECT_EQ(title(0), "Imported Theme");
+}
+
+TEST_F(Keeping, AValueOfTheWrongKindIsSaid) {
+    open();
+    paste(theme("<key>_ImageAlpha</key><string>half</string>"));
+    EXPECT_TRUE(is_on_screen("_ImageAlpha has a value of another kind than expected."));
+}
+
+TEST_F(Keeping, ImportingOnAFullDiskSaysSo) {
+    open();
+    {
+        const FullDisk full;
+        paste(theme());
+    }
+    EXPECT_TRUE(is_on_screen("The theme could not be imported."));
+    EXPECT_EQ(files(), Names{});
+}
+
+// ---- Pictures -----------------------------------------------------------------------------------
+
+TEST_F(Keeping, TheSheetLooksAsExpected) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    tap("Edit");
+    choose_row(0, own_section);
+    expect_picture("pane-actions");
+}
+
+TEST_F(Keeping, ANewThemesNameLooksAsExpected) {
+    open();
+    tap("Add");
+    tap("New Theme");
+    expect_picture("pane-new-theme");
+}
+
+TEST_F(Keeping, EditingLooksAsExpectedOnAnIPad) {
+    put_theme(phone, "Mine.plist", "Mine");
+    phone.write(in_themes("Broken.plist"), "{ broken");
+    open({.screen_width = 768, .screen_height = 1024, .screen_scale = 2});
+    tap("Edit");
+    choose_row(1, own_section);
+    expect_picture("pane-actions-ipad");
+}
+
+}  // namespace
+}  // namespace test
