@@ -9,10 +9,24 @@ namespace {
 
 NSString* path() { return "/var/mobile/Library/Preferences/com.quillmoth.huecraftios12.plist"_ns; }
 
-}  // namespace
+/// The file is read once: what is said of it and what is written back are of the same bytes.
+struct Reading {
+    /// nil for a file that is missing, or none of ours.
+    NSDictionary* content = nullptr;
+    bool is_certain = true;
+};
+Reading read(NSError** error) {
+    NSError* reason = nullptr;
+    NSData* bytes = NSData::dataWithContentsOfFile(path(), 0, &reason);
+    if (bytes)
+        return {as<NSDictionary>(NSPropertyListSerialization::propertyListWithData(
+            bytes, NSPropertyListSerialization::immutable, nullptr, nullptr))};
+    if (is_absence(reason)) return {};
+    if (error) *error = reason;
+    return {nullptr, false};
+}
 
-Preferences read_preferences() {
-    auto* content = as<NSDictionary>(read_property_list(path(), nullptr));
+Preferences preferences_in(NSDictionary* content) {
     if (!content) return {};
     // Whatever the library takes for a switch: files made by hand have texts there.
     auto* on = static_cast<NSObject*>(content->objectForKey("_Enabled"_ns));
@@ -22,14 +36,19 @@ Preferences read_preferences() {
     return {is_on, chosen && chosen->length() > 0 ? chosen : nullptr};
 }
 
+}  // namespace
+
+Preferences read_preferences() { return preferences_in(read(nullptr).content); }
+
+std::optional<Preferences> certain_preferences(NSError** error) {
+    const Reading reading = read(error);
+    if (!reading.is_certain) return std::nullopt;
+    return preferences_in(reading.content);
+}
+
 bool write_preferences(const Preferences& preferences, NSError** error) {
-    NSError* reason = nullptr;
-    NSData* bytes = NSData::dataWithContentsOfFile(path(), 0, &reason);
-    if (!bytes && !is_absence(reason)) {
-        if (error) *error = reason;
-        return false;
-    }
-    auto* content = as<NSDictionary>(read_property_list(path(), nullptr));
+    const auto [content, is_certain] = read(error);
+    if (!is_certain) return false;
     auto changed = content ? content->mutableCopy() : NSMutableDictionary::alloc()->initWithCapacity(2);
     changed->setObject(NSNumber::numberWithBool(preferences.is_on), "_Enabled"_ns);
     changed->setObject(preferences.chosen ? preferences.chosen.get() : ""_ns, "_Config"_ns);

@@ -1,5 +1,7 @@
 // What the library reads when a process starts: whether it themes, and the theme's file.
 #pragma once
+#include <optional>
+
 #include "platform/foundation.h"
 
 namespace pane {
@@ -13,6 +15,9 @@ struct Preferences {
 
 /// A file that is missing, or none of ours, is as one that chooses nothing.
 Preferences read_preferences();
+
+/// The same for whoever goes by them: nothing, and why, when there is a file that cannot be read.
+std::optional<Preferences> certain_preferences(NSError** error);
 
 /// The file is written as a whole, past the defaults system, whose daemon would write a copy of its own
 /// later. It is not written when there is one that cannot be read: other keys would be lost.

@@ -29,9 +29,10 @@ bool choose(NSString* folder, NSString* file, NSError** error) {
 
 bool switch_on(bool on, NSError** error) {
     awaits_restart();
-    Preferences preferences = read_preferences();
-    preferences.is_on = on;
-    return write_preferences(preferences, error);
+    auto preferences = certain_preferences(error);
+    if (!preferences) return false;
+    preferences->is_on = on;
+    return write_preferences(*preferences, error);
 }
 
 bool reset(NSError** error) {
@@ -41,13 +42,14 @@ bool reset(NSError** error) {
 
 NSString* rename(NSString* file, NSString* name, NSError** error) {
     awaits_restart();
+    auto preferences = certain_preferences(error);
+    if (!preferences) return nullptr;
     NSString* renamed = themes::write_under_name(file, name, error);
     if (!renamed || renamed->isEqualToString(file)) return renamed;
     NSFileManager* manager = NSFileManager::defaultManager();
-    Preferences preferences = read_preferences();
-    if (is_same(preferences.chosen, file)) {
-        preferences.chosen = renamed;
-        if (!write_preferences(preferences, error)) {
+    if (is_same(preferences->chosen, file)) {
+        preferences->chosen = renamed;
+        if (!write_preferences(*preferences, error)) {
             manager->removeItemAtPath(themes::folder()->stringByAppendingPathComponent(renamed), nullptr);
             return nullptr;
         }
@@ -59,14 +61,15 @@ NSString* rename(NSString* file, NSString* name, NSError** error) {
 
 bool remove(NSString* file, NSError** error) {
     awaits_restart();
-    const Preferences preferences = read_preferences();
-    const bool chosen = is_same(preferences.chosen, file);
+    const auto preferences = certain_preferences(error);
+    if (!preferences) return false;
+    const bool chosen = is_same(preferences->chosen, file);
     if (chosen && !write_preferences({}, error)) return false;
     if (!themes::remove(file, error)) {
-        if (chosen) write_preferences(preferences, nullptr);
+        if (chosen) write_preferences(*preferences, nullptr);
         return false;
     }
-    remember(chosen ? &preferences : nullptr);
+    remember(chosen ? &*preferences : nullptr);
     return true;
 }
 

@@ -30,17 +30,31 @@ struct Place {
     NSString *name, *file;
 };
 
-/// The names of a folder's files, whatever their case.
+/// What lies in the folder, nothing in one that is not there; nil, and why, when it cannot be read.
+NSArray* contents_of(NSString* folder, NSError** error) {
+    NSError* reason = nullptr;
+    NSArray* all = NSFileManager::defaultManager()->contentsOfDirectoryAtPath(folder, &reason);
+    if (all) return all;
+    if (is_absence(reason)) return NSArray::arrayWithObjects(nullptr, 0);
+    if (error) *error = reason;
+    return nullptr;
+}
+
+/// The names of a folder's files, whatever their case. Unknown, and why, when it cannot be read: then none is
+/// free, for no file is to be replaced.
 class Taken {
   public:
-    explicit Taken(NSString* folder) : names_(NSMutableArray::arrayWithCapacity(16)) {
-        objc::for_each<NSString>(NSFileManager::defaultManager()->contentsOfDirectoryAtPath(folder, nullptr),
-                                 [&](NSString* file) { names_->addObject(file->lowercaseString()); });
+    Taken(NSString* folder, NSError** error) {
+        NSArray* files = contents_of(folder, error);
+        if (!files) return;
+        names_ = NSMutableArray::arrayWithCapacity(files->count());
+        objc::for_each<NSString>(files, [&](NSString* file) { names_->addObject(file->lowercaseString()); });
     }
+    bool is_known() const { return names_; }
     bool has(NSString* file) const { return names_->containsObject(file->lowercaseString()); }
 
   private:
-    NSMutableArray* names_;
+    NSMutableArray* names_ = nullptr;
 };
 
 /// The name, or with a number behind it when that is not 1; a name without anything for a file gets one.
@@ -55,9 +69,10 @@ Place numbered(NSString* name, NSInteger number) {
     return {name, stem->stringByAppendingString(".plist"_ns)};
 }
 
-/// The first that no file in the user's folder has.
-Place free_place(NSString* name) {
-    const Taken taken(folder());
+/// The first that no file in the user's folder has; without a file, and why, when that cannot be told.
+Place free_place(NSString* name, NSError** error) {
+    const Taken taken(folder(), error);
+    if (!taken.is_known()) return {name, nullptr};
     for (NSInteger number = 1;; ++number)
         if (const Place place = numbered(name, number); !taken.has(place.file)) return place;
 }
@@ -97,9 +112,10 @@ strong<HuecraftConfig> theme_of(NSDictionary* content) {
     return theme;
 }
 
+/// To no file at all when that is nil.
 NSString* write(HuecraftConfig* theme, NSString* file, NSError** error) {
-    const bool written =
-        make_folder(folder(), error) && write_property_list(theme->asPlist(), in(folder(), file), error);
+    const bool written = file && make_folder(folder(), error) &&
+                         write_property_list(theme->asPlist(), in(folder(), file), error);
     return written ? file : nullptr;
 }
 
@@ -109,12 +125,8 @@ NSString* folder() { return "/var/mobile/Library/Preferences/HuecraftConfigurati
 NSString* folder_that_comes_along() { return "/Library/PreferenceBundles/HuecraftSettings.bundle/Themes"_ns; }
 
 NSArray* files_in(NSString* folder, NSError** error) {
-    NSError* reason = nullptr;
-    NSArray* all = NSFileManager::defaultManager()->contentsOfDirectoryAtPath(folder, &reason);
-    if (!all && !is_absence(reason)) {
-        if (error) *error = reason;
-        return nullptr;
-    }
+    NSArray* all = contents_of(folder, error);
+    if (!all) return nullptr;
     NSMutableArray* files = NSMutableArray::arrayWithCapacity(all->count());
     objc::for_each<NSString>(all, [&](NSString* file) {
         if (file->hasSuffix(".plist"_ns) && !file->hasPrefix("."_ns)) files->addObject(file);
@@ -146,7 +158,7 @@ Reading read(id root) {
 strong<HuecraftConfig> copy_of(HuecraftConfig* theme) { return theme_of(theme->asPlist()); }
 
 NSString* keep_as_new(HuecraftConfig* theme, NSError** error) {
-    const Place place = free_place(theme->getConfigName());
+    const Place place = free_place(theme->getConfigName(), error);
     if (place.name) theme->setConfigName(place.name);
     return write(theme, place.file, error);
 }
@@ -160,7 +172,8 @@ NSString* copy_to_user(NSString* file, NSError** error) {
     if (!theme) return fail(error, text<"Huecraft itself is not loaded here.">());
     NSString* stem = file->stringByDeletingPathExtension();
     const strong<NSString> name = theme->getConfigName();
-    const Taken taken(folder());
+    const Taken taken(folder(), error);
+    if (!taken.is_known()) return nullptr;
     for (NSInteger number = 1;; ++number) {
         const Place place = numbered(stem, number);
         if (number > 1 && name) theme->setConfigName(numbered(name, number).name);
@@ -184,16 +197,22 @@ NSString* write_under_name(NSString* file, NSString* name, NSError** error) {
     if (!reading.theme) return fail(error, reading.fault);
     NSString* stem = string_of(stem_of(units_of(name)));
     const bool same = stem->caseInsensitiveCompare(file->stringByDeletingPathExtension()) == 0;
-    const Place place = same ? Place{name, file} : free_place(name);
+    const Place place = same ? Place{name, file} : free_place(name, error);
     reading.theme->setConfigName(place.name);
     return write(reading.theme, place.file, error);
 }
 
 bool remove(NSString* file, NSError** error) {
     NSFileManager* manager = NSFileManager::defaultManager();
-    manager->removeItemAtPath(put_away(), nullptr);
-    return make_folder(put_away(), error) &&
-           manager->moveItem(in(folder(), file), in(put_away(), file), error);
+    NSArray* earlier = make_folder(put_away(), error) ? contents_of(put_away(), error) : nullptr;
+    if (!earlier) return false;
+    // Of the same name it stands in the way; the others go when the file is safe.
+    if (earlier->containsObject(file)) manager->removeItemAtPath(in(put_away(), file), nullptr);
+    if (!manager->moveItem(in(folder(), file), in(put_away(), file), error)) return false;
+    objc::for_each<NSString>(earlier, [&](NSString* each) {
+        if (!each->isEqualToString(file)) manager->removeItemAtPath(in(put_away(), each), nullptr);
+    });
+    return true;
 }
 
 NSString* removed_file() {
@@ -204,9 +223,10 @@ NSString* removed_file() {
 NSString* put_back(NSError** error) {
     NSString* file = removed_file();
     if (!file) return fail(error, text<"There is nothing to put back.">());
-    NSString* place = free_place(file->stringByDeletingPathExtension()).file;
-    const bool moved = make_folder(folder(), error) && NSFileManager::defaultManager()->moveItem(
-                                                           in(put_away(), file), in(folder(), place), error);
+    NSString* place = free_place(file->stringByDeletingPathExtension(), error).file;
+    const bool moved =
+        place && make_folder(folder(), error) &&
+        NSFileManager::defaultManager()->moveItem(in(put_away(), file), in(folder(), place), error);
     return moved ? place : nullptr;
 }
 

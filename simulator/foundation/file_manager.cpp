@@ -114,9 +114,9 @@ struct Manager : NSFileManager {
         if (!host) return failed_to_write(error, path, errno);
         std::error_code failure;
         if (with_intermediates) {
-            const bool is_there = !absence(host);
-            if (is_there && !fs::is_directory(*host)) return failed_to_write(error, path, EEXIST);
-            fs::create_directories(*host, failure);
+            const bool is_there = !absence(host), is_folder = is_there && fs::is_directory(*host, failure);
+            if (is_there && !failure && !is_folder) return failed_to_write(error, path, EEXIST);
+            if (!failure) fs::create_directories(*host, failure);
         } else if (mkdir(host->c_str(), 0755) != 0) {
             failure.assign(errno, std::generic_category());
         }
@@ -128,9 +128,10 @@ struct Manager : NSFileManager {
         const auto permissions = permissions_of(attributes);
         const std::string_view bytes(contents ? static_cast<const char*>(contents->bytes()) : "",
                                      contents ? contents->length() : 0);
-        if (write_file(path, bytes, Writing::atomic) != 0) return false;
+        const auto host = host_path_of(path);
+        if (!host || write_file(path, bytes, Writing::atomic) != 0) return false;
         std::error_code failure;
-        if (permissions) fs::permissions(*host_path_of(path), *permissions, failure);
+        if (permissions) fs::permissions(*host, *permissions, failure);
         return !failure;
     }
 
@@ -142,12 +143,14 @@ struct Manager : NSFileManager {
         std::error_code failure(errno, std::generic_category());
         fs::directory_iterator entries;
         if (host) entries = fs::directory_iterator(*host, failure);
+        std::vector<std::string> names;
+        // Each step reads the disk, and may fail.
+        for (; !failure && entries != fs::directory_iterator(); entries.increment(failure))
+            names.push_back(entries->path().filename().string());
         if (failure) {
             failed_to_read(error, path, failure.value());
             return nullptr;
         }
-        std::vector<std::string> names;
-        for (const auto& entry : entries) names.push_back(entry.path().filename().string());
         std::sort(names.begin(), names.end());
         auto* found = NSMutableArray::arrayWithCapacity(names.size());
         for (const std::string& name : names)
