@@ -1,11 +1,12 @@
-// Fuzzes the loader with damaged images. Start it with a folder that holds intact ones: the loader tests'
-// images are good.
+// Any bytes as a Mach-O image: its structure judged, loaded, and its classes read. Begins with the loader
+// tests' images.
 #include <algorithm>
 #include <cstdint>
 #include <span>
 
 #include "loader/error.h"
 #include "loader/fault.h"
+#include "loader/format/layout.h"
 #include "loader/format/slice.h"
 #include "loader/image.h"
 #include "loader/objc/objc_metadata.h"
@@ -21,7 +22,8 @@ static void* anything(const macho::Import&) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     for (const macho::Rules& rules : {macho::Rules{.signature = false}, {.structure = false}}) try {
             const macho::Bytes slice = macho::choose_slice({{data, size}, "the file"}, macho::kThisCpu);
-            macho::hold_to(rules, slice, macho::read_layout(slice));
+            macho::Layout layout = macho::read_layout(slice);
+            macho::hold_to(rules, slice, layout);
         } catch (const macho::Fault&) {
         }
     try {
