@@ -66,14 +66,14 @@ TEST_F(BadInput, AFileOfTwoHundredMegabytesIsRefusedUnread) {
     ASSERT_EQ(truncate(path("large.plist").c_str(), 200 << 20), 0);
     const Outcome run = this->run({"show", "large.plist"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err, "huecraft: large.plist: it has 200 MB; a theme has at most 64 MB\n");
+    EXPECT_EQ(run.err, "huecraft: large.plist: it has 200 MB; a theme has at most 32 MB\n");
     EXPECT_LT(run.peak_kilobytes, 180 << 10);
 }
 
 TEST_F(BadInput, ADeviceWithoutEndIsRefused) {
     const Outcome run = this->run({"show", "/dev/zero"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err, "huecraft: /dev/zero: it has no end; a theme has at most 64 MB\n");
+    EXPECT_EQ(run.err, "huecraft: /dev/zero: it has no end; a theme has at most 32 MB\n");
 }
 
 TEST_F(BadInput, WhatIsNoPropertyListIsSaidWithTheLine) {

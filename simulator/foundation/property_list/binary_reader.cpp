@@ -10,6 +10,11 @@ namespace {
 
 constexpr size_t trailer_size = 32;
 
+// Objects may lie over one another: a small file could hold many long ones.
+constexpr size_t room_for_shared_bytes = 16 << 20;
+// Foundation counts an object's owners up to some 16 million.
+constexpr uint64_t most_references = 8 << 20;
+
 /// The high half of an object's first byte.
 enum class Kind : unsigned {
     simple,
@@ -65,8 +70,17 @@ class BinaryReader {
         return bytes_.substr(at, count * size_of_each);
     }
 
+    /// The same of what an object is made of.
+    std::string_view contents(uint64_t at, uint64_t count, uint64_t size_of_each) {
+        const auto all = run(at, count, size_of_each);
+        unfolded_ += all.size();
+        if (unfolded_ > bytes_.size() + room_for_shared_bytes) fail("it unfolds to too many bytes");
+        return all;
+    }
+
     Value object(uint64_t index) {
         if (index >= object_count_) fail("a reference names no object");
+        if (++asked_ > most_references) fail("it has too many references");
         if (auto known = known_.find(index); known != known_.end()) return known->second;
         if (depth_ == deepest) fail("it is nested too deeply");
         // Each reference takes a byte at least, so that more objects than bytes are made only where
@@ -96,11 +110,11 @@ class BinaryReader {
         uint64_t content = at + 1;
         if (low == 0x0f) count = long_count(content);
         switch (static_cast<Kind>(marker >> 4)) {
-            case Kind::data: return maker_.data(run(content, count, 1));
-            case Kind::ascii: return ascii(run(content, count, 1));
-            case Kind::utf16: return utf16(run(content, count, 2));
-            case Kind::array: return array(run(content, count, reference_size_), count);
-            case Kind::dictionary: return dictionary(run(content, count, 2 * reference_size_), count);
+            case Kind::data: return maker_.data(contents(content, count, 1));
+            case Kind::ascii: return ascii(contents(content, count, 1));
+            case Kind::utf16: return utf16(contents(content, count, 2));
+            case Kind::array: return array(contents(content, count, reference_size_), count);
+            case Kind::dictionary: return dictionary(contents(content, count, 2 * reference_size_), count);
             default: fail("an object is of a kind that property lists do not have");
         }
     }
@@ -194,7 +208,7 @@ class BinaryReader {
     const ObjectMaker& maker_;
     uint64_t offset_size_ = 0, reference_size_ = 0, object_count_ = 0, top_object_ = 0, offset_table_ = 0;
     std::unordered_map<uint64_t, Value> known_;
-    uint64_t made_ = 0;
+    uint64_t made_ = 0, asked_ = 0, unfolded_ = 0;
     int depth_ = 0;
 };
 

@@ -265,7 +265,18 @@ TEST_F(PackageCheck, APackageThatUnpacksToVeryMuchIsRefused) {
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(
         run.err,
-        "huecraft: changed.deb: it unpacks to more than 128 MB, which no package of this library does\n");
+        "huecraft: changed.deb: data.tar.gz unpacks to more than 64 MB, which no package of this library "
+        "does\n");
+}
+
+TEST_F(PackageCheck, APackageWhoseDescriptionIsVeryLongIsRefused) {
+    unpack();
+    shell("yes '' | head -c 2M >> " + std::string(control));
+    const Outcome run = checked();
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err,
+              "huecraft: changed.deb: control.tar.gz unpacks to more than 1 MB, which no package of this "
+              "library does\n");
 }
 
 TEST_F(PackageCheck, APackageOfVeryManyFilesIsRefused) {

@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <new>
 #include <utility>
 
 #include "cli/terminal.h"
@@ -46,9 +47,10 @@ std::string reason(int error) {
     }
 }
 
-std::string too_large(size_t bytes, const std::string& kind) {
-    return (bytes ? "it has " + std::to_string(bytes >> 20) + " MB" : std::string("it has no end")) + "; a " +
-           kind + " has at most " + std::to_string(largest_input >> 20) + " MB";
+std::string too_large(size_t bytes, const std::string& kind, size_t most) {
+    return (bytes ? "it has " + std::to_string((bytes + (1 << 20) - 1) >> 20) + " MB"
+                  : std::string("it has no end")) +
+           "; a " + kind + " has at most " + std::to_string(most >> 20) + " MB";
 }
 
 [[noreturn]] void cannot_write(const std::string& file, int error) {
@@ -74,15 +76,15 @@ void await_bytes(int descriptor, const std::string& file) {
 
 }  // namespace
 
-std::string read_input(const std::string& file, const std::string& kind) {
+std::string read_input(const std::string& file, const std::string& kind, size_t most) {
     // Without waiting: a pipe that nobody writes to would hold up the other files of the run.
     const Descriptor input(file == "-" ? STDIN_FILENO
                                        : ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat status;
     if (input.number < 0 || fstat(input.number, &status) != 0) throw Unusable(file, reason(errno));
     if (S_ISDIR(status.st_mode)) throw Unusable(file, reason(EISDIR));
-    if (S_ISREG(status.st_mode) && static_cast<size_t>(status.st_size) > largest_input)
-        throw Unusable(file, too_large(static_cast<size_t>(status.st_size), kind));
+    if (S_ISREG(status.st_mode) && static_cast<size_t>(status.st_size) > most)
+        throw Unusable(file, too_large(static_cast<size_t>(status.st_size), kind, most));
     // A pipe or a device has no size that could be believed.
     std::string contents;
     for (;;) {
@@ -93,7 +95,7 @@ std::string read_input(const std::string& file, const std::string& kind) {
         if (count < 0) throw Unusable(file, "cannot be read: " + reason(errno));
         if (count == 0) return contents;
         contents.append(bytes, static_cast<size_t>(count));
-        if (contents.size() > largest_input) throw Unusable(file, too_large(0, kind));
+        if (contents.size() > most) throw Unusable(file, too_large(0, kind, most));
     }
 }
 
@@ -224,7 +226,11 @@ void require_replaceable(const std::string& output, OutputKind kind, const std::
 
 void on_the_phone(const std::string& file, const std::function<void()>& work) {
     objc::AutoreleasePool pool;
-    if (const id raised = objc::caught(work)) throw Unusable(file, exception_in_words(raised));
+    try {
+        if (const id raised = objc::caught(work)) throw Unusable(file, exception_in_words(raised));
+    } catch (const std::bad_alloc&) {
+        throw Unusable(file, out_of_memory);
+    }
 }
 
 Status for_each_file(const std::vector<std::string>& files,

@@ -20,12 +20,18 @@ class Unusable : public std::runtime_error {
     std::string file_;
 };
 
-/// The most bytes that an input may have. A theme whose picture is no larger than the keyboard has a few
-/// hundred thousand.
+/// The most bytes that an input may have: a photo or a package.
 constexpr size_t largest_input = 64 << 20;
+/// A property list. A theme whose picture is no larger than the keyboard has a few hundred thousand.
+constexpr size_t largest_list = 32 << 20;
+/// A description of a system; those that come with the command have a hundred thousand.
+constexpr size_t largest_description = 8 << 20;
+/// What somebody wrote by hand: a script, a scheme, CSS.
+constexpr size_t largest_text = 1 << 20;
 
 /// The whole file; of standard input for "-". Throws Unusable, which says what it should have been.
-std::string read_input(const std::string& file, const std::string& kind = "theme");
+std::string read_input(const std::string& file, const std::string& kind = "theme",
+                       size_t most = largest_list);
 
 /// Writes the whole file or nothing: beside the place first, under its name only when it is complete. "-" is
 /// standard output. Throws Unusable.

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -96,6 +97,8 @@ class StayingToTidyUp {
         status = work();
     } catch (const Unusable& unusable) {
         complain(unusable.file(), unusable.what());
+    } catch (const std::bad_alloc&) {
+        complain("an input", out_of_memory);
     } catch (const std::exception& failure) {
         std::fflush(stdout);
         std::fprintf(stderr, "huecraft: %s\n", failure.what());
@@ -155,12 +158,23 @@ void Workshop::install_settings_pictures() const {
     fs::copy(bundle, place / "Huecraft.bundle", fs::copy_options::recursive);
 }
 
+/// Inputs are bounded by what is in them. This is for what was overlooked: the memory that is written to,
+/// with the stacks of the decoders' threads, of which little is.
+static void bound_memory() {
+#if !__has_feature(address_sanitizer)
+    constexpr rlim_t bytes = 640 << 20;
+    const rlimit limit{bytes, bytes};
+    setrlimit(RLIMIT_DATA, &limit);
+#endif
+}
+
 pid_t start_child(const std::function<Status()>& work) {
     std::fflush(nullptr);
     const pid_t child = fork();
     if (child < 0) throw Unusable("a process", std::string("cannot be started: ") + std::strerror(errno));
     if (child == 0) {
         prctl(PR_SET_PDEATHSIG, SIGTERM);
+        bound_memory();
         work_and_exit(work);
     }
     return child;

@@ -34,7 +34,7 @@ struct Convert {
 
   private:
     Losses convert() const {
-        const PropertyList list = parse_property_list(read_input(file), file);
+        const PropertyList list = parse_property_list(read_input(file, "property list"), file);
         Losses losses;
         const std::string bytes = written_property_list(list.root, form_named(to), file, losses);
         write_output(output, bytes);

@@ -16,7 +16,7 @@ namespace {
 enum Background : NSUInteger { flat_colour = 1, gradient_of_colours = 2 };
 
 Imported imported(const std::string& file) {
-    const std::string text = read_input(file);
+    const std::string text = read_input(file, "scheme", largest_text);
     try {
         return without_css_comments(text).find("gradient(") != std::string::npos ? import_css_gradient(text)
                                                                                  : import_base16(text);

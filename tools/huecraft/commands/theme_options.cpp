@@ -67,7 +67,7 @@ void ThemeOptions::check(bool has_picture) const {
 }
 
 std::vector<std::string> ThemeOptions::put_photo(HuecraftConfig* config, const std::string& file) const {
-    PreparedPhoto photo = prepare_photo(read_input(file, "photo"), file, photo_wish());
+    PreparedPhoto photo = prepare_photo(read_input(file, "photo", largest_input), file, photo_wish());
     const StoredPicture stored = stored_picture(photo.picture);
     config->setBackgroundType(image_data);
     store_image(config, stored.bytes);

@@ -12,7 +12,9 @@ Status ThemePicture::draw_once(const Draw& draw) const {
         const std::string theme = read_input(file);
         const auto build = command::library(library);
         draw(workshop,
-             {theme, build, {tools::sha256_of(read_input(build, "library")), tools::sha256_of(theme)}});
+             {theme,
+              build,
+              {tools::sha256_of(read_input(build, "library", largest_input)), tools::sha256_of(theme)}});
         return Status::fine;
     });
 }

@@ -50,7 +50,7 @@ DeviceDescription description_of_system(const std::string& system) {
 }
 
 DeviceDescription description_in_file(const std::string& file) {
-    return DeviceDescription::parse(read_input(file, "description"), file);
+    return DeviceDescription::parse(read_input(file, "description", largest_description), file);
 }
 
 }  // namespace command

@@ -11,8 +11,8 @@
 namespace command {
 namespace {
 
-constexpr uint64_t most_values = 100'000;
-constexpr uint64_t most_bytes = 2 * largest_input;
+constexpr uint64_t most_letters = 1'000'000;
+constexpr uint64_t most_bytes = 2 * largest_list;
 
 /// How many values the bytes describe, roughly; never more than twice too few.
 uint64_t values_in(const std::string& bytes) {
@@ -31,8 +31,8 @@ uint64_t values_in(const std::string& bytes) {
     return number('<') / 2 + number(';') + number(',');
 }
 
-[[noreturn]] void refuse(const std::string& file) {
-    throw Unusable(file, "it holds more than " + std::to_string(most_values) +
+[[noreturn]] void refuse(const std::string& file, uint64_t most) {
+    throw Unusable(file, "it holds more than " + std::to_string(most) +
                              " values, or unfolds to as many; expected a dozen, as themes have");
 }
 
@@ -43,9 +43,11 @@ struct Extent {
 
 class Measure {
   public:
+    explicit Measure(const std::string& file) : file_(file) {}
+
     Extent of(id value) {
         switch (kind_of(value)) {
-            case Kind::text: return {1, static_cast<NSString*>(value)->length()};
+            case Kind::text: return of_text(static_cast<NSString*>(value));
             case Kind::data: return {1, static_cast<NSData*>(value)->length()};
             case Kind::list:
             case Kind::dictionary: break;
@@ -65,23 +67,30 @@ class Measure {
     }
 
   private:
+    Extent of_text(NSString* text) const {
+        if (text->length() > most_letters)
+            throw Unusable(file_, "found a text of " + std::to_string(text->length()) +
+                                      " letters, expected at most " + std::to_string(most_letters));
+        return {1, text->length()};
+    }
     static void add(Extent& all, const Extent& one) {
         all.values = std::min(all.values + one.values, 2 * most_values);
         all.bytes = std::min(all.bytes + one.bytes, 2 * most_bytes);
     }
 
+    const std::string& file_;
     std::unordered_map<id, Extent> known_;
 };
 
 }  // namespace
 
 void require_moderate(const std::string& bytes, const std::string& file) {
-    if (values_in(bytes) > most_values) refuse(file);
+    if (values_in(bytes) > most_values) refuse(file, most_values);
 }
 
-void require_moderate(id root, const std::string& file) {
-    const Extent extent = Measure().of(root);
-    if (extent.values > most_values) refuse(file);
+void require_moderate(id root, const std::string& file, uint64_t most) {
+    const Extent extent = Measure(file).of(root);
+    if (extent.values > most) refuse(file, most);
     if (extent.bytes > most_bytes)
         throw Unusable(file, "it unfolds to more than " + std::to_string(most_bytes >> 20) +
                                  " MB, expected less than a theme's file may have");

@@ -147,6 +147,7 @@ std::string without_addresses(const std::string& text) {
 std::string exception_in_words(id raised) {
     auto* exception = static_cast<NSObject*>(raised);
     if (!exception->isKindOfClass(objc_getClass("NSException"))) return "an exception was raised";
+    if (utf8(exception->send<"name", NSString*>()) == "NSMallocException") return out_of_memory;
     return "an exception was raised: " + utf8(exception->send<"name", NSString*>()) + ": " +
            one_line(without_addresses(utf8(exception->send<"reason", NSString*>())), 300);
 }

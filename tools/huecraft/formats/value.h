@@ -32,6 +32,9 @@ double number_of(id value);
 
 /// What was raised, for someone who cannot see the phone: without the addresses of its objects.
 std::string exception_in_words(id raised);
+
+/// What is said where the memory that a child of the command may have does not suffice.
+inline constexpr const char* out_of_memory = "it takes more memory than any theme, photo or package should";
 /// The text without addresses.
 std::string without_addresses(const std::string& text);
 

@@ -92,7 +92,7 @@ struct Gallery {
     struct Build {
         explicit Build(const std::filesystem::path& path)
             : file(path),
-              digest(tools::sha256_of(read_input(path, "library"))) {}
+              digest(tools::sha256_of(read_input(path, "library", largest_input))) {}
         std::filesystem::path file;
         std::string digest;
     };

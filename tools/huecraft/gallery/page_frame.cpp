@@ -17,10 +17,10 @@ constexpr const char* head = R"(<!DOCTYPE html>
 // has switched to dark.
 constexpr const char* light =
     "color-scheme: light; --page: #ffffff; --text: #1b1b1d; --faint: #55585e; "
-    "--link: #0b57d0; --edge: #767b84;";
+    "--link: #0b57d0; --edge: #767b84; --rim: #0002;";
 constexpr const char* dark =
     "color-scheme: dark; --page: #16181c; --text: #e9e9ec; --faint: #b3b6bd; "
-    "--link: #8ab4f8; --edge: #868b94;";
+    "--link: #8ab4f8; --edge: #868b94; --rim: #fff4;";
 
 constexpr const char* style = R"(
 body { background: var(--page); color: var(--text); font: 16px/1.4 system-ui, sans-serif; margin: 2rem auto;
@@ -30,7 +30,7 @@ main { display: grid; gap: 2.5rem 1.5rem; grid-template-columns: repeat(auto-fil
 article { max-width: 375px; min-width: 0; }
 [hidden] { display: none !important; }
 h2 { font-size: 1.1rem; margin: 0 0 .5rem; overflow-wrap: anywhere; }
-img { border-radius: .6rem; box-shadow: 0 1px 6px #0006; display: block; height: auto; width: 100%; }
+img { border-radius: .6rem; box-shadow: 0 0 0 1px var(--rim), 0 1px 6px #0006; display: block; height: auto; width: 100%; }
 ul { display: flex; flex-wrap: wrap; gap: .2rem 1rem; list-style: none; margin: .7rem 0 .3rem; padding: 0; }
 li, p { color: var(--faint); font-size: .85rem; margin: 0; overflow-wrap: anywhere; }
 .swatch { border: 1px solid var(--edge); border-radius: .2rem; display: inline-block; height: 1em;
@@ -39,6 +39,7 @@ a { color: var(--link); }
 #controls { align-items: center; display: flex; flex-wrap: wrap; gap: .7rem 1.5rem; margin-bottom: .7rem; }
 input, select, button { background: var(--page); border: 1px solid var(--edge); border-radius: .4rem;
     color: var(--text); font: inherit; min-height: 2.2rem; padding: .2rem .6rem; }
+[aria-pressed=true] { background: var(--text); color: var(--page); }
 :focus-visible { outline: 3px solid var(--link); outline-offset: 2px; }
 #found { margin-bottom: 1.5rem; min-height: 1.2rem; }
 )";

@@ -18,16 +18,17 @@
 namespace command {
 namespace {
 
-// What one package unpacks to.
-constexpr size_t largest_unpacked = 2 * largest_input;
+// What one package unpacks to, and of that its description and scripts, which are read line by line.
+constexpr size_t largest_unpacked = largest_input;
+constexpr size_t largest_control = 1 << 20;
 constexpr size_t most_entries = 1000;
 
 [[noreturn]] void damaged(const std::string& file, const std::string& how) {
     throw Unusable(file, "it is a damaged package: " + how);
 }
 
-[[noreturn]] void too_large(const std::string& file) {
-    throw Unusable(file, "it unpacks to more than " + std::to_string(largest_unpacked >> 20) +
+[[noreturn]] void too_large(const std::string& file, const std::string& part, size_t most) {
+    throw Unusable(file, part + " unpacks to more than " + std::to_string(most >> 20) +
                              " MB, which no package of this library does");
 }
 
@@ -86,7 +87,7 @@ std::vector<Member> members_of(std::string_view bytes, const std::string& file, 
 }
 
 /// What a member in gzip's form unpacks to. Its checksum and length are compared, and nothing may follow.
-std::string inflated(const Member& member, const std::string& file) {
+std::string inflated(const Member& member, const std::string& file, size_t most) {
     z_stream stream{};
     constexpr int gzip_only = 15 + 16;
     if (inflateInit2(&stream, gzip_only) != Z_OK) throw std::bad_alloc();
@@ -100,7 +101,7 @@ std::string inflated(const Member& member, const std::string& file) {
         stream.avail_out = sizeof bytes;
         result = inflate(&stream, Z_NO_FLUSH);
         contents.append(bytes, sizeof bytes - stream.avail_out);
-        if (contents.size() > largest_unpacked) too_large(file);
+        if (contents.size() > most) too_large(file, member.name, most);
         if (result != Z_OK && result != Z_STREAM_END)
             damaged(file, member.name + ": " +
                               (stream.msg ? one_line(stream.msg, 200) : "it ends before its checksum"));
@@ -141,7 +142,7 @@ class Unpacking {
             if (count < 0) require(static_cast<int>(count), reader);
             if (count <= 0) return contents;
             unpacked_ += static_cast<size_t>(count);
-            if (unpacked_ > largest_unpacked) too_large(file_);
+            if (unpacked_ > largest_unpacked) too_large(file_, "it", largest_unpacked);
             contents.append(bytes, static_cast<size_t>(count));
         }
     }
@@ -239,9 +240,9 @@ Package open_package(const std::string& bytes, const std::string& file) {
         if (member.name == "debian-binary")
             package.format = std::move(member.contents);
         else if (member.name == "control.tar.gz")
-            control = inflated(member, file);
+            control = inflated(member, file, largest_control);
         else if (member.name == "data.tar.gz")
-            data = inflated(member, file);
+            data = inflated(member, file, largest_unpacked);
     }
     package.trailing = bytes.size() - end;
     for (const auto& [part, name] : {std::pair{&control, "control.tar.gz"}, {&data, "data.tar.gz"}})

@@ -30,7 +30,7 @@ struct PackageCheck {
             objc::AutoreleasePool pool;
             Json all = Json::array();
             const Status status = for_each_file(files, [&](const std::string& file) {
-                const Package package = open_package(read_input(file, "package"), file);
+                const Package package = open_package(read_input(file, "package", largest_input), file);
                 const Checks checks = checks_of(package, workshop);
                 json ? all.push_back(in_json(file, checks)) : print(file, checks);
                 return faulty(checks) ? Status::finding : Status::fine;

@@ -5,6 +5,7 @@
 
 #include "cli/files.h"
 #include "cli/terminal.h"
+#include "photos/picture_limits.h"
 
 namespace command {
 namespace {
@@ -38,23 +39,9 @@ int orientation_in_exif(std::string_view block) {
     return 1;
 }
 
-size_t announced_pixels(std::string_view bytes) {
-    const auto number = [&](size_t at, size_t length) {
-        size_t value = 0;
-        for (size_t i = at; i < at + length && i < bytes.size(); ++i)
-            value = value << 8 | static_cast<unsigned char>(bytes[i]);
-        return value;
-    };
-    if (bytes.starts_with("\x89PNG")) return number(16, 4) * number(20, 4);
-    if (!bytes.starts_with("\xff\xd8")) return 0;
-    // Segments with their lengths, up to the one that begins a frame.
-    for (size_t at = 2; at + 9 < bytes.size() && number(at, 1) == 0xff; at += 2 + number(at + 2, 2)) {
-        const size_t marker = number(at + 1, 1);
-        const bool frame =
-            marker >= 0xc0 && marker <= 0xcf && marker != 0xc4 && marker != 0xc8 && marker != 0xcc;
-        if (frame) return number(at + 5, 2) * number(at + 7, 2);
-    }
-    return 0;
+void require_room(const std::string& file, size_t pixels_left) {
+    if (pixels_left > most_decoded_pixels)
+        throw Unusable(file, "so small a part of so large a picture does not fit into memory; cut it first");
 }
 
 RowReducer::RowReducer(size_t width, size_t height, size_t factor)
@@ -88,11 +75,12 @@ Picture RowReducer::finish() {
 
 Decoded decode_photo(const std::string& bytes, const std::string& file, const Reduction& reduction) {
     const std::string_view view = bytes;
+    if (const std::string why = laborious(view); !why.empty()) throw Unusable(file, why);
     if (view.starts_with("\xff\xd8\xff")) return decode_jpeg_photo(bytes, file, reduction);
     if (view.starts_with("\x89PNG\r\n\x1a\n")) return decode_png_photo(bytes, file, reduction);
     if (view.starts_with("RIFF") && view.substr(0, 12).ends_with("WEBP"))
         return decode_webp_photo(bytes, file, reduction);
-    if (is_heic(view)) return decode_heic_photo(bytes, file);
+    if (is_heic(view)) return decode_heic_photo(bytes, file, reduction);
     throw Unusable(file, "it is not a picture that can be read: found " +
                              (bytes.empty() ? "an empty file" : in_quotes(view.substr(0, 8))) +
                              " at its beginning; expected PNG, JPEG, WebP or HEIC");

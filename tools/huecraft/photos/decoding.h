@@ -31,13 +31,10 @@ Decoded decode_photo(const std::string& bytes, const std::string& file, const Re
 Decoded decode_jpeg_photo(const std::string& bytes, const std::string& file, const Reduction& reduction);
 Decoded decode_png_photo(const std::string& bytes, const std::string& file, const Reduction& reduction);
 Decoded decode_webp_photo(const std::string& bytes, const std::string& file, const Reduction& reduction);
-Decoded decode_heic_photo(const std::string& bytes, const std::string& file);
+Decoded decode_heic_photo(const std::string& bytes, const std::string& file, const Reduction& reduction);
 
 /// The orientation that a block of EXIF tells, without the "Exif" before it; 1 where it tells none.
 int orientation_in_exif(std::string_view block);
-
-/// The pixels that a PNG or JPEG picture says to have, before it is decoded; 0 for what is neither.
-size_t announced_pixels(std::string_view bytes);
 
 /// Takes rows one after another, and keeps the means of so many by so many pixels.
 class RowReducer {
@@ -54,9 +51,15 @@ class RowReducer {
     std::vector<uint32_t> sums_;
 };
 
-/// The pixels that a picture may take in memory while it is decoded.
-inline constexpr size_t most_decoded_pixels = 64'000'000;
+/// The pixels that a picture may take in memory when it is decoded. Turning it upright takes them once more.
+inline constexpr size_t most_decoded_pixels = 48'000'000;
 /// The pixels that a file may have that is reduced while it is decoded.
 inline constexpr size_t most_pixels = 250'000'000;
+/// The pixels of a HEIC picture, which its decoder has in memory as it has them itself, and once more in red,
+/// green and blue.
+inline constexpr size_t most_heic_pixels = 64'000'000;
+
+/// Throws Unusable where more than may be decoded is left of the picture when it is reduced.
+void require_room(const std::string& file, size_t pixels_left);
 
 }  // namespace command

@@ -82,6 +82,21 @@ bool read_row(Reading& reading) {
     return jpeg_read_scanlines(&reading.jpeg, &row, 1) == 1;
 }
 
+/// Where the pixels come in several scans, all that was read of them is kept until the last.
+void require_room_for_scans(jpeg_decompress_struct& jpeg, const std::string& file) {
+    if (!jpeg_has_multiple_scans(&jpeg)) return;
+    constexpr size_t most_bytes = 360 << 20;
+    size_t bytes = 0;
+    for (int i = 0; i < jpeg.num_components; ++i)
+        bytes +=
+            size_t{jpeg.comp_info[i].width_in_blocks} * jpeg.comp_info[i].height_in_blocks * sizeof(JBLOCK);
+    if (bytes > most_bytes)
+        throw Unusable(file,
+                       "it takes " + std::to_string(bytes >> 20) +
+                           " MB while it is decoded, as its pixels come in several scans; expected at most " +
+                           std::to_string(most_bytes >> 20) + ": save it without, as baseline JPEG");
+}
+
 bool read_profile(Reading& reading) {
     if (setjmp(reading.errors.back)) return false;
     JOCTET* profile = nullptr;
@@ -111,6 +126,7 @@ Decoded decode_jpeg_photo(const std::string& bytes, const std::string& file, con
     if (decoded.width * decoded.height > most_pixels)
         throw Unusable(file, "it has " + std::to_string(decoded.width * decoded.height / 1'000'000) +
                                  " megapixels, expected at most " + std::to_string(most_pixels / 1'000'000));
+    require_room_for_scans(jpeg, file);
     read_profile(reading);
     const bool inks = jpeg.jpeg_color_space == JCS_CMYK || jpeg.jpeg_color_space == JCS_YCCK;
     decoded.inks = inks ? Decoded::Inks::cmyk : Decoded::Inks::rgb;
@@ -122,8 +138,7 @@ Decoded decode_jpeg_photo(const std::string& bytes, const std::string& file, con
     decoded.reduction = 8.0 / jpeg.scale_num;
     require(start(reading));
     const size_t width = jpeg.output_width, height = jpeg.output_height;
-    if (width * height > most_decoded_pixels)
-        throw Unusable(file, "so small a part of so large a picture does not fit into memory; cut it first");
+    require_room(file, width * height);
     decoded.picture = Picture(width, height);
     reading.row.resize(width * 4);
     for (size_t y = 0; y < height; ++y) {

@@ -37,6 +37,7 @@ struct Reading {
     png_infop info = nullptr;
     std::vector<uint8_t> row, all;
     std::vector<png_bytep> rows;
+    size_t bytes_of_a_row = 0;  ///< in the file
     ~Reading() { png_destroy_read_struct(&png, &info, nullptr); }
 };
 
@@ -45,6 +46,7 @@ bool read_header(Reading& reading) {
     png_set_read_fn(reading.png, &reading.source, read_bytes);
     png_set_user_limits(reading.png, 100'000, 100'000);
     png_read_info(reading.png, reading.info);
+    reading.bytes_of_a_row = png_get_rowbytes(reading.png, reading.info);
     png_set_expand(reading.png);
     png_set_scale_16(reading.png);
     png_set_gray_to_rgb(reading.png);
@@ -99,11 +101,15 @@ Decoded decode_png_photo(const std::string& bytes, const std::string& file, cons
     if (pixels > most)
         throw Unusable(file, "it has " + std::to_string(pixels / 1'000'000) +
                                  " megapixels, expected at most " + std::to_string(most / 1'000'000));
+    constexpr size_t most_bytes = 900'000'000;
+    const size_t unpacked = decoded.height * reading.bytes_of_a_row;
+    if (unpacked > most_bytes)
+        throw Unusable(file, "it unpacks to " + std::to_string(unpacked / 1'000'000) +
+                                 " MB, expected at most " + std::to_string(most_bytes / 1'000'000));
     const double wanted = std::max(1.0, reduction(decoded.width, decoded.height, decoded.orientation));
     const auto factor = static_cast<size_t>(wanted);
     decoded.reduction = static_cast<double>(factor);
-    if (pixels / (factor * factor) > most_decoded_pixels)
-        throw Unusable(file, "so small a part of so large a picture does not fit into memory; cut it first");
+    require_room(file, pixels / (factor * factor));
     RowReducer reducer(decoded.width, decoded.height, factor);
     reading.row.resize(decoded.width * 4);
     if (interlaced) {

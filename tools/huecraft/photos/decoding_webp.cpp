@@ -37,6 +37,15 @@ Decoded decode_webp_photo(const std::string& bytes, const std::string& file, con
     decoded.format = "WebP";
     decoded.width = static_cast<size_t>(config.input.width);
     decoded.height = static_cast<size_t>(config.input.height);
+    // Other than the lossy ones without, those are unpacked as a whole.
+    constexpr int lossless = 2;
+    if (config.input.format == lossless || config.input.has_alpha) {
+        if (decoded.width * decoded.height > most_decoded_pixels)
+            throw Unusable(file, "it has " + std::to_string(decoded.width * decoded.height / 1'000'000) +
+                                     " megapixels, expected at most " +
+                                     std::to_string(most_decoded_pixels / 1'000'000) +
+                                     " of a WebP picture that is lossless or has an alpha channel");
+    }
     decoded.profile = chunk_of(bytes, "ICCP");
     std::string_view exif = chunk_of(bytes, "EXIF");
     if (exif.starts_with(std::string_view("Exif\0\0", 6))) exif.remove_prefix(6);
@@ -46,6 +55,7 @@ Decoded decode_webp_photo(const std::string& bytes, const std::string& file, con
         return std::max<size_t>(
             1, static_cast<size_t>(std::lround(static_cast<double>(length) / decoded.reduction)));
     };
+    require_room(file, reduced(decoded.width) * reduced(decoded.height));
     decoded.picture = Picture(reduced(decoded.width), reduced(decoded.height));
     config.options.use_scaling = 1;
     config.options.scaled_width = static_cast<int>(decoded.picture.width);

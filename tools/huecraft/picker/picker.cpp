@@ -49,7 +49,8 @@ struct Picker {
             throw Unusable(output, "it is not a folder; the pictures need one");
         return in_workshop([&](const Workshop& workshop) {
             const auto build = command::library(library);
-            const tools::Provenance provenance{tools::sha256_of(read_input(build, "library")), ""};
+            const tools::Provenance provenance{tools::sha256_of(read_input(build, "library", largest_input)),
+                                               ""};
             workshop.install_settings_pictures();
             files.lend(workshop);
             if (palette == "eclipse") install_eclipse(workshop);
@@ -64,7 +65,7 @@ struct Picker {
 
   private:
     Script read_script() const {
-        if (!script.empty()) return parse_script(script, read_input(script, "script"));
+        if (!script.empty()) return parse_script(script, read_input(script, "script", largest_text));
         // Nothing but the picker in its place.
         return parse_script("the script", output.empty() ? "wait 1" : "wait 1\npicture picker");
     }

@@ -1,5 +1,7 @@
 #include "picker/picker_session.h"
 
+#include <algorithm>
+#include <ctime>
 #include <utility>
 
 #include "cli/files.h"
@@ -66,7 +68,12 @@ class Session {
         UIPasteboard::generalPasteboard()->setString(copied);
     }
     void operator()(const say::Wait& wait) {
-        check(sim_advance_clock(wait.seconds));
+        // In parts: what is recorded takes its time.
+        constexpr double part = 1;
+        for (double left = wait.seconds; left > 0; left -= part) {
+            check(sim_advance_clock(std::min(left, part)));
+            require_time();
+        }
         time_ += wait.seconds;
     }
     void operator()(const say::Picture& picture) {
@@ -102,6 +109,14 @@ class Session {
         throw Raised{raised.substr(0, name),
                      name == raised.npos ? "" : without_addresses(raised.substr(name + 2))};
     }
+    /// A script's length says little about the time that it takes.
+    void require_time() const {
+        constexpr double most_seconds = 5;
+        if (static_cast<double>(std::clock() - began_) / CLOCKS_PER_SEC > most_seconds)
+            refuse(
+                "5 seconds of processor time were not enough for the script up to here; expected a shorter "
+                "one, or fewer pictures");
+    }
     void require_open() const {
         if (!is_open_) refuse("the picker is closed; \"open\" shows another one");
     }
@@ -132,6 +147,7 @@ class Session {
     const Script& script_;
     const PickerSetup& setup_;
     PickerRun run_;
+    std::clock_t began_ = std::clock();
     size_t line_ = 0;
     double time_ = 0;
     bool is_open_ = false;
@@ -276,6 +292,7 @@ PickerRun Session::play() {
             line_ = instruction.line;
             std::visit(*this, instruction.what);
             look();
+            require_time();
         }
     } catch (const Raised& raised) {
         note(PickerEvent::Kind::raised, raised.name, raised.reason);

@@ -13,7 +13,7 @@
 #include "objc/exception.h"
 #include "objc/fast_enumeration.h"
 #include "objc/instance_variable.h"
-#include "photos/decoding.h"
+#include "photos/picture_limits.h"
 #include "support/text.h"
 
 namespace command {
@@ -30,16 +30,21 @@ std::string reason_of(NSError* error) {
     return one_line(utf8(error->send<"localizedDescription", NSString*>()), 200);
 }
 
-/// The phone decodes whole pictures, whatever they take.
+[[noreturn]] void refuse(const std::string& file, ThemeKey key, const std::string& why) {
+    throw Unusable(file, std::string(name_of(key)) + ": " + why);
+}
+
+/// The phone decodes whole pictures, whatever they take, and more than once.
 void require_moderate_picture(id image, const std::string& file) {
-    constexpr size_t most = 36'000'000;
+    constexpr size_t most = 20'000'000;
     if (kind_of(image) != Kind::data) return;
     auto* data = static_cast<NSData*>(image);
-    const size_t pixels = announced_pixels({static_cast<const char*>(data->bytes()), data->length()});
-    if (pixels > most)
-        throw Unusable(file, std::string(name_of(ThemeKey::image)) + ": found a picture of " +
-                                 std::to_string(pixels / 1'000'000) + " megapixels, expected at most " +
-                                 std::to_string(most / 1'000'000));
+    const std::string_view bytes{static_cast<const char*>(data->bytes()), data->length()};
+    if (const size_t pixels = announced_pixels(bytes); pixels > most)
+        refuse(file, ThemeKey::image,
+               "found a picture of " + std::to_string(pixels / 1'000'000) + " megapixels, expected at most " +
+                   std::to_string(most / 1'000'000));
+    if (const std::string why = laborious(bytes); !why.empty()) refuse(file, ThemeKey::image, why);
 }
 
 }  // namespace
@@ -108,7 +113,7 @@ LoadedTheme load_theme(const Workshop& workshop, const std::string& file, const 
         std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
     if (raised) throw Unusable(file, exception_in_words(raised));
     if (!theme.config) throw Unusable(file, reason_of(error));
-    require_moderate(static_cast<NSObject*>(theme.config->asPlist()), file);
+    require_moderate(static_cast<NSObject*>(theme.config->asPlist()), file, most_values_of_a_theme);
     require_moderate_picture(theme.stored(name_of(ThemeKey::image)), file);
     const bool any_known =
         std::ranges::any_of(theme_keys, [&](const auto& key) { return theme.stored(key.name); });
