@@ -1,8 +1,7 @@
-# write_described_subjects(<file>): what a description of a system is about, as C++, from the one list of it and the hook table.
+# write_described_subjects(<file>): what a description of a system is about, as C++, from the one list of it.
 function(write_described_subjects file)
-    set(list ${PROJECT_SOURCE_DIR}/describe/subjects.txt)
-    set(table ${PROJECT_SOURCE_DIR}/library/hooks/hook_table.h)
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list} ${table})
+    set(list ${PROJECT_SOURCE_DIR}/compatibility/subjects.txt)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list})
     file(READ ${list} subjects)
     foreach(kind class function)
         string(REGEX MATCHALL "\n${kind} [A-Za-z0-9_]+" found "${subjects}")
@@ -14,15 +13,5 @@ function(write_described_subjects file)
     endforeach()
     string(JOIN "" described_classes ${class_rows})
     string(JOIN "" described_functions ${function_rows})
-
-    # A row of the table: {condition, hook<"-[Class selector]", …}
-    file(READ ${table} table_text)
-    string(REGEX MATCHALL "{[a-z_]+, *hook<\"[-+][^\"]+\"" rows "${table_text}")
-    list(LENGTH rows count)
-    if(count EQUAL 0)
-        message(FATAL_ERROR "${table} has no rows that can be read")
-    endif()
-    list(TRANSFORM rows REPLACE "{([a-z_]+), *hook<(\"[^\"]+\")" "    {\\2, \\1},\n")
-    string(JOIN "" hooked_methods ${rows})
-    configure_file(${PROJECT_SOURCE_DIR}/describe/subjects.cpp.in ${file} @ONLY)
+    configure_file(${PROJECT_SOURCE_DIR}/compatibility/subjects.cpp.in ${file} @ONLY)
 endfunction()

@@ -1,33 +1,24 @@
-// A hook took effect where the implementation of its method lies in the library.
+// Loading the library in another process, and saying what it did there.
 #include "describe/hooks.h"
 
 #include <string_view>
 
-#include "describe/hooked_method.h"
-#include "describe/subjects.h"
+#include "compatibility/image_of.h"
+#include "compatibility/seen_hooks.h"
 #include "describe/system.h"
+#include "hooks/decision.h"
 #include "objc/strong.h"
-#include "platform/coregraphics.h"
 #include "platform/foundation.h"
-#include "platform/uikit.h"
 
 namespace describe {
 namespace {
 
-using namespace objc::literals;
-using hooks::Condition;
+using compatibility::Output;
 
 constexpr const char* library_path = "/Library/MobileSubstrate/DynamicLibraries/HuecraftiOS12.dylib";
 constexpr const char* any_export_of_the_library = "kGradientLeft";
-constexpr std::string_view only_in_the_home_screen = "-[SpringBoard ";
 constexpr unsigned longest_wait = 60;  // seconds
 constexpr unsigned longest_path = 1024;
-
-/// The image that an address lies in, by where its file is in memory; null where there is none.
-const void* image_at(const void* address) {
-    DynamicSymbol found{};
-    return address && dladdr(address, &found) ? found.file_address : nullptr;
-}
 
 /// A message of the system's in one line that holds no remark.
 struct OneLine {
@@ -48,37 +39,6 @@ void unseen(const Output& out, Reason... reason) {
     out.line("# hooks not seen: ", reason...);
 }
 
-/// The library's preference store, of which nothing is reported but the two switches.
-id preferences() {
-    return objc::send<"sharedInstance", id>(reinterpret_cast<id>(objc_lookUpClass("HCPreferences")));
-}
-
-void tell(const Output& out, const char* target, bool took_effect) {
-    out.line("hook ", target, took_effect ? " took effect" : " had no effect");
-}
-
-void write_method(const Output& out, const HookedMethod& row, const void* library_image) {
-    if (row.condition == Condition::caps_hidden && objc::send<"isCapsEnabled", bool>(preferences()))
-        return out.line("# not wanted, since the theme shows key caps: hook ", row.name);
-    Method method = method_named(row.name);
-    if (!method && std::string_view(row.name).starts_with(only_in_the_home_screen))
-        return out.line("# not seen, since only the home screen has the class: hook ", row.name);
-    tell(
-        out, row.name,
-        method && image_at(reinterpret_cast<const void*>(method_getImplementation(method))) == library_image);
-}
-
-/// A replaced function is known by what it answers: the theme's two colours.
-bool answers_theme_colours(const char* function) {
-    const auto named_color = reinterpret_cast<CGColorRef (*)(NSString*)>(dlsym(any_library, function));
-    if (!named_color) return false;
-    const auto is_theme_color = [&](NSString* name, UIColor* color) {
-        return CGColorEqualToColor(named_color(name), color->CGColor());
-    };
-    return is_theme_color("UIKBColorText"_ns, objc::send<"getTextColor", UIColor*>(preferences())) &&
-           is_theme_color("UIKBColorHighlight"_ns, objc::send<"getHighlightColor", UIColor*>(preferences()));
-}
-
 }  // namespace
 
 void write_hooks_seen_here(const Output& out, const char* claimed) {
@@ -90,11 +50,10 @@ void write_hooks_seen_here(const Output& out, const char* claimed) {
     alarm(longest_wait);  // whatever the library does here, the report comes to its end
     void* library = dlopen(library_path, now);
     if (!library) return unseen(out, "the library cannot be loaded: ", OneLine(dlerror()).text);
-    const void* library_image = image_at(dlsym(library, any_export_of_the_library));
-    if (!library_image || !preferences()) return unseen(out, "what is installed is not the library");
-    if (!objc::send<"isEnabled", bool>(preferences())) return unseen(out, "theming is off");
-    for (const HookedMethod& row : hooked_methods()) write_method(out, row, library_image);
-    for (const char* function : described_functions()) tell(out, function, answers_theme_colours(function));
+    const compatibility::SeenHooks seen;
+    if (!compatibility::image_of(dlsym(library, any_export_of_the_library)) || !seen.library())
+        return unseen(out, "what is installed is not the library");
+    compatibility::write_hooks(out, seen);
     alarm(0);
 }
 

@@ -3,20 +3,18 @@
 // Nothing of the user's is in the report: no names, no files, nothing of the theme.
 #include <string_view>
 
-#include "describe/description.h"
+#include "compatibility/description.h"
+#include "compatibility/list.h"
 #include "describe/hooks.h"
-#include "describe/list.h"
 #include "describe/system.h"
 #include "objc/image.h"
 #include "objc/strong.h"
-#include "platform/foundation.h"
-#include "platform/uikit.h"
 
 OBJC_IMAGE_INFO
 
 namespace {
 
-using describe::Output;
+using compatibility::Output;
 
 constexpr const char* an_application = "/Applications/Huecraft.app/Huecraft";
 
@@ -40,36 +38,14 @@ class Page {
     ~Page() { write_all(describe::standard_output, {written_.data(), written_.size()}); }
 
   private:
-    describe::List<char> written_;
+    compatibility::List<char> written_;
 };
-
-/// As the processor says it, whatever this command was built for.
-const char* processor() {
-    constexpr int arm64 = 0x0100000c, arm64e = 2, x86_64 = 0x01000007;
-    int type = 0, subtype = 0;
-    size_t size = sizeof type;
-    if (sysctlbyname("hw.cputype", &type, &size, nullptr, 0) != 0) return "unknown";
-    size = sizeof subtype;
-    if (sysctlbyname("hw.cpusubtype", &subtype, &size, nullptr, 0) != 0) return "unknown";
-    if (type == x86_64) return "x86_64";
-    if (type != arm64) return "unknown";
-    return subtype == arm64e ? "arm64e" : "arm64";
-}
-
-bool is_there(const char* function) { return dlsym(describe::any_library, function) != nullptr; }
 
 void write_description() {
     objc::AutoreleasePool pool;
     Page page;
-    const Output out = page.output();
-    out.line("# What this system has of what Huecraft is about. Made on it by huecraft-describe.");
-    out.line("# processor: ", processor());
-    out.line();
-    if (NSString* version = UIDevice::currentDevice()->systemVersion())
-        out.line("system ", version->UTF8String());
-    out.line();
-    describe::write_description(out, &is_there);
-    out.line();
+    const compatibility::SeenHooks none;  // the library is in no process of this path
+    compatibility::write_report(page.output(), "huecraft-describe", none);
 }
 
 void write_hooks(const char* claimed) {

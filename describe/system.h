@@ -12,25 +12,15 @@ int posix_spawn(int* process, const char* path, const void* file_actions, const 
 int waitpid(int process, int* status, int options);
 
 int _NSGetExecutablePath(char* path, unsigned* size);
-int sysctlbyname(const char* name, void* value, size_t* size, const void* new_value, size_t new_size);
 
 void* dlopen(const char* path, int mode);
 void* dlsym(void* library, const char* symbol);
 char* dlerror();
-
-struct DynamicSymbol {
-    const char* file;
-    void* file_address;
-    const char* symbol;
-    void* symbol_address;
-};
-int dladdr(const void* address, DynamicSymbol* found);
 }
 
 namespace describe {
 
 inline constexpr int now = 2;  // dlopen: everything is bound at once
-inline void* const any_library = reinterpret_cast<void*>(-2);
 
 inline constexpr int standard_output = 1, standard_error = 2;
 

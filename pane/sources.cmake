@@ -16,11 +16,23 @@ set(HUECRAFT_PANE_MODEL
     texts.cpp)
 set(HUECRAFT_PANE_SOURCES
     ${HUECRAFT_PANE_MODEL}
+    ../compatibility/description.cpp
+    ../compatibility/effects.cpp
+    ../compatibility/image_of.cpp
+    ../compatibility/look_ups.cpp
+    ../compatibility/processor.cpp
+    ../compatibility/running_system.cpp
+    ../compatibility/seen_hooks.cpp
+    ${HUECRAFT_DESCRIBED_SUBJECTS}
+    ${HUECRAFT_HOOKED_METHODS}
     image.cpp
+    model/report.cpp
     screens/HuecraftSettingsController.cpp
     screens/applying.cpp
     screens/asking.cpp
     screens/bottom_bar.cpp
+    screens/compatibility/HuecraftSettingsCompatibilityController.cpp
+    screens/compatibility/examination.cpp
     screens/plain_rows.cpp
     screens/preview_header.cpp
     screens/theme_actions.cpp

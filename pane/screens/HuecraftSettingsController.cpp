@@ -7,6 +7,7 @@
 #include "pane/screens/applying.h"
 #include "pane/screens/asking.h"
 #include "pane/screens/bottom_bar.h"
+#include "pane/screens/compatibility/HuecraftSettingsCompatibilityController.h"
 #include "pane/screens/plain_rows.h"
 #include "pane/screens/preview_header.h"
 #include "pane/screens/theme_actions.h"
@@ -25,7 +26,14 @@ using namespace objc::literals;
 using namespace pane;
 using objc::strong;
 
-enum Section : NSInteger { switch_section, own_section, along_section, rescue_section, section_count };
+enum Section : NSInteger {
+    switch_section,
+    own_section,
+    along_section,
+    rescue_section,
+    about_section,
+    section_count
+};
 enum RescueRow : NSInteger { off_row, reset_row, rescue_row_count };
 constexpr CGFloat plain_row_height = 44;
 
@@ -320,6 +328,7 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
             return cell;
         }
         if (path->section() == switch_section) return switch_row(table, ivars().on);
+        if (path->section() == about_section) return link_row(table, text<"Compatibility">());
         return rescue_row(table, path->row() == off_row ? text<"Turn Off">() : text<"Reset">());
     }
 
@@ -329,6 +338,9 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
             table->isEditing() ? show_actions(path) : choose(folder_of(path->section()), file_at(path));
         else if (path->section() == rescue_section)
             path->row() == off_row ? turn_off() : ask_for_reset();
+        else if (path->section() == about_section)
+            self()->navigationController()->pushViewController(
+                HuecraftSettingsCompatibilityController::make(), true);
     }
 
     bool canEditRow(UITableView*, NSIndexPath* path) { return path->section() == own_section; }

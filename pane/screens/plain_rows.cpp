@@ -1,4 +1,4 @@
-// The rows of the first screen that are no themes: see the header.
+// Rows of the pane's screens that are no themes: see the header.
 #include "pane/screens/plain_rows.h"
 
 namespace pane {
@@ -23,6 +23,32 @@ UITableViewCell* rescue_row(UITableView* table, NSString* title) {
     cell->textLabel()->setText(title);
     cell->textLabel()->setTextColor(UIColor::colorWithRGB(0.85, 0.15, 0.1, 1));
     cell->setAccessibilityTraits(UIAccessibilityTraitButton);
+    return cell;
+}
+
+UITableViewCell* link_row(UITableView* table, NSString* title) {
+    UITableViewCell* cell = cell_of(table, "link"_ns, UITableViewCellStyleDefault);
+    cell->textLabel()->setText(title);
+    cell->setAccessoryType(UITableViewCellAccessoryDisclosureIndicator);
+    cell->setAccessibilityTraits(UIAccessibilityTraitButton);
+    return cell;
+}
+
+UITableViewCell* action_row(UITableView* table, NSString* title) {
+    UITableViewCell* cell = cell_of(table, "action"_ns, UITableViewCellStyleDefault);
+    cell->textLabel()->setText(title);
+    cell->textLabel()->setTextColor(UIColor::colorWithRGB(0, 0.48, 1, 1));
+    cell->setAccessibilityTraits(UIAccessibilityTraitButton);
+    return cell;
+}
+
+UITableViewCell* value_row(UITableView* table, NSString* title, NSString* value) {
+    UITableViewCell* cell = cell_of(table, "value"_ns, UITableViewCellStyleValue1);
+    cell->textLabel()->setText(title);
+    cell->detailTextLabel()->setText(value);
+    cell->setSelectionStyle(UITableViewCellSelectionStyleNone);
+    cell->setAccessibilityLabel(title);
+    cell->setAccessibilityValue(value);
     return cell;
 }
 

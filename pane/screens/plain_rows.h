@@ -1,4 +1,4 @@
-// The rows of the first screen that are no themes.
+// Rows of the pane's screens that are no themes.
 #pragma once
 #include "platform/controls.h"
 #include "platform/tables.h"
@@ -10,5 +10,11 @@ UITableViewCell* cell_of(UITableView* table, NSString* identifier, UITableViewCe
 
 UITableViewCell* switch_row(UITableView* table, UISwitch* control);
 UITableViewCell* rescue_row(UITableView* table, NSString* title);
+/// Leads to another page.
+UITableViewCell* link_row(UITableView* table, NSString* title);
+/// Does something on this one.
+UITableViewCell* action_row(UITableView* table, NSString* title);
+/// Says something.
+UITableViewCell* value_row(UITableView* table, NSString* title, NSString* value);
 
 }  // namespace pane

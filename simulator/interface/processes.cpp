@@ -99,3 +99,9 @@ SIM_EXPORTED int posix_spawn(pid_t* process, const char* path, const posix_spawn
     static const auto host = reinterpret_cast<decltype(&posix_spawn)>(dlsym(RTLD_NEXT, "posix_spawn"));
     return host(process, path, file_actions, attributes, arguments, environment);
 }
+
+// The host has none of its own.
+SIM_EXPORTED int sysctlbyname(const char* name, void* value, size_t* size, const void* new_value,
+                              size_t new_size) {
+    return sim::system_number(name, value, size, new_value, new_size);
+}

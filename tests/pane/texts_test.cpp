@@ -10,6 +10,9 @@
 #include <set>
 #include <string>
 
+#include "compatibility/effects.h"
+#include "compatibility/look_ups.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -18,6 +21,9 @@ std::string contents(const fs::path& file) {
     std::ifstream in(file);
     return {std::istreambuf_iterator<char>(in), {}};
 }
+
+/// As a literal has it, and a line of the bundle.
+std::string escaped(const std::string& text) { return std::regex_replace(text, std::regex("\""), "\\\""); }
 
 /// text<"…">, where a long literal may stand in several pieces.
 std::set<std::string> texts_in_source() {
@@ -34,6 +40,15 @@ std::set<std::string> texts_in_source() {
                 text += part->str(1);
             texts.insert(text);
         }
+    }
+    // What the commands say in English alone.
+    const auto add = [&](const char* sentence) {
+        if (sentence && *sentence) texts.insert(escaped(sentence));
+    };
+    for (const auto& effect : compatibility::effects()) add(effect.sentence);
+    for (const auto& wanted : compatibility::look_ups()) {
+        add(wanted.without_class);
+        add(wanted.without_member);
     }
     return texts;
 }

@@ -3,13 +3,6 @@
 
 namespace command {
 
-std::string class_of_method(const std::string& method) { return method.substr(2, method.find(' ') - 2); }
-
-std::string selector_of_method(const std::string& method) {
-    const size_t start = method.find(' ') + 1;
-    return method.substr(start, method.find(']') - start);
-}
-
 bool DeviceDescription::may_have_more_variables(const std::string& class_name) const {
     const auto known = classes_.find(class_name);
     return unrecorded_classes_.contains(class_name) ||

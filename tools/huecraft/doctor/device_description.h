@@ -4,10 +4,13 @@
 #include <set>
 #include <string>
 
+#include "compatibility/judgement.h"
+
 namespace command {
 
-/// Whether a system has something, as far as its description tells.
-enum class Presence { there, missing, unrecorded };
+using compatibility::class_of_method;
+using compatibility::Presence;
+using compatibility::selector_of_method;
 
 /// A method or a variable: whether it is there, its types ("" where they are not told), and the class that
 /// declares it.
@@ -62,9 +65,5 @@ class DeviceDescription {
     std::set<std::string> functions_, unrecorded_classes_, with_effect_, without_effect_;
     bool has_unrecorded_methods_ = false, has_unrecorded_functions_ = false;
 };
-
-/// The class in "-[Class selector]", and the selector.
-std::string class_of_method(const std::string& method);
-std::string selector_of_method(const std::string& method);
 
 }  // namespace command

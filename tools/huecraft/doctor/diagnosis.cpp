@@ -4,12 +4,14 @@
 #include <algorithm>
 
 #include "cli/terminal.h"
-#include "doctor/method_types.h"
 
 namespace command {
 namespace {
 
-using enum Diagnosis::Verdict;
+using compatibility::Judgement;
+using compatibility::LookUp;
+using compatibility::Reason;
+using enum compatibility::Verdict;
 
 const char* word_of(Diagnosis::Verdict verdict) {
     switch (verdict) {
@@ -21,93 +23,76 @@ const char* word_of(Diagnosis::Verdict verdict) {
     return "";
 }
 
-void judge(Diagnosis& found, Diagnosis::Verdict verdict, std::string reason, std::string effect) {
-    found.verdict = verdict;
-    found.reason = std::move(reason);
-    found.effect = std::move(effect);
+/// Why something is not well, in words. Of what is not told: that it is not.
+std::string reason_for(const Judgement& judgement, const std::string& owner, const std::string& expected) {
+    const bool untold = judgement.verdict == unrecorded;
+    switch (judgement.reason) {
+        case Reason::none: return "";
+        case Reason::class_absent:
+            return untold ? "the class " + owner + " was not recorded" : "there is no class " + owner;
+        case Reason::method_absent:
+            return untold ? "the method was not recorded" : "the class has no such method";
+        case Reason::function_absent:
+            return untold ? "the function was not recorded" : "there is no such function";
+        case Reason::variable_absent:
+            return untold ? "the variable was not recorded" : "the class has no such variable";
+        case Reason::other_types:
+            return "its types are " + in_quotes(judgement.types) + ", and not " + in_quotes(expected);
+        case Reason::no_object: return "its type is " + in_quotes(judgement.types) + ", and no object";
+        case Reason::own_method: return "the class has such a method already, which stays";
+        case Reason::no_effect: return "the hook had no effect there";
+    }
+    return "";
 }
 
-/// Where something is not known to be there.
-void judge_absence(Diagnosis& found, Presence presence, const std::string& what,
-                   const std::string& missing_reason, const std::string& effect) {
-    if (presence == Presence::missing) judge(found, missing, missing_reason, effect);
-    if (presence == Presence::unrecorded) judge(found, unrecorded, what + " was not recorded", effect);
-}
-
-void judge_method(Diagnosis& found, const Member& method, const std::string& ours, const std::string& effect,
-                  const std::string& user) {
-    found.types = method.types;
-    if (method.presence != Presence::there)
-        judge_absence(found, method.presence, "the method", "the class has no such method", effect);
-    else if (!method.types.empty() && !pass_alike(method.types, ours))
-        judge(found, differs, "its types are " + in_quotes(method.types) + ", and not " + in_quotes(ours),
-              user + " mistakes what it is given or what is answered, and applications may stop");
-}
+constexpr const char* mistaken = " mistakes what it is given or what is answered, and applications may stop";
 
 Diagnosis diagnosis_of(const HookRow& row, const DeviceDescription& device) {
     using enum HookRow::How;
+    const Judgement judgement = compatibility::judge_hook(row.target, row.how, row.types, device);
     Diagnosis found{row.target,
                     row.how == added      ? "added"
                     : row.how == function ? "function replaced"
                                           : "replaced",
-                    well, "", ""};
-    const std::string& effect = effect_without(row.target);
-    if (row.how == function) {
-        judge_absence(found, device.function(row.target), "the function", "there is no such function",
-                      effect);
-    } else if (const std::string owner = class_of_method(row.target);
-               device.class_named(owner) != Presence::there) {
-        judge_absence(found, device.class_named(owner), "the class " + owner, "there is no class " + owner,
-                      effect);
-    } else if (row.how == replaced) {
-        judge_method(found, device.method(row.target), row.types, effect, "the replacement");
-    } else if (const Presence there = device.own_method(row.target).presence; there != Presence::missing) {
-        if (there == Presence::there)
-            judge(found, missing, "the class has such a method already, which stays", effect);
-        else
-            judge(found, unrecorded, "the method was not recorded", effect);
-    }
-    if (found.verdict == well && device.had_no_effect(row.target))
-        judge(found, missing, "the hook had no effect there", effect);
+                    judgement.verdict,
+                    "",
+                    "",
+                    judgement.types};
+    if (judgement.verdict == well) return found;
+    found.reason = reason_for(judgement, row.how == function ? "" : class_of_method(row.target), row.types);
+    found.effect = judgement.reason == Reason::other_types ? std::string("the replacement") + mistaken
+                                                           : effect_without(row.target);
     return found;
 }
 
 Diagnosis diagnosis_of(const LookUp& wanted, const DeviceDescription& device) {
     using enum LookUp::Kind;
     const bool is_class = wanted.kind == class_name, is_variable = wanted.kind == variable;
+    const Judgement judgement = compatibility::judge_look_up(wanted, device);
     Diagnosis found{is_class      ? wanted.class_name
-                    : is_variable ? wanted.class_name + " " + wanted.member
+                    : is_variable ? std::string(wanted.class_name) + " " + wanted.member
                                   : wanted.member,
                     is_class      ? "class looked up"
                     : is_variable ? "variable read"
                                   : "method called",
-                    well, "", ""};
-    const Presence owner = device.class_named(wanted.class_name);
-    if (owner != Presence::there) {
-        // Nothing reads a variable of a class that is not there: its hooks are not either.
-        if (!is_variable || owner == Presence::unrecorded)
-            judge_absence(found, owner, "the class " + wanted.class_name,
-                          "there is no class " + wanted.class_name,
-                          is_variable ? wanted.without_member : wanted.without_class);
-    } else if (is_variable) {
-        const Member variable = device.variable(wanted.class_name, wanted.member);
-        found.types = variable.types;
-        if (variable.presence != Presence::there)
-            judge_absence(found, variable.presence, "the variable", "the class has no such variable",
-                          wanted.without_member);
-        else if (!variable.types.empty() && variable.types[0] != '@')
-            judge(found, differs, "its type is " + in_quotes(variable.types) + ", and no object",
-                  wanted.without_member);
-    } else if (wanted.kind == class_method) {
-        judge_method(found, device.method(wanted.member), wanted.types, wanted.without_member, "the library");
-    }
+                    judgement.verdict,
+                    "",
+                    "",
+                    judgement.types};
+    if (judgement.verdict == well) return found;
+    found.reason = reason_for(judgement, wanted.class_name, wanted.types);
+    if (judgement.reason == Reason::other_types)
+        found.effect = std::string("the library") + mistaken;
+    else
+        found.effect = judgement.reason == Reason::class_absent && !is_variable ? wanted.without_class
+                                                                                : wanted.without_member;
     return found;
 }
 
 template <class Wanted>
-std::vector<Diagnosis> diagnoses(const std::vector<Wanted>& all, const DeviceDescription& device) {
+std::vector<Diagnosis> diagnoses(const Wanted& all, const DeviceDescription& device) {
     std::vector<Diagnosis> found;
-    for (const Wanted& one : all) found.push_back(diagnosis_of(one, device));
+    for (const auto& one : all) found.push_back(diagnosis_of(one, device));
     return found;
 }
 
@@ -134,7 +119,7 @@ Examination::Examination(std::string name, const DeviceDescription& description,
                          const std::vector<HookRow>& table)
     : device(std::move(name)),
       rows(diagnoses(table, description)),
-      looked_up(diagnoses(look_ups(), description)) {}
+      looked_up(diagnoses(compatibility::look_ups(), description)) {}
 
 size_t Examination::count(Diagnosis::Verdict verdict) const {
     const auto counted_in = [&](const std::vector<Diagnosis>& all) {

@@ -12,7 +12,7 @@ namespace command {
 
 /// A row of the hook table, or something that is looked up, on a system.
 struct Diagnosis {
-    enum class Verdict { well, missing, differs, unrecorded };
+    using Verdict = compatibility::Verdict;
 
     std::string target, how;
     Verdict verdict = Verdict::well;

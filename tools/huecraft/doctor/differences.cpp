@@ -14,7 +14,7 @@ std::string in_brackets(const std::string& owner, const std::string& method) {
 
 /// Whether both are a pointer to an object, of whatever class, or are passed alike.
 bool same_types(const std::string& one, const std::string& other) {
-    return one.empty() || other.empty() || one == other || pass_alike(one, other);
+    return one.empty() || other.empty() || one == other || compatibility::pass_alike(one, other);
 }
 
 class Comparison {

@@ -162,7 +162,7 @@ struct Doctor {
         std::set<std::string> watched;
         for (const HookRow& row : table)
             watched.insert(row.how == HookRow::How::function ? row.target : class_of_method(row.target));
-        for (const LookUp& one : look_ups()) watched.insert(one.class_name);
+        for (const compatibility::LookUp& one : compatibility::look_ups()) watched.insert(one.class_name);
         const auto found = differences(device, other(), watched);
         if (json) {
             Json list = Json::array();

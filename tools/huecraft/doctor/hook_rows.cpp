@@ -6,7 +6,7 @@
 #include <memory>
 #include <set>
 
-#include "describe/subjects.h"
+#include "compatibility/subjects.h"
 #include "doctor/device_description.h"
 #include "doctor/hook_effects.h"
 #include "doctor/method_types.h"
@@ -124,7 +124,7 @@ std::string simulated_description(const Workshop& workshop) {
     boot(workshop);
     const std::map<std::string, ClassRecord> facts = every_class();
     std::set<std::string> described, functions;
-    for (const char* name : describe::described_classes())
+    for (const char* name : compatibility::described_classes())
         if (facts.contains(name)) described.insert(name);
     std::map<std::string, ClassRecord> told;
     for (const HookRow& row : rows_of_the_library()) {
@@ -134,7 +134,7 @@ std::string simulated_description(const Workshop& workshop) {
         }
         if (!described.contains(class_of_method(row.target)))
             throw tools::Failure(class_of_method(row.target) +
-                                 " is hooked, and describe/subjects.txt does not list it");
+                                 " is hooked, and compatibility/subjects.txt does not list it");
         // A method that is inherited stands with the class that has it.
         const std::string method = row.target[0] + selector_of_method(row.target);
         for (std::string each = class_of_method(row.target); !each.empty();

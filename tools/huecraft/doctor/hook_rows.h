@@ -12,7 +12,8 @@ namespace command {
 struct HookRow {
     /// "-[Class selector]", "+[Class selector]"; the name of a function.
     std::string target;
-    enum class How { replaced, added, function } how;
+    using How = compatibility::How;
+    How how;
     /// Of the replacement, without offsets; of a function nothing.
     std::string types;
 };

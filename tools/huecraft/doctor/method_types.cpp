@@ -16,8 +16,4 @@ std::optional<size_t> arguments_of(const std::string& plain_types) {
     return all->size() - 3;
 }
 
-bool pass_alike(const std::string& plain_types, const std::string& others) {
-    return objc::passed_types(plain_types) == objc::passed_types(others) && objc::passed_types(plain_types);
-}
-
 }  // namespace command

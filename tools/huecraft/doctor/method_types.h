@@ -13,8 +13,4 @@ std::string plain_types(std::string types);
 /// method.
 std::optional<size_t> arguments_of(const std::string& plain_types);
 
-/// Whether both pass everything in the same way. Names of structures, what a pointer points to, and whether a
-/// BOOL is a char or a bool (it depends on the processor) make no difference.
-bool pass_alike(const std::string& plain_types, const std::string& others);
-
 }  // namespace command

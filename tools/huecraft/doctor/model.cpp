@@ -51,7 +51,7 @@ class Model {
         if (what.starts_with("variable ") && real.presence == Presence::unrecorded) return;
         if (real.presence != Presence::there)
             tell(real.presence, what);
-        else if (!types.empty() && !real.types.empty() && !pass_alike(types, real.types))
+        else if (!types.empty() && !real.types.empty() && !compatibility::pass_alike(types, real.types))
             found_.push_back("types " + what + ": " + types + ", not " + real.types);
     }
 

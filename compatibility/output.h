@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace describe {
+namespace compatibility {
 
 struct Output {
     void* context;
@@ -16,4 +16,4 @@ struct Output {
     }
 };
 
-}  // namespace describe
+}  // namespace compatibility

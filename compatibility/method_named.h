@@ -4,10 +4,11 @@
 
 #include "objc/runtime.h"
 
-namespace describe {
+namespace compatibility {
 
-/// The method of "-[Class selector]" or "+[Class selector]", inherited or not; null where there is none.
-inline Method method_named(std::string_view name) {
+/// The method of "-[Class selector]" or "+[Class selector]", inherited or not; null where there is none. The
+/// class that it was looked for in, or its metaclass, is told if asked for.
+inline Method method_named(std::string_view name, Class* searched = nullptr) {
     char text[256];
     const size_t size = name.copy(text, sizeof text - 1), space = name.find(' ');
     text[size - 1] = 0;  // instead of the bracket
@@ -15,7 +16,8 @@ inline Method method_named(std::string_view name) {
     Class owner = objc_lookUpClass(text + 2);
     if (!owner) return nullptr;
     if (name[0] == '+') owner = object_getClass(reinterpret_cast<id>(owner));
+    if (searched) *searched = owner;
     return class_getInstanceMethod(owner, sel_registerName(text + space + 1));
 }
 
-}  // namespace describe
+}  // namespace compatibility

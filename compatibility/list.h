@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <vector>
 
-namespace describe {
+namespace compatibility {
 
 template <class T>
 struct PlainMemory {
@@ -25,4 +25,4 @@ struct PlainMemory {
 template <class T>
 using List = std::vector<T, PlainMemory<T>>;
 
-}  // namespace describe
+}  // namespace compatibility

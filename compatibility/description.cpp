@@ -1,18 +1,23 @@
 // One fact to a line: classes, what was not recorded of them, class methods and methods, variables,
 // functions.
-#include "describe/description.h"
+#include "compatibility/description.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <span>
 #include <string_view>
 
-#include "describe/hooked_method.h"
-#include "describe/list.h"
-#include "describe/subjects.h"
+#include "compatibility/hooked_methods.h"
+#include "compatibility/image_of.h"
+#include "compatibility/list.h"
+#include "compatibility/method_named.h"
+#include "compatibility/processor.h"
+#include "compatibility/subjects.h"
 #include "objc/descriptions/plain_types.h"
+#include "platform/foundation.h"
+#include "platform/uikit.h"
 
-namespace describe {
+namespace compatibility {
 namespace {
 
 /// A part of the home screen's own executable: no other process has it.
@@ -73,9 +78,10 @@ class PlainTypes {
     List<char> text_;
 };
 
+/// As the system has it, whatever the library put in its place.
 class Description {
   public:
-    Description() {
+    explicit Description(const SeenHooks& seen) : seen_(seen) {
         for (const char* name : described_classes())
             if (Class found = objc_lookUpClass(name)) described_.push_back(found);
         described_.resize(sorted(described_).size());
@@ -102,9 +108,10 @@ class Description {
             Class owner = side == '+' ? object_getClass(reinterpret_cast<id>(each)) : each;
             const Copied<Method> all(&class_copyMethodList, owner);
             for (Method method : sorted(all.rows(), ']'))
-                if (is_described(each) || is_found_by_a_hook(side, method))
+                if ((is_described(each) || is_found_by_a_hook(side, method)) && !is_added(side, each, method))
                     out.line(side == '+' ? "+[" : "-[", name_of(each), " ", name_of(method), "]",
-                             PlainTypes(method_getTypeEncoding(method)).behind_a_blank());
+                             PlainTypes(method_getTypeEncoding(method)).behind_a_blank(),
+                             remark_on(owner, method));
         }
     }
 
@@ -123,19 +130,53 @@ class Description {
     }
 
     /// Whether a hook's method is this one, which its class inherits.
-    static bool is_found_by_a_hook(char side, Method method) {
+    bool is_found_by_a_hook(char side, Method method) const {
         return std::ranges::any_of(hooked_methods(), [&](const HookedMethod& row) {
-            return row.name[0] == side && method_named(row.name) == method;
+            if (row.name[0] != side) return false;
+            Class owner = nullptr;
+            Method found = method_named(row.name, &owner);
+            // A framework that replaces an inherited method adds one to the class.
+            while (found && found != method && seen_.is_the_librarys(found)) {
+                SEL selector = method_getName(found);
+                owner = class_getSuperclass(owner);
+                found = owner ? class_getInstanceMethod(owner, selector) : nullptr;
+            }
+            return found == method;
         });
     }
 
+    bool is_added(char side, Class each, Method method) const {
+        return seen_.is_the_librarys(method) &&
+               std::ranges::any_of(hooked_methods(), [&](const HookedMethod& row) {
+                   const std::string_view name = row.name;
+                   const size_t space = name.find(' ');
+                   return row.is_added && name[0] == side && name.substr(2, space - 2) == name_of(each) &&
+                          name.substr(space + 1, name.size() - space - 2) == name_of(method);
+               });
+    }
+
+    /// Whether the class itself has a method that it could inherit can no longer be told once it is replaced.
+    const char* remark_on(Class owner, Method method) const {
+        Class above = class_getSuperclass(owner);
+        const bool may_be_inherited =
+            seen_.is_the_librarys(method) && above && class_getInstanceMethod(above, method_getName(method));
+        return may_be_inherited ? "  # is hooked, and may be inherited" : "";
+    }
+
+    const SeenHooks& seen_;
     List<Class> described_, named_;  // by name
 };
 
 }  // namespace
 
-void write_description(const Output& out, bool (*exists)(const char* function)) {
-    const Description description;
+void write_report(const Output& out, std::string_view maker, const SeenHooks& seen) {
+    out.line("# What this system has of what Huecraft is about. Made on it by ", maker, ".");
+    out.line("# processor: ", processor());
+    out.line();
+    if (NSString* version = UIDevice::currentDevice()->systemVersion())
+        out.line("system ", version->UTF8String());
+    out.line();
+    const Description description(seen);
     description.write_classes(out);
     out.line();
     description.write_methods(out, '+');
@@ -144,7 +185,8 @@ void write_description(const Output& out, bool (*exists)(const char* function)) 
     description.write_variables(out);
     out.line();
     for (const char* name : described_functions())
-        if (exists(name)) out.line("function ", name);
+        if (is_there(name)) out.line("function ", name);
+    out.line();
 }
 
-}  // namespace describe
+}  // namespace compatibility
