@@ -30,6 +30,7 @@ struct FaultyRun {
     /// Each call that counts, in order: its number and what it is about, "257 /folder/file".
     std::vector<std::string> calls;
     bool struck = false;  ///< whether the fault has happened
+    std::string met;      ///< the call that it was meant for
 };
 
 /// Which calls count, here and in all that the process starts: those about something in these folders, named
@@ -61,5 +62,8 @@ size_t try_every_fault(const Trial& trial);
 
 /// The same with one fault at every call.
 size_t try_at_every_call(const Trial& trial, const std::vector<Fault>& faults);
+
+/// A sample: one of the faults at every `step`th call, in turn.
+size_t try_sample(const Trial& trial, const std::vector<Fault>& faults, size_t step);
 
 }  // namespace test

@@ -3,13 +3,14 @@
 
 help_test() {
     cat <<END
-usage: ./dev test [--arm64 | --sanitize] [--only <regex> | --changed [<commit>]]
+usage: ./dev test [--arm64 | --sanitize] [--faults] [--only <regex> | --changed [<commit>]]
 
 Builds and runs the tests, as many at once as there are processors: all of them on this machine's processor, and on arm64,
 under qemu, those of the library, the seam, the simulator and the loader. Prints a line for each program, all that failed,
 ctest's summary, and where the time went. The programs run each of their cases in a process of its own.
   --arm64               on arm64 alone (build/arm64; docs/arm64.md)
   --sanitize            with the address and undefined-behaviour sanitizers (build/sanitize), on this machine's processor alone
+  --faults              only the cases in which system calls fail, with every fault at every call of the command (minutes)
   --only <regex>        only the cases whose names match, a line for each
   --changed [<commit>]  only the programs that are built of what differs from the commit (HEAD unless given) or is not
                         tracked; all of them where the build does not know what a file is for
@@ -35,6 +36,10 @@ command_test() {
             --arm64 | --sanitize)
                 [[ -z $preset || $preset == "${1#--}" ]] || misuse "--arm64 and --sanitize exclude each other" test
                 preset=${1#--} && shift
+                ;;
+            --faults)
+                export HUECRAFT_FAULTS=all
+                only=(--tests-regex 'Faults\.|Saving\.') && shift
                 ;;
             --only)
                 [[ ${2:-} ]] || misuse "--only needs a regular expression" test

@@ -12,8 +12,10 @@
 #include <cstring>
 #include <filesystem>
 #include <new>
+#include <set>
 #include <utility>
 
+#include "cli/leftovers.h"
 #include "cli/terminal.h"
 #include "formats/value.h"
 #include "objc/exception.h"
@@ -104,8 +106,8 @@ struct Output::Draft {
     explicit Draft(const std::string& place)
         : place_(place),
           // A name of its own: with an end added, the longest names would be too long.
-          name_((fs::path(place).parent_path() / ".huecraft-XXXXXX").string()),
-          file_(mkstemp(name_.data())) {
+          name_((fs::path(place).parent_path() / (draft_name + "XXXXXX")).string()),
+          file_(make(name_)) {
         if (file_.number < 0) {
             name_.clear();
             cannot_write(place, errno);
@@ -121,11 +123,28 @@ struct Output::Draft {
 
     void write(const std::string& contents) { write_whole(file_.number, contents, place_); }
     void put_in_place() {
+        // Some file systems say only now what could not be written. The file itself stays open, and kept.
+        const int copy = fcntl(file_.number, F_DUPFD_CLOEXEC, 0);
+        if (copy < 0 || (::close(copy) != 0 && errno != EINTR)) cannot_write(place_, errno);
         if (rename(name_.c_str(), place_.c_str()) != 0) cannot_write(place_, errno);
         name_.clear();
     }
 
   private:
+    static inline const std::string draft_name = ".huecraft-draft-";
+
+    static int make(std::string& name) {
+        static std::set<fs::path> cleared;
+        const fs::path folder = fs::path(name).parent_path();
+        if (cleared.insert(folder).second) clear_drafts(folder, draft_name);
+        for (const std::string pattern = name;;) {
+            name = pattern;
+            const int made = mkostemp(name.data(), O_CLOEXEC);
+            if (made < 0 || keep_from_clearing(made)) return made;
+            ::close(made);
+        }
+    }
+
     std::string place_, name_;
     Descriptor file_;
 };

@@ -14,6 +14,7 @@
 #include <fstream>
 
 #include "cli/files.h"
+#include "cli/leftovers.h"
 #include "cli/terminal.h"
 #include "formats/value.h"
 #include "support/phone.h"
@@ -48,21 +49,35 @@ class TemporaryFolder {
     TemporaryFolder() {
         const char* named = std::getenv("TMPDIR");
         const fs::path parent = named && *named ? named : "/tmp";
-        std::string pattern = (fs::absolute(parent) / "huecraft-XXXXXX").string();
-        if (!mkdtemp(pattern.data()))
-            throw Unusable(parent, std::string("no temporary files can be made there: ") +
-                                       std::strerror(errno) + "; TMPDIR names another folder");
-        path_ = pattern;
+        clear_folders(parent, beginning, keeping);
+        do {
+            std::string pattern = (fs::absolute(parent) / (beginning + "XXXXXX")).string();
+            if (!mkdtemp(pattern.data()))
+                throw Unusable(parent, std::string("no temporary files can be made there: ") +
+                                           std::strerror(errno) + "; TMPDIR names another folder");
+            path_ = pattern;
+        } while (!kept());
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     ~TemporaryFolder() {
         std::error_code ignored;
         fs::remove_all(path_, ignored);
+        if (kept_ >= 0) close(kept_);
     }
     const fs::path& path() const { return path_; }
 
   private:
+    static inline const std::string beginning = "huecraft-run-", keeping = "in-use";
+
+    /// Whether the folder is this run's. One that cannot be kept is used all the same.
+    bool kept() {
+        if (kept_ >= 0) close(kept_);
+        kept_ = open((path_ / keeping).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+        return kept_ < 0 ? errno != ENOENT : keep_from_clearing(kept_);
+    }
+
     fs::path path_;
+    int kept_ = -1;
 };
 
 volatile pid_t working_child = 0;
