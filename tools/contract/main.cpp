@@ -286,7 +286,7 @@ void write(const fs::path& path) {
     page << "# The contract\n\n"
             "What others may rely on. Made from the dylib that ships; do not edit it: `./dev contract` "
             "writes it "
-            "anew, and a test fails\nwhen page and dylib part.\n\n";
+            "again, and a test fails\nwhen page and dylib part.\n\n";
     const Classes classes = classes_of_device();
     write_classes(page, binary, classes);
     write_protocols(page, binary, classes);
