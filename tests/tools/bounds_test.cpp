@@ -5,6 +5,7 @@
 
 #include "command_run.h"
 #include "photos/photo_samples.h"
+#include "support/base64.h"
 
 namespace test {
 namespace {
