@@ -1,4 +1,4 @@
-// The set-up: the first of the two initialisers.
+// The set-up: the first of the two initializers.
 #pragma once
 
 namespace hooks {

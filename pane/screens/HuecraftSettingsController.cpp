@@ -122,7 +122,7 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
 
     // --- What it shows ---
 
-    /// Everything from the files, again.
+    /// Everything from the files, anew.
     void reload() {
         auto& own = ivars();
         NSError* error = nullptr;
@@ -223,7 +223,7 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
             if (!shelf::put_back(&error)) tell(this, text<"The theme could not be put back.">(), error);
             reload();
         } else {
-            ask_for_restart(this, text<"The home screen restarts, and applications with it.">());
+            ask_for_restart(this, text<"The home screen starts anew, and applications with it.">());
         }
     }
 
@@ -263,7 +263,8 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
             return;
         }
         reload();
-        ask_for_restart(this, text<"Theming is off. The home screen restarts, and applications with it.">());
+        ask_for_restart(this,
+                        text<"Theming is off. The home screen starts anew, and applications with it.">());
     }
 
     void ask_for_reset() {

@@ -15,7 +15,7 @@
 @implementation PaneException
 @end
 
-/// A delegate that refuses what it receives.
+/// A delegate that refuses what it is told.
 @interface PaneThrowingDelegate : NSObject <HCColorPickerDelegate>
 @property(nonatomic, strong) id thrown;
 @end

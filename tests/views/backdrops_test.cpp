@@ -172,7 +172,7 @@ TEST_F(ImageBackdrop, AlphasOutOfRangeAreTakenAsTheNearestThatCounts) {
 
 // ---- All three -------------------------------------------------------------------------------------------
 
-TEST_F(Backdrop, WithoutASystemBackdropThereIsNeitherViewNorContentView) {
+TEST_F(Backdrop, ASystemBackdropThatCannotBeMadeGivesNothingAndMakesNoContentView) {
     static IMP previous;
     static int views = 0;
     stand_in("_UIBackdropView",

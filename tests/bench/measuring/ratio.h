@@ -15,7 +15,7 @@ struct Counted {
 struct Ratio {
     std::string what;
     std::string against;
-    /// What `what` may cost, in costs of `against`; nothing for a figure that is only reported.
+    /// What `what` may cost, in costs of `against`; nothing for a figure that is only told.
     std::optional<double> limit = {};
     /// Seconds.
     double cost = 0, cost_against = 0;

@@ -115,6 +115,7 @@ std::unique_ptr<CLI::App> make_command_line(Request& request) {
     add_keyboard(*command, request);
     add_preview(*command, request);
     add_gallery(*command, request);
+    add_pane(*command, request);
     add_picker(*command, request);
     add_convert(*command, request);
     add_import(*command, request);

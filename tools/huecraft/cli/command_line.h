@@ -31,6 +31,7 @@ void add_import(CLI::App& command, Request& request);
 void add_keyboard(CLI::App& command, Request& request);
 void add_lint(CLI::App& command, Request& request);
 void add_package_check(CLI::App& command, Request& request);
+void add_pane(CLI::App& command, Request& request);
 void add_picker(CLI::App& command, Request& request);
 void add_preview(CLI::App& command, Request& request);
 void add_pack(CLI::App& command, Request& request);

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "cli/shell_words.h"
+#include "cli/terminal.h"
 
 namespace command {
 namespace {
@@ -36,12 +37,6 @@ std::vector<std::string> choices_of(const CLI::Option* option) {
     std::istringstream parts(type);
     for (std::string word; std::getline(parts, word, '|');) words.push_back(word);
     return words;
-}
-
-std::string joined(const std::vector<std::string>& words, const std::string& glue) {
-    std::string all;
-    for (const std::string& word : words) all += (all.empty() ? "" : glue) + word;
-    return all;
 }
 
 std::string all_dashed_names(const CLI::App& command) {

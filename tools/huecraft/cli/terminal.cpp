@@ -110,6 +110,12 @@ std::string one_line(std::string_view text, size_t longest) {
 
 std::string in_quotes(std::string_view text) { return '"' + one_line(text) + '"'; }
 
+std::string joined(const std::vector<std::string>& words, const std::string& glue) {
+    std::string all;
+    for (const std::string& word : words) all += (all.empty() ? "" : glue) + word;
+    return all;
+}
+
 std::string counted(size_t number, const std::string& what) {
     return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
 }

@@ -25,6 +25,8 @@ std::string in_quotes(std::string_view text);
 /// "1 file", "2 files".
 std::string counted(size_t number, const std::string& what);
 
+std::string joined(const std::vector<std::string>& words, const std::string& glue = ", ");
+
 /// One line on standard error: what is wrong with a file.
 void complain(const std::string& file, const std::string& what);
 

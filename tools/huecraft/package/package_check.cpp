@@ -14,12 +14,6 @@
 namespace command {
 namespace {
 
-std::string joined(const std::vector<std::string>& faults) {
-    std::string all;
-    for (const std::string& fault : faults) all += (all.empty() ? "" : "; ") + fault;
-    return all;
-}
-
 struct PackageCheck {
     std::vector<std::string> files;
     bool json = false;
@@ -71,9 +65,9 @@ struct PackageCheck {
                     toned(failed ? Tone::bad : Tone::good, verdict).c_str());
         for (const Check& check : checks) {
             const bool passed = check.faults.empty();
-            std::printf("  %s %s: %s\n",
-                        toned(passed ? Tone::good : Tone::bad, passed ? "ok" : "not ok").c_str(),
-                        check.name.c_str(), passed ? check.found.c_str() : joined(check.faults).c_str());
+            std::printf(
+                "  %s %s: %s\n", toned(passed ? Tone::good : Tone::bad, passed ? "ok" : "not ok").c_str(),
+                check.name.c_str(), passed ? check.found.c_str() : joined(check.faults, "; ").c_str());
         }
     }
 

@@ -24,7 +24,7 @@ const std::map<std::string, tools::Screen> screens{
 
 const char* name_of(Kind kind) {
     switch (kind) {
-        case Kind::notified: return "notified";
+        case Kind::told: return "told";
         case Kind::shook: return "shook";
         case Kind::closed: return "closed";
         case Kind::raised: return "raised";
@@ -43,8 +43,8 @@ struct Picker {
         if (save && files.device.empty() && files.recent.empty() && theme.empty())
             throw Unusable("--save",
                            "there is nothing to save to; it goes with --device, --recent or --theme");
-        const Script played = read_script();
-        if (output.empty()) played.require_no_pictures();
+        const PickerScript played = read_script();
+        if (output.empty()) require_no_pictures(played);
         if (!output.empty() && fs::exists(output) && !fs::is_directory(output))
             throw Unusable(output, "it is not a folder; the pictures need one");
         return in_workshop([&](const Workshop& workshop) {
@@ -64,13 +64,14 @@ struct Picker {
     }
 
   private:
-    Script read_script() const {
-        if (!script.empty()) return parse_script(script, read_input(script, "script", largest_text));
+    PickerScript read_script() const {
+        if (!script.empty()) return parse_picker_script(script, read_input(script, "script", largest_text));
         // Nothing but the picker in its place.
-        return parse_script("the script", output.empty() ? "wait 1" : "wait 1\npicture picker");
+        return parse_picker_script("the script", output.empty() ? "wait 1" : "wait 1\npicture picker");
     }
 
-    Status show(const Workshop& workshop, const Script& played, const tools::Provenance& provenance) const {
+    Status show(const Workshop& workshop, const PickerScript& played,
+                const tools::Provenance& provenance) const {
         std::unique_ptr<EditedTheme> edited;
         if (!theme.empty()) edited = std::make_unique<EditedTheme>(workshop, theme, key);
         PickerSetup setup{.dark = palette == "dark",
@@ -105,13 +106,13 @@ struct Picker {
 
     // ---- What is said of it
 
-    static std::string place(const Script& played, const PickerEvent& event) {
+    static std::string place(const PickerScript& played, const PickerEvent& event) {
         return event.line ? played.place(event.line) : "opening the picker";
     }
 
     static std::string in_words(const PickerEvent& event) {
         switch (event.kind) {
-            case Kind::notified:
+            case Kind::told:
                 return "the delegate received " + toned(Tone::strong, event.first) + ", the text " +
                        in_quotes(event.second);
             case Kind::shook: return "the panel shook: the input was refused";
@@ -125,7 +126,7 @@ struct Picker {
         __builtin_unreachable();
     }
 
-    void print(const Script& played, const PickerRun& run, const RecentColours& recent,
+    void print(const PickerScript& played, const PickerRun& run, const RecentColours& recent,
                const EditedTheme* edited) const {
         for (const PickerEvent& event : run.events)
             std::printf("%s: at %.6g s %s\n", one_line(place(played, event), 4096).c_str(), event.time,
@@ -145,13 +146,13 @@ struct Picker {
         Json json{{"event", name_of(event.kind)},
                   {"line", event.line ? Json(event.line) : Json(nullptr)},
                   {"time", event.time}};
-        if (event.kind == Kind::notified) json.update({{"color", event.first}, {"text", event.second}});
+        if (event.kind == Kind::told) json.update({{"color", event.first}, {"text", event.second}});
         if (event.kind == Kind::stood_still) json["picture"] = event.first + ".png";
         if (event.kind == Kind::raised) json.update({{"name", event.first}, {"reason", event.second}});
         return json;
     }
 
-    void print_json(const Script& played, const PickerRun& run, const RecentColours& recent,
+    void print_json(const PickerScript& played, const PickerRun& run, const RecentColours& recent,
                     const EditedTheme* edited) const {
         Json events = Json::array(), pictures = Json::array();
         for (const PickerEvent& event : run.events) events.push_back(in_json(event));

@@ -1,7 +1,5 @@
 #include "picker/picker_session.h"
 
-#include <algorithm>
-#include <ctime>
 #include <utility>
 
 #include "cli/files.h"
@@ -11,6 +9,7 @@
 #include "objc/exception.h"
 #include "objc/fast_enumeration.h"
 #include "platform/animation.h"
+#include "scripts/playing.h"
 #include "simulator.h"
 #include "support/text.h"
 
@@ -35,7 +34,7 @@ std::string why() {
 
 class Session {
   public:
-    Session(const Script& script, const PickerSetup& setup) : script_(script), setup_(setup) {}
+    Session(const PickerScript& script, const PickerSetup& setup) : script_(script), setup_(setup) {}
 
     PickerRun play();
 
@@ -68,12 +67,10 @@ class Session {
         UIPasteboard::generalPasteboard()->setString(copied);
     }
     void operator()(const say::Wait& wait) {
-        // In parts: what is recorded takes its time.
-        constexpr double part = 1;
-        for (double left = wait.seconds; left > 0; left -= part) {
-            check(sim_advance_clock(std::min(left, part)));
+        pass_time(wait.seconds, [this](double seconds) {
+            check(sim_advance_clock(seconds));
             require_time();
-        }
+        });
         time_ += wait.seconds;
     }
     void operator()(const say::Picture& picture) {
@@ -91,8 +88,8 @@ class Session {
         open();
     }
 
-    void notified(UIColor* colour, NSString* hex) {
-        note(PickerEvent::Kind::notified, utf8(HCCITool::hexStringFromColor(colour)), utf8(hex));
+    void told(UIColor* colour, NSString* hex) {
+        note(PickerEvent::Kind::told, utf8(HCCITool::hexStringFromColor(colour)), utf8(hex));
         if (setup_.chosen) setup_.chosen(colour);
     }
 
@@ -109,13 +106,8 @@ class Session {
         throw Raised{raised.substr(0, name),
                      name == raised.npos ? "" : without_addresses(raised.substr(name + 2))};
     }
-    /// A script's length says little about the time that it takes.
     void require_time() const {
-        constexpr double most_seconds = 5;
-        if (static_cast<double>(std::clock() - began_) / CLOCKS_PER_SEC > most_seconds)
-            refuse(
-                "5 seconds of processor time were not enough for the script up to here; expected a shorter "
-                "one, or fewer pictures");
+        if (limit_.is_over()) refuse(limit_.complaint());
     }
     void require_open() const {
         if (!is_open_) refuse("the picker is closed; \"open\" shows another one");
@@ -144,10 +136,10 @@ class Session {
     UIView* found(const RecentColour& recent) const;
     void tap_middle(UIView* view) const;
 
-    const Script& script_;
+    const PickerScript& script_;
     const PickerSetup& setup_;
     PickerRun run_;
-    std::clock_t began_ = std::clock();
+    TimeLimit limit_{5};
     size_t line_ = 0;
     double time_ = 0;
     bool is_open_ = false;
@@ -163,10 +155,10 @@ Session* playing = nullptr;
 
 strong<NSObject> made_delegate() {
     Class type = objc_allocateClassPair(objc_getClass("NSObject"), "HuecraftCommandDelegate", 0);
-    class_addMethod(type, objc::selector<"colorPickerReturnedWithColor:andHexString:">(),
-                    reinterpret_cast<IMP>(
-                        +[](id, SEL, UIColor* colour, NSString* hex) { playing->notified(colour, hex); }),
-                    "v@:@@");
+    class_addMethod(
+        type, objc::selector<"colorPickerReturnedWithColor:andHexString:">(),
+        reinterpret_cast<IMP>(+[](id, SEL, UIColor* colour, NSString* hex) { playing->told(colour, hex); }),
+        "v@:@@");
     objc_registerClassPair(type);
     return objc::adopt(objc::send<"new", NSObject*>(reinterpret_cast<id>(type)));
 }
@@ -287,7 +279,7 @@ PickerRun Session::play() {
     delegate_ = made_delegate();
     try {
         open();
-        for (const Instruction& instruction : script_.instructions) {
+        for (const auto& instruction : script_.instructions) {
             objc::AutoreleasePool of_instruction;
             line_ = instruction.line;
             std::visit(*this, instruction.what);
@@ -304,6 +296,6 @@ PickerRun Session::play() {
 
 }  // namespace
 
-PickerRun play(const Script& script, const PickerSetup& setup) { return Session(script, setup).play(); }
+PickerRun play(const PickerScript& script, const PickerSetup& setup) { return Session(script, setup).play(); }
 
 }  // namespace command

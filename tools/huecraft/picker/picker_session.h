@@ -12,7 +12,7 @@ namespace command {
 
 /// Something that happened to the picker, or that it did.
 struct PickerEvent {
-    enum class Kind { notified, shook, closed, raised, stood_still } kind;
+    enum class Kind { told, shook, closed, raised, stood_still } kind;
     /// Of the script; 0 while the picker opened at first.
     size_t line = 0;
     /// Seconds since then.
@@ -44,6 +44,6 @@ struct PickerRun {
 
 /// Opens the picker and plays the script. An exception of the library's ends it there, as it ends an
 /// application. Throws Unusable, with file and line, for what cannot be done. Needs a phone with the library.
-PickerRun play(const Script& script, const PickerSetup& setup);
+PickerRun play(const PickerScript& script, const PickerSetup& setup);
 
 }  // namespace command

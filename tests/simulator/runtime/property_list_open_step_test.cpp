@@ -1,5 +1,5 @@
 // Reading property lists of the old form.
-#include "reading.h"
+#include "property_list_reading.h"
 
 namespace test {
 namespace {
