@@ -17,6 +17,8 @@ using UITableViewCellAccessoryType = NSInteger;
 constexpr UITableViewCellAccessoryType UITableViewCellAccessoryNone = 0;
 constexpr UITableViewCellAccessoryType UITableViewCellAccessoryDisclosureIndicator = 1;
 constexpr UITableViewCellAccessoryType UITableViewCellAccessoryCheckmark = 3;
+/// A button, which the delegate is told of.
+constexpr UITableViewCellAccessoryType UITableViewCellAccessoryDetailButton = 4;
 
 using UITableViewCellSelectionStyle = NSInteger;
 constexpr UITableViewCellSelectionStyle UITableViewCellSelectionStyleNone = 0;
@@ -254,6 +256,9 @@ struct UITableViewDelegate : objc::ProtocolInterface<"UITableViewDelegate"> {
     }
     void didSelectRow(UITableView* table, NSIndexPath* path) {
         send<"tableView:didSelectRowAtIndexPath:">(table, path);
+    }
+    void accessoryButtonTapped(UITableView* table, NSIndexPath* path) {
+        send<"tableView:accessoryButtonTappedForRowWithIndexPath:">(table, path);
     }
     void didDeselectRow(UITableView* table, NSIndexPath* path) {
         send<"tableView:didDeselectRowAtIndexPath:">(table, path);

@@ -210,6 +210,22 @@ class LayoutSystem {
         return {};
     }
 
+    /// The same of a constraint between leading and trailing edges where text runs from right to left:
+    /// counted from the right, so that constants lead inwards there, too.
+    Expression mirrored_value_of(UIView* view, NSLayoutAttribute attribute, const Node& holder) const {
+        if (attribute == NSLayoutAttributeLeading) return value_of(view, NSLayoutAttributeRight, holder) * -1;
+        if (attribute == NSLayoutAttributeTrailing) return value_of(view, NSLayoutAttributeLeft, holder) * -1;
+        return value_of(view, attribute, holder) * -1;
+    }
+
+    static bool is_mirrored(UIView* view, NSLayoutAttribute first, NSLayoutAttribute second) {
+        const auto follows_text = [](NSLayoutAttribute attribute) {
+            return attribute == NSLayoutAttributeLeading || attribute == NSLayoutAttributeTrailing;
+        };
+        return (follows_text(first) || follows_text(second)) &&
+               view->effectiveUserInterfaceLayoutDirection() == UIUserInterfaceLayoutDirectionRightToLeft;
+    }
+
     void demand_constraints(UIView* view) {
         for (NSLayoutConstraint* each : state_of(view).constraints) {
             auto* constraint = static_cast<Constraint*>(each);
@@ -219,9 +235,12 @@ class LayoutSystem {
             const bool is_pair = ivars.secondAttribute != NSLayoutAttributeNotAnAttribute;
             if (!places_.contains(first) || (is_pair && !places_.contains(second))) continue;
             const Node& holder = nodes_[places_.at(view)];
-            Expression difference = value_of(first, ivars.firstAttribute, holder) - ivars.constant;
-            if (is_pair)
-                difference = difference - value_of(second, ivars.secondAttribute, holder) * ivars.multiplier;
+            const bool mirrored = is_mirrored(first, ivars.firstAttribute, ivars.secondAttribute);
+            const auto value = [&](UIView* of, NSLayoutAttribute attribute) {
+                return mirrored ? mirrored_value_of(of, attribute, holder) : value_of(of, attribute, holder);
+            };
+            Expression difference = value(first, ivars.firstAttribute) - ivars.constant;
+            if (is_pair) difference = difference - value(second, ivars.secondAttribute) * ivars.multiplier;
             demands_.push_back({.expression = std::move(difference),
                                 .relation = static_cast<Relation>(ivars.relation),
                                 .priority = ivars.priority,

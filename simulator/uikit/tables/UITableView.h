@@ -116,6 +116,7 @@ struct TableView : objc::Implements<TableView, UITableView> {
     void setEditingAnimated(bool editing, bool animated);
     void edit_pressed(UITableViewCell* cell);
     void delete_pressed(UITableViewCell* cell);
+    void detail_pressed(UITableViewCell* cell);
     bool begin_moving(UITableViewCell* cell, CGFloat finger);
     void go_on_moving(CGFloat finger);
     void end_moving(bool done);

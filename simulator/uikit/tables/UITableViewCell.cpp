@@ -88,14 +88,25 @@ UIImageView* TableCell::imageView() {
 
 void TableCell::setAccessoryType(UITableViewCellAccessoryType type) {
     if (type != UITableViewCellAccessoryNone && type != UITableViewCellAccessoryDisclosureIndicator &&
-        type != UITableViewCellAccessoryCheckmark)
-        not_modelled("UITableViewCell", "setAccessoryType:",
-                     "a type other than none (0), disclosure indicator (1) and checkmark (3)");
+        type != UITableViewCellAccessoryCheckmark && type != UITableViewCellAccessoryDetailButton)
+        not_modelled(
+            "UITableViewCell", "setAccessoryType:",
+            "a type other than none (0), disclosure indicator (1), checkmark (3) and detail button (4)");
     auto* self = this->self();
     ivars().accessoryType = type;
     ivars().accessoryMark->removeFromSuperview();
     ivars().accessoryMark = nullptr;
     if (type == UITableViewCellAccessoryNone) return self->setNeedsLayout();
+    if (type == UITableViewCellAccessoryDetailButton) {
+        UIButton* button = UIButton::buttonWithType(UIButtonTypeSystem);
+        button->setImage(detail_picture(), UIControlStateNormal);
+        button->setAccessibilityLabel("More Info"_ns);
+        button->setFrame({{0, 0}, {22, 44}});
+        button->addTarget(self, objc::selector<"_detailPressed">(), UIControlEventTouchUpInside);
+        ivars().accessoryMark = button;
+        self->addSubview(button);
+        return self->setNeedsLayout();
+    }
     UIImage* picture = type == UITableViewCellAccessoryCheckmark ? checkmark_picture()
                                                                  : disclosure_picture(runs_leftwards(self));
     ivars().accessoryMark = strong<UIView>(UIImageView::alloc()->initWithImage(picture).get());
@@ -218,6 +229,9 @@ void TableCell::show_delete_button(bool shown, NSString* title) {
 
 void TableCell::edit_pressed() {
     if (ivars().table) static_cast<TableView*>(ivars().table)->edit_pressed(self());
+}
+void TableCell::detail_pressed() {
+    if (ivars().table) static_cast<TableView*>(ivars().table)->detail_pressed(self());
 }
 void TableCell::delete_pressed() {
     if (ivars().table) static_cast<TableView*>(ivars().table)->delete_pressed(self());
@@ -382,4 +396,5 @@ OBJC_CLASS(UITableViewCell, UIView, TableCell,
            method<"tintColorDidChange", &TableCell::tintColorDidChange>,
            method<"layoutSubviews", &TableCell::layoutSubviews>,
            method<"_editPressed", &TableCell::edit_pressed>,
-           method<"_deletePressed", &TableCell::delete_pressed>)
+           method<"_deletePressed", &TableCell::delete_pressed>,
+           method<"_detailPressed", &TableCell::detail_pressed>)

@@ -72,6 +72,7 @@ struct TableCell : objc::Implements<TableCell, UITableViewCell> {
 
     void edit_pressed();
     void delete_pressed();
+    void detail_pressed();
 
   private:
     CGFloat shown_mark_width();

@@ -49,6 +49,15 @@ UIImage* checkmark_picture() {
     return end()->imageWithRenderingMode(UIImageRenderingModeAlwaysTemplate);
 }
 
+UIImage* detail_picture() {
+    CGContextRef context = begin({22, 22}, UIColor::blackColor(), 1.2);
+    CGContextAddEllipseInRect(context, {{1, 1}, {20, 20}});
+    CGContextStrokePath(context);
+    CGContextFillEllipseInRect(context, {{9.8, 5}, {2.4, 2.4}});
+    CGContextFillRect(context, {{10.1, 9}, {1.8, 7.5}});
+    return end()->imageWithRenderingMode(UIImageRenderingModeAlwaysTemplate);
+}
+
 UIImage* edit_picture(bool inserts) {
     CGContextRef context = begin({22, 22}, UIColor::whiteColor(), 2);
     if (inserts)

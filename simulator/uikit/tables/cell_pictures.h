@@ -8,6 +8,8 @@ namespace sim {
 UIImage* disclosure_picture(bool leftwards);
 /// A template.
 UIImage* checkmark_picture();
+/// An "i" in a ring; a template.
+UIImage* detail_picture();
 /// A red disc with a minus, or a green one with a plus.
 UIImage* edit_picture(bool inserts);
 UIImage* grip_picture();

@@ -52,6 +52,13 @@ void TableView::select_by_touch(RowPlace place) {
         table_delegate()->didSelectRow(self, path);
 }
 
+void TableView::detail_pressed(UITableViewCell* cell) {
+    auto* self = this->self();
+    NSIndexPath* path = self->indexPathForCell(cell);
+    if (path && delegate_answers(objc::selector<"tableView:accessoryButtonTappedForRowWithIndexPath:">()))
+        table_delegate()->accessoryButtonTapped(self, path);
+}
+
 void TableView::highlight(std::optional<RowPlace> place) {
     if (ivars().touched == place) return;
     for (auto each : {std::exchange(ivars().touched, place), place})

@@ -47,6 +47,15 @@ TEST_F(Solution, FramesAreInTheSuperviewsCoordinates) {
     EXPECT_EQ(frame_of(inner), (CGRect{{7, 7}, {86, 46}}));
 }
 
+TEST_F(Solution, FromRightToLeftLeadingIsRightAndConstantsLeadIn) {
+    UIView* inner = free_view_in(root);
+    inner->setSemanticContentAttribute(UISemanticContentAttributeForceRightToLeft);
+    fix_height(inner);
+    active(inner->leadingAnchor()->constraintEqualToAnchor(root->leadingAnchor(), 30));
+    active(inner->trailingAnchor()->constraintEqualToAnchor(root->centerXAnchor(), -10));
+    EXPECT_EQ(frame_of(inner), (CGRect{{110, 0}, {60, 10}}));
+}
+
 TEST_F(Solution, AConstraintReachesAcrossTheTree) {
     UIView *outer = free_view_in(root), *inner = free_view_in(outer);
     fix(outer, root, {{50, 20}, {100, 60}});

@@ -73,6 +73,7 @@ class Tables : public Pages {
              recorded("tableView:moveRowAtIndexPath:toIndexPath:", move_row, "v@:@@@"),
              recorded("tableView:didSelectRowAtIndexPath:", note_row<"select">, "v@:@@"),
              recorded("tableView:didDeselectRowAtIndexPath:", note_row<"deselect">, "v@:@@"),
+             recorded("tableView:accessoryButtonTappedForRowWithIndexPath:", note_row<"detail">, "v@:@@"),
              method("tableView:titleForHeaderInSection:", "@@:@q", [](id, SEL, id, NSInteger section) -> id {
                  return text("Section " + std::to_string(section));
              })});
@@ -124,6 +125,14 @@ TEST_F(Tables, MakesCellsForRowsInSightAlone) {
     }
     EXPECT_EQ(shown().front(), "Row 444");
     EXPECT_LE(cells_made, 22);
+}
+
+TEST_F(Tables, TheDetailButtonIsToldAndSelectsNothing) {
+    show({{"a", "b"}});
+    cell(1)->setAccessoryType(UITableViewCellAccessoryDetailButton);
+    table->layoutIfNeeded();
+    ASSERT_EQ(sim_tap_label("More Info"), SIM_OK) << sim_last_error();
+    EXPECT_EQ(just_heard(), (Texts{"detail 0.1"}));
 }
 
 TEST_F(Tables, ScrollToARowThatIsAskedFor) {
