@@ -1,6 +1,6 @@
 // The library's classes as a settings pane knows them: what docs/contract.md says, and no more.
 #pragma once
-#include "platform/uikit.h"
+#include "platform/controls.h"
 
 /// A theme, a thin face over one mutable dictionary: the content of its file.
 struct HuecraftConfig : objc::Interface<HuecraftConfig, "HuecraftConfig", NSObject> {
@@ -54,6 +54,34 @@ struct HCCITool : objc::Interface<HCCITool, "HCCITool", NSObject> {
     static UIImage* newColor(UIColor* color, UIImage* image) {
         return class_send<"newColor:forImage:", objc::strong<UIImage>>(color, image).autoreleased();
     }
+};
+
+/// A panel in which a person chooses a colour; its delegate is told by
+/// colorPickerReturnedWithColor:andHexString:. Confirming raises once the colours that were chosen last came
+/// from their file, for the lists are immutable then.
+struct HCColorPickerController
+    : objc::Interface<HCColorPickerController, "HCColorPickerController", UIViewController> {
+    /// Without an effect before the view is loaded.
+    void setInitialColor(UIColor* colour) { send<"setInitialColor:">(colour); }
+    void updateToColor(UIColor* colour) { send<"updateToColor:">(colour); }
+    void shakeWrong() { send<"shakeWrong">(); }
+    /// Weak.
+    void setDelegate(id delegate) { send<"setDelegate:">(delegate); }
+    UITextField* hexTextField() { return send<"hexTextField", UITextField*>(); }
+    id recentColorDictionary() { return send<"recentColorDictionary", id>(); }
+    void setRecentColorDictionary(NSMutableDictionary* all) { send<"setRecentColorDictionary:">(all); }
+    id recentColors() { return send<"recentColors", id>(); }
+    void setRecentColors(NSMutableArray* colours) { send<"setRecentColors:">(colours); }
+};
+
+/// An image that fills its superview, with a blur behind it where it is translucent.
+struct HCImageView : objc::Interface<HCImageView, "HCImageView", UIView> {
+    objc::strong<HCImageView> initWithImage(UIImage* image, double alpha) {
+        return send<"initWithImage:alpha:", objc::strong<HCImageView>>(image, alpha);
+    }
+    /// Of the image that is shown, alphas that were set before count as well; the same alpha again has no
+    /// effect.
+    void setImageAlpha(double alpha) { send<"setImageAlpha:">(alpha); }
 };
 
 /// Theme files say the background's kind in these numbers.

@@ -5,6 +5,9 @@ set(HUECRAFT_PANE_MODEL
     ../readability/oklab.cpp
     drawing/judgement.cpp
     drawing/keyboard_picture.cpp
+    drawing/photo.cpp
+    drawing/swatch.cpp
+    model/editing.cpp
     model/file_names.cpp
     model/files.cpp
     model/preferences.cpp
@@ -33,6 +36,13 @@ set(HUECRAFT_PANE_SOURCES
     screens/bottom_bar.cpp
     screens/compatibility/HuecraftSettingsCompatibilityController.cpp
     screens/compatibility/examination.cpp
+    screens/editor/HuecraftSettingsColorPicker.cpp
+    screens/editor/HuecraftSettingsCropper.cpp
+    screens/editor/HuecraftSettingsEditor.cpp
+    screens/editor/control_cells.cpp
+    screens/editor/direction_pad.cpp
+    screens/editor/undo_bar.cpp
+    screens/editor/value_rows.cpp
     screens/plain_rows.cpp
     screens/preview_header.cpp
     screens/theme_actions.cpp

@@ -5,7 +5,8 @@
 
 namespace pane {
 
-NSString* translated(NSString* english) {
+NSString* translated(const char* key) {
+    NSString* english = NSString::stringWithUTF8String(key);
     NSBundle* bundle = NSBundle::bundleWithPath("/Library/PreferenceBundles/HuecraftSettings.bundle"_ns);
     NSString* found = bundle ? bundle->localizedString(english, english, nullptr) : nullptr;
     return found ? found : english;

@@ -6,15 +6,16 @@ namespace pane {
 
 using namespace objc::literals;
 
-/// The bundle's translation of an English text, or the text.
-NSString* translated(NSString* english);
+/// The bundle's translation of an English text, or the text. Its key is made when it is asked for: a constant
+/// string of each would take 32 bytes more.
+NSString* translated(const char* english);
 /// The same with the given in place of "%1" and "%2".
 NSString* with(NSString* text, NSString* first, NSString* second = nullptr);
 
 /// A text is asked for as text<English>(), with what goes into it.
 template <objc::Name English, class... Arguments>
 NSString* text(Arguments... arguments) {
-    NSString* found = translated(objc::operator""_ns < English>());
+    NSString* found = translated(objc::stored<English>.text);
     if constexpr (sizeof...(arguments) == 0)
         return found;
     else

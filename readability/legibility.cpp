@@ -68,6 +68,17 @@ Contrast smallest_contrast(const Colour& colour, const std::vector<BehindKey>& b
     return smallest;
 }
 
+std::string ratio_text(double ratio) {
+    const auto hundredths = static_cast<int>(ratio * 100);
+    std::string text;
+    for (int rest = hundredths / 100; rest > 0 || text.empty(); rest /= 10)
+        text.insert(text.begin(), static_cast<char>('0' + rest % 10));
+    text += '.';
+    text += static_cast<char>('0' + hundredths / 10 % 10);
+    text += static_cast<char>('0' + hundredths % 10);
+    return text;
+}
+
 std::vector<BehindKey> covered(const std::vector<BehindKey>& behind, const Colour& colour) {
     std::vector<BehindKey> all = behind;
     for (BehindKey& key : all)

@@ -43,6 +43,9 @@ struct Contrast {
 };
 Contrast smallest_contrast(const Colour& colour, const std::vector<BehindKey>& behind);
 
+/// With two decimals, never rounded up to a limit that it misses.
+std::string ratio_text(double ratio);
+
 /// The colour over what is behind each key.
 std::vector<BehindKey> covered(const std::vector<BehindKey>& behind, const Colour& colour);
 

@@ -19,6 +19,25 @@ void remember(const Preferences* preferences) {
     before_removal = preferences ? new Preferences(*preferences) : nullptr;
 }
 
+/// Whether processes have read another theme than is in the chosen file now.
+constinit bool chosen_was_edited = false;
+
+/// The preferences speak of the file that a theme is in now, then the old one goes. nil stays nil.
+NSString* settle(NSString* file, NSString* now, Preferences& preferences, NSError** error) {
+    if (!now || !file || now->isEqualToString(file)) return now;
+    NSFileManager* manager = NSFileManager::defaultManager();
+    if (is_same(preferences.chosen, file)) {
+        preferences.chosen = now;
+        if (!write_preferences(preferences, error)) {
+            manager->removeItemAtPath(themes::folder()->stringByAppendingPathComponent(now), nullptr);
+            return nullptr;
+        }
+    }
+    // Should the old file stay, the theme is there twice, and nothing is lost.
+    manager->removeItemAtPath(themes::folder()->stringByAppendingPathComponent(file), nullptr);
+    return now;
+}
+
 }  // namespace
 
 bool choose(NSString* folder, NSString* file, NSError** error) {
@@ -44,19 +63,17 @@ NSString* rename(NSString* file, NSString* name, NSError** error) {
     awaits_restart();
     auto preferences = certain_preferences(error);
     if (!preferences) return nullptr;
-    NSString* renamed = themes::write_under_name(file, name, error);
-    if (!renamed || renamed->isEqualToString(file)) return renamed;
-    NSFileManager* manager = NSFileManager::defaultManager();
-    if (is_same(preferences->chosen, file)) {
-        preferences->chosen = renamed;
-        if (!write_preferences(*preferences, error)) {
-            manager->removeItemAtPath(themes::folder()->stringByAppendingPathComponent(renamed), nullptr);
-            return nullptr;
-        }
-    }
-    // Should the old file stay, the theme is there twice, and nothing is lost.
-    manager->removeItemAtPath(themes::folder()->stringByAppendingPathComponent(file), nullptr);
-    return renamed;
+    return settle(file, themes::write_under_name(file, name, error), *preferences, error);
+}
+
+NSString* keep(HuecraftConfig* theme, NSString* file, NSString* name_before, NSError** error) {
+    awaits_restart();
+    auto preferences = certain_preferences(error);
+    if (!preferences) return nullptr;
+    const bool chosen = file && is_same(preferences->chosen, file);
+    NSString* kept = settle(file, themes::keep(theme, file, name_before, error), *preferences, error);
+    if (kept && chosen) chosen_was_edited = true;
+    return kept;
 }
 
 bool remove(NSString* file, NSError** error) {
@@ -89,7 +106,8 @@ bool awaits_restart() {
     static constinit Preferences* at_first = nullptr;
     const Preferences now = read_preferences();
     if (!at_first) at_first = new Preferences(now);
-    return now.is_on != at_first->is_on || (now.is_on && !is_same(now.chosen, at_first->chosen));
+    return now.is_on != at_first->is_on ||
+           (now.is_on && (chosen_was_edited || !is_same(now.chosen, at_first->chosen)));
 }
 
 }  // namespace pane::shelf

@@ -15,6 +15,9 @@ bool reset(NSError** error);
 /// The file that the theme is in afterwards.
 NSString* rename(NSString* file, NSString* name, NSError** error);
 
+/// An edited theme: see themes::keep. The old file goes when nothing refers to it any more.
+NSString* keep(HuecraftConfig* theme, NSString* file, NSString* name_before, NSError** error);
+
 /// A chosen theme that is removed is chosen no more, and theming is off; put back, it is as before.
 bool remove(NSString* file, NSError** error);
 bool put_back(NSError** error);

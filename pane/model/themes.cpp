@@ -165,6 +165,18 @@ NSString* keep_as_new(HuecraftConfig* theme, NSError** error) {
 
 NSString* save(HuecraftConfig* theme, NSString* file, NSError** error) { return write(theme, file, error); }
 
+NSString* keep(HuecraftConfig* theme, NSString* file, NSString* name_before, NSError** error) {
+    NSString* name = theme->getConfigName();
+    const bool same_name = name && name_before && name->isEqualToString(name_before);
+    NSString* stem = string_of(stem_of(units_of(name)));
+    if (file && (same_name || stem->caseInsensitiveCompare(file->stringByDeletingPathExtension()) == 0))
+        return write(theme, file, error);
+    const strong<NSString> before = name;
+    NSString* kept = keep_as_new(theme, error);
+    if (!kept && before) theme->setConfigName(before);
+    return kept;
+}
+
 NSString* copy_to_user(NSString* file, NSError** error) {
     auto* content = as<NSDictionary>(read_property_list(in(folder_that_comes_along(), file), error));
     if (!content) return nullptr;

@@ -31,6 +31,9 @@ objc::strong<HuecraftConfig> copy_of(HuecraftConfig* theme);
 /// answered; nil, and why, when it is not.
 NSString* keep_as_new(HuecraftConfig* theme, NSError** error);
 NSString* save(HuecraftConfig* theme, NSString* file, NSError** error);
+/// Into the file; under a name of its own where the theme is called otherwise than before, or the file is
+/// nil. A number that a taken name gets is the theme's, too. The old file stays, as in write_under_name.
+NSString* keep(HuecraftConfig* theme, NSString* file, NSString* name_before, NSError** error);
 /// The user's copy of a theme that comes along. One that is there already is taken.
 NSString* copy_to_user(NSString* file, NSError** error);
 /// Under the name "… copy", or "… copy 2".

@@ -8,6 +8,7 @@
 #include "pane/screens/asking.h"
 #include "pane/screens/bottom_bar.h"
 #include "pane/screens/compatibility/HuecraftSettingsCompatibilityController.h"
+#include "pane/screens/editor/edit.h"
 #include "pane/screens/plain_rows.h"
 #include "pane/screens/preview_header.h"
 #include "pane/screens/theme_actions.h"
@@ -306,6 +307,8 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
     }
 
     NSString* titleForFooter(UITableView*, NSInteger section) {
+        if (section == switch_section && !HuecraftConfig::class_object())
+            return text<"Huecraft itself is not loaded here.">();
         if (section == switch_section && !ivars().chosen) return text<"Choose a theme to begin.">();
         if (section == own_section && ivars().trouble)
             return text<"Your themes cannot be read: %1">(ivars().trouble.get());
@@ -341,6 +344,10 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
         else if (path->section() == about_section)
             self()->navigationController()->pushViewController(
                 HuecraftSettingsCompatibilityController::make(), true);
+    }
+
+    void accessoryButtonTapped(UITableView*, NSIndexPath* path) {
+        edit_theme(self(), folder_of(path->section()), file_at(path));
     }
 
     bool canEditRow(UITableView*, NSIndexPath* path) { return path->section() == own_section; }
@@ -381,5 +388,6 @@ OBJC_CLASS(HuecraftSettingsController, PSViewController, FirstScreen,
            method<"tableView:heightForRowAtIndexPath:", &FirstScreen::heightForRow>,
            method<"tableView:cellForRowAtIndexPath:", &FirstScreen::cellForRow>,
            method<"tableView:didSelectRowAtIndexPath:", &FirstScreen::didSelectRow>,
+           method<"tableView:accessoryButtonTappedForRowWithIndexPath:", &FirstScreen::accessoryButtonTapped>,
            method<"tableView:canEditRowAtIndexPath:", &FirstScreen::canEditRow>,
            method<"tableView:commitEditingStyle:forRowAtIndexPath:", &FirstScreen::commitEditing>)

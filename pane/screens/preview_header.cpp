@@ -28,12 +28,14 @@ void show_preview(HuecraftConfig* theme, UIView* in) {
     if (!theme) return;
     const CGSize keyboard = HCPreview::keyboardPortraitSize();
     UIView* preview = HCPreview::sharedInstance()->viewForConfig(theme);
-    const CGFloat scale = scale_for(in->bounds().size.width, keyboard);
+    const CGSize room = in->bounds().size;
+    CGFloat scale = scale_for(room.width, keyboard);
+    if (keyboard.height > 0) scale = std::min(scale, (room.height - 2 * margin) / keyboard.height);
     if (!preview || scale <= 0) return;
     preview->setAutoresizingMask(0);
     preview->setFrame({{0, 0}, keyboard});
     preview->setTransform({scale, 0, 0, scale, 0, 0});
-    preview->setCenter({in->bounds().size.width / 2, in->bounds().size.height / 2});
+    preview->setCenter({room.width / 2, room.height / 2});
     preview->setClipsToBounds(true);
     preview->layer()->setCornerRadius(8);
     preview->setUserInteractionEnabled(false);

@@ -6,7 +6,7 @@ namespace pane {
 
 /// As high as a preview in that width, with a margin.
 CGFloat preview_height(CGFloat width);
-/// Takes out what the view shows, and shows the theme; nil shows nothing.
+/// Takes out what the view shows, and shows the theme as large as it has room; nil shows nothing.
 void show_preview(HuecraftConfig* theme, UIView* in);
 
 }  // namespace pane

@@ -45,13 +45,17 @@ ThemeRows::Shown ThemeRows::look_up(NSString* folder, NSString* file) {
 
 void ThemeRows::show(NSString* folder, NSString* file, bool chosen, UITableViewCell* cell) {
     const Shown shown = look_up(folder, file);
-    cell->textLabel()->setText(shown.name);
+    // The detail button takes the place of the table's own mark.
+    NSString* mark = NSString::stringWithUTF8String("\u2713 ");
+    cell->textLabel()->setText(chosen ? mark->stringByAppendingString(shown.name) : shown.name.get());
+    cell->textLabel()->setTextColor(chosen ? cell->tintColor() : UIColor::blackColor());
     cell->textLabel()->setFont(UIFont::preferredFontForTextStyle(UIFontTextStyleBody));
     cell->detailTextLabel()->setText(shown.note);
     cell->detailTextLabel()->setFont(UIFont::preferredFontForTextStyle(UIFontTextStyleCaption1));
     cell->detailTextLabel()->setTextColor(UIColor::colorWithRGB(0.7, 0.2, 0.1, 1));
     cell->imageView()->setImage(shown.picture);
-    cell->setAccessoryType(chosen ? UITableViewCellAccessoryCheckmark : UITableViewCellAccessoryNone);
+    cell->setAccessoryType(shown.picture ? UITableViewCellAccessoryDetailButton
+                                         : UITableViewCellAccessoryNone);
     cell->setIsAccessibilityElement(true);
     cell->setAccessibilityLabel(shown.note ? with("%1, %2"_ns, shown.name, shown.note) : shown.name.get());
     cell->setAccessibilityTraits(chosen ? UIAccessibilityTraitButton | UIAccessibilityTraitSelected

@@ -27,7 +27,7 @@ TEST_F(FirstScreen, OneTouchChoosesAndStores) {
     EXPECT_EQ(preferences(), "on Contrast.plist");
     EXPECT_TRUE(phone.exists(in_themes("Contrast.plist")));
     EXPECT_EQ(table()->numberOfRowsInSection(own_section), 1);
-    EXPECT_EQ(cell(0, own_section)->accessoryType(), UITableViewCellAccessoryCheckmark);
+    EXPECT_EQ(utf8(cell(0, own_section)->textLabel()->text()), "\u2713 Contrast");
     EXPECT_TRUE(is_on_screen("What is running keeps its keyboard."));
 }
 
@@ -247,7 +247,7 @@ TEST_F(FirstScreen, AMemoryWarningLosesNothing) {
     open();
     choose_row(0, along_section);
     ASSERT_EQ(sim_warn_of_memory(), SIM_OK) << sim_last_error();
-    EXPECT_EQ(utf8(cell(0, own_section)->textLabel()->text()), "Contrast");
+    EXPECT_EQ(utf8(cell(0, own_section)->textLabel()->text()), "\u2713 Contrast");
     EXPECT_NE(cell(0, own_section)->imageView()->image(), nullptr);
 }
 

@@ -136,7 +136,8 @@ TEST_F(Keeping, RenamingTheChosenThemeKeepsItChosen) {
     choose_row(0, own_section);
     rename(0, "New");
     EXPECT_EQ(preferences(), "on New.plist");
-    EXPECT_EQ(cell(0, own_section)->accessoryType(), UITableViewCellAccessoryCheckmark);
+    EXPECT_EQ(cell(0, own_section)->accessibilityTraits(),
+              UIAccessibilityTraitButton | UIAccessibilityTraitSelected);
 }
 
 // ---- Duplicates, and what goes ------------------------------------------------------------------

@@ -16,6 +16,8 @@ void put(const Phone& phone, const fs::path& file, const std::string& folder, co
     fs::copy_file(file, phone.host("/" + folder + "/" + name), fs::copy_options::overwrite_existing);
 }
 
+constexpr const char* settings = "/Applications/Preferences.app/Preferences";
+
 bool shows(UIView* view, const std::string& text) {
     if (view->isHidden()) return false;
     if (auto* label = as<UILabel>(view); label && utf8(label->text()) == text) return true;
@@ -40,8 +42,17 @@ SettingsPage::SettingsPage() {
 }
 
 void SettingsPage::open(Phone::Options options) {
-    options.executable = "/Applications/Preferences.app/Preferences";
+    options.executable = settings;
     phone.start(options);
+    open_page();
+}
+
+void SettingsPage::open_without_library() {
+    phone.boot({.executable = settings});
+    open_page();
+}
+
+void SettingsPage::open_page() {
     ASSERT_EQ(sim_open_settings(), SIM_OK) << sim_last_error();
     tap("Huecraft");
     ASSERT_EQ(sim_advance_clock(1), SIM_OK) << sim_last_error();

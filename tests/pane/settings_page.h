@@ -14,6 +14,7 @@ class SettingsPage : public testing::Test {
     SettingsPage();
     /// Boots, loads the library as it is injected, opens Settings and touches the row.
     void open(Phone::Options options = {});
+    void open_without_library();
     /// Leaves the page and comes back, as someone who changed a file meanwhile.
     static void come_back();
 
@@ -33,6 +34,9 @@ class SettingsPage : public testing::Test {
 
     Phone phone;
     static constexpr NSInteger switch_section = 0, own_section = 1, along_section = 2, rescue_section = 3;
+
+  private:
+    static void open_page();
 };
 
 }  // namespace test

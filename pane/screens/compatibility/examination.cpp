@@ -54,7 +54,7 @@ ExaminedRow row_of(const std::string& target, const Judgement& judgement, NSStri
     if (judgement.reason == Reason::other_types)
         whole = with("%1 %2"_ns, note, text<"Applications may stop.">());
     else if (judgement.verdict != Verdict::well && judgement.verdict != Verdict::unrecorded && *effect)
-        whole = with("%1 %2"_ns, note, text<"Then %1.">(translated(NSString::stringWithUTF8String(effect))));
+        whole = with("%1 %2"_ns, note, text<"Then %1.">(translated(effect)));
     return {string(target), judgement.verdict, note, whole};
 }
 

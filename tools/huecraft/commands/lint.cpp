@@ -120,7 +120,7 @@ std::string with_decimals(double number, int decimals) {
 }
 
 std::string contrast_words(const char* what, const std::optional<Contrast>& contrast) {
-    return std::string(what) + " " + (contrast ? with_decimals(contrast->ratio, 2) : "unknown");
+    return std::string(what) + " " + (contrast ? readability::ratio_text(contrast->ratio) : "unknown");
 }
 
 void print(const Report& report) {

@@ -208,13 +208,6 @@ class Inspector {
     std::vector<Finding> findings_;
 };
 
-std::string ratio_text(double ratio) {
-    char text[32];
-    // Never rounded up to a limit that it misses.
-    std::snprintf(text, sizeof text, "%.2f", std::floor(ratio * 100) / 100);
-    return text;
-}
-
 }  // namespace
 
 std::vector<Finding> findings_in_values(const LoadedTheme& theme) { return Inspector(theme).inspect(); }
@@ -252,10 +245,10 @@ std::vector<Finding> findings_in_contrast(ThemeKey key, const std::string& what,
     if (contrast.ratio >= demand.warning_below) return {};
     const bool on_bar = contrast.worst_key.starts_with("suggestion ");
     return {{contrast.ratio < demand.error_below ? error : warning, name_of(key),
-             hex_of(colour) + ", a contrast of " + ratio_text(contrast.ratio) + " with " +
+             hex_of(colour) + ", a contrast of " + readability::ratio_text(contrast.ratio) + " with " +
                  hex_of(contrast.behind) + " behind " +
                  (on_bar ? contrast.worst_key : "the key " + in_quotes(contrast.worst_key)),
-             "at least " + ratio_text(demand.warning_below) + " for " + what, advice}};
+             "at least " + readability::ratio_text(demand.warning_below) + " for " + what, advice}};
 }
 
 }  // namespace command

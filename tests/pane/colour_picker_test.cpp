@@ -1,0 +1,122 @@
+// The library's colour picker as the pane shows it, and the page on a phone without the library.
+#include "settings_page.h"
+
+namespace test {
+namespace {
+
+constexpr const char* recent_file = "/var/mobile/Library/Preferences/com.quillmoth.hcrecentcolors.plist";
+
+class PickerOfThePane : public SettingsPage {
+  protected:
+    void SetUp() override { open(); }
+
+    /// Presents a picker, and waits until it has sprung up.
+    void show(UIColor* first = color(1, 0, 0)) {
+        picker = made("HuecraftSettingsColorPicker");
+        ASSERT_NE(picker, nullptr);
+        objc::send<"setFirstColor:">(picker, first);
+        ASSERT_EQ(sim_present(picker), SIM_OK) << sim_last_error();
+        ASSERT_EQ(sim_advance_clock(2), SIM_OK) << sim_last_error();
+    }
+    /// Shows a picker that begins with the colour, and confirms; answers what was raised.
+    std::string confirm(UIColor* colour) {
+        show(colour);
+        objc::send<"setDelegate:">(picker, listener());
+        return raised_by([this] { objc::send<"selectButtonPressed">(picker); });
+    }
+    /// Somebody who listens: the library records what was chosen only then.
+    id listener() {
+        if (!listener_) listener_ = objc::strong<NSObject>(static_cast<NSObject*>(made(listener_class())));
+        return listener_.get();
+    }
+    UITextField* field() const { return objc::send<"hexTextField", UITextField*>(picker); }
+    std::vector<std::string> recent() const {
+        auto* file = as<NSDictionary>(NSPropertyListSerialization::propertyListWithData(
+            test::data(phone.read(recent_file)), NSPropertyListSerialization::immutable, nullptr, nullptr));
+        return texts_in(static_cast<NSArray*>(file->objectForKey(text("Colors"))));
+    }
+
+    id picker = nullptr;
+    static inline std::vector<std::string> heard;
+
+  private:
+    static const char* listener_class() {
+        constexpr const char* name = "ListenerOfThePicker";
+        if (objc_getClass(name)) return name;
+        Class made = objc_allocateClassPair(objc_getClass("NSObject"), name, 0);
+        const auto hear = [](id, SEL, id, NSString* hex) { heard.push_back(utf8(hex)); };
+        class_addMethod(made, sel_registerName("colorPickerReturnedWithColor:andHexString:"),
+                        reinterpret_cast<IMP>(+hear), "v@:@@");
+        objc_registerClassPair(made);
+        return name;
+    }
+    objc::strong<NSObject> listener_;
+};
+
+TEST_F(PickerOfThePane, OpensOnTheColourItIsGiven) {
+    show(color(0.2, 0.4, 0.6));
+    EXPECT_EQ(utf8(field()->text()), "#336699");
+}
+
+TEST_F(PickerOfThePane, CanBeConfirmedAgainAndAgain) {
+    EXPECT_EQ(confirm(color(1, 0, 0)), "");
+    EXPECT_EQ(confirm(color(0, 1, 0)), "") << "the list came from its file";
+    EXPECT_EQ(confirm(color(0, 0, 1)), "");
+    EXPECT_EQ(heard, (std::vector<std::string>{"#FF0000", "#00FF00", "#0000FF"}));
+    EXPECT_EQ(recent(), (std::vector<std::string>{"#00000000", "#00000000", "#00000000", "#FF0000", "#00FF00",
+                                                  "#0000FF"}));
+}
+
+TEST_F(PickerOfThePane, AListOfAnyLengthAndKindIsMadeSix) {
+    for (const char* colours :
+         {"<array/>", "<array><string>#010101</string><integer>5</integer></array>", "<string>x</string>",
+          "<array><string>#1</string><string>#2</string><string>#3</string><string>#4</string><string>#5"
+          "</string><string>#6</string><string>#7</string><string>#8</string></array>"}) {
+        phone.write(recent_file, property_list("<dict><key>Colors</key>" + std::string(colours) +
+                                               "<key>Other</key><string>stays</string></dict>"));
+        EXPECT_EQ(confirm(color(1, 0, 0)), "") << colours;
+        EXPECT_EQ(recent().size(), 6u) << colours;
+        EXPECT_EQ(recent().back(), "#FF0000") << colours;
+        EXPECT_NE(phone.read(recent_file).find("stays"), std::string::npos) << colours;
+    }
+}
+
+TEST_F(PickerOfThePane, ATypedColourCountsWithoutReturn) {
+    show();
+    objc::send<"setDelegate:">(picker, listener());
+    field()->setText(text("#3366CC"));
+    objc::send<"selectButtonPressed">(picker);
+    EXPECT_EQ(heard, (std::vector<std::string>{"#3366CC"}));
+}
+
+TEST_F(PickerOfThePane, AnUnfinishedTextIsRefused) {
+    for (const char* typed : {"#12", "", "12#456", "#1234567"}) {
+        show();
+        objc::send<"setDelegate:">(picker, listener());
+        field()->setText(text(typed));
+        objc::send<"selectButtonPressed">(picker);
+        EXPECT_TRUE(heard.empty()) << typed;
+        void* presented = nullptr;
+        ASSERT_EQ(sim_presented(&presented), SIM_OK);
+        EXPECT_EQ(presented, picker) << typed << ": it stays";
+    }
+}
+
+using WithoutLibrary = SettingsPage;
+
+TEST_F(WithoutLibrary, ThePageOpensAndSaysSo) {
+    open_without_library();
+    EXPECT_TRUE(is_on_screen("Huecraft itself is not loaded here."));
+    EXPECT_EQ(table()->numberOfRowsInSection(along_section), 10);
+    choose_row(0, along_section);
+    EXPECT_TRUE(is_on_screen("This theme cannot be used."));
+    EXPECT_EQ(preferences(), "none");
+}
+
+TEST_F(WithoutLibrary, ThePickerIsMissing) {
+    open_without_library();
+    EXPECT_EQ(objc_getClass("HuecraftSettingsColorPicker"), Class());
+}
+
+}  // namespace
+}  // namespace test

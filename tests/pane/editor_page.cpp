@@ -1,0 +1,78 @@
+// What the tests of the editor share: see the header.
+#include "editor_page.h"
+
+namespace test {
+
+EditorPage::EditorPage() { put_theme(phone, "Mine.plist", "Mine"); }
+
+void EditorPage::edit(NSInteger row, NSInteger section, Phone::Options options) {
+    open(options);
+    edit_row(row, section);
+}
+
+void EditorPage::edit_row(NSInteger row, NSInteger section) {
+    page()->send<"tableView:accessoryButtonTappedForRowWithIndexPath:">(
+        table(), NSIndexPath::indexPathForRow(row, section));
+    ASSERT_EQ(sim_advance_clock(1), SIM_OK) << sim_last_error();
+}
+
+bool EditorPage::is_open() {
+    void* presented = nullptr;
+    EXPECT_EQ(sim_presented(&presented), SIM_OK) << sim_last_error();
+    return presented != nullptr;
+}
+
+void EditorPage::choose_kind(NSInteger segment) {
+    auto* kinds = static_cast<UISegmentedControl*>(
+        static_cast<id>(cell(0, background_section)->contentView()->subviews()->lastObject()));
+    kinds->setSelectedSegmentIndex(segment);
+    kinds->sendActionsForControlEvents(UIControlEventValueChanged);
+    ASSERT_EQ(sim_advance_clock(0), SIM_OK) << sim_last_error();
+}
+
+void EditorPage::pick(NSInteger row, NSInteger section, const std::string& hex) {
+    choose_row(row, section);
+    void* presented = nullptr;
+    ASSERT_EQ(sim_presented(&presented), SIM_OK) << sim_last_error();
+    auto* picker = static_cast<NSObject*>(static_cast<id>(presented));
+    ASSERT_STREQ(object_getClassName(picker), "HuecraftSettingsColorPicker");
+    picker->send<"hexTextField", UITextField*>()->setText(text(hex));
+    picker->send<"selectButtonPressed">();
+    ASSERT_EQ(sim_advance_clock(1), SIM_OK) << sim_last_error();
+}
+
+void EditorPage::rename(const std::string& name) {
+    choose_row(0, name_section);
+    first("UITextField")->send<"setText:">(text(name));
+    tap("OK");
+}
+
+void EditorPage::turn_on(const std::string& label) {
+    NSArray* all = first("UISwitch")->superview()->subviews();
+    for (NSUInteger i = 0; i < all->count(); ++i) {
+        auto* control = as<UISwitch>(all->objectAtIndex(i));
+        if (!control || utf8(control->accessibilityLabel()) != label) continue;
+        const CGRect place = control->convertRectToView(control->bounds(), nullptr);
+        ASSERT_EQ(sim_tap(place.origin.x + place.size.width / 2, place.origin.y + place.size.height / 2),
+                  SIM_OK)
+            << sim_last_error();
+        EXPECT_TRUE(control->isOn());
+        return;
+    }
+    FAIL() << "no switch is called " << label;
+}
+
+NSDictionary* EditorPage::content(const std::string& file) const {
+    return as<NSDictionary>(NSPropertyListSerialization::propertyListWithData(
+        test::data(phone.read(in_themes(file))), NSPropertyListSerialization::immutable, nullptr, nullptr));
+}
+
+std::string EditorPage::value(const char* key, const std::string& file) const {
+    return utf8(static_cast<NSObject*>(content(file)->objectForKey(text(key)))->description());
+}
+
+std::vector<std::string> EditorPage::colours(const std::string& file) const {
+    return texts_in(static_cast<NSArray*>(content(file)->objectForKey(text("_Colors"))));
+}
+
+}  // namespace test

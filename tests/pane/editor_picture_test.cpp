@@ -1,0 +1,103 @@
+// Expected pictures of the editor's screens.
+#include "editor_page.h"
+
+namespace test {
+namespace {
+
+class EditorPictures : public EditorPage {
+  protected:
+    void edit_ocean(Phone::Options options = {}) { edit(4, along_section, options); }
+    static void scroll_to(NSInteger row, NSInteger section) {
+        table()->scrollToRow(NSIndexPath::indexPathForRow(row, section), UITableViewScrollPositionBottom,
+                             false);
+        ASSERT_EQ(sim_advance_clock(0), SIM_OK);
+    }
+    /// A hill before a sky, in the photo library.
+    void put_photo() const {
+        UIGraphicsBeginImageContextWithOptions({600, 400}, true, 1);
+        CGContextRef context = UIGraphicsGetCurrentContext();
+        CGContextSetRGBFillColor(context, 0.55, 0.75, 0.95, 1);
+        CGContextFillRect(context, {{0, 0}, {600, 400}});
+        CGContextSetRGBFillColor(context, 1, 0.85, 0.3, 1);
+        CGContextFillEllipseInRect(context, {{420, 50}, {90, 90}});
+        CGContextSetRGBFillColor(context, 0.2, 0.5, 0.25, 1);
+        CGContextFillEllipseInRect(context, {{-100, 220}, {560, 400}});
+        NSData* data = UIImagePNGRepresentation(UIGraphicsGetImageFromCurrentImageContext());
+        UIGraphicsEndImageContext();
+        phone.write("/var/mobile/Media/DCIM/100APPLE/hill.png",
+                    {static_cast<const char*>(data->bytes()), data->length()});
+    }
+    void open_cropper() {
+        put_photo();
+        choose_kind(image_kind);
+        choose_row(1, background_section);
+        tap("hill.png");
+    }
+};
+
+TEST_F(EditorPictures, ItsBeginning) {
+    edit_ocean();
+    expect_picture("pane-editor");
+}
+
+TEST_F(EditorPictures, OnTheSmallestPhone) {
+    edit_ocean({.screen_width = 320, .screen_height = 568, .screen_scale = 2});
+    expect_picture("pane-editor-320");
+}
+
+TEST_F(EditorPictures, OnTheTallestPhone) {
+    edit_ocean({.screen_width = 375, .screen_height = 812, .screen_scale = 3});
+    expect_picture("pane-editor-812");
+}
+
+TEST_F(EditorPictures, OnATablet) {
+    edit_ocean({.screen_width = 768, .screen_height = 1024, .screen_scale = 2});
+    expect_picture("pane-editor-tablet");
+}
+
+TEST_F(EditorPictures, FromRightToLeft) {
+    edit_ocean({.right_to_left = true});
+    expect_picture("pane-editor-right-to-left");
+}
+
+TEST_F(EditorPictures, OfAGradient) {
+    edit();
+    scroll_to(4, background_section);
+    expect_picture("pane-editor-gradient");
+}
+
+TEST_F(EditorPictures, OfThePicker) {
+    edit();
+    choose_row(text_row, keys_section);
+    expect_picture("pane-editor-picker");
+}
+
+TEST_F(EditorPictures, OfTheCropper) {
+    edit();
+    open_cropper();
+    turn_on("Dim");
+    expect_picture("pane-editor-crop");
+}
+
+TEST_F(EditorPictures, OfAnImageShownThrough) {
+    edit();
+    open_cropper();
+    tap("Use Photo");
+    scroll_to(3, background_section);
+    auto* slider = static_cast<UISlider*>(
+        static_cast<id>(cell(3, background_section)->contentView()->subviews()->lastObject()));
+    slider->setValue(0.6f);
+    slider->sendActionsForControlEvents(UIControlEventValueChanged);
+    slider->sendActionsForControlEvents(UIControlEventTouchUpInside);
+    ASSERT_EQ(sim_advance_clock(0), SIM_OK);
+    scroll_to(3, background_section);
+    expect_picture("pane-editor-image");
+}
+
+TEST_F(EditorPictures, WithLargeText) {
+    edit_ocean({.text_size = "AccessibilityL"});
+    expect_picture("pane-editor-large-text");
+}
+
+}  // namespace
+}  // namespace test

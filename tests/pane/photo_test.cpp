@@ -1,0 +1,110 @@
+// Photographs on their way behind a keyboard: upright, of a size to work with, cropped, dimmed, blurred.
+#include "pane/drawing/photo.h"
+
+#include "kept_files.h"
+#include "platform/owned_graphics.h"
+
+namespace test {
+namespace {
+
+class Photo : public testing::Test {
+  protected:
+    void SetUp() override { phone.start({.screen_width = 414, .screen_height = 736, .screen_scale = 3}); }
+
+    static CGSize size_of(UIImage* image) {
+        EXPECT_EQ(image->scale(), 1);
+        return image->size();
+    }
+    /// Red at the left, blue at the right.
+    static UIImage* red_and_blue(double width, double height) {
+        UIGraphicsBeginImageContextWithOptions({width, height}, true, 1);
+        CGContextRef context = UIGraphicsGetCurrentContext();
+        CGContextSetRGBFillColor(context, 1, 0, 0, 1);
+        CGContextFillRect(context, {{0, 0}, {width / 2, height}});
+        CGContextSetRGBFillColor(context, 0, 0, 1, 1);
+        CGContextFillRect(context, {{width / 2, 0}, {width / 2, height}});
+        UIImage* image = UIGraphicsGetImageFromCurrentImageContext();
+        UIGraphicsEndImageContext();
+        return image;
+    }
+    /// The pixel at that part of the image.
+    static Rgba pixel(UIImage* image, double across, double down) {
+        uint8_t bytes[4]{};
+        const cg::owned space(CGColorSpaceCreateDeviceRGB());
+        const cg::owned context(CGBitmapContextCreate(
+            bytes, 1, 1, 8, 4, space, kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big));
+        const CGSize size = image->size();
+        CGContextTranslateCTM(context, 0, 1);
+        CGContextScaleCTM(context, 1, -1);
+        UIGraphicsPushContext(context);
+        image->drawInRect(
+            {{-static_cast<int>(across * size.width) * 1.0, -static_cast<int>(down * size.height) * 1.0},
+             size});
+        UIGraphicsPopContext();
+        return {bytes[0] / 255.0, bytes[1] / 255.0, bytes[2] / 255.0, bytes[3] / 255.0};
+    }
+
+    Phone phone;
+};
+
+TEST_F(Photo, TheKeyboardsPixelsAreAtMostTheLargestPhones) {
+    EXPECT_EQ(pane::keyboard_pixels().width, 1242);
+    EXPECT_LE(pane::keyboard_pixels().height, 798);
+    EXPECT_GT(pane::keyboard_pixels().height, 700);
+}
+
+TEST_F(Photo, Of48MegapixelsIsMadeSmall) {
+    const CGSize size = size_of(pane::workable(filled_image(color(1, 0, 0), 8000, 6000)));
+    EXPECT_EQ(size.width, 2484);
+    EXPECT_EQ(size.height, 1863);
+}
+
+TEST_F(Photo, OfOnePixelStaysAndFillsTheKeyboard) {
+    UIImage* one = pane::workable(filled_image(color(0, 1, 0), 1, 1));
+    EXPECT_EQ(size_of(one), (CGSize{1, 1}));
+    UIImage* filled = pane::cropped(one, {{0, 0}, {1, 0.64}}, {1242, 798});
+    EXPECT_EQ(size_of(filled), (CGSize{1242, 798}));
+    EXPECT_EQ(pixel(filled, 0.5, 0.5), (Rgba{0, 1, 0, 1}));
+    EXPECT_EQ(size_of(pane::blurred(one)), (CGSize{1, 1}));
+}
+
+TEST_F(Photo, ThatIsMissingIsNone) { EXPECT_EQ(pane::workable(nullptr), nullptr); }
+
+TEST_F(Photo, ThatIsLongAndThinKeepsItsShape) {
+    EXPECT_EQ(size_of(pane::workable(filled_image(color(1, 0, 0), 20000, 4))), (CGSize{2484, 1}));
+}
+
+TEST_F(Photo, IsTurnedUpright) {
+    constexpr UIImageOrientation right = 3;
+    UIImage* lying = UIImage::imageWithCGImage(red_and_blue(40, 20)->CGImage(), 1, right);
+    UIImage* upright = pane::workable(lying);
+    EXPECT_EQ(size_of(upright), (CGSize{20, 40}));
+    EXPECT_EQ(upright->imageOrientation(), UIImageOrientationUp);
+    EXPECT_EQ(pixel(upright, 0.5, 0.1), (Rgba{1, 0, 0, 1}));
+    EXPECT_EQ(pixel(upright, 0.5, 0.9), (Rgba{0, 0, 1, 1}));
+}
+
+TEST_F(Photo, APartOfItIsCutOut) {
+    UIImage* right = pane::cropped(red_and_blue(400, 200), {{200, 0}, {200, 100}}, {100, 50});
+    EXPECT_EQ(size_of(right), (CGSize{100, 50}));
+    EXPECT_EQ(pixel(right, 0.2, 0.5), (Rgba{0, 0, 1, 1}));
+}
+
+TEST_F(Photo, DimmedIsDarker) {
+    const Rgba dim = pixel(pane::dimmed(red_and_blue(40, 20)), 0.1, 0.5);
+    EXPECT_NEAR(dim.red, 1 - pane::dimming, 0.01);
+    EXPECT_EQ(dim.alpha, 1);
+}
+
+TEST_F(Photo, BlurredHasNoEdges) {
+    UIImage* soft = pane::blurred(red_and_blue(400, 200));
+    EXPECT_EQ(size_of(soft), (CGSize{400, 200}));
+    const Rgba middle = pixel(soft, 0.5, 0.5), left = pixel(soft, 0.02, 0.5);
+    EXPECT_NEAR(middle.red, 0.5, 0.1);
+    EXPECT_NEAR(middle.blue, 0.5, 0.1);
+    EXPECT_NEAR(left.red, 1, 0.02);
+    EXPECT_EQ(left.alpha, 1);
+}
+
+}  // namespace
+}  // namespace test
