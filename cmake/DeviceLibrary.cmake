@@ -13,7 +13,7 @@ set(DEVICE_TRIPLE_arm64 arm64-apple-ios${DEVICE_MINIMUM_VERSION})
 set(DEVICE_TRIPLE_x86_64 x86_64-apple-ios${DEVICE_MINIMUM_VERSION}-simulator)
 
 # C++20 without exceptions and run-time type information, and of the standard library what its headers alone provide.
-# The system's exceptions still pass through, by the unwind tables. Paths in the output would tell builds apart.
+# The system's exceptions still pass through, by the unwind tables. Paths in the output would make two builds differ.
 set(DEVICE_COMPILE_OPTIONS
     -std=c++20 -Os ${HUECRAFT_WARNINGS} ${HUECRAFT_NIL_RECEIVERS}
     -fvisibility=hidden -fvisibility-inlines-hidden -fno-common

@@ -1,4 +1,4 @@
-// huecraft-describe: tells what this phone's system has of what the library is about, for huecraft doctor.
+// huecraft-describe: reports what this phone's system has of the library's subjects, for huecraft doctor.
 //
 // Nothing of the user's is in the report: no names, no files, nothing of the theme.
 #include <string_view>

@@ -8,7 +8,7 @@
 
 #include "loader/fault.h"
 
-// With the leak checker in the process, what only the image's variables point to is no leak.
+// With the leak checker in the process, what only the image's variables point to is not a leak.
 extern "C" [[gnu::weak]] void __lsan_register_root_region(const void*, size_t);
 extern "C" [[gnu::weak]] void __lsan_unregister_root_region(const void*, size_t);
 

@@ -1,4 +1,4 @@
-// OBJC_IMAGE: a library's initializers, in order, after its classes and strings exist.
+// OBJC_IMAGE: a library's initialisers, in order, after its classes and strings exist.
 #pragma once
 #include "objc/class.h"
 #include "objc/string.h"
@@ -12,12 +12,12 @@
 #define OBJC_IMAGE(...)                                                                    \
     namespace {                                                                            \
     __VA_OPT__([[gnu::used, gnu::section("__DATA,__mod_init_func,mod_init_funcs")]] void ( \
-                       *const objc_initializers[])() = {__VA_ARGS__};)                     \
+                       *const objc_initialisers[])() = {__VA_ARGS__};)                     \
     }                                                                                      \
     OBJC_IMAGE_INFO
 
-/// What tells the device's runtime that an image has to do with it: that of an executable, which has no
-/// initializers.
+/// What makes the device's runtime take notice of an image: an executable's, which has no
+/// initialisers.
 #define OBJC_IMAGE_INFO                                                                                     \
     namespace {                                                                                             \
     constexpr unsigned objc_class_properties_flag = 64, objc_simulator_flag = TARGET_OS_SIMULATOR ? 32 : 0; \
@@ -27,9 +27,9 @@
     }
 #else
 namespace objc {
-template <class... Initializers>
-void run_in_order(Initializers... initializers) {
-    (initializers(), ...);
+template <class... Initialisers>
+void run_in_order(Initialisers... initialisers) {
+    (initialisers(), ...);
 }
 }  // namespace objc
 

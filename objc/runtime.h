@@ -103,7 +103,7 @@ void objc_msgSend_stret();
 void objc_msgSendSuper2_stret();
 #endif
 #else
-// The simulator is no border to itself: it takes and gives addresses as they are.
+// The simulator is not a border to itself: it takes and gives addresses as they are.
 IMP class_getMethodImplementation(Class, SEL);
 BOOL class_addMethod(Class, SEL, IMP, const char* types);
 void dispatch_once_f(long* once, void* context, void (*function)(void*));

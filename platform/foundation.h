@@ -292,12 +292,12 @@ struct NSProcessInfo : objc::Interface<NSProcessInfo, "NSProcessInfo", NSObject>
 
 struct NSPropertyListSerialization
     : objc::Interface<NSPropertyListSerialization, "NSPropertyListSerialization", NSObject> {
-    /// nil, and an error where one is asked for, when the data is no property list.
+    /// nil, and an error where one is asked for, when the data is not a property list.
     static id propertyListWithData(NSData* data, NSUInteger options, NSUInteger* format, NSError** error) {
         return class_send<"propertyListWithData:options:format:error:", id>(data, options, format, error);
     }
     static constexpr NSUInteger immutable = 0;
-    /// nil, and an error where one is asked for, for what is no property list.
+    /// nil, and an error where one is asked for, for what is not a property list.
     static NSData* dataWithPropertyList(id list, NSUInteger format, NSUInteger options, NSError** error) {
         return class_send<"dataWithPropertyList:format:options:error:", NSData*>(list, format, options,
                                                                                  error);

@@ -11,7 +11,7 @@ constexpr std::string_view digits_of_hex = "0123456789ABCDEF";
 
 int byte_of(double component) { return static_cast<int>(std::lround(std::clamp(component, 0.0, 1.0) * 255)); }
 
-/// -1 for what is no digit.
+/// -1 for anything but a digit.
 int value_of(char digit) {
     if (digit >= 'a' && digit <= 'f') digit = static_cast<char>(digit - 'a' + 'A');
     const size_t place = digits_of_hex.find(digit);

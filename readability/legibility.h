@@ -1,4 +1,4 @@
-// Whether labels and highlights can be told from what is behind them, and the colours nearest to a maker's
+// Whether labels and highlights stand out from what is behind them, and the colours nearest to a maker's
 // that can.
 #pragma once
 #include <optional>

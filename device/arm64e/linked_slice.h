@@ -46,7 +46,7 @@ struct LinkedSlice {
 /// What a lazy pointer was bound by, before it is bound at once like the others.
 inline constexpr const char* stub_binder = "dyld_stub_binder";
 
-/// Throws a macho::Fault for what is no linked arm64 slice.
+/// Throws a macho::Fault for what is not a linked arm64 slice.
 LinkedSlice read_linked_slice(const Data& slice);
 
 uint32_t word(const Data& slice, uint64_t at);

@@ -1,5 +1,5 @@
 // arm64e_slice <arm64 slice> <arm64e slice>: makes an arm64e slice of a linked arm64 slice, which is to be
-// signed anew. docs/arm64e.md
+// signed again. docs/arm64e.md
 #include <cstdio>
 #include <fstream>
 #include <iterator>

@@ -13,7 +13,7 @@ constinit objc::lasting<HCPreferences> sharedPreferences;
 
 namespace {
 
-/// The executable that this process runs, or nil when its argument vector tells nothing.
+/// The executable that this process runs, or nil when its argument vector does not say.
 NSString* executable_path() {
     auto process_info_class = reinterpret_cast<id>(NSClassFromString("NSProcessInfo"_ns));
     auto* process = objc::send<"processInfo", NSProcessInfo*>(process_info_class);

@@ -1,4 +1,4 @@
-// The set-up: the first of the two initializers.
+// The set-up: the first of the two initialisers.
 #pragma once
 
 namespace hooks {

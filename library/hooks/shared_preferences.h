@@ -4,7 +4,7 @@
 
 namespace hooks {
 
-/// The store that the hook bodies ask on every call. Filled by the set-up initializer and kept for good.
+/// The store that the hook bodies ask on every call. Filled by the set-up initialiser and kept for good.
 extern constinit objc::lasting<HCPreferences> sharedPreferences;
 
 }  // namespace hooks

@@ -26,7 +26,7 @@ struct HCCITool : objc::Interface<HCCITool, "HCCITool", NSObject> {
         return class_send<"hexStringFromColor:", NSString*>(colour);
     }
 
-    /// Never nil: transparent black for what is no hex colour string.
+    /// Never nil: transparent black for what is not a hex colour string.
     static UIColor* colorFromHexString(NSString* text) {
         return class_send<"colorFromHexString:", UIColor*>(text);
     }

@@ -15,8 +15,8 @@ NSDictionary* fallback_preferences() {
     return NSDictionary::dictionaryWithObjects(values, keys, 2);
 }
 
-/// What the preference file holds: nil when it is no property list, the fallback when there is no file or its
-/// root is no dictionary.
+/// What the preference file holds: nil when it is not a property list, the fallback when there is no file or
+/// its root is not a dictionary.
 NSDictionary* read_preferences() {
     NSData* bytes = NSData::dataWithContentsOfFile(
         "/var/mobile/Library/Preferences/com.quillmoth.huecraftios12.plist"_ns);

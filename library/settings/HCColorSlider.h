@@ -2,7 +2,7 @@
 #pragma once
 #include "platform/controls.h"
 
-/// What `type` says; any other value is no channel.
+/// What `type` says; any other value is not a channel.
 constexpr NSUInteger red_channel = 1;
 constexpr NSUInteger green_channel = 2;
 constexpr NSUInteger blue_channel = 3;

@@ -8,7 +8,7 @@
 ///
 /// The palette is dark or light as the options say, or Eclipse's, if that darkens the Settings app.
 struct HCModalView : objc::Interface<HCModalView, "HCModalView", UIView> {
-    /// Builds all of it. The buttons tell the delegate that the options have now, without retaining it.
+    /// Builds all of it. The buttons notify the delegate that the options have now, without retaining it.
     objc::strong<HCModalView> initWithFrame(CGRect frame, HCModalOptions* options) {
         return send<"initWithFrame:modalOptions:", objc::strong<HCModalView>>(frame, options);
     }

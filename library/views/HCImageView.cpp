@@ -33,7 +33,7 @@ struct PictureView : objc::Implements<PictureView, HCImageView> {
         if (image) ivars().imageView->setImage(image);
     }
 
-    /// A caller that wants this alpha alone gives the image anew before.
+    /// A caller that wants this alpha alone gives the image again before.
     void setImageAlpha(CGFloat alpha) {
         auto& [old_alpha, content] = ivars();
         if (alpha == old_alpha) return;

@@ -41,7 +41,7 @@ struct ImageBackdrop : objc::Implements<ImageBackdrop, _UIBackdropImageView> {
 
     void setImage(UIImage* image) { ivars().imageView->setImage(image); }
 
-    /// Baked into what is shown, so alphas compound: a caller that wants a fresh one gives the image anew.
+    /// Baked into what is shown, so alphas compound: a caller that wants a fresh one gives the image again.
     void setImageAlpha(CGFloat alpha) {
         UIImage* shown = ivars().imageView->image();
         if (shown) ivars().imageView->setImage(image_with_alpha(shown, alpha));

@@ -3,7 +3,7 @@
 #include "views/backdrops.h"
 #include "views/translucency.h"
 
-/// Any other number is no background.
+/// Any other number is not a background.
 enum ThemeBackground : NSUInteger { flat_background = 1, gradient_background = 2, image_background = 3 };
 
 inline UIColor* first_or_clear(NSArray* colours) {
@@ -34,7 +34,7 @@ _UIBackdropView* filled_backdrop(Theme* theme, Backdrops backdrops) {
     switch (theme->getBackgroundType()) {
         case image_background: {
             auto* backdrop = backdrops.image();
-            backdrop->setImage(theme->getImage());  // anew, so that the alpha is baked in once
+            backdrop->setImage(theme->getImage());  // again, so that the alpha is baked in once
             const double alpha = theme->getImageAlpha();
             if (is_translucent(alpha)) backdrop->setImageAlpha(alpha);
             return backdrop;

@@ -8,7 +8,7 @@ constexpr double translucency_threshold = 0.9900000095367432;
 /// NaN is not translucent.
 constexpr bool is_translucent(double alpha) { return alpha < translucency_threshold; }
 
-/// A colour that does not tell its alpha counts as opaque.
+/// A colour without an alpha counts as opaque.
 inline bool is_translucent(UIColor* colour) {
     CGFloat alpha = 1.0;
     colour->getWhite(nullptr, &alpha);

@@ -9,9 +9,6 @@ inline constexpr uint32_t MH_MAGIC = 0xfeedface;     // 32 bits
 inline constexpr uint32_t FAT_MAGIC = 0xcafebabe;    // read big-endian, as all of the fat header is
 
 inline constexpr uint64_t kPointerSize = 8;
-inline constexpr uint64_t kHeaderSize = 32;          // mach_header_64
-inline constexpr uint64_t kSegmentCommandSize = 72;  // segment_command_64, without its sections
-inline constexpr uint64_t kSectionSize = 80;         // section_64
 
 enum class Cpu : uint32_t { x86_64 = 0x01000007, arm64 = 0x0100000c };
 #if defined(__aarch64__)
@@ -103,6 +100,8 @@ enum Platform : uint32_t {
     PLATFORM_WATCHOSSIMULATOR = 9,
 };
 
+inline constexpr uint32_t VM_PROT_READ = 1, VM_PROT_WRITE = 2, VM_PROT_EXECUTE = 4;
+
 enum SectionType : uint8_t {
     S_REGULAR = 0x00,
     S_ZEROFILL = 0x01,
@@ -118,6 +117,7 @@ enum SectionType : uint8_t {
     S_THREAD_LOCAL_INIT_FUNCTION_POINTERS = 0x15,
     S_INIT_FUNC_OFFSETS = 0x16,
 };
+inline constexpr uint32_t SECTION_TYPE = 0x000000ff;  // of a section's flags
 inline constexpr SectionType kLastSectionType = S_INIT_FUNC_OFFSETS;
 
 }  // namespace macho

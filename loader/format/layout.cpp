@@ -4,6 +4,7 @@
 
 #include "loader/fault.h"
 #include "loader/format/command_names.h"
+#include "loader/format/structures.h"
 
 namespace macho {
 namespace {
@@ -35,11 +36,11 @@ bool inside(uint64_t at, uint64_t size, uint64_t outer_at, uint64_t outer_size) 
 std::string range(uint64_t at, uint64_t size) { return hex(size) + " bytes at " + hex(at); }
 
 Section read_section(const Bytes& row, const Segment& segment) {
-    const Section section{.segment = row.padded_text(16, 16),
-                          .name = row.padded_text(0, 16),
-                          .address = row.u64(32),
-                          .size = row.u64(40),
-                          .type = static_cast<SectionType>(row.u8(64))};
+    const Section section{.segment = row.padded_text(&section_64::segname),
+                          .name = row.padded_text(&section_64::sectname),
+                          .address = row.field(&section_64::addr),
+                          .size = row.field(&section_64::size),
+                          .type = static_cast<SectionType>(row.field(&section_64::flags) & SECTION_TYPE)};
     const std::string subject = "section " + section.name;
     for (const auto& [type, what] : kUnsupported)
         if (section.type == type) refuse(subject + " holds " + what + ", which are not supported");
@@ -55,19 +56,22 @@ Section read_section(const Bytes& row, const Segment& segment) {
 class LoadCommands {
   public:
     explicit LoadCommands(const Bytes& slice) : slice_(slice) {
-        layout_.cpu = static_cast<Cpu>(slice.u32(4));
-        layout_.arm64e = layout_.cpu == Cpu::arm64 && slice.u32(8) == CPU_SUBTYPE_ARM64E;
-        layout_.type = static_cast<FileType>(slice.u32(12));
-        layout_.position_independent = (slice.u32(24) & MH_PIE) != 0;
+        layout_.cpu = static_cast<Cpu>(slice.field(&mach_header_64::cputype));
+        layout_.arm64e =
+            layout_.cpu == Cpu::arm64 && slice.field(&mach_header_64::cpusubtype) == CPU_SUBTYPE_ARM64E;
+        layout_.type = static_cast<FileType>(slice.field(&mach_header_64::filetype));
+        layout_.position_independent = (slice.field(&mach_header_64::flags) & MH_PIE) != 0;
     }
 
     Layout read() {
-        const uint32_t count = slice_.u32(16);
-        const Bytes all = slice_.part(kHeaderSize, slice_.u32(20), "the list of load commands");
+        const uint32_t count = slice_.field(&mach_header_64::ncmds);
+        const Bytes all = slice_.part(sizeof(mach_header_64), slice_.field(&mach_header_64::sizeofcmds),
+                                      "the list of load commands");
         uint64_t at = 0;
         for (uint32_t i = 0; i < count; ++i) {
-            const uint32_t number = all.u32(at), size = all.u32(at + 4);
-            if (size < 8 || size % 8)
+            const uint32_t number = all.field(&load_command::cmd, at),
+                           size = all.field(&load_command::cmdsize, at);
+            if (size < sizeof(load_command) || size % 8)
                 refuse("load command " + std::to_string(i) + " (" + name_of_command(number) + ") has size " +
                        std::to_string(size) + ", expected a multiple of 8");
             // The views of its bytes name it while it is read.
@@ -84,7 +88,7 @@ class LoadCommands {
 
   private:
     bool is_executable() const { return layout_.type == FileType::executable; }
-    /// A main executable reserves the addresses that are no pointers by mistake: nothing is to be mapped.
+    /// A main executable reserves the addresses that are not pointers by mistake: nothing is to be mapped.
     bool only_reserves(const Segment& segment) const {
         return is_executable() && segment.file_size == 0 && !segment.readable && !segment.writable &&
                !segment.executable;
@@ -107,15 +111,20 @@ class LoadCommands {
             case LC_REEXPORT_DYLIB:
             case LC_LOAD_UPWARD_DYLIB:
             case LC_LAZY_LOAD_DYLIB:
-                layout_.libraries.push_back({.install_name = std::string(command.text(command.u32(8))),
-                                             .compatibility_version = command.u32(20),
-                                             .command = static_cast<Command>(number)});
+                layout_.libraries.push_back(
+                    {.install_name = std::string(command.text(command.field(&dylib_command::name))),
+                     .compatibility_version = command.field(&dylib_command::compatibility_version),
+                     .command = static_cast<Command>(number)});
                 return;
-            case LC_ID_DYLIB: layout_.install_name = command.text(command.u32(8)); return;
+            case LC_ID_DYLIB:
+                layout_.install_name = command.text(command.field(&dylib_command::name));
+                return;
             case LC_DYLD_INFO:
             case LC_DYLD_INFO_ONLY: return tables(command);
             case LC_BUILD_VERSION:
-                layout_.build_versions.push_back({LC_BUILD_VERSION, command.u32(8), command.u32(12)});
+                layout_.build_versions.push_back({LC_BUILD_VERSION,
+                                                  command.field(&build_version_command::platform),
+                                                  command.field(&build_version_command::minos)});
                 return;
             case LC_VERSION_MIN_MACOSX: return version_min(command, LC_VERSION_MIN_MACOSX, PLATFORM_MACOS);
             case LC_VERSION_MIN_IPHONEOS:
@@ -137,19 +146,24 @@ class LoadCommands {
             case LC_ROUTINES_64: refuse(std::string(command.name()) + " is not supported in a library");
             case LC_ENCRYPTION_INFO:
             case LC_ENCRYPTION_INFO_64:
-                if (const uint32_t scheme = command.u32(16))
+                if (const uint32_t scheme = command.field(&encryption_info_command_64::cryptid))
                     refuse("the file is encrypted (found scheme " + std::to_string(scheme) + ", expected 0)");
                 return;
             case LC_DYLD_CHAINED_FIXUPS:
             case LC_DYLD_EXPORTS_TRIE:
                 refuse("linked with chained fix-ups, which iOS 12 cannot load either (found load command " +
                        name_of_command(number) + ", expected LC_DYLD_INFO_ONLY)");
-            case LC_LOAD_DYLINKER: layout_.dynamic_linker = command.text(command.u32(8)); return;
+            case LC_LOAD_DYLINKER:
+                layout_.dynamic_linker = command.text(command.field(&dylinker_command::name));
+                return;
             case LC_MAIN:
                 if (!is_executable()) refuse(std::string(command.name()) + " is not supported in a library");
-                layout_.entry = command.u64(8);
+                layout_.entry = command.field(&entry_point_command::entryoff);
                 return;
-            case LC_CODE_SIGNATURE: layout_.signature = {command.u32(8), command.u32(12)}; return;
+            case LC_CODE_SIGNATURE:
+                layout_.signature = {command.field(&linkedit_data_command::dataoff),
+                                     command.field(&linkedit_data_command::datasize)};
+                return;
             case LC_RPATH: return;
             default: break;
         }
@@ -161,19 +175,19 @@ class LoadCommands {
     bool is_for_simulator() const { return layout_.cpu == Cpu::x86_64; }
 
     void version_min(const Bytes& command, Command number, Platform platform) {
-        layout_.build_versions.push_back({number, platform, command.u32(8)});
+        layout_.build_versions.push_back({number, platform, command.field(&version_min_command::version)});
     }
 
     void segment(const Bytes& command) {
-        const uint32_t protection = command.u32(60);
-        Segment segment{.name = command.padded_text(8, 16),
-                        .address = command.u64(24),
-                        .size = command.u64(32),
-                        .file_offset = command.u64(40),
-                        .file_size = command.u64(48),
-                        .readable = (protection & 1) != 0,
-                        .writable = (protection & 2) != 0,
-                        .executable = (protection & 4) != 0};
+        const uint32_t protection = command.field(&segment_command_64::initprot);
+        Segment segment{.name = command.padded_text(&segment_command_64::segname),
+                        .address = command.field(&segment_command_64::vmaddr),
+                        .size = command.field(&segment_command_64::vmsize),
+                        .file_offset = command.field(&segment_command_64::fileoff),
+                        .file_size = command.field(&segment_command_64::filesize),
+                        .readable = (protection & VM_PROT_READ) != 0,
+                        .writable = (protection & VM_PROT_WRITE) != 0,
+                        .executable = (protection & VM_PROT_EXECUTE) != 0};
         const std::string subject = "segment " + segment.name;
         if (!inside(segment.file_offset, segment.file_size, 0, slice_.size()))
             refuse(subject + " leaves the file (found " + range(segment.file_offset, segment.file_size) +
@@ -186,22 +200,24 @@ class LoadCommands {
 
         if (only_reserves(segment)) segment.size = 0;
 
-        const uint64_t count = command.u32(64);
-        const Bytes rows =
-            command.part(kSegmentCommandSize, count * kSectionSize, "a segment's list of sections");
-        for (uint64_t row = 0; row < rows.size(); row += kSectionSize)
-            layout_.sections.push_back(read_section(rows.part(row, kSectionSize), segment));
+        const uint64_t count = command.field(&segment_command_64::nsects);
+        const Bytes rows = command.part(sizeof(segment_command_64), count * sizeof(section_64),
+                                        "a segment's list of sections");
+        for (uint64_t row = 0; row < rows.size(); row += sizeof(section_64))
+            layout_.sections.push_back(read_section(rows.part(row, sizeof(section_64)), segment));
         layout_.segments.push_back(segment);
     }
 
     void tables(const Bytes& command) {
-        FileRange* const ranges[] = {&layout_.rebase, &layout_.bind, &layout_.weak_bind, &layout_.lazy_bind,
-                                     &layout_.exports};
-        uint64_t at = 8;
-        for (FileRange* range : ranges) {
-            *range = {command.u32(at), command.u32(at + 4)};
-            at += 8;
-        }
+        using info = dyld_info_command;
+        const auto range = [&](uint32_t info::* offset, uint32_t info::* size) {
+            return FileRange{command.field(offset), command.field(size)};
+        };
+        layout_.rebase = range(&info::rebase_off, &info::rebase_size);
+        layout_.bind = range(&info::bind_off, &info::bind_size);
+        layout_.weak_bind = range(&info::weak_bind_off, &info::weak_bind_size);
+        layout_.lazy_bind = range(&info::lazy_bind_off, &info::lazy_bind_size);
+        layout_.exports = range(&info::export_off, &info::export_size);
         has_tables_ = true;
     }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "loader/fault.h"
+#include "loader/format/structures.h"
 
 namespace macho {
 namespace {
@@ -62,20 +63,20 @@ std::string processor_text(uint32_t type, uint32_t subtype) {
 std::string FatArch::processor() const { return processor_text(cpu, subtype); }
 
 bool is_fat(const Bytes& file) {
-    return file.size() >= kFatHeaderSize && file.u32_big_endian(0) == FAT_MAGIC;
+    return file.size() >= sizeof(fat_header) && file.field_big_endian(&fat_header::magic) == FAT_MAGIC;
 }
 
 std::vector<FatArch> read_fat_archs(const Bytes& file) {
-    const uint64_t count = file.u32_big_endian(4);
-    const Bytes rows = file.part(kFatHeaderSize, count * kFatArchSize, "the fat header");
+    const uint64_t count = file.field_big_endian(&fat_header::nfat_arch);
+    const Bytes rows = file.part(sizeof(fat_header), count * sizeof(fat_arch), "the fat header");
     std::vector<FatArch> found;
-    for (uint64_t row = 0; row < rows.size(); row += kFatArchSize)
+    for (uint64_t row = 0; row < rows.size(); row += sizeof(fat_arch))
         found.push_back({.index = found.size(),
-                         .cpu = rows.u32_big_endian(row),
-                         .subtype = rows.u32_big_endian(row + 4),
-                         .offset = rows.u32_big_endian(row + 8),
-                         .size = rows.u32_big_endian(row + 12),
-                         .align = rows.u32_big_endian(row + 16)});
+                         .cpu = rows.field_big_endian(&fat_arch::cputype, row),
+                         .subtype = rows.field_big_endian(&fat_arch::cpusubtype, row),
+                         .offset = rows.field_big_endian(&fat_arch::offset, row),
+                         .size = rows.field_big_endian(&fat_arch::size, row),
+                         .align = rows.field_big_endian(&fat_arch::align, row)});
     return found;
 }
 
@@ -83,13 +84,14 @@ Bytes choose_slice(const Bytes& file, Cpu cpu, FileType type, Process process) {
     const std::vector<std::string> wanted = taken_by(process, cpu);
     const Bytes slice = is_fat(file) ? slice_of_fat_file(file, wanted) : file;
 
-    if (slice.size() < 4 || slice.u32(0) != MH_MAGIC_64)
+    if (slice.size() < 4 || slice.field(&mach_header_64::magic) != MH_MAGIC_64)
         refuse("not a Mach-O file (found " + first_bytes(slice) + ", expected cf fa ed fe)");
-    const std::string found = processor_text(slice.u32(4), slice.u32(8));
+    const std::string found =
+        processor_text(slice.field(&mach_header_64::cputype), slice.field(&mach_header_64::cpusubtype));
     if (std::ranges::find(wanted, found) == wanted.end())
         refuse("built for another processor (found " + found + ", expected " + all_of(wanted) + ")");
     const auto expected = static_cast<uint32_t>(type);
-    if (const uint32_t number = slice.u32(12); number != expected)
+    if (const uint32_t number = slice.field(&mach_header_64::filetype); number != expected)
         refuse(std::string(type == FileType::dylib ? "not a dynamic library" : "not a main executable") +
                " (found file type " + std::to_string(number) + ", expected " + std::to_string(expected) +
                ")");

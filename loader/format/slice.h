@@ -9,8 +9,6 @@
 
 namespace macho {
 
-inline constexpr uint64_t kFatHeaderSize = 8, kFatArchSize = 20;
-
 /// A row of a fat file's header.
 struct FatArch {
     size_t index;

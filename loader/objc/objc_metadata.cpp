@@ -1,59 +1,26 @@
 #include "loader/objc/objc_metadata.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <map>
 #include <ranges>
 #include <set>
 #include <unordered_set>
 
 #include "loader/fault.h"
+#include "loader/format/structures.h"
 #include "loader/image.h"
 #include "objc/pointer_signature.h"
 
 namespace macho {
 namespace {
 
-// Offsets of fields, structure by structure: class_t.
-enum ClassField : uint64_t { kIsa = 0, kSuperclass = 8, kData = 32, kClassSize = 40 };
-// class_ro_t.
-enum DataField : uint64_t {
-    kFlags = 0,
-    kName = 24,
-    kMethods = 32,
-    kProtocols = 40,
-    kVariables = 48,
-    kProperties = 64,
-    kDataSize = 72,
-};
-// protocol_t, whose size is among its own fields.
-enum ProtocolField : uint64_t {
-    kProtocolName = 8,
-    kRequiredMethods = 24,
-    kRequiredClassMethods = 32,
-    kOptionalMethods = 40,
-    kOptionalClassMethods = 48,
-    kOwnSize = 64,
-    kExtendedTypes = 72,
-};
-// category_t.
-enum CategoryField : uint64_t {
-    kCategoryName = 0,
-    kExtended = 8,
-    kInstanceMethods = 16,
-    kClassMethods = 24,
-    kCategoryProtocols = 32,
-    kCategoryProperties = 40,
-};
 constexpr uint32_t RO_META = 1;
 
-constexpr uint64_t kListHeadSize = 8;          // entsize_list_t: the size of a row, and how many
-constexpr uint64_t kMethodRowSize = 24;        // method_t
-constexpr uint64_t kImplementation = 16;       // in a method_t
-constexpr uint64_t kVariableRowSize = 32;      // ivar_t
-constexpr uint64_t kPropertyRowSize = 16;      // property_t
-constexpr uint64_t kProtocolSize = 24;         // of the fields of any: isa, name, protocols
-constexpr uint64_t kDefinedProtocolSize = 72;  // of one that is defined, without what old files lack
-constexpr uint64_t kCategorySize = 48;         // without the class's own properties, which old files lack
+/// What old files have of these: in a protocol not what follows its flags, in a category not the class's own
+/// properties. Of a protocol that is only adopted no more is read than its name and what it adopts.
+constexpr uint64_t kDefinedProtocolSize = sizeof(protocol_t) - sizeof(protocol_t::extendedMethodTypes);
+constexpr uint64_t kAdoptedProtocolSize = 3 * kPointerSize;
 constexpr uint32_t kLargestLog2Alignment = 4;  // objects themselves are aligned to 16 bytes
 constexpr int64_t kLargestInstance = 1 << 20;  // bytes
 constexpr uint32_t kRowSizeMask = ~3u;         // the two lowest bits are flags
@@ -180,21 +147,21 @@ class MetadataReader {
         found.address = address;
         found.name = "";
         try {
-            const Bytes fields = mapping_.read(address, kClassSize, "the class");
+            const Bytes fields = mapping_.read(address, sizeof(class_t), "the class");
             const Bytes data = class_data(fields, false);
-            found.name = mapping_.text(data.u64(kName), "the name");
+            found.name = mapping_.text(data.field(&class_ro_t::name), "the name");
             if (!*found.name) refuse("the name is empty");
-            found.metaclass = fields.u64(kIsa);
-            read_superclass(found, fields.u64(kSuperclass));
-            found.instance_methods = methods(data.u64(kMethods));
-            found.variables = variables(data.u64(kVariables));
-            found.protocols = protocols(data.u64(kProtocols));
-            check_properties(data.u64(kProperties));
+            found.metaclass = fields.field(&class_t::isa);
+            read_superclass(found, fields.field(&class_t::superclass));
+            found.instance_methods = methods(data.field(&class_ro_t::baseMethods));
+            found.variables = variables(data.field(&class_ro_t::ivars));
+            found.protocols = protocols(data.field(&class_ro_t::baseProtocols));
+            check_properties(data.field(&class_ro_t::baseProperties));
 
-            const Bytes metaclass = mapping_.read(found.metaclass, kClassSize, "the metaclass");
+            const Bytes metaclass = mapping_.read(found.metaclass, sizeof(class_t), "the metaclass");
             const Bytes class_side = class_data(metaclass, true);
-            found.class_methods = methods(class_side.u64(kMethods));
-            check_properties(class_side.u64(kProperties));
+            found.class_methods = methods(class_side.field(&class_ro_t::baseMethods));
+            check_properties(class_side.field(&class_ro_t::baseProperties));
         } catch (const Fault& fault) {
             const std::string name = *found.name ? found.name : "at " + hex(address - mapping_.slide());
             refuse("class " + name + ": " + fault.what());
@@ -212,20 +179,20 @@ class MetadataReader {
     }
 
     CategoryDescription read_category(uintptr_t address, const std::unordered_set<uintptr_t>& own) {
-        const Bytes fields = mapping_.read(address, kCategorySize, "a category");
+        const Bytes fields = mapping_.read(address, sizeof(category_t), "a category");
         if (!claimed_.insert(address).second) refuse("a category is listed twice");
         CategoryDescription found{};
-        found.name = mapping_.text(fields.u64(kCategoryName), "a category's name");
+        found.name = mapping_.text(fields.field(&category_t::name), "a category's name");
         try {
-            found.extended = fields.u64(kExtended);
+            found.extended = fields.field(&category_t::cls);
             found.extended_in_image = own.contains(found.extended);
-            if (!found.extended_in_image && !bound_.contains(address + kExtended))
+            if (!found.extended_in_image && !bound_.contains(address + offsetof(category_t, cls)))
                 refuse("it extends something that is not a class (found " +
                        hex(found.extended - mapping_.slide()) + ")");
-            found.instance_methods = methods(fields.u64(kInstanceMethods));
-            found.class_methods = methods(fields.u64(kClassMethods));
-            found.protocols = protocols(fields.u64(kCategoryProtocols));
-            check_properties(fields.u64(kCategoryProperties));
+            found.instance_methods = methods(fields.field(&category_t::instanceMethods));
+            found.class_methods = methods(fields.field(&category_t::classMethods));
+            found.protocols = protocols(fields.field(&category_t::protocols));
+            check_properties(fields.field(&category_t::instanceProperties));
         } catch (const Fault& fault) {
             refuse(std::string("category ") + found.name + ": " + fault.what());
         }
@@ -233,10 +200,10 @@ class MetadataReader {
     }
 
     Bytes class_data(const Bytes& fields, bool of_metaclass) {
-        const uintptr_t at = fields.u64(kData);
-        const Bytes data = mapping_.read(at, kDataSize, "the class's data");
+        const uintptr_t at = fields.field(&class_t::data);
+        const Bytes data = mapping_.read(at, sizeof(class_ro_t), "the class's data");
         claim(at, "the data");
-        if (const bool is_metaclass = data.u32(kFlags) & RO_META; is_metaclass != of_metaclass)
+        if (const bool is_metaclass = data.field(&class_ro_t::flags) & RO_META; is_metaclass != of_metaclass)
             refuse(of_metaclass ? "its isa is a class (expected a metaclass)"
                                 : "it is a metaclass (expected a class)");
         return data;
@@ -245,7 +212,8 @@ class MetadataReader {
     void read_superclass(ClassDescription& found, uintptr_t superclass) const {
         found.superclass = superclass;
         found.superclass_in_image = mapping_.contains(superclass);
-        if (found.superclass_in_image || bound_.contains(found.address + kSuperclass)) return;
+        if (found.superclass_in_image || bound_.contains(found.address + offsetof(class_t, superclass)))
+            return;
         if (superclass == 0) refuse("it has no superclass, which is not supported");
         refuse("its superclass is neither in the image nor bound (found " +
                hex(superclass - mapping_.slide()) + ")");
@@ -261,13 +229,14 @@ class MetadataReader {
     /// The size and the number of its rows come first.
     Bytes bytes_of_rows(uintptr_t list, uint64_t row_size, std::string_view what) {
         if (!list) return {{}, what};
-        const Bytes head = mapping_.read(list, kListHeadSize, what);
+        const Bytes head = mapping_.read(list, sizeof(entsize_list_t), what);
         claim(list, what);
-        if (const uint64_t found = head.u32(0) & kRowSizeMask; found != row_size)
+        if (const uint64_t found = head.field(&entsize_list_t::entsizeAndFlags) & kRowSizeMask;
+            found != row_size)
             refuse(std::string(what) + " has rows of " + std::to_string(found) + " bytes (expected " +
                    std::to_string(row_size) + ")");
-        const uint64_t size = head.u32(4) * row_size;
-        return size ? mapping_.read(list + kListHeadSize, size, what) : Bytes({}, what);
+        const uint64_t size = head.field(&entsize_list_t::count) * row_size;
+        return size ? mapping_.read(list + sizeof(entsize_list_t), size, what) : Bytes({}, what);
     }
 
     /// No list belongs to two classes. This keeps a damaged file from being read many times over.
@@ -277,15 +246,15 @@ class MetadataReader {
 
     std::vector<MethodDescription> methods(uintptr_t list) {
         std::vector<MethodDescription> found;
-        uintptr_t place = list + kListHeadSize + kImplementation;
-        for (const Bytes& row : rows(list, kMethodRowSize, "the list of methods")) {
-            MethodDescription method{.name = mapping_.text(row.u64(0), "a method's name"),
-                                     .types = mapping_.text(row.u64(8), "a method's types"),
-                                     .implementation = row.u64(kImplementation)};
+        uintptr_t place = list + sizeof(entsize_list_t) + offsetof(method_t, imp);
+        for (const Bytes& row : rows(list, sizeof(method_t), "the list of methods")) {
+            MethodDescription method{.name = mapping_.text(row.field(&method_t::name), "a method's name"),
+                                     .types = mapping_.text(row.field(&method_t::types), "a method's types"),
+                                     .implementation = row.field(&method_t::imp)};
             if (!*method.name || !*method.types)
                 refuse(std::string("the method \"") + method.name + "\" has an empty name or type");
             if (layout_.arm64e) authenticate(method, place);
-            place += kMethodRowSize;
+            place += sizeof(method_t);
             if (!mapping_.is_code(method.implementation))
                 refuse(std::string("the method ") + method.name + " is not code of the image (found " +
                        hex(method.implementation - mapping_.slide()) + ")");
@@ -308,13 +277,14 @@ class MetadataReader {
     std::vector<VariableDescription> variables(uintptr_t list) {
         std::vector<VariableDescription> found;
         uint64_t room = kLargestInstance;
-        for (const Bytes& row : rows(list, kVariableRowSize, "the list of variables")) {
-            VariableDescription variable{.name = mapping_.text(row.u64(8), "a variable's name"),
-                                         .types = mapping_.text(row.u64(16), "a variable's type"),
-                                         .log2_alignment = row.u32(24),
-                                         .size = row.u32(28),
-                                         .offset = 0,
-                                         .offset_slot = row.u64(0)};
+        for (const Bytes& row : rows(list, sizeof(ivar_t), "the list of variables")) {
+            VariableDescription variable{
+                .name = mapping_.text(row.field(&ivar_t::name), "a variable's name"),
+                .types = mapping_.text(row.field(&ivar_t::type), "a variable's type"),
+                .log2_alignment = row.field(&ivar_t::alignment_raw),
+                .size = row.field(&ivar_t::size),
+                .offset = 0,
+                .offset_slot = row.field(&ivar_t::offset)};
             if (variable.log2_alignment > kLargestLog2Alignment)
                 refuse(std::string("the variable ") + variable.name + " is aligned to 2^" +
                        std::to_string(variable.log2_alignment) + " bytes (expected at most 16)");
@@ -334,27 +304,28 @@ class MetadataReader {
 
     // libobjc keeps no properties: there is nothing to import, but a bad list is a bad file.
     void check_properties(uintptr_t list) {
-        for (const Bytes& row : rows(list, kPropertyRowSize, "the list of properties")) {
-            mapping_.text(row.u64(0), "a property's name");
-            mapping_.text(row.u64(8), "a property's attributes");
+        for (const Bytes& row : rows(list, sizeof(property_t), "the list of properties")) {
+            mapping_.text(row.field(&property_t::name), "a property's name");
+            mapping_.text(row.field(&property_t::attributes), "a property's attributes");
         }
     }
 
     const char* protocol_name(uintptr_t protocol) const {
-        const Bytes fields = mapping_.read(protocol, kProtocolSize, "a protocol");
-        return mapping_.text(fields.u64(kProtocolName), "a protocol's name");
+        const Bytes fields = mapping_.read(protocol, kAdoptedProtocolSize, "a protocol");
+        return mapping_.text(fields.field(&protocol_t::mangledName), "a protocol's name");
     }
 
     ProtocolDescription protocol(uintptr_t address) {
         ProtocolDescription found{.name = protocol_name(address), .required = {}, .optional = {}};
         try {
             const Bytes fields = mapping_.read(address, kDefinedProtocolSize, "the protocol");
-            found.required = {listed_methods(fields.u64(kRequiredMethods)),
-                              listed_methods(fields.u64(kRequiredClassMethods))};
-            found.optional = {listed_methods(fields.u64(kOptionalMethods)),
-                              listed_methods(fields.u64(kOptionalClassMethods))};
-            if (fields.u32(kOwnSize) >= kExtendedTypes + kPointerSize)
-                check_extended_types(mapping_.read_pointer(address + kExtendedTypes, "the protocol"),
+            found.required = {listed_methods(fields.field(&protocol_t::instanceMethods)),
+                              listed_methods(fields.field(&protocol_t::classMethods))};
+            found.optional = {listed_methods(fields.field(&protocol_t::optionalInstanceMethods)),
+                              listed_methods(fields.field(&protocol_t::optionalClassMethods))};
+            if (fields.field(&protocol_t::size) >= sizeof(protocol_t))
+                check_extended_types(mapping_.read_pointer(
+                                         address + offsetof(protocol_t, extendedMethodTypes), "the protocol"),
                                      found.required.on_instances.size() + found.required.on_class.size() +
                                          found.optional.on_instances.size() + found.optional.on_class.size());
         } catch (const Fault& fault) {
@@ -365,9 +336,9 @@ class MetadataReader {
 
     std::vector<objc::ListedMethod> listed_methods(uintptr_t list) {
         std::vector<objc::ListedMethod> found;
-        for (const Bytes& row : rows(list, kMethodRowSize, "the list of methods"))
-            found.push_back({mapping_.text(row.u64(0), "a method's name"),
-                             mapping_.text(row.u64(8), "a method's types")});
+        for (const Bytes& row : rows(list, sizeof(method_t), "the list of methods"))
+            found.push_back({mapping_.text(row.field(&method_t::name), "a method's name"),
+                             mapping_.text(row.field(&method_t::types), "a method's types")});
         return found;
     }
 
@@ -393,7 +364,8 @@ class MetadataReader {
                 const uintptr_t protocol = onwards.u64(i * kPointerSize);
                 if (!known.insert(protocol).second) continue;
                 names.push_back(protocol_name(protocol));
-                lists.push_back(mapping_.read_pointer(protocol + 16, "a protocol"));
+                lists.push_back(
+                    mapping_.read_pointer(protocol + offsetof(protocol_t, protocols), "a protocol"));
             }
         }
         return names;

@@ -5,12 +5,12 @@
 
 #include "loader/fault.h"
 #include "loader/format/command_names.h"
+#include "loader/format/structures.h"
 #include "loader/rules/rules.h"
 
 namespace macho {
 namespace {
 
-constexpr uint32_t VM_PROT_READ = 1, VM_PROT_WRITE = 2, VM_PROT_EXECUTE = 4;
 constexpr uint32_t kMostSymbols = 0x10000000;
 
 /// Load commands of a fixed size, which an image has once at most.
@@ -20,40 +20,32 @@ struct Form {
     bool required;
 };
 constexpr Form kForms[] = {
-    {LC_SYMTAB, 24, true},
-    {LC_DYSYMTAB, 80, true},
-    {LC_UUID, 24, false},
-    {LC_CODE_SIGNATURE, 16, false},
-    {LC_DYLD_INFO, 48, false},
-    {LC_DYLD_INFO_ONLY, 48, false},
-    {LC_ENCRYPTION_INFO_64, 24, false},
-    {LC_SEGMENT_SPLIT_INFO, 16, false},
-    {LC_FUNCTION_STARTS, 16, false},
-    {LC_DATA_IN_CODE, 16, false},
+    {LC_SYMTAB, sizeof(symtab_command), true},
+    {LC_DYSYMTAB, sizeof(dysymtab_command), true},
+    {LC_UUID, sizeof(uuid_command), false},
+    {LC_CODE_SIGNATURE, sizeof(linkedit_data_command), false},
+    {LC_DYLD_INFO, sizeof(dyld_info_command), false},
+    {LC_DYLD_INFO_ONLY, sizeof(dyld_info_command), false},
+    {LC_ENCRYPTION_INFO_64, sizeof(encryption_info_command_64), false},
+    {LC_SEGMENT_SPLIT_INFO, sizeof(linkedit_data_command), false},
+    {LC_FUNCTION_STARTS, sizeof(linkedit_data_command), false},
+    {LC_DATA_IN_CODE, sizeof(linkedit_data_command), false},
 };
 
-/// Where the fields are of tables in __LINKEDIT, in the order in which these lie there.
+/// A table in __LINKEDIT: where it is, and how large.
 struct Piece {
     const char* name;
     uint32_t command;
-    uint64_t offset_at, size_at;
-    uint64_t unit;  ///< bytes that the size counts by
+    uint64_t offset, size;
     uint64_t alignment;
 };
-constexpr Piece kPieces[] = {
-    {"rebase opcodes", LC_DYLD_INFO_ONLY, 8, 12, 1, 8},
-    {"bind opcodes", LC_DYLD_INFO_ONLY, 16, 20, 1, 8},
-    {"weak bind opcodes", LC_DYLD_INFO_ONLY, 24, 28, 1, 8},
-    {"lazy bind opcodes", LC_DYLD_INFO_ONLY, 32, 36, 1, 8},
-    {"export trie", LC_DYLD_INFO_ONLY, 40, 44, 1, 8},
-    {"split info", LC_SEGMENT_SPLIT_INFO, 8, 12, 1, 8},
-    {"function starts", LC_FUNCTION_STARTS, 8, 12, 1, 8},
-    {"data in code", LC_DATA_IN_CODE, 8, 12, 1, 8},
-    {"symbols", LC_SYMTAB, 8, 12, 16, 8},
-    {"indirect symbols", LC_DYSYMTAB, 56, 60, 4, 4},
-    {"symbol names", LC_SYMTAB, 16, 20, 1, 1},
-    {"signature", LC_CODE_SIGNATURE, 8, 12, 1, 8},
-};
+
+/// The table that two fields of a load command describe; `unit` is what the size counts, in bytes.
+template <class Command>
+Piece piece(const char* name, uint32_t number, const Bytes& command, uint32_t Command::* offset,
+            uint32_t Command::* size, uint64_t alignment = 8, uint64_t unit = 1) {
+    return {name, number, command.field(offset), command.field(size) * unit, alignment};
+}
 
 [[noreturn]] void broken(const std::string& where, const std::string& what, const std::string& found,
                          const std::string& expected) {
@@ -73,13 +65,13 @@ struct SegmentCommand {
 
     explicit SegmentCommand(const Bytes& command)
         : bytes(command),
-          name(command.padded_text(8, 16)),
-          address(command.u64(24)),
-          size(command.u64(32)),
-          file_offset(command.u64(40)),
-          file_size(command.u64(48)),
-          most_access(command.u32(56)),
-          access(command.u32(60)) {}
+          name(command.padded_text(&segment_command_64::segname)),
+          address(command.field(&segment_command_64::vmaddr)),
+          size(command.field(&segment_command_64::vmsize)),
+          file_offset(command.field(&segment_command_64::fileoff)),
+          file_size(command.field(&segment_command_64::filesize)),
+          most_access(command.field(&segment_command_64::maxprot)),
+          access(command.field(&segment_command_64::initprot)) {}
 
     uint64_t file_end() const { return file_offset + file_size; }
     bool is_linkedit() const { return name == "__LINKEDIT"; }
@@ -95,11 +87,12 @@ class StructureRules {
   public:
     StructureRules(const Bytes& slice, const Layout& layout)
         : layout_(layout),
-          commands_size_(slice.u32(20)) {
-        const Bytes all = slice.part(kHeaderSize, commands_size_, "the list of load commands");
+          commands_size_(slice.field(&mach_header_64::sizeofcmds)) {
+        const Bytes all = slice.part(sizeof(mach_header_64), commands_size_, "the list of load commands");
         uint64_t at = 0;
-        for (uint32_t left = slice.u32(16); left > 0; --left) {
-            commands_.push_back({all.u32(at), all.part(at, all.u32(at + 4), "a load command")});
+        for (uint32_t left = slice.field(&mach_header_64::ncmds); left > 0; --left) {
+            commands_.push_back({all.field(&load_command::cmd, at),
+                                 all.part(at, all.field(&load_command::cmdsize, at), "a load command")});
             if (commands_.back().number == LC_SEGMENT_64) segments_.emplace_back(commands_.back().bytes);
             at += commands_.back().bytes.size();
         }
@@ -135,7 +128,8 @@ class StructureRules {
     }
 
     void check_segment(const SegmentCommand& segment) const {
-        const uint64_t expected_size = kSegmentCommandSize + segment.bytes.u32(64) * kSectionSize;
+        const uint64_t expected_size = sizeof(segment_command_64) +
+                                       segment.bytes.field(&segment_command_64::nsects) * sizeof(section_64);
         if (segment.bytes.size() != expected_size)
             segment.broken("its size for its number of sections", std::to_string(segment.bytes.size()),
                            std::to_string(expected_size));
@@ -166,9 +160,11 @@ class StructureRules {
     }
 
     void check_sections(const SegmentCommand& segment) const {
-        for (uint64_t row = kSegmentCommandSize; row < segment.bytes.size(); row += kSectionSize) {
-            const uint64_t offset = segment.bytes.u32(row + 48), size = segment.bytes.u64(row + 40);
-            const std::string name = segment.bytes.padded_text(row, 16);
+        for (uint64_t row = sizeof(segment_command_64); row < segment.bytes.size();
+             row += sizeof(section_64)) {
+            const uint64_t offset = segment.bytes.field(&section_64::offset, row),
+                           size = segment.bytes.field(&section_64::size, row);
+            const std::string name = segment.bytes.padded_text(&section_64::sectname, row);
             if (offset == 0) continue;  // zeros, which the file does not hold
             if (offset < segment.file_offset || offset > segment.file_end() ||
                 size > segment.file_end() - offset)
@@ -197,30 +193,53 @@ class StructureRules {
     void check_header() const {
         const auto segment = std::ranges::find_if(segments_, &SegmentCommand::has_header);
         if (segment == segments_.end()) broken("LC_SEGMENT_64", "the file's start", "no segment", "one");
-        if (segment->file_size < kHeaderSize + commands_size_)
+        if (segment->file_size < sizeof(mach_header_64) + commands_size_)
             segment->broken("filesize, with all load commands", hex(segment->file_size),
-                            "at least " + hex(kHeaderSize + commands_size_));
+                            "at least " + hex(sizeof(mach_header_64) + commands_size_));
         if (segment->access & VM_PROT_WRITE)
             segment->broken("initprot of the file's start", hex(segment->access), "not writable");
+    }
+
+    /// In the order in which they lie there; those whose load command is missing are left out.
+    std::vector<Piece> pieces() const {
+        std::vector<Piece> found;
+        const auto add = [&](const char* name, uint32_t number, auto offset, auto size, auto... units) {
+            if (const Bytes* command = find(number))
+                found.push_back(piece(name, number, *command, offset, size, units...));
+        };
+        using info = dyld_info_command;
+        using data = linkedit_data_command;
+        using symbols = symtab_command;
+        using indirect = dysymtab_command;
+        add("rebase opcodes", LC_DYLD_INFO_ONLY, &info::rebase_off, &info::rebase_size);
+        add("bind opcodes", LC_DYLD_INFO_ONLY, &info::bind_off, &info::bind_size);
+        add("weak bind opcodes", LC_DYLD_INFO_ONLY, &info::weak_bind_off, &info::weak_bind_size);
+        add("lazy bind opcodes", LC_DYLD_INFO_ONLY, &info::lazy_bind_off, &info::lazy_bind_size);
+        add("export trie", LC_DYLD_INFO_ONLY, &info::export_off, &info::export_size);
+        add("split info", LC_SEGMENT_SPLIT_INFO, &data::dataoff, &data::datasize);
+        add("function starts", LC_FUNCTION_STARTS, &data::dataoff, &data::datasize);
+        add("data in code", LC_DATA_IN_CODE, &data::dataoff, &data::datasize);
+        add("symbols", LC_SYMTAB, &symbols::symoff, &symbols::nsyms, 8, sizeof(nlist_64));
+        add("indirect symbols", LC_DYSYMTAB, &indirect::indirectsymoff, &indirect::nindirectsyms, 4,
+            sizeof(uint32_t));
+        add("symbol names", LC_SYMTAB, &symbols::stroff, &symbols::strsize, 1);
+        add("signature", LC_CODE_SIGNATURE, &data::dataoff, &data::datasize);
+        return found;
     }
 
     void check_linkedit() const {
         const SegmentCommand& linkedit = segments_.back();
         uint64_t free = linkedit.file_offset;  // from there on nothing is taken yet
-        for (const Piece& piece : kPieces) {
-            const Bytes* command = find(piece.command);
-            if (!command) continue;
-            const uint64_t offset = command->u32(piece.offset_at),
-                           size = uint64_t{command->u32(piece.size_at)} * piece.unit;
-            if (size == 0) continue;
+        for (const Piece& piece : pieces()) {
+            if (piece.size == 0) continue;
             const std::string where = name_of_command(piece.command) + ", " + piece.name;
-            if (offset < free)
-                broken(where, "its place in __LINKEDIT", hex(offset),
+            if (piece.offset < free)
+                broken(where, "its place in __LINKEDIT", hex(piece.offset),
                        "at least " + hex(free) + ", where the table before it ends");
-            if (offset % piece.alignment)
-                broken(where, "its place in __LINKEDIT", hex(offset),
+            if (piece.offset % piece.alignment)
+                broken(where, "its place in __LINKEDIT", hex(piece.offset),
                        "a multiple of " + std::to_string(piece.alignment));
-            free = offset + size;
+            free = piece.offset + piece.size;
             if (free > linkedit.file_end())
                 broken(where, "its end in __LINKEDIT", hex(free), "at most " + hex(linkedit.file_end()));
         }
@@ -229,19 +248,22 @@ class StructureRules {
     void check_symbols() const {
         const Bytes& symbols = *find(LC_SYMTAB);
         const Bytes& ranges = *find(LC_DYSYMTAB);
-        const uint32_t count = symbols.u32(12);
+        const uint32_t count = symbols.field(&symtab_command::nsyms);
         if (count > kMostSymbols)
             broken("LC_SYMTAB", "nsyms", std::to_string(count), "at most " + std::to_string(kMostSymbols));
+        using table = dysymtab_command;
         struct Range {
             const char* name;
-            uint64_t at;
+            uint32_t table::*first, table::*length;
         };
-        for (const auto& [name, at] :
-             {Range{"local symbols", 8}, Range{"exported symbols", 16}, Range{"undefined symbols", 24}})
-            if (const uint64_t end = uint64_t{ranges.u32(at)} + ranges.u32(at + 4); end > count)
+        for (const auto& [name, first, length] :
+             {Range{"local symbols", &table::ilocalsym, &table::nlocalsym},
+              Range{"exported symbols", &table::iextdefsym, &table::nextdefsym},
+              Range{"undefined symbols", &table::iundefsym, &table::nundefsym}})
+            if (const uint64_t end = uint64_t{ranges.field(first)} + ranges.field(length); end > count)
                 broken("LC_DYSYMTAB, " + std::string(name), "the last of them", std::to_string(end),
                        "at most " + std::to_string(count) + ", the number of symbols");
-        if (const uint32_t relocations = ranges.u32(76))
+        if (const uint32_t relocations = ranges.field(&table::nlocrel))
             broken("LC_DYSYMTAB", "nlocrel", std::to_string(relocations), "0 beside LC_DYLD_INFO_ONLY");
     }
 

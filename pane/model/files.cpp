@@ -25,7 +25,7 @@ id read_property_list(NSString* path, NSError** error) {
     if (!bytes) return nullptr;
     id list = NSPropertyListSerialization::propertyListWithData(bytes, NSPropertyListSerialization::immutable,
                                                                 nullptr, nullptr);
-    return list ? list : fail(error, text<"The file is no property list.">());
+    return list ? list : fail(error, text<"The file is not a property list.">());
 }
 
 bool write_property_list(id list, NSString* path, NSError** error) {

@@ -1,4 +1,4 @@
-// Starting the home screen anew: see the header.
+// Restarting the home screen: see the header.
 #include "pane/model/restart.h"
 
 #include "platform/foundation.h"

@@ -1,4 +1,4 @@
-// Starting the home screen anew, which is when every process reads the theme.
+// Restarting the home screen, which is when every process reads the theme.
 #pragma once
 
 namespace pane {

@@ -13,7 +13,7 @@ class Sitting {
 
     /// Is changed in place, and then `changed` is called.
     HuecraftConfig* theme() const { return theme_; }
-    /// Changes of one kind that follow each other are one: a slider tells many. 0 is a kind of its own each
+    /// Changes of one kind that follow each other are one: a slider reports many. 0 is a kind of its own each
     /// time.
     void changed(int kind = 0);
 

@@ -123,7 +123,7 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
 
     // --- What it shows ---
 
-    /// Everything from the files, anew.
+    /// Everything from the files, again.
     void reload() {
         auto& own = ivars();
         NSError* error = nullptr;
@@ -224,7 +224,7 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
             if (!shelf::put_back(&error)) tell(this, text<"The theme could not be put back.">(), error);
             reload();
         } else {
-            ask_for_restart(this, text<"The home screen starts anew, and applications with it.">());
+            ask_for_restart(this, text<"The home screen restarts, and applications with it.">());
         }
     }
 
@@ -264,8 +264,7 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
             return;
         }
         reload();
-        ask_for_restart(this,
-                        text<"Theming is off. The home screen starts anew, and applications with it.">());
+        ask_for_restart(this, text<"Theming is off. The home screen restarts, and applications with it.">());
     }
 
     void ask_for_reset() {

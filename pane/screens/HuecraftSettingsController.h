@@ -5,7 +5,7 @@
 /// What Settings' entry names. It keeps nothing between two openings but files.
 struct HuecraftSettingsController
     : objc::Interface<HuecraftSettingsController, "HuecraftSettingsController", PSViewController> {
-    /// The user's files changed: shows them anew, and this one of them; nil for none.
+    /// The user's files changed: shows them again, and this one of them; nil for none.
     void showTheme(NSString* file) { send<"showTheme:">(file); }
     /// One of the user's, which the bar then offers to put back.
     void removeTheme(NSString* file) { send<"removeTheme:">(file); }

@@ -1,4 +1,4 @@
-// Starting the home screen anew: see the header.
+// Starting the home screen again: see the header.
 #include "pane/screens/applying.h"
 
 #include "pane/model/restart.h"

@@ -1,4 +1,4 @@
-// Starting the home screen anew, asked for first.
+// Starting the home screen again, asked for first.
 #pragma once
 #include "platform/application.h"
 

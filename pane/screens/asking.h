@@ -1,4 +1,4 @@
-// Alerts: what the pane tells, and what it asks before it does something.
+// Alerts: what the pane says, and what it asks before it does something.
 #pragma once
 #include "objc/block.h"
 #include "pane/texts.h"

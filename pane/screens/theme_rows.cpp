@@ -11,7 +11,7 @@ constexpr CGSize picture_size{104, 60};
 
 NSObject* or_null(id object) { return object ? static_cast<NSObject*>(object) : NSNull::null(); }
 
-/// Tells one content of a file from the next.
+/// Distinguishes one content of a file from the next.
 NSString* stamp_of(NSString* path) {
     NSDictionary* attributes = NSFileManager::defaultManager()->attributesOfItemAtPath(path, nullptr);
     if (!attributes) return path;

@@ -12,7 +12,7 @@ namespace sim {
 /// The path of a file URL; nil for another, and for nil.
 NSString* path_of(NSURL* url);
 
-/// Where a path of the device lies on the host; nothing, and errno, for nil and for what is no path.
+/// Where a path of the device lies on the host; nothing, and errno, for nil and for what is not a path.
 std::optional<std::string> host_path_of(NSString* device_path, LastLink last = LastLink::follow);
 
 /// Reads a file of the device. 0, or what went wrong as an errno value; for a nil path ENOENT.

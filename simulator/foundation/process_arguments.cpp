@@ -59,7 +59,7 @@ void start_foundation(const std::string& executable, ClaimedArguments arguments)
     path = executable;
     char* vector[] = {path.data(), nullptr};
     // Foundation makes texts of what the process was really started with before it takes what it is given,
-    // and raises an exception where that is no UTF-8. It does so once.
+    // and raises an exception where that is not UTF-8. It does so once.
     char** environment = readable_environment();
     if (objc::caught([&] { GSInitializeProcess(1, vector, environment); }))
         GSInitializeProcess(1, vector, environment);

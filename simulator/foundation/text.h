@@ -15,7 +15,7 @@ std::optional<std::string> utf8_of(NSString* string);
 /// The string's UTF-16 units.
 std::u16string units_of(NSString* string);
 
-/// An autoreleased string; nil for what is no UTF-8.
+/// An autoreleased string; nil for what is not UTF-8.
 NSString* string_of(std::string_view utf8);
 
 }  // namespace sim

@@ -60,7 +60,7 @@ Wanted* object_of(void* given, const char* function, const char* parameter) {
     for (Class above = object_getClass(object); above; above = class_getSuperclass(above))
         if (above == wanted) return static_cast<Wanted*>(object);
     throw Refusal(SIM_MISUSE, std::string(function) + ": the object is of the class " +
-                                  object_getClassName(object) + ", which is no " + class_getName(wanted));
+                                  object_getClassName(object) + ", which is not a " + class_getName(wanted));
 }
 
 }  // namespace sim

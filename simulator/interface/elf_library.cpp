@@ -28,7 +28,7 @@ const char* fault_of(std::string_view contents) {
     if (header.e_ident[EI_CLASS] != ELFCLASS64 || header.e_ident[EI_DATA] != ELFDATA2LSB ||
         header.e_machine != this_machine)
         return "it is built for another processor";
-    if (header.e_type != ET_DYN) return "it is no shared object";
+    if (header.e_type != ET_DYN) return "it is not a shared object";
     if (header.e_phentsize != sizeof(Elf64_Phdr)) return "its headers are damaged";
     const uint64_t table_size = uint64_t{header.e_phnum} * sizeof(Elf64_Phdr);
     if (header.e_phoff > contents.size() || table_size > contents.size() - header.e_phoff)

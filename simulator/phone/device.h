@@ -1,4 +1,4 @@
-// The simulated device: what boot was told, or its defaults, an iPhone 8 with iOS 12.4.
+// The simulated device: boot's options, or its defaults, an iPhone 8 with iOS 12.4.
 #pragma once
 #include <string>
 

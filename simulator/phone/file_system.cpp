@@ -124,7 +124,7 @@ std::optional<std::string> host_path(std::string_view device_path, LastLink last
 
 int open_file(std::string_view device_path, int flags) {
     // Without links, "." and ".." in it, a path is the same on the device and below the root folder. Whether
-    // links are in it the host's kernel tells while it opens the file.
+    // links are in it the host's kernel decides as it opens the file.
     const std::string below_root(
         device_path.substr(std::min(device_path.find_first_not_of('/'), device_path.size())));
     const bool is_plain = !below_root.empty() && below_root.size() == std::strlen(below_root.c_str()) &&

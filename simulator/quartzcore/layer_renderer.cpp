@@ -143,7 +143,7 @@ void draw_contents(CALayer* layer, CGContextRef context) {
     id contents = layer->contents();
     if (!contents) return;
     auto* image = as<CGImage>(contents);
-    if (!image) not_modelled("CALayer", "contents", "contents that are no CGImage");
+    if (!image) not_modelled("CALayer", "contents", "contents that are not a CGImage");
     const CGRect rect = contents_rect(layer, image);
     if (is_empty(rect)) return;
     Canvas& canvas = canvas_of(context);

@@ -9,7 +9,7 @@ enum class AppContent {
     notes,
     /// Nearly white, and nothing on it.
     light,
-    /// Strong colours with sharp edges all over: what shows through a keyboard can be told.
+    /// Strong colours with sharp edges all over, so that anything that shows through a keyboard is visible.
     busy,
 };
 

@@ -21,7 +21,7 @@ objc::strong<CGContext> drawn_view(UIView* view, PictureGround ground, CGFloat s
                 " pixels per point; a picture needs a size, and not more than 32767 pixels a side";
         return nullptr;
     }
-    // Where the size is no whole number of pixels, the view fills the last ones, too.
+    // Where the size is not a whole number of pixels, the view fills the last ones, too.
     cairo_surface_t* pixels = canvas_of(context).bitmap().surface();
     CGContextScaleCTM(context, cairo_image_surface_get_width(pixels) / (bounds.size.width * scale),
                       cairo_image_surface_get_height(pixels) / (bounds.size.height * scale));

@@ -130,7 +130,7 @@ struct RootList : objc::Implements<RootList, PSUIPrefsListController> {
         if (!type) return error_page(sim::string_of(entry->label), frame).autoreleased();
         if (!objc::send<"isSubclassOfClass:", bool>(reinterpret_cast<id>(type),
                                                     PSViewController::class_object())) {
-            std::fprintf(stderr, "Settings: %s is no subclass of PSViewController; nothing is shown\n",
+            std::fprintf(stderr, "Settings: %s is not a subclass of PSViewController; nothing is shown\n",
                          class_getName(type));
             return nullptr;
         }

@@ -7,7 +7,7 @@
 
 namespace sim {
 
-/// Shows the app, which reads the entries anew.
+/// Shows the app, which reads the entries again.
 void open_settings();
 
 /// The labels of the rows that packages added, in their order.

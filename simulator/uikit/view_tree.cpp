@@ -60,7 +60,7 @@ void View::insertSubview(UIView* view, NSInteger index) {
     insert(view, index < 0 ? SIZE_MAX : static_cast<size_t>(index));
 }
 
-// A sibling that is none counts as the frontmost place.
+// A view that is not a sibling stands for the frontmost place.
 void View::insertSubviewBelow(UIView* view, UIView* sibling) {
     const size_t index = index_of(sibling);
     insert(view, index_of(view) < index && contains(view) ? index - 1 : index);

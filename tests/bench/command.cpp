@@ -83,7 +83,7 @@ constexpr const char* no_caps = "<false/>";
 constexpr int rows_of_keys = 432, within_a_word = 6;
 
 /// A theme's picture in steps: what each shows lies over the one before. A step that shows nothing more, as
-/// key caps that are not visible, is no layer.
+/// key caps that are not visible, is not a layer.
 class Steps {
   public:
     Steps(const Folder& folder, std::string name) : folder_(folder), name_(std::move(name)) {}

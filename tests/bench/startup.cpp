@@ -1,4 +1,4 @@
-// What the initializers cost at the start of a process, against reading and parsing the same files alone.
+// What the initialisers cost at the start of a process, against reading and parsing the same files alone.
 //
 // Every figure comes from processes of their own, forked before anything of the phone exists, so that all of
 // it is used for the first time: on the device, too, the library is loaded into a process that has only
@@ -53,7 +53,7 @@ class LoadedPhone {
     double initializer_seconds() const {
         double seconds = 0;
         check(sim_initialiser_time(phone_.loaded_library(), &seconds) == SIM_OK,
-              "the initializers were timed");
+              "the initialisers were timed");
         return seconds;
     }
 
@@ -61,7 +61,7 @@ class LoadedPhone {
     test::Phone phone_;
 };
 
-double initializers(Theming theming, Foundation foundation) {
+double initialisers(Theming theming, Foundation foundation) {
     const LoadedPhone phone(theming, foundation, SIM_ARGUMENTS_EXECUTABLE);
     // The first row and the named-colour hook; with theming on, the whole table.
     check(sim_installing_call_count() == (theming == Theming::on ? 45 : 2), "the hooks are installed");
@@ -89,7 +89,7 @@ double in_child(double (*measure)(Theming, Foundation), Theming theming, Foundat
     return bench::in_child(1, [=] { return std::vector{measure(theming, foundation)}; })[0];
 }
 
-/// What it takes to load a build: map it, bind it, make its classes and run its initializers, which find
+/// What it takes to load a build: map it, bind it, make its classes and run its initialisers, which find
 /// theming off.
 double loading(const char* library) {
     setenv("HUECRAFT_LIBRARY", library, 1);
@@ -147,7 +147,7 @@ Ratio measured(Ratio ratio, Theming theming, Foundation foundation) {
     const int runs = ratio.limit ? 121 : 31;
     std::vector<double> costs, costs_against;
     for (int i = 0; i < runs; ++i) {
-        costs.push_back(in_child(initializers, theming, foundation));
+        costs.push_back(in_child(initialisers, theming, foundation));
         costs_against.push_back(in_child(files_alone, theming, foundation));
     }
     ratio.cost = undisturbed(costs);
@@ -161,10 +161,10 @@ void measure_startup(std::vector<Ratio>& ratios) {
     const char* preferences_alone = "reading and parsing the preferences";
     const char* both_files_alone = "reading and parsing preferences and theme";
     ratios.push_back(
-        measured({.what = "both initializers, theming off", .against = preferences_alone, .limit = 1.2},
+        measured({.what = "both initialisers, theming off", .against = preferences_alone, .limit = 1.2},
                  Theming::off, Foundation::fresh));
     ratios.push_back(
-        measured({.what = "both initializers, theming on", .against = both_files_alone, .limit = 1.3},
+        measured({.what = "both initialisers, theming on", .against = both_files_alone, .limit = 1.3},
                  Theming::on, Foundation::fresh));
     ratios.push_back(measured({.what = "  off, where a list was parsed before", .against = preferences_alone},
                               Theming::off, Foundation::has_parsed));

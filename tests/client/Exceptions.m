@@ -15,7 +15,7 @@
 @implementation PaneException
 @end
 
-/// A delegate that refuses what it is told.
+/// A delegate that refuses what it receives.
 @interface PaneThrowingDelegate : NSObject <HCColorPickerDelegate>
 @property(nonatomic, strong) id thrown;
 @end

@@ -90,7 +90,7 @@
     [[HCPreview sharedInstance] cleanup];
 }
 
-/// The picker belongs to its screen; what it tells the pane through the block must not keep the pane.
+/// The picker belongs to its screen; the block that it calls must not keep the pane.
 - (void)editTextColour {
     PanePicker *picker = [PanePicker new];
     picker.delegate = self;

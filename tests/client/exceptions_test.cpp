@@ -35,7 +35,7 @@ TEST_F(ClientExceptions, ConfirmingWithAStoredListOfColoursIsCaught) {
     id delegate = made("PaneThemeController");
     ask<"setDelegate:", void>(picker, delegate);
     EXPECT_EQ(said<"nameOfConfirming:">(picker), "NSInvalidArgumentException");
-    EXPECT_EQ(ask<"chosen">(delegate), nullptr) << "before the delegate is told";
+    EXPECT_EQ(ask<"chosen">(delegate), nullptr) << "before the delegate is notified";
 }
 
 TEST_F(ClientExceptions, ADelegatesPassesThroughTheLibraryToTheHandlerOfItsClass) {

@@ -116,7 +116,7 @@ extern const CGPoint kHCGradientBottom, kHCGradientBottomLeft, kHCGradientBottom
 - (void)updateToColor:(UIColor *)color;
 - (void)addViewsInOrder;
 - (void)shakeWrong;
-// Named as if it handed the icon over, which it does not. A compiler that counts references has to be told,
+// Named as if it handed the icon over, which it does not. A compiler that counts references has to know,
 // or lets go of an icon that is not the caller's.
 - (UIImage *)copyImage __attribute__((ns_returns_not_retained));
 @end

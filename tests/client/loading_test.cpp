@@ -37,7 +37,7 @@ TEST_F(Client, ItsObjectsLetGoOfTheirVariables) {
 TEST_F(Client, ItInstallsNothing) {
     EXPECT_EQ(installed_rows(), (std::vector<std::string>{"-[nil applicationDidFinishLaunching:]",
                                                           "function UIKBGetNamedColor"}))
-        << "a category is no call of the library's";
+        << "a category is not a call of the library's";
 }
 
 TEST(ClientAlone, WithoutTheLibraryItIsRefusedByName) {

@@ -1,4 +1,4 @@
-// What huecraft-describe tells of the simulated phone.
+// What huecraft-describe says of the simulated phone.
 #include <gmock/gmock.h>
 
 #include "describe/report.h"
@@ -30,9 +30,9 @@ Lines without_the_home_screen(const Lines& lines) {
 }
 
 TEST_F(Describe, TellsOfTheModelWhatDoctorTells) {
-    const Lines told = facts(lines_of(report()));
-    EXPECT_THAT(told, Contains("unrecorded class SpringBoard"));
-    EXPECT_EQ(without_the_home_screen(told),
+    const Lines described = facts(lines_of(report()));
+    EXPECT_THAT(described, Contains("unrecorded class SpringBoard"));
+    EXPECT_EQ(without_the_home_screen(described),
               without_the_home_screen(facts(lines_of(contents_of(SIMULATED_DESCRIPTION)))));
 }
 
@@ -51,58 +51,60 @@ TEST_F(Describe, TellsTheProcessorInARemark) {
 TEST_F(Describe, AMissingClassIsNotTold) {
     install_library();
     arrange_theme(phone);
-    const Lines told = lines_of(report({}, {.left_out = {"UIKBEdgeEffect"}}));
-    EXPECT_THAT(with(facts(told), "UIKBEdgeEffect"), IsEmpty());
-    EXPECT_THAT(told, Contains("hook -[UIKBEdgeEffect edges] had no effect"));
-    EXPECT_THAT(told, Contains("hook -[UIKBShadowEffect initWithColor:offset:insets:weight:] took effect"));
+    const Lines described = lines_of(report({}, {.left_out = {"UIKBEdgeEffect"}}));
+    EXPECT_THAT(with(facts(described), "UIKBEdgeEffect"), IsEmpty());
+    EXPECT_THAT(described, Contains("hook -[UIKBEdgeEffect edges] had no effect"));
+    EXPECT_THAT(described,
+                Contains("hook -[UIKBShadowEffect initWithColor:offset:insets:weight:] took effect"));
 }
 
 TEST_F(Describe, EveryHookTakesEffectInAnApplication) {
     install_library();
     arrange_theme(phone);
-    const Lines told = lines_of(report());
-    EXPECT_EQ(with(told, " took effect").size(), hook_count - 1) << "all but SpringBoard's";
-    EXPECT_THAT(with(told, " had no effect"), IsEmpty());
-    EXPECT_THAT(told, Contains("hook -[UIKBBackdropView activeBackgroundView] took effect"));
-    EXPECT_THAT(told, Contains("hook +[UIKBGradient gradientWithName:] took effect"));
-    EXPECT_THAT(told, Contains("hook UIKBGetNamedColor took effect"));
-    EXPECT_THAT(told, Contains("# not seen, since only the home screen has the class: hook "
-                               "-[SpringBoard applicationDidFinishLaunching:]"));
+    const Lines described = lines_of(report());
+    EXPECT_EQ(with(described, " took effect").size(), hook_count - 1) << "all but SpringBoard's";
+    EXPECT_THAT(with(described, " had no effect"), IsEmpty());
+    EXPECT_THAT(described, Contains("hook -[UIKBBackdropView activeBackgroundView] took effect"));
+    EXPECT_THAT(described, Contains("hook +[UIKBGradient gradientWithName:] took effect"));
+    EXPECT_THAT(described, Contains("hook UIKBGetNamedColor took effect"));
+    EXPECT_THAT(described, Contains("# not seen, since only the home screen has the class: hook "
+                                    "-[SpringBoard applicationDidFinishLaunching:]"));
 }
 
 TEST_F(Describe, TheSystemIsToldAsItIsWithoutTheLibrary) {
     install_library();
     arrange_theme(phone);
-    const Lines told = facts(lines_of(report()));
-    EXPECT_THAT(with(told, "activeBackgroundView"), IsEmpty());
-    EXPECT_EQ(without_the_home_screen(told),
+    const Lines described = facts(lines_of(report()));
+    EXPECT_THAT(with(described, "activeBackgroundView"), IsEmpty());
+    EXPECT_EQ(without_the_home_screen(described),
               without_the_home_screen(facts(lines_of(contents_of(SIMULATED_DESCRIPTION)))));
 }
 
 TEST_F(Describe, AHookThatTheFrameworkDoesNotFindHadNoEffect) {
     install_library();
     arrange_theme(phone);
-    const Lines told = lines_of(report({}, {.unfound = {"-[UIKBEdgeEffect edges]"}}));
-    EXPECT_THAT(with(told, " had no effect"), ElementsAre("hook -[UIKBEdgeEffect edges] had no effect"));
-    EXPECT_EQ(with(told, " took effect").size(), hook_count - 2);
+    const Lines described = lines_of(report({}, {.unfound = {"-[UIKBEdgeEffect edges]"}}));
+    EXPECT_THAT(with(described, " had no effect"), ElementsAre("hook -[UIKBEdgeEffect edges] had no effect"));
+    EXPECT_EQ(with(described, " took effect").size(), hook_count - 2);
 }
 
 TEST_F(Describe, HooksThatVisibleKeyCapsLeaveOutAreNotJudged) {
     install_library();
     arrange_theme(phone, true, "<key>_VisibleKeycaps</key><true/>");
-    const Lines told = lines_of(report());
-    EXPECT_THAT(with(told, " had no effect"), IsEmpty());
-    EXPECT_EQ(with(told, "# not wanted, since the theme shows key caps: hook -[UIKBRenderFactory ").size(),
-              6u);
-    EXPECT_EQ(with(told, " took effect").size(), 38u);
+    const Lines described = lines_of(report());
+    EXPECT_THAT(with(described, " had no effect"), IsEmpty());
+    EXPECT_EQ(
+        with(described, "# not wanted, since the theme shows key caps: hook -[UIKBRenderFactory ").size(),
+        6u);
+    EXPECT_EQ(with(described, " took effect").size(), 38u);
 }
 
 class WithoutHooks : public Describe {
   protected:
     /// Expects the one remark, and no line of a hook.
-    void expect_unseen(const Lines& told, const std::string& why) const {
-        EXPECT_THAT(with(told, "hook"), ElementsAre("# hooks not seen: " + why));
-        EXPECT_THAT(told, Contains("function UIKBGetNamedColor"));
+    void expect_unseen(const Lines& described, const std::string& why) const {
+        EXPECT_THAT(with(described, "hook"), ElementsAre("# hooks not seen: " + why));
+        EXPECT_THAT(described, Contains("function UIKBGetNamedColor"));
     }
 };
 
@@ -132,9 +134,9 @@ TEST_F(WithoutHooks, AnUnacceptedProcessIsSaid) {
 TEST_F(WithoutHooks, ALibraryThatCannotBeLoadedIsSaidInOneLine) {
     phone.write(installed_library, "no\nlibrary");
     arrange_theme(phone);
-    const Lines told = with(lines_of(report()), "hook");
-    ASSERT_EQ(told.size(), 1u);
-    EXPECT_THAT(told[0], HasSubstr("# hooks not seen: the library cannot be loaded: dlopen("));
+    const Lines described = with(lines_of(report()), "hook");
+    ASSERT_EQ(described.size(), 1u);
+    EXPECT_THAT(described[0], HasSubstr("# hooks not seen: the library cannot be loaded: dlopen("));
 }
 
 TEST_F(WithoutHooks, ALibraryThatStopsItsProcessLeavesTheRestOfTheReport) {
@@ -156,12 +158,12 @@ TEST_F(Describe, NothingOfTheUsersIsTold) {
     install_library();
     arrange_theme(phone, true, "<key>_ConfigName</key><string>Grandmother</string>");
     phone.write("/var/mobile/Library/Preferences/Grandmother.plist", "secret");
-    const std::string told = report();
-    ASSERT_THAT(told, HasSubstr("took effect"));
+    const std::string described = report();
+    ASSERT_THAT(described, HasSubstr("took effect"));
     for (const std::string& own : {std::string("Grandmother"), std::string("00FF00"), std::string("FF8000"),
                                    std::string("/var"), std::string("mobile"), std::string(".plist"),
                                    phone.host("/").string(), std::string("/Applications")})
-        EXPECT_THAT(told, Not(HasSubstr(own)));
+        EXPECT_THAT(described, Not(HasSubstr(own)));
 }
 
 TEST_F(Describe, AnArgumentThatItDoesNotKnowIsNamed) {

@@ -24,7 +24,7 @@ TEST_F(GlyphColours, TheEmojiHeaderIsInTheTextColourWhateverWasStored) {
     objc::send<"setHeaderTextColor:">(header, color(1, 0, 0));
     EXPECT_EQ(rgba(objc::send<"headerTextColor", id>(header)), theme_text);
     recolour_theme(color(0, 0, 1), color(1, 1, 1));
-    EXPECT_EQ(rgba(objc::send<"headerTextColor", id>(header)), blue) << "asked anew";
+    EXPECT_EQ(rgba(objc::send<"headerTextColor", id>(header)), blue) << "asked again";
 }
 
 TEST_F(GlyphColours, TheEmojiHeaderIsGivenTheTextColour) {

@@ -120,7 +120,7 @@ TEST_F(Drift, WithoutTheLibraryNoReplacementIsAtWork) {
         if (row.find("ctiveBackgroundView") != row.npos || owner_of(row) == "UIKBBackdropView" ||
             owner_of(row) == "UIKBVisualEffectView" || owner_of(row) == "UIKBInputBackdropView")
             continue;
-        EXPECT_FALSE(probe.shows_the_theme()) << row << ": the probe cannot tell";
+        EXPECT_FALSE(probe.shows_the_theme()) << row << ": the probe would not notice";
     }
 }
 

@@ -1,4 +1,4 @@
-// The set-up initializer: which process gets which hooks.
+// The set-up initialiser: which process gets which hooks.
 #include <algorithm>
 #include <array>
 
@@ -289,7 +289,7 @@ TEST_F(Setup, AddedMethodsDoNotReplaceExistingOnes) {
     EXPECT_EQ((objc::send<"activeBackgroundView", UIView*>(backdrop)), own);
 }
 
-// ---- The initializer's pool ------------------------------------------------------------------------------
+// ---- The initialiser's pool ------------------------------------------------------------------------------
 
 struct Exit {
     const char* name;
@@ -300,7 +300,7 @@ struct Exit {
     friend void PrintTo(const Exit& exit, std::ostream* out) { *out << exit.name; }
 };
 
-/// Each way out of the set-up initializer.
+/// Each way out of the set-up initialiser.
 class PoolOfSetup : public testing::TestWithParam<Exit> {
   protected:
     Phone phone;

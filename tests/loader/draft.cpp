@@ -5,11 +5,12 @@
 #include <stdexcept>
 
 #include "host.h"
+#include "loader/format/structures.h"
 
 namespace loader_test {
 namespace {
 
-using macho::kHeaderSize, macho::kSectionSize, macho::kSegmentCommandSize;
+using macho::mach_header_64, macho::section_64, macho::segment_command_64;
 
 template <class T>
 T get(const std::vector<uint8_t>& bytes, size_t at) {
@@ -41,7 +42,7 @@ Draft& Draft::set_text(size_t at, std::string_view text) {
 }
 
 size_t Draft::find_command(uint32_t number, std::string_view segment) const {
-    size_t at = kHeaderSize;
+    size_t at = sizeof(mach_header_64);
     for (uint32_t left = u32(16); left > 0; --left) {
         const char* name = reinterpret_cast<const char*>(&bytes_.at(at + 8));
         if (u32(at) == number && (segment.empty() || segment == std::string(name, strnlen(name, 16))))
@@ -62,7 +63,7 @@ size_t Draft::section(std::string_view wanted) const {
     for (const char* segment : {"__TEXT", "__DATA"}) {
         const size_t head = this->segment(segment);
         for (uint32_t i = 0; i < u32(head + 64); ++i) {
-            const size_t row = head + kSegmentCommandSize + i * kSectionSize;
+            const size_t row = head + sizeof(segment_command_64) + i * sizeof(section_64);
             const char* name = reinterpret_cast<const char*>(&bytes_.at(row));
             if (wanted == std::string(name, strnlen(name, 16))) return row;
         }

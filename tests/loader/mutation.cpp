@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "loader/format/format.h"
+#include "loader/format/structures.h"
 
 namespace loader_test {
 namespace {
@@ -16,7 +17,7 @@ T read(const std::vector<uint8_t>& bytes, size_t at) {
     return value;
 }
 
-using macho::kHeaderSize, macho::kSectionSize, macho::kSegmentCommandSize;
+using macho::mach_header_64, macho::section_64, macho::segment_command_64;
 
 size_t unit_of(const std::string& section) {
     if (section == "__unwind_info" || section == "__eh_frame" || section == "__gcc_except_tab") return 4;
@@ -28,23 +29,23 @@ size_t unit_of(const std::string& section) {
 }  // namespace
 
 std::vector<Region> regions_of(const std::vector<uint8_t>& image) {
-    std::vector<Region> found{{"header", 0, kHeaderSize, 4}};
+    std::vector<Region> found{{"header", 0, sizeof(mach_header_64), 4}};
     const auto add = [&](const std::string& name, size_t begin, size_t size, size_t unit) {
         if (size) found.push_back({name, begin, begin + size, unit});
     };
-    size_t at = kHeaderSize;
+    size_t at = sizeof(mach_header_64);
     for (uint32_t left = read<uint32_t>(image, 16); left > 0; --left) {
         const auto command = read<uint32_t>(image, at), size = read<uint32_t>(image, at + 4);
         if (command == macho::LC_SEGMENT_64) {
-            add("segment", at, kSegmentCommandSize, 8);
-            add("segment", at, kSegmentCommandSize, 4);
+            add("segment", at, sizeof(segment_command_64), 8);
+            add("segment", at, sizeof(segment_command_64), 4);
             for (uint32_t i = 0; i < read<uint32_t>(image, at + 64); ++i) {
-                const size_t row = at + kSegmentCommandSize + i * kSectionSize;
+                const size_t row = at + sizeof(segment_command_64) + i * sizeof(section_64);
                 const auto* text = reinterpret_cast<const char*>(image.data() + row);
                 const std::string name(text, strnlen(text, 16));
                 add("section row", row, 32, 1);
-                add("section row", row + 32, kSectionSize - 32, 8);
-                add("section row", row + 48, kSectionSize - 48, 4);
+                add("section row", row + 32, sizeof(section_64) - 32, 8);
+                add("section row", row + 48, sizeof(section_64) - 48, 4);
                 if (const auto offset = read<uint32_t>(image, row + 48))
                     add(name, offset, read<uint64_t>(image, row + 40), unit_of(name));
             }

@@ -299,7 +299,7 @@ TEST_F(Preferences, TheThemeIsAskedForByTheNameInTheFile) {
     EXPECT_EQ(asked.back(), "(nil)") << "without the key";
     write_preferences("<dict><key>_Config</key><integer>5</integer></dict>");
     read_again();
-    EXPECT_EQ(asked.back(), "(nil)") << "a number is no name";
+    EXPECT_EQ(asked.back(), "(nil)") << "a number is not a name";
     phone.write(preference_file, "<?xml version=\"1.0\"?><plist><dict>");
     read_again();
     EXPECT_EQ(asked.size(), 4u) << "no property list names no theme";

@@ -111,7 +111,7 @@ TEST_F(Theme, AStringBeyond32BitsReadsAsTheLargestInteger) {
     EXPECT_EQ(theme.background_type(), 2147483647u);
 }
 
-TEST_F(Theme, ColoursThatAreNoStringsAreLeftOutAndInvalidOnesAreTransparentBlack) {
+TEST_F(Theme, NonStringColoursAreLeftOutAndInvalidOnesAreTransparent) {
     auto theme = holding(
         "<key>_Colors</key><array><string>#FF0000</string><integer>5</integer><string>zz</string></array>");
     EXPECT_EQ(colours_of(theme), (std::vector<Rgba>{{1, 0, 0, 1}, {0, 0, 0, 0}}));

@@ -199,7 +199,7 @@ std::string types_in_protocol(const char* selector, bool required, bool instance
 TEST_F(SeamClass, ADeclaredProtocolKnowsItsRequiredMethods) {
     EXPECT_EQ(types_in_protocol("graze", true), "graze v16@0:8");
     EXPECT_EQ(types_in_protocol("graze", false), "none");
-    EXPECT_EQ(types_in_protocol("graze", true, false), "none") << "it is none of the class's";
+    EXPECT_EQ(types_in_protocol("graze", true, false), "none") << "the class's methods are others";
 }
 
 TEST_F(SeamClass, ADeclaredProtocolKnowsItsOptionalMethods) {

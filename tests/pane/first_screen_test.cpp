@@ -156,7 +156,7 @@ TEST_F(FirstScreen, ABrokenThemeIsListedWithTheReason) {
     open();
     ASSERT_EQ(table()->numberOfRowsInSection(own_section), 2);
     EXPECT_EQ(utf8(cell(0, own_section)->textLabel()->text()), "Broken");
-    EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "The file is no property list.");
+    EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "The file is not a property list.");
     EXPECT_EQ(utf8(cell(1, own_section)->textLabel()->text()), "Sound");
     choose_row(0, own_section);
     EXPECT_TRUE(is_on_screen("This theme cannot be used."));

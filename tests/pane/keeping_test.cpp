@@ -191,7 +191,7 @@ TEST_F(Keeping, ABrokenFileCanOnlyBeDeleted) {
     open();
     tap("Edit");
     choose_row(0, own_section);
-    EXPECT_TRUE(is_on_screen("The file is no property list."));
+    EXPECT_TRUE(is_on_screen("The file is not a property list."));
     for (const char* action : {"Rename", "Duplicate", "Share", "Copy as Text"})
         EXPECT_FALSE(is_on_screen(action)) << action;
     tap("Delete");
@@ -236,7 +236,7 @@ TEST_F(Keeping, SharingWhatBrokeMeanwhileSaysWhy) {
     phone.write(in_themes("Mine.plist"), "{ broken");
     tap("Share");
     EXPECT_TRUE(is_on_screen("This theme cannot be used."));
-    EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "The file is no property list.");
+    EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "The file is not a property list.");
 }
 
 TEST_F(Keeping, AThemeThatChangedBehindThePageIsShownAnew) {
@@ -244,7 +244,7 @@ TEST_F(Keeping, AThemeThatChangedBehindThePageIsShownAnew) {
     open();
     phone.write(in_themes("Mine.plist"), "{ this is another size and broken");
     come_back();
-    EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "The file is no property list.");
+    EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "The file is not a property list.");
 }
 
 // ---- Sharing and importing ----------------------------------------------------------------------

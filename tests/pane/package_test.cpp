@@ -1,11 +1,8 @@
 // The pane's package, opened again by huecraft package-check.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
-
-#include "describe/report.h"
+#include "describe/opened_package.h"
 
 namespace test {
 namespace {
@@ -15,28 +12,10 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class PanePackage : public testing::Test {
+class PanePackage : public OpenedPackage {
   protected:
-    PanePackage() { shell("dpkg-deb --raw-extract '" PANE_PACKAGE "' tree"); }
+    PanePackage() : OpenedPackage(PANE_PACKAGE) {}
 
-    void shell(const std::string& command) const {
-        const std::string all = "umask 022 && cd '" + phone.host("/").string() + "' && " + command;
-        ASSERT_EQ(std::system(all.c_str()), 0) << command;
-    }
-    /// Packs the tree, and returns what is not as it should be.
-    Lines faults() {
-        shell("dpkg-deb --root-owner-group -Zgzip --uniform-compression --build tree changed.deb > pack.log");
-        return with(checked("changed.deb"), "  not ok ");
-    }
-    Lines checked(const std::string& package) {
-        const std::string command = "cd '" + phone.host("/").string() +
-                                    "' && '" HUECRAFT_COMMAND "' package-check '" + package + "' > said 2>&1";
-        exit_status = WEXITSTATUS(std::system(command.c_str()));
-        return lines_of(phone.read("/said"));
-    }
-
-    Phone phone;
-    int exit_status = -1;
     const std::string bundle = "tree/Library/PreferenceBundles/HuecraftSettings.bundle";
 };
 

@@ -65,12 +65,12 @@ TEST_F(Themes, AThemeIsReadWhole) {
 
 TEST_F(Themes, AFileThatIsNoPropertyListSaysSo) {
     phone.write(in_themes("a.plist"), "{ this is <not");
-    EXPECT_EQ(fault("a.plist"), "The file is no property list.");
+    EXPECT_EQ(fault("a.plist"), "The file is not a property list.");
 }
 
 TEST_F(Themes, AnEmptyFileSaysSo) {
     phone.write(in_themes("a.plist"), "");
-    EXPECT_EQ(fault("a.plist"), "The file is no property list.");
+    EXPECT_EQ(fault("a.plist"), "The file is not a property list.");
 }
 
 TEST_F(Themes, APropertyListOfAnotherKindSaysSo) {
@@ -193,7 +193,7 @@ TEST_F(Themes, ADuplicateSaysThatItIsOne) {
 TEST_F(Themes, ABrokenThemeHasNoDuplicate) {
     phone.write(in_themes("a.plist"), "{ broken");
     EXPECT_EQ(themes::duplicate(themes::folder(), text("a.plist"), &error), nullptr);
-    EXPECT_EQ(utf8(error->localizedDescription()), "The file is no property list.");
+    EXPECT_EQ(utf8(error->localizedDescription()), "The file is not a property list.");
 }
 
 TEST_F(Themes, ARemovedThemeCanBePutBack) {

@@ -18,7 +18,7 @@ class FailedPicture {
     /// Takes away what an earlier run has left, the line on the page included.
     void remove() const;
 
-    /// Writes the page anew: expected, actual and difference of every picture in the folder, side by side.
+    /// Writes the page again: expected, actual and difference of every picture in the folder, side by side.
     /// Tests that fail at the same time wait for each other.
     void write_page() const;
 

@@ -21,7 +21,7 @@ constexpr size_t pixels_per_stray = 10'000;
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 
-/// Null, and why in `problem`, for what is no picture.
+/// Null, and why in `problem`, for what is not a picture.
 Surface read(const fs::path& png, std::string& problem) {
     Surface surface(cairo_image_surface_create_from_png(png.c_str()), &cairo_surface_destroy);
     const cairo_status_t status = cairo_surface_status(surface.get());

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "picture.h"
+#include "support/base64.h"
 #include "support/themes.h"
 
 namespace test {
@@ -31,19 +32,6 @@ struct Themed {
 
     friend void PrintTo(const Themed& themed, std::ostream* out) { *out << themed.name; }
 };
-
-std::string base64(const std::string& bytes) {
-    constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string text;
-    for (size_t at = 0; at < bytes.size(); at += 3) {
-        uint32_t group = 0;
-        for (size_t i = 0; i < 3; ++i)
-            group = group << 8 | (at + i < bytes.size() ? static_cast<uint8_t>(bytes[at + i]) : 0);
-        for (size_t i = 0; i < 4; ++i)
-            text += at + i <= bytes.size() ? digits[group >> (18 - 6 * i) & 63] : '=';
-    }
-    return text;
-}
 
 /// A picture whose corners differ, so that it cannot be upside down unnoticed, as PNG.
 std::string picture() {
@@ -84,7 +72,7 @@ std::string theme_file(const Themed& themed) {
                  : "<string>#FFE29A</string><string>#FF9A8B</string><string>#FF6A88</string>";
     text += "</array>";
     if (themed.background == Background::image)
-        text += "<key>_Image</key><data>" + base64(picture()) + "</data><key>_ImageAlpha</key><real>" +
+        text += "<key>_Image</key><data>" + in_base64(picture()) + "</data><key>_ImageAlpha</key><real>" +
                 std::to_string(themed.alpha) + "</real>";
     return property_list(text + "</dict>");
 }

@@ -64,7 +64,7 @@ TEST_F(ColorSlider, ATrackIsInsetAndRoundedToAPill) {
     EXPECT_EQ(inner(control)->center(), (CGPoint{160, 35}));
 }
 
-TEST_F(ColorSlider, TheGradientGoesFromLeftToRightAtTheBottomOfTheTrackAndHasNoColoursAtFirst) {
+TEST_F(ColorSlider, TheTracksGradientRunsLeftToRightAndStartsWithoutColours) {
     id control = slider_of_type(1);
     auto* gradient = objc::send<"gradientLayer", CAGradientLayer*>(control);
     auto* background = objc::send<"backgroundView", UIView*>(control);

@@ -181,7 +181,7 @@ TEST_F(ModalView, ACardOf330PointsHasAContentAreaOf300By300) {
     EXPECT_EQ(part<"contentView">(made)->bounds().size, (CGSize{300, 300}));
 }
 
-TEST_F(ModalView, WhateverTheCardsWidthTheConfirmButtonIsInTheMiddleAndTheStripEndsBeforeTheEdge) {
+TEST_F(ModalView, AtAnyCardWidthTheConfirmButtonIsCentredAndTheStripFits) {
     for (double width : {200.0, 310.0, 330.0, 365.0, 404.0}) {
         UIView* made = panel_of(options(nullptr, true, {{0, 50}, {width, 445}}));
         made->layoutIfNeeded();

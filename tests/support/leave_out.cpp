@@ -1,7 +1,7 @@
 // leave_out <arm64e slice> <number> <slice>: leaves out one of the places where the slice signs an address or
 // strips one, by a no-operation. Exit status 3 when it has no such place; prints which kind it is.
 //
-// The slice is to be signed anew. Data has signatures of its own: numbers from 1000 leave out the one of the
+// The slice is to be signed again. Data has signatures of its own: numbers from 1000 leave out the one of the
 // so-manieth signed pointer.
 #include <cstdint>
 #include <cstdio>

@@ -8,6 +8,7 @@
 
 #include "command_run.h"
 #include "photos/photo_samples.h"
+#include "support/base64.h"
 
 namespace test {
 namespace {
@@ -36,12 +37,12 @@ const Hostile refused[] = {
      "0000000"
      "03000000000000000000000000000000"
      "1c",
-     "a date is no moment in time"},
+     "a date is not a moment in time"},
     {"AnInfiniteDate",
      "62706c6973743030d2010203045c5f436f6e6669674e616d655b5f496d616765416c706861514e337ff00000000000000000000"
      "8000000"
      "0d0000001900000025000000270000000000000401000000000000000500000000000000000000000000000030",
-     "a date is no moment in time"},
+     "a date is not a moment in time"},
     {"ExponentialSharing",
      "62706c6973743030d10102575f436f6c6f7273a20303a20404a20505a20606a20707a20808a20909a20a0aa20b0ba20c0ca20d0"
      "da20e0e"

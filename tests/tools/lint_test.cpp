@@ -6,6 +6,7 @@
 #include "command_run.h"
 #include "photos/photo_samples.h"
 #include "png.h"
+#include "support/base64.h"
 
 namespace test {
 namespace {

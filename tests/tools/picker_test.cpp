@@ -22,13 +22,13 @@ class Picker : public Command {
         return run(options);
     }
     /// What the script's run says in JSON.
-    Json told(std::string_view script, std::vector<std::string> options = {}) const {
+    Json played(std::string_view script, std::vector<std::string> options = {}) const {
         options.push_back("--json");
         const Outcome outcome = play(script, options);
         EXPECT_LE(outcome.status, 1) << outcome.err;
         return Json::parse(outcome.out, nullptr, false);
     }
-    /// Events as lines: "3 told #FF0000 #FF0000".
+    /// Events as lines: "3 notified #FF0000 #FF0000".
     static std::vector<std::string> events(const Json& said) {
         std::vector<std::string> lines;
         for (const Json& event : said.at("events")) {
@@ -85,32 +85,32 @@ TEST_F(Picker, WithoutAScriptItIsOpenedAndShown) {
 
 TEST_F(Picker, ADraggedKnobIsAtItsValueAndTheColourIsTold) {
     const Json said =
-        told("drag red 1\ndrag green 0.5\ndrag blue 0.25\ndrag alpha 0.75\ndrag red 0\ntap \"SELECT\"\n");
-    EXPECT_EQ(events(said), (Lines{"6 told #007F3FBF #007F3FBF", "6 closed"}));
+        played("drag red 1\ndrag green 0.5\ndrag blue 0.25\ndrag alpha 0.75\ndrag red 0\ntap \"SELECT\"\n");
+    EXPECT_EQ(events(said), (Lines{"6 notified #007F3FBF #007F3FBF", "6 closed"}));
 }
 
 TEST_F(Picker, KeysGoToTheFieldThatWasTapped) {
-    const Json said = told("tap field\ndelete 7\ntype \"ff88\"\ntype \"00\"\nreturn\ntap \"SELECT\"\n");
-    EXPECT_EQ(events(said), (Lines{"6 told #FF8800 #FF8800", "6 closed"}));
+    const Json said = played("tap field\ndelete 7\ntype \"ff88\"\ntype \"00\"\nreturn\ntap \"SELECT\"\n");
+    EXPECT_EQ(events(said), (Lines{"6 notified #FF8800 #FF8800", "6 closed"}));
 }
 
 TEST_F(Picker, ATextThatIsNotReturnedDisagreesWithTheColour) {
-    EXPECT_EQ(events(told("tap \"Tap to Edit\"\ntap field\ndelete\ntap \"SELECT\"")),
-              (Lines{"4 told #000000 #00000", "4 closed"}));
+    EXPECT_EQ(events(played("tap \"Tap to Edit\"\ntap field\ndelete\ntap \"SELECT\"")),
+              (Lines{"4 notified #000000 #00000", "4 closed"}));
 }
 
 TEST_F(Picker, ASelectionIsWhatIsDeleted) {
     EXPECT_EQ(
-        events(told(
+        events(played(
             "tap field\nselect all\ndelete\nselect 1 1\ndelete\nselect 0 0\ntype \"1\"\ntap \"SELECT\"")),
-        (Lines{"8 told #000000 #000001", "8 closed"}))
+        (Lines{"8 notified #000000 #000001", "8 closed"}))
         << "several characters at once stay, one goes, and what is typed goes to the end";
 }
 
 TEST_F(Picker, ASelectionRightAfterATapIsTheSameAsALaterOne) {
     for (const char* pause : {"", "wait 2\n"}) {
-        const Json said = told(std::string("tap field\n") + pause + "select 1 1\ndelete\ntap \"SELECT\"",
-                               {"--color", "123456"});
+        const Json said = played(std::string("tap field\n") + pause + "select 1 1\ndelete\ntap \"SELECT\"",
+                                 {"--color", "123456"});
         EXPECT_EQ(said.at("events").at(0).at("text"), "#23456") << pause;
     }
 }
@@ -126,38 +126,38 @@ TEST_F(Picker, RefusedInputIsAShake) {
 }
 
 TEST_F(Picker, CopiesAndPastes) {
-    const Json said = told("pasteboard \"00ff00\"\ntap paste\ntap copy\ntap \"SELECT\"");
-    EXPECT_EQ(events(said), (Lines{"4 told #00FF00 #00FF00", "4 closed"}));
+    const Json said = played("pasteboard \"00ff00\"\ntap paste\ntap copy\ntap \"SELECT\"");
+    EXPECT_EQ(events(said), (Lines{"4 notified #00FF00 #00FF00", "4 closed"}));
     EXPECT_EQ(said.at("pasteboard"), "#00FF00");
-    EXPECT_EQ(events(told("tap paste")), (Lines{"1 shook"})) << "an empty one";
+    EXPECT_EQ(events(played("tap paste")), (Lines{"1 shook"})) << "an empty one";
 }
 
 TEST_F(Picker, TheCloseButtonTellsNothing) {
-    EXPECT_EQ(events(told("drag red 1\ntap \"X\"")), (Lines{"2 closed"}));
+    EXPECT_EQ(events(played("drag red 1\ntap \"X\"")), (Lines{"2 closed"}));
 }
 
 TEST_F(Picker, AColourToBeginWithIsTheInitialOne) {
-    EXPECT_EQ(events(told("tap \"SELECT\"", {"--color", "3478F680"})),
-              (Lines{"1 told #3478F680 #3478F680", "1 closed"}));
+    EXPECT_EQ(events(played("tap \"SELECT\"", {"--color", "3478F680"})),
+              (Lines{"1 notified #3478F680 #3478F680", "1 closed"}));
 }
 
 TEST_F(Picker, RecentColoursAreTappedByTheirPlace) {
     write("r.plist", recent_file(six));
-    const Json said = told("tap 5\ntap copy\ntap 1", {"--recent", "r.plist"});
+    const Json said = played("tap 5\ntap copy\ntap 1", {"--recent", "r.plist"});
     EXPECT_EQ(said.at("pasteboard"), "#007AFF80");
     EXPECT_EQ(said.at("recentColors"), Json(six));
 }
 
 TEST_F(Picker, TimePassesOnlyWhenItIsToldTo) {
-    const Json said = told("wait 1.5\ntap field\nwait 0.25\ntype \"z\"");
+    const Json said = played("wait 1.5\ntap field\nwait 0.25\ntype \"z\"");
     EXPECT_EQ(said.at("events").at(0).at("time"), 1.75);
 }
 
 TEST_F(Picker, CommentsBlankLinesQuotesAndLineEndsAreUnderstood) {
-    const Json said = told(
+    const Json said = played(
         "# a picker\r\n\r\n   tap  field # there\r\ndelete\t7\r\ntype \"#12\"\r\npasteboard \"a \\\"\\\\# "
         "b\"\r\ntap \"SELECT\"");
-    EXPECT_EQ(events(said), (Lines{"7 told #000000 #12", "7 closed"}));
+    EXPECT_EQ(events(said), (Lines{"7 notified #000000 #12", "7 closed"}));
     EXPECT_EQ(said.at("pasteboard"), "a \"\\# b");
 }
 
@@ -192,7 +192,7 @@ TEST_F(Picker, TheSecondConfirmationRaisesAndTheScriptEndsThere) {
     EXPECT_EQ(outcome.out.find("0x"), outcome.out.npos) << "an address: " << outcome.out;
     EXPECT_TRUE(exists("p/before.png"));
     EXPECT_FALSE(exists("p/after.png"));
-    const Json said = told(script, {"-o", "p"});
+    const Json said = played(script, {"-o", "p"});
     EXPECT_EQ(events(said).back(), "6 raised NSInvalidArgumentException");
     EXPECT_NE(said.at("events").back().at("reason"), "");
 }
@@ -312,7 +312,7 @@ TEST_F(Picker, SaveWritesTheRecentColoursWhereTheyCameFrom) {
     std::filesystem::create_directory(path("device"));
     EXPECT_EQ(play("drag red 1\ntap \"SELECT\"", {"--device", "device", "--save"}).status, 0);
     EXPECT_NE(read(in_device).find("#FF0000"), std::string::npos);
-    EXPECT_EQ(told("wait 1", {"--recent", in_device}).at("recentColors").back(), "#FF0000");
+    EXPECT_EQ(played("wait 1", {"--recent", in_device}).at("recentColors").back(), "#FF0000");
     // No file, which is what the first confirmation on a device finds.
     EXPECT_EQ(
         play("drag blue 1\ntap \"SELECT\"", {"--device", "device", "--recent", "r.plist", "--save"}).status,
@@ -367,8 +367,8 @@ TEST_F(Picker, RecentColoursThatAreNoneAreDescribed) {
 TEST_F(Picker, AThemesColourIsTheInitialOneAndIsChanged) {
     write("t.plist", sound_theme());
     const std::vector<std::string> options{"--theme", "t.plist", "--key", "highlight", "--save"};
-    const Json said = told("drag green 1\ntap \"SELECT\"", options);
-    EXPECT_EQ(events(said), (Lines{"2 told #75FF75 #75FF75", "2 closed"}));
+    const Json said = played("drag green 1\ntap \"SELECT\"", options);
+    EXPECT_EQ(events(said), (Lines{"2 notified #75FF75 #75FF75", "2 closed"}));
     EXPECT_EQ(said.at("theme"), (Json{{"_HighlightColor", "#75FF75"}}));
     const Json shown = Json::parse(run({"show", "t.plist", "--json"}).out);
     EXPECT_NE(shown.dump().find("#75FF75"), std::string::npos);
@@ -478,7 +478,7 @@ TEST_F(Picker, FilesThatAreNotThereAreNamed) {
     EXPECT_EQ(complaint("", {"--theme", "none"}), "none: there is no such file\n");
     write("t.plist", theme_file("<key>_TextColor</key><string>#FFFFFF</string>"));
     EXPECT_EQ(complaint("", {"--theme", "t.plist"}),
-              "t.plist: the theme has no name (_ConfigName), and the library saves none without\n");
+              "t.plist: the theme has no name (_ConfigName), and the library saves no theme without one\n");
 }
 
 TEST_F(Picker, OptionsThatMeanNothingAreMisuse) {

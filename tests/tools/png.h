@@ -30,17 +30,4 @@ struct Png {
     unsigned at(int x, int y) const { return pixels.at(static_cast<size_t>(y * width + x)); }
 };
 
-/// The bytes that are written as base64.
-inline std::string decoded(std::string_view base64) {
-    constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string bytes;
-    unsigned bits = 0;
-    int count = 0;
-    for (char digit : base64.substr(0, base64.find('='))) {
-        bits = bits << 6 | static_cast<unsigned>(digits.find(digit));
-        if ((count += 6) >= 8) bytes += static_cast<char>(bits >> (count -= 8) & 255);
-    }
-    return bytes;
-}
-
 }  // namespace test

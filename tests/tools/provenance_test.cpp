@@ -1,4 +1,4 @@
-// What the command's pictures tell of their origin.
+// What the command's pictures say of their origin.
 #include <zlib.h>
 
 #include <cstdio>
@@ -14,7 +14,7 @@ namespace {
 constexpr const char* own_library = BUILD_FOLDER "/lib/HuecraftiOS12.so";
 constexpr const char* shipped_library = BUILD_FOLDER "/device/x86_64/HuecraftiOS12.dylib";
 
-/// As another program reckons it.
+/// As another program computes it.
 std::string sha256_of_file(const std::string& path) {
     FILE* pipe = popen(("sha256sum '" + path + "'").c_str(), "r");
     char digits[65] = {};
@@ -57,7 +57,7 @@ std::map<std::string, std::string> texts_in(const std::string& png) {
 
 class Provenance : public Command {
   protected:
-    std::map<std::string, std::string> told_by(const std::string& library) const {
+    std::map<std::string, std::string> stamps_by(const std::string& library) const {
         return {{"Huecraft-Library-SHA256", sha256_of_file(library)},
                 {"Huecraft-Theme-SHA256", sha256_of_file(path("sound.plist"))}};
     }
@@ -66,12 +66,12 @@ class Provenance : public Command {
 
 TEST_F(Provenance, AKeyboardTellsTheLibraryAndTheThemeThatDrewIt) {
     ASSERT_EQ(run({"keyboard", "sound.plist", "-o", "k.png"}).status, 0);
-    EXPECT_EQ(texts_in(read("k.png")), told_by(own_library));
+    EXPECT_EQ(texts_in(read("k.png")), stamps_by(own_library));
 }
 
 TEST_F(Provenance, APreviewDoesToo) {
     ASSERT_EQ(run({"preview", "sound.plist", "-o", "p.png"}).status, 0);
-    EXPECT_EQ(texts_in(read("p.png")), told_by(own_library));
+    EXPECT_EQ(texts_in(read("p.png")), stamps_by(own_library));
 }
 
 TEST_F(Provenance, TheDylibTellsItsOwnDigest) {
@@ -79,7 +79,7 @@ TEST_F(Provenance, TheDylibTellsItsOwnDigest) {
         const Outcome run =
             this->run({subcommand, "sound.plist", "-o", "m.png", "--library", shipped_library});
         ASSERT_EQ(run.status, 0) << run.err;
-        EXPECT_EQ(texts_in(read("m.png")), told_by(shipped_library));
+        EXPECT_EQ(texts_in(read("m.png")), stamps_by(shipped_library));
         ASSERT_EQ(this->run({subcommand, "sound.plist", "-o", "e.png"}).status, 0);
         EXPECT_EQ(Png(path("m.png")).pixels, Png(path("e.png")).pixels) << "both builds draw the same";
         EXPECT_NE(read("m.png"), read("e.png"));
@@ -87,17 +87,17 @@ TEST_F(Provenance, TheDylibTellsItsOwnDigest) {
 }
 
 TEST_F(Provenance, APictureOnStandardOutputTellsItToo) {
-    EXPECT_EQ(texts_in(run({"keyboard", "-", "-o", "-"}, sound_theme()).out), told_by(own_library));
+    EXPECT_EQ(texts_in(run({"keyboard", "-", "-o", "-"}, sound_theme()).out), stamps_by(own_library));
 }
 
 TEST_F(Provenance, TheGallerysPageTellsIt) {
     const Outcome run = this->run({"gallery", "sound.plist", "-o", "g.html", "--library", shipped_library});
     ASSERT_EQ(run.status, 0) << run.err;
     const GalleryPage page(read("g.html"));
-    const auto told = told_by(shipped_library);
+    const auto stamps = stamps_by(shipped_library);
     EXPECT_EQ(page.found("//meta[@name='huecraft-library-sha256']/@content"),
-              std::vector<std::string>{told.at("Huecraft-Library-SHA256")});
-    EXPECT_EQ(page.themes().at(0).digest, told.at("Huecraft-Theme-SHA256"));
+              std::vector<std::string>{stamps.at("Huecraft-Library-SHA256")});
+    EXPECT_EQ(page.themes().at(0).digest, stamps.at("Huecraft-Theme-SHA256"));
 }
 
 TEST_F(Provenance, PicturesOfThePickerTellTheLibraryAlone) {

@@ -172,7 +172,7 @@ TEST_F(ImageBackdrop, AlphasOutOfRangeAreTakenAsTheNearestThatCounts) {
 
 // ---- All three -------------------------------------------------------------------------------------------
 
-TEST_F(Backdrop, ASystemBackdropThatCannotBeMadeGivesNothingAndMakesNoContentView) {
+TEST_F(Backdrop, WithoutASystemBackdropThereIsNeitherViewNorContentView) {
     static IMP previous;
     static int views = 0;
     stand_in("_UIBackdropView",

@@ -283,10 +283,10 @@ void write(const fs::path& path) {
     const std::string bytes = contents_of(device_slice);
     const Binary binary = DeviceSlice(bytes).read();
     std::ostringstream page;
-    page << "# The contract\n\n"
-            "What others may rely on. Made from the dylib that ships; do not edit it: `./dev contract` "
-            "writes it "
-            "anew, and a test fails\nwhen page and dylib part.\n\n";
+    page
+        << "# The contract\n\n"
+           "What others may rely on. Made from the dylib that ships; do not edit it: `./dev pages` writes it "
+           "again, and a test fails\nwhen page and dylib part.\n\n";
     const Classes classes = classes_of_device();
     write_classes(page, binary, classes);
     write_protocols(page, binary, classes);

@@ -58,7 +58,7 @@ fuzz() {
     local name=$1 scratch status=0
     shift
     scratch=$(mktemp -d -p "$([[ -w /dev/shm ]] && echo /dev/shm || echo /tmp)" huecraft-fuzz-XXXXXX)
-    # What the runtime keeps to its end is no leak, and much of it is kept; detect_leaks would look for it time and again.
+    # What the runtime keeps to its end is not a leak, and much of it is kept; detect_leaks would look for it time and again.
     TMPDIR=$scratch ASAN_OPTIONS=detect_leaks=0:detect_odr_violation=0 UBSAN_OPTIONS=print_stacktrace=1 \
         "$root/build/fuzz/bin/fuzz_$name" -timeout=60 -rss_limit_mb=4096 -detect_leaks=0 "$@" || status=$?
     rm -rf "$scratch"

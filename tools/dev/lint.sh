@@ -62,7 +62,7 @@ tidy() {
         stamp=build/tidy/${stamp%% *}
         [[ ! -e $stamp ]] || return 0
     fi
-    # The counts of what it suppressed are no finding.
+    # The counts of what it suppressed are not a finding.
     found=$(set -o pipefail && "clang-tidy-$LLVM" -p build/release --quiet "$1" 2>&1 |
         sed -E '/^[0-9]+ (warning|error)s? .*generated\.$/d; /^$/d') || status=$?
     if [[ $found ]] || ((status)); then
@@ -124,6 +124,11 @@ check_lengths() {
     cpp_files | xargs -0 -r awk 'FNR == 601 { print FILENAME ":601: longer than 600 lines" }'
 }
 
+# Side by side: more than that are no longer read at a glance, and want folders by subject.
+check_folders() {
+    files -true | xargs -0 -r -n1 dirname | sort | uniq -c | awk '$1 > 25 { print $2 ": " $1 " files side by side" }'
+}
+
 check_whitespace() { files -true | xargs -0 -r grep -HnIE '[[:space:]]+$' || true; }
 
 # Every relative link of a page leads to a file.
@@ -151,6 +156,7 @@ command_lint() {
     check "includes point one way" check_includes
     check "macros are defined where nothing else serves" check_macros
     check "no C++ file has more than 600 lines" check_lengths
+    check "no folder has more than 25 files side by side" check_folders
     check "no line ends in blanks" check_whitespace
     check "links of pages lead to files" check_links
     check "scripts are sound" check_scripts

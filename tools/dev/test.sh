@@ -85,7 +85,7 @@ command_test() {
 
 # what_a_change_can_break <commit> <build folder>: the options that make ctest run it, a line each; "nothing" if nothing differs.
 # The build knows what each program is made of, and what it needs besides. What it knows nothing of may break anything: a
-# picture, a script, a file of CMake's. The checks that are no programs run unless tests alone differ.
+# picture, a script, a file of CMake's. The checks that are not programs run unless tests alone differ.
 what_a_change_can_break() {
     local build=$2 program file nodes programs affected='' spared='' known=$'\n' checks=''
     local -a changed
@@ -186,7 +186,7 @@ command_debug() {
         fail "${#names[@]} tests match '$1', expected was one"
     fi
     read -ra words < <(sed -nE 's/^[0-9]+: Test command: //p' <<<"$registered" | tr -d '"')
-    [[ ${words[*]} == *--gtest_filter=* ]] || fail "${names[0]} is no case of a test program: ${words[*]}"
+    [[ ${words[*]} == *--gtest_filter=* ]] || fail "${names[0]} is not a case of a test program: ${words[*]}"
     mapfile -t variables < <(sed -nE 's/^[0-9]+:  ([A-Z_]+=.*)/\1/p' <<<"$registered")
     exec env "${variables[@]}" gdb --args "${words[@]}" --here
 }

@@ -54,7 +54,7 @@ std::string sha256_of(std::string_view bytes) {
 
 std::string with_provenance(const std::string& png, const Provenance& provenance) {
     if (png.size() < end_of_header || !png.starts_with(signature))
-        throw Failure("what was drawn is no PNG, and can tell nothing of its origin");
+        throw Failure("what was drawn is not a PNG, and cannot carry its origin");
     std::string told = png.substr(0, end_of_header) + text_chunk(library_keyword, provenance.library);
     if (!provenance.theme.empty()) told += text_chunk(theme_keyword, provenance.theme);
     return told + png.substr(end_of_header);

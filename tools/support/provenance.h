@@ -21,7 +21,7 @@ inline constexpr const char* library_keyword = "Huecraft-Library-SHA256";
 inline constexpr const char* theme_keyword = "Huecraft-Theme-SHA256";
 
 /// The same picture, with a tEXt chunk for each, right behind the header. What is drawn stays as it is.
-/// Throws Failure for what is no PNG.
+/// Throws Failure for what is not a PNG.
 std::string with_provenance(const std::string& png, const Provenance& provenance);
 
 /// The origin of what the library draws under the theme's file; an empty path is none.

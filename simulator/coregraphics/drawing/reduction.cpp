@@ -53,7 +53,7 @@ class WholeRows {
             sum[i] = static_cast<uint16_t>(sum[i] + value[i]);
     }
 
-    /// Adds the sums, weighted, and begins anew.
+    /// Adds the sums, weighted, and begins again.
     void move_to(std::vector<float>& sums, float weight) {
         flush();
         for (size_t i = 0; i < sums.size(); ++i)

@@ -105,7 +105,7 @@ class AnimatedPng::Chunks {
     void put(std::span<const uint8_t> as_it_is) {
         bytes_.insert(bytes_.end(), as_it_is.begin(), as_it_is.end());
     }
-    /// The chunks that tell a frame's place or hold its pixels are numbered. The first frame's pixels are the
+    /// The chunks that give a frame's place or hold its pixels are numbered. The first frame's pixels are the
     /// picture for whoever does not know animations, which has no number; every later one has one chunk.
     size_t number_of_control() const { return frames_ ? 2 * frames_ - 1 : 0; }
     bool is_first() const { return !frames_; }

@@ -1,5 +1,7 @@
 #include "foundation/property_list/base64.h"
 
+#include <nettle/base64.h>
+
 #include <array>
 #include <cstdint>
 
@@ -34,14 +36,8 @@ std::string decoded_base64(std::string_view text) {
 }
 
 std::string base64_of(std::string_view bytes) {
-    std::string text;
-    for (size_t i = 0; i < bytes.size(); i += 3) {
-        uint32_t bits = 0;
-        for (size_t j = 0; j < 3; ++j)
-            bits = bits << 8 | (i + j < bytes.size() ? static_cast<unsigned char>(bytes[i + j]) : 0);
-        for (size_t j = 0; j < 4; ++j)
-            text += i + j > bytes.size() ? '=' : alphabet[bits >> (18 - 6 * j) & 63];
-    }
+    std::string text(BASE64_ENCODE_RAW_LENGTH(bytes.size()), '\0');
+    base64_encode_raw(text.data(), bytes.size(), reinterpret_cast<const uint8_t*>(bytes.data()));
     return text;
 }
 

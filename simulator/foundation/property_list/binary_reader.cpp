@@ -123,7 +123,7 @@ class BinaryReader {
     uint64_t long_count(uint64_t& content) const {
         const auto marker = static_cast<unsigned char>(run(content, 1, 1)[0]);
         if (static_cast<Kind>(marker >> 4) != Kind::integer || (marker & 0x0f) > 3)
-            fail("a count is no number");
+            fail("a count is not a number");
         const uint64_t size = uint64_t{1} << (marker & 0x0f);
         run(content + 1, size, 1);
         const uint64_t count = number(content + 1, size);
@@ -169,7 +169,7 @@ class BinaryReader {
 
     Value ascii(std::string_view characters) const {
         for (char c : characters)
-            if (static_cast<unsigned char>(c) >= 0x80) fail("an ASCII string is none");
+            if (static_cast<unsigned char>(c) >= 0x80) fail("an ASCII string holds other characters");
         return maker_.text(characters);
     }
 
@@ -197,7 +197,7 @@ class BinaryReader {
         for (uint64_t i = 0; i < count; ++i) {
             Value key = object(reference(references, i));
             if (!key->isKindOfClass(NSString::class_object()))
-                fail("a dictionary has a key that is no string");
+                fail("a dictionary has a key that is not a string");
             Value value = object(reference(references, count + i));
             entries.emplace_back(std::move(key), std::move(value));
         }

@@ -9,9 +9,9 @@ namespace {
 
 constexpr NSUInteger utf8_encoding = 4;
 
-template <objc::Name Initializer, class... Arguments>
+template <objc::Name Initialiser, class... Arguments>
 Value made(const char* class_name, Arguments... arguments) {
-    return objc::make<Initializer, NSObject>(objc_getClass(class_name), arguments...);
+    return objc::make<Initialiser, NSObject>(objc_getClass(class_name), arguments...);
 }
 
 }  // namespace
@@ -58,7 +58,7 @@ Value ObjectMaker::single_real(float value) const { return made<"initWithFloat:"
 Value ObjectMaker::boolean(bool value) const { return NSNumber::numberWithBool(value); }
 
 Value ObjectMaker::date(double seconds) const {
-    if (!std::isfinite(seconds)) throw ParseError("a date is no moment in time");
+    if (!std::isfinite(seconds)) throw ParseError("a date is not a moment in time");
     return made<"initWithTimeIntervalSinceReferenceDate:">("NSDate", seconds);
 }
 

@@ -16,7 +16,7 @@ PropertyList read(std::string_view bytes, Mutability mutability) {
     const auto text = decode(bytes, storage);
     if (!text) throw ParseError("the bytes are neither a binary property list nor text");
 
-    // "<" begins XML and, in the old format, data: what is no XML may still be that.
+    // "<" begins XML and, in the old format, data: what is not XML may still be that.
     std::optional<ParseError> not_xml;
     const size_t first = text->find_first_not_of(" \t\r\n");
     if (first != text->npos && (*text)[first] == '<') {

@@ -10,7 +10,7 @@ namespace sim::plist {
 bool is_utf8(std::string_view bytes);
 
 /// The text as UTF-8: byte order marks and the encoding that an XML declaration names are followed, UTF-8 is
-/// meant otherwise. Nothing when the bytes are no such text. `storage` holds what had to be converted.
+/// meant otherwise. Nothing when the bytes are not such text. `storage` holds what had to be converted.
 std::optional<std::string_view> decode(std::string_view bytes, std::string& storage);
 
 /// Appends a character as UTF-8; false for what is none (a surrogate, beyond U+10FFFF).

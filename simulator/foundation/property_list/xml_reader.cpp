@@ -1,4 +1,4 @@
-// XML property lists. The device's reader is no full XML parser, and neither is this: it steps over
+// XML property lists. The device's reader is not a full XML parser, and neither is this: it steps over
 // declarations and comments, ignores attributes, and looks no further than the end of the outermost element.
 #include <charconv>
 

@@ -12,8 +12,8 @@ struct XmlInteger {
     uint64_t magnitude;
 };
 
-/// "-5", "0x1F"; nothing for what is no integer or beyond that range. Space around it is stepped over, here
-/// and below.
+/// "-5", "0x1F"; nothing for what is not an integer or beyond that range. Space around it is stepped over,
+/// here and below.
 std::optional<XmlInteger> parse_integer(std::string_view text);
 
 /// "0.1", "1e3", "+infinity", "nan".

@@ -55,7 +55,7 @@ struct PredictionCell : objc::Implements<PredictionCell, UIKeyboardPredictionCel
         send<"setCellAttributes">();
     }
 
-    /// Writes in the colour that the getter answers, and paints the active view anew: the view itself stays
+    /// Writes in the colour that the getter answers, and paints the active view again: the view itself stays
     /// clear, and what it shows is a white layer in it.
     void setCellAttributes() {
         auto* self = static_cast<UIKeyboardPredictionCell*>(this);

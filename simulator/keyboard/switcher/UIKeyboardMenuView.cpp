@@ -34,7 +34,7 @@ struct MenuView : objc::Implements<MenuView, UIKeyboardMenuView> {
         return self;
     }
 
-    // The parts behind the table are made anew for each size.
+    // The parts behind the table are made again for each size.
     void setFrame(CGRect frame) {
         super<"setFrame:">(frame);
         auto* menu = self();

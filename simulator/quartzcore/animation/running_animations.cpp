@@ -14,7 +14,7 @@ namespace {
 
 using objc::strong;
 
-/// A delegate and a completion block to call when the clock goes on.
+/// A delegate and a completion block to call when the clock advances.
 struct News {
     strong<CAAnimation> animation;
     strong<NSObject> completion;
@@ -57,7 +57,7 @@ void tell_of_end(const AnimationPlan& plan, bool finished) {
     close(plan.group);
 }
 
-void tell(const News& end) {
+void notify(const News& end) {
     if (end.animation) {
         auto* delegate = static_cast<NSObject*>(end.animation->delegate());
         if (delegate->respondsToSelector(objc::selector<"animationDidStop:finished:">()))
@@ -133,7 +133,7 @@ bool end_one() {
     if (!news().empty()) {
         const News first = std::move(news().front());
         news().pop_front();
-        tell(first);
+        notify(first);
         return true;
     }
     auto& plans = under_way();

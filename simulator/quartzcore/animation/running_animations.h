@@ -31,7 +31,7 @@ struct AnimationPlan {
     /// May be infinite.
     double repeat_count = 1;
     bool autoreverses = false;
-    /// The last value goes on being shown at the end, until the animation is taken away.
+    /// The last value stays on show after the end, until the animation is removed.
     bool stays = false;
     bool has_ended = false;
     objc::strong<CAAnimation> animation;
@@ -44,7 +44,7 @@ struct AnimationPlan {
 void run(AnimationPlan plan);
 /// Ends before their time those of the layer with that key; without a key all.
 void stop_animations(CALayer* layer, const std::string* key);
-/// Tells the group's block when the clock goes on, if nothing is under way.
+/// Calls the group's block when the clock advances, if nothing is under way.
 void close(const std::shared_ptr<AnimationGroup>& group);
 
 std::vector<const AnimationPlan*> animations_of(CALayer* layer);
@@ -69,7 +69,7 @@ class AnimatedValues {
 
 /// When the next animation ends, or a completion is due; infinity when nothing is to come.
 double next_ending();
-/// Ends one animation, or tells one who waits, whose time has come; false when there is none.
+/// Ends one animation that is due, or notifies one that waits for an end; false when there is none.
 bool end_one();
 
 }  // namespace sim

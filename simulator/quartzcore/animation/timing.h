@@ -4,7 +4,7 @@
 
 namespace sim {
 
-/// From the part of the duration that has passed to the part of the way that has been gone; a spring goes
+/// From the part of the duration that has passed to the part of the change that is done; a spring goes
 /// beyond.
 using Timing = std::function<double(double)>;
 

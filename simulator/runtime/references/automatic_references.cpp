@@ -13,7 +13,7 @@ SIM_EXPORTED id objc_allocWithZone(Class of) {
 }
 
 // ---- Results: they go through the pool. The device's short cut past it, from a callee to its caller, is not
-// taken; nothing but the moment at which an object goes can tell.
+// taken; only the moment at which an object goes shows the difference.
 
 SIM_EXPORTED id objc_autoreleaseReturnValue(id object) { return objc_autorelease(object); }
 SIM_EXPORTED id objc_retainAutorelease(id object) { return objc_autorelease(objc_retain(object)); }

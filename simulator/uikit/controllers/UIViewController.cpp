@@ -63,10 +63,10 @@ UITraitCollection* ViewController::traitCollection() { return current_traits(); 
 void tell_of_safe_area(UIViewController* controller) {
     if (!controller->isViewLoaded()) return;
     UIView* view = controller->view();
-    UIEdgeInsets& told = ViewController::of(controller).safe_area;
+    UIEdgeInsets& last_known = ViewController::of(controller).safe_area;
     const UIEdgeInsets now = view->safeAreaInsets();
-    if (now == told) return;
-    told = now;
+    if (now == last_known) return;
+    last_known = now;
     controller->viewSafeAreaInsetsDidChange();
     view->safeAreaInsetsDidChange();
     view->setNeedsLayout();

@@ -27,7 +27,7 @@ struct ViewController : objc::Implements<ViewController, UIViewController> {
         bool editing = false, moving_from_parent = false, moving_to_parent = false, being_dismissed = false;
         UIRectEdge edgesForExtendedLayout = UIRectEdgeAll;
         CGSize preferredContentSize{};
-        /// What the controller was last told.
+        /// What the controller was last notified of.
         UIEdgeInsets safe_area{};
         objc::strong<NSArray> toolbarItems;
         bool definesPresentationContext = false;
@@ -86,7 +86,7 @@ struct ViewController : objc::Implements<ViewController, UIViewController> {
     void leave(UIView* view);
 };
 
-/// Tells the controller that bars or edges now cover its view otherwise, if they do.
+/// Notifies the controller when what bars and edges cover of its view has changed.
 void tell_of_safe_area(UIViewController*);
 
 }  // namespace sim

@@ -3,7 +3,7 @@
 
 namespace sim {
 
-/// Posts the notification, then tells every controller on the screen.
+/// Posts the notification, then warns every controller on the screen.
 void warn_of_memory();
 
 }  // namespace sim

@@ -8,7 +8,7 @@ namespace sim {
 UIWindow* screen_window();
 
 /// Puts a new window on the screen, as large as the page, whose root controller has the page for its view.
-/// What was there is gone: it is told nothing but that its views leave their window.
+/// What was there is gone: all it hears is that its views leave their window.
 void show_on_screen(UIView* page);
 
 /// The same with a controller of the caller's, which fills the screen.

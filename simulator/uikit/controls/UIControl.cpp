@@ -73,7 +73,7 @@ void Control::sendAction(SEL action, id target, UIEvent* event) {
 }
 
 // A target may change the list, and may let go of the control.
-void Control::tell(UIControlEvents events, UIEvent* event) {
+void Control::notify(UIControlEvents events, UIEvent* event) {
     struct Call {
         strong<NSObject> target;
         SEL action;
@@ -147,7 +147,7 @@ void Control::touchesBegan(NSSet* touches, UIEvent* event) {
     ivars().tracking = ivars().touchInside = true;
     self->setHighlighted(true);
     const bool goes_on = self->beginTracking(touch, event);
-    tell(UIControlEventTouchDown, event);
+    notify(UIControlEventTouchDown, event);
     if (!goes_on) stop_tracking();
 }
 
@@ -160,8 +160,8 @@ void Control::touchesMoved(NSSet* touches, UIEvent* event) {
     if (was_inside != is_inside) self->setHighlighted(is_inside);
     const bool goes_on = self->continueTracking(touch, event);
     if (was_inside != is_inside)
-        tell(is_inside ? UIControlEventTouchDragEnter : UIControlEventTouchDragExit, event);
-    tell(is_inside ? UIControlEventTouchDragInside : UIControlEventTouchDragOutside, event);
+        notify(is_inside ? UIControlEventTouchDragEnter : UIControlEventTouchDragExit, event);
+    notify(is_inside ? UIControlEventTouchDragInside : UIControlEventTouchDragOutside, event);
     if (!goes_on) stop_tracking();
 }
 
@@ -172,14 +172,14 @@ void Control::touchesEnded(NSSet* touches, UIEvent* event) {
     const bool is_inside = holds(touch);
     stop_tracking();
     self->endTracking(touch, event);
-    tell(is_inside ? UIControlEventTouchUpInside : UIControlEventTouchUpOutside, event);
+    notify(is_inside ? UIControlEventTouchUpInside : UIControlEventTouchUpOutside, event);
 }
 
 void Control::touchesCancelled(NSSet*, UIEvent* event) {
     if (!ivars().tracking) return;
     stop_tracking();
     self()->cancelTracking(event);
-    tell(UIControlEventTouchCancel, event);
+    notify(UIControlEventTouchCancel, event);
 }
 
 }  // namespace sim

@@ -31,7 +31,7 @@ struct Control : objc::Implements<Control, UIControl> {
     NSSet* allTargets();
     UIControlEvents allControlEvents();
     NSArray* actionsForTarget(id target, UIControlEvents event);
-    void sendActionsForControlEvents(UIControlEvents events) { tell(events, nullptr); }
+    void sendActionsForControlEvents(UIControlEvents events) { notify(events, nullptr); }
     void sendAction(SEL action, id target, UIEvent* event);
 
     // State
@@ -55,7 +55,7 @@ struct Control : objc::Implements<Control, UIControl> {
     void touchesCancelled(NSSet* touches, UIEvent* event);
 
   private:
-    void tell(UIControlEvents events, UIEvent* event);
+    void notify(UIControlEvents events, UIEvent* event);
     bool holds(UITouch* touch);
     void stop_tracking();
     void show_state();

@@ -107,7 +107,7 @@ struct SegmentedControl : objc::Implements<SegmentedControl, UISegmentedControl>
         changed();
     }
 
-    // Made anew for each state: there are few.
+    // Made again for each state: there are few.
     void layoutSubviews() {
         super<"layoutSubviews">();
         auto* self = this->self();

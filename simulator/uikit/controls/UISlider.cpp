@@ -4,6 +4,7 @@
 #include "coregraphics/transform.h"
 #include "objc/class.h"
 #include "platform/controls.h"
+#include "uikit/controls/knob.h"
 
 namespace {
 
@@ -25,23 +26,12 @@ struct Slider : objc::Implements<Slider, UISlider> {
         if (!self) return nullptr;
         auto* view = static_cast<UIView*>(self.get());
         view->setOpaque(false);
-        auto part = [&](CGFloat corner_radius) {
-            auto made = UIView::alloc()->initWithFrame({});
-            made->setUserInteractionEnabled(false);
-            made->layer()->setCornerRadius(corner_radius);
-            view->addSubview(made);
-            return made;
-        };
         auto& ivars = self->ivars();
-        ivars.maximumTrack = part(track_height / 2);
-        ivars.minimumTrack = part(track_height / 2);
-        ivars.thumb = part(knob / 2);
-        CALayer* layer = ivars.thumb->layer();
-        layer->setBorderWidth(0.5);
-        layer->setBorderColor(UIColor::colorWithWhite(0, 0.04)->CGColor());
-        layer->setShadowOffset({0, 3});
-        layer->setShadowRadius(3);
-        layer->setShadowOpacity(0.25);
+        ivars.maximumTrack = sim::add_rounded_part(view, {}, track_height / 2);
+        ivars.minimumTrack = sim::add_rounded_part(view, {}, track_height / 2);
+        ivars.thumb = sim::add_knob(view, {}, knob, 0.25f);
+        ivars.thumb->layer()->setBorderWidth(0.5);
+        ivars.thumb->layer()->setBorderColor(UIColor::colorWithWhite(0, 0.04)->CGColor());
         self->show_colours();
         return self;
     }

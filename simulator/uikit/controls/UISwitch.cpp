@@ -1,6 +1,7 @@
 // Switches: a knob in a track, on one side or the other.
 #include "objc/class.h"
 #include "platform/controls.h"
+#include "uikit/controls/knob.h"
 
 namespace {
 
@@ -20,19 +21,8 @@ struct Switch : objc::Implements<Switch, UISwitch> {
         if (!self) return nullptr;
         auto* view = static_cast<UIView*>(self.get());
         view->setOpaque(false);
-        auto part = [&](CGRect frame) {
-            auto made = UIView::alloc()->initWithFrame(frame);
-            made->setUserInteractionEnabled(false);
-            made->layer()->setCornerRadius(frame.size.height / 2);
-            view->addSubview(made);
-            return made;
-        };
-        self->ivars().track = part({{0, 0}, size});
-        self->ivars().knob = part({{border, border}, {knob_size, knob_size}});
-        CALayer* layer = self->ivars().knob->layer();
-        layer->setShadowOffset({0, 3});
-        layer->setShadowRadius(3);
-        layer->setShadowOpacity(0.2);
+        self->ivars().track = sim::add_rounded_part(view, {{0, 0}, size}, size.height / 2);
+        self->ivars().knob = sim::add_knob(view, {{border, border}, {knob_size, knob_size}}, knob_size, 0.2f);
         self->show();
         return strong<UISwitch>(self.get());
     }

@@ -1,4 +1,4 @@
-// Text fields: editing, and what the delegate is asked and told on the way.
+// Text fields: editing, with the delegate's questions and notifications on the way.
 #include <algorithm>
 
 #include "uikit/controls/UITextField.h"

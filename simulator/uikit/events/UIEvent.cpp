@@ -1,4 +1,4 @@
-// What is told with touches: there is one finger, so an event has one touch.
+// What comes with touches: there is one finger, so an event has one touch.
 #include "objc/class.h"
 #include "platform/application.h"
 

@@ -41,7 +41,7 @@ void set_phase(Contact& contact, UITouchPhase phase) {
 }
 
 /// Two fingers reach views that want several, and no others.
-void tell(const Contact& contact) {
+void deliver(const Contact& contact) {
     NSSet* touches = contact.event->allTouches();
     UIView* view = contact.first()->view();
     if (contact.is_pair() && !view->isMultipleTouchEnabled()) return;
@@ -86,7 +86,7 @@ void move(Contact& contact, UITouchPhase phase, const std::vector<CGPoint>& poin
 void cancel_in_view(Contact& contact) {
     const UITouchPhase phase = contact.first()->phase();
     set_phase(contact, UITouchPhaseCancelled);
-    tell(contact);
+    deliver(contact);
     set_phase(contact, phase);
 }
 
@@ -140,7 +140,7 @@ bool move_fingers(UITouchPhase phase, const std::vector<CGPoint>& points, std::s
         watch(contact()->first()->view(), contact()->event->allTouches());
     } else
         move(*contact(), phase, points);
-    const std::shared_ptr<Contact> told = contact();
+    const std::shared_ptr<Contact> held = contact();
     // Lifted first: whatever handles the end may raise, or touch again.
     const bool is_last = phase == UITouchPhaseEnded || phase == UITouchPhaseCancelled;
     if (is_last) contact() = nullptr;
@@ -150,16 +150,16 @@ bool move_fingers(UITouchPhase phase, const std::vector<CGPoint>& points, std::s
             if (is_last) end_watching();
         }
     } const forgetting{is_last};
-    if (!told->drags) tell_recognisers(phase, told->event);
-    give_to_gesture_if_taken(*told);
-    if (phase == UITouchPhaseMoved) drag_if_wanted(*told);
-    if (told->is_gesture) {
-    } else if (!told->drags)
-        tell(*told);
+    if (!held->drags) notify_recognisers(phase, held->event);
+    give_to_gesture_if_taken(*held);
+    if (phase == UITouchPhaseMoved) drag_if_wanted(*held);
+    if (held->is_gesture) {
+    } else if (!held->drags)
+        deliver(*held);
     else if (is_last)
-        told->drag.end();
+        held->drag.end();
     else
-        told->drag.go_on(told->first());
+        held->drag.go_on(held->first());
     lay_out_screen();
     return true;
 }
@@ -182,8 +182,8 @@ void cancel_touch() {
     if (lifted->drags)
         lifted->drag.end();
     else {
-        tell_recognisers(UITouchPhaseCancelled, lifted->event);
-        if (!lifted->is_gesture) tell(*lifted);
+        notify_recognisers(UITouchPhaseCancelled, lifted->event);
+        if (!lifted->is_gesture) deliver(*lifted);
     }
     end_watching();
 }

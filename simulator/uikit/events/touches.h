@@ -1,4 +1,4 @@
-// The finger: what it touches is found by hit testing, and told of it.
+// The finger: hit testing finds what it touches, which gets the touches.
 #pragma once
 #include <string>
 #include <vector>

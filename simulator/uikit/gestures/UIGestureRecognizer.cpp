@@ -33,7 +33,7 @@ void GestureRecognizer::removeTarget(id target, SEL action) {
 }
 
 // Its targets may change the list.
-void GestureRecognizer::tell() {
+void GestureRecognizer::notify() {
     struct Call {
         strong<NSObject> target;
         SEL action;
@@ -63,7 +63,7 @@ void GestureRecognizer::setState(UIGestureRecognizerState state) {
     ivars().state = state;
     if (state == UIGestureRecognizerStatePossible || state == UIGestureRecognizerStateFailed) return;
     if (begins) others_give_way(self());
-    tell();
+    notify();
 }
 
 void GestureRecognizer::setEnabled(bool enabled) {

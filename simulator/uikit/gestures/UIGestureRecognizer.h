@@ -45,7 +45,7 @@ struct GestureRecognizer : objc::Implements<GestureRecognizer, UIGestureRecogniz
 
   private:
     bool may_begin();
-    void tell();
+    void notify();
 };
 
 /// Whether it has recognised its gesture and goes on with it, or has just ended.

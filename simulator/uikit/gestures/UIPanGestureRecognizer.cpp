@@ -1,4 +1,4 @@
-// Fingers that go somewhere: recognised when their middle has gone ten points.
+// Pans: recognised when the fingers' centre has moved ten points.
 #include <cmath>
 
 #include "uikit/gestures/UIGestureRecognizer.h"
@@ -42,7 +42,7 @@ struct Pan : objc::Implements<Pan, UIPanGestureRecognizer> {
         if (self()->state() != UIGestureRecognizerStatePossible)
             return send<"setState:">(UIGestureRecognizerStateChanged);
         if (std::hypot(now.x - start.x, now.y - start.y) <= far_enough) return;
-        ivars().start = now;  // the way that told it from a touch is not gone
+        ivars().start = now;  // the distance that made it a pan does not count
         send<"setState:">(UIGestureRecognizerStateBegan);
     }
     void touchesEnded(NSSet*, UIEvent* event) {

@@ -49,9 +49,9 @@ void watch(UIView* view, NSSet* touches) {
     }
 }
 
-void tell_recognisers(UITouchPhase phase, UIEvent* event) {
-    const auto told = watching();
-    for (UIGestureRecognizer* each : told) {
+void notify_recognisers(UITouchPhase phase, UIEvent* event) {
+    const auto recognisers = watching();
+    for (UIGestureRecognizer* each : recognisers) {
         const auto& state = GestureRecognizer::of(each).state;
         NSSet* touches = GestureRecognizer::of(each).touches;
         if (!touches || state == UIGestureRecognizerStateFailed) continue;
@@ -65,8 +65,8 @@ void tell_recognisers(UITouchPhase phase, UIEvent* event) {
 }
 
 void let_recognisers_wait() {
-    const auto told = watching();
-    for (UIGestureRecognizer* each : told)
+    const auto recognisers = watching();
+    for (UIGestureRecognizer* each : recognisers)
         if (auto* press = as<UILongPressGestureRecognizer>(each)) press->send<"_timePassed">();
 }
 

@@ -8,8 +8,8 @@ namespace sim {
 /// not want them.
 void watch(UIView* view, NSSet* touches);
 
-/// Tells the recognisers what became of the touches: one of UIResponder's four messages.
-void tell_recognisers(UITouchPhase phase, UIEvent* event);
+/// Sends the recognisers what became of the touches: one of UIResponder's four messages.
+void notify_recognisers(UITouchPhase phase, UIEvent* event);
 
 /// Seconds have passed: a finger that lies still may be a long press.
 void let_recognisers_wait();

@@ -10,7 +10,7 @@ using objc::strong;
 
 namespace {
 
-/// How many moves to solutions are under way: frames that they set are no news.
+/// How many moves to solutions are under way: frames that they set need no new solution.
 int placing = 0;
 
 LayoutState& state_of(UIView* view) { return static_cast<View*>(view)->ivars().layout; }

@@ -12,7 +12,7 @@ struct LayoutState {
     bool translates_mask = true;
     /// The active constraints that the view holds, in the order of their activation.
     std::vector<objc::strong<NSLayoutConstraint>> constraints;
-    /// How many active constraints are about the view, whoever holds them.
+    /// How many active constraints involve the view, whichever view holds them.
     int naming = 0;
     /// By axis.
     UILayoutPriority hugging[2] = {UILayoutPriorityDefaultLow, UILayoutPriorityDefaultLow};

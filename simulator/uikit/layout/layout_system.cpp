@@ -142,7 +142,7 @@ class LayoutSystem {
         return Expression::of(solver_.add_variable(std::isfinite(start) ? start : 0));
     }
 
-    // As the autoresizing mask goes on from the present frame.
+    // As the autoresizing mask continues from the present frame.
     void place_by_mask(Node& node) {
         UIView* superview = nodes_[node.above].view;
         const CGSize size = node.view->bounds().size, around = superview->bounds().size;

@@ -19,7 +19,7 @@ enum class Relation { at_most = -1, equal = 0, at_least = 1 };
 /// Equations eliminate a variable: it is written in terms of the free ones from then on, so that what they
 /// determine is exact. Inequalities are bounds, each with the slack that the point leaves it.
 ///
-/// What cannot be met is no error but a verdict. Throws nothing but std::bad_alloc.
+/// What cannot be met is a verdict, not an error. Throws nothing but std::bad_alloc.
 class Solver {
   public:
     /// A new variable, which nothing holds yet.

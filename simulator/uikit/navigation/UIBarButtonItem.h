@@ -22,7 +22,7 @@ struct BarButtonItem : objc::Implements<BarButtonItem, UIBarButtonItem> {
         UIBarButtonSystemItem systemItem = no_system_item;
         bool enabled = true;
         CGFloat width = 0;
-        /// Where it is shown: is laid out anew when the item changes.
+        /// Where it is shown: laid out again when the item changes.
         objc::weak<UIView> bar;
     };
 

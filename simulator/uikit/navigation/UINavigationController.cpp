@@ -117,7 +117,7 @@ void NavigationController::tell_delegate(UIViewController* controller, bool anim
         delegate->send<Message>(self(), controller, animated);
 }
 
-// Those that leave are no children any more; of those that come and go only the tops appear and disappear.
+// Those that leave are no longer children; of those that come and go only the tops appear and disappear.
 void NavigationController::change_to(Stack stack, bool animated) {
     auto* self = this->self();
     const strong<UINavigationController> kept = self;

@@ -42,7 +42,7 @@ struct CollectionView : objc::Implements<CollectionView, UICollectionView> {
     strong<UICollectionView> initWithFrame(CGRect frame, UICollectionViewLayout* layout) {
         if (!as<UICollectionViewFlowLayout>(layout))
             sim::not_modelled("UICollectionView", "initWithFrame:collectionViewLayout:",
-                              "a layout that is no UICollectionViewFlowLayout");
+                              "a layout that is not a UICollectionViewFlowLayout");
         auto self = initialised_by_super<"initWithFrame:">(frame);
         if (!self) return nullptr;
         self->ivars().collectionViewLayout = layout;

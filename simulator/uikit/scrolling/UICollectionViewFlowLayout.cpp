@@ -1,4 +1,4 @@
-// Layouts in lines: what they are told. Where the items come to lie is in flow_layout.cpp.
+// Flow layouts: their settings. Where the items go is in flow_layout.cpp.
 #include "objc/class.h"
 #include "platform/scrolling.h"
 

@@ -48,7 +48,7 @@ UIEdgeInsets ScrollView::adjustedContentInset() {
             own.right + covered.right};
 }
 
-// What stood at the top goes on standing there when a bar comes or goes.
+// What was at the top stays at the top when a bar appears or disappears.
 void ScrollView::layoutSubviews() {
     super<"layoutSubviews">();
     const CGFloat covered = covered_edges_of(self()).top, before = ivars().covered_top;

@@ -120,7 +120,7 @@ struct StackView : objc::Implements<StackView, UIStackView> {
         return spacer;
     }
 
-    // Everything anew: what is arranged, and how, rarely changes.
+    // All of it again: what is arranged, and how, rarely changes.
     void arrange() {
         for (NSLayoutConstraint* old : ivars().constraints) old->setActive(false);
         ivars().constraints.clear();

@@ -27,7 +27,7 @@ bool Drag::wants_to_begin(UITouch* touch) {
     return false;
 }
 
-// From where the finger is now: the way that told the drag from a touch is not gone.
+// From where the finger is now: the distance that made the touch a drag does not scroll.
 void Drag::begin(UITouch* touch) {
     landing_ = touch->locationInView(nullptr);
     offset_ = scrolled_->contentOffset();

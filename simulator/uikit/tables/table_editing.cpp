@@ -116,7 +116,7 @@ CGFloat TableView::moved_aside(RowPlace place) {
     return 0;
 }
 
-// The cells are those of the rows that moved; only then is the data source told.
+// The cells have moved along with their rows by now; the data source is notified last.
 void TableView::end_moving(bool done) {
     if (!ivars().moving) return;
     auto* self = this->self();

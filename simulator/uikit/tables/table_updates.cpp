@@ -1,4 +1,5 @@
-// Tables: rows that come, go, move and are made anew, while the others keep their cells. Nothing is animated.
+// Tables: rows that are inserted, deleted, moved and reloaded, while the others keep their cells. Nothing is
+// animated.
 #include <algorithm>
 #include <string>
 

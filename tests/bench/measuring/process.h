@@ -26,7 +26,7 @@ Spent run(const Command& command, int worst = 0);
 Command compose(const std::filesystem::path& background, const std::vector<Layer>& layers,
                 const Command& options, const std::filesystem::path& picture);
 
-/// The simulator's PNG is quick rather than small: so ImageMagick is told to do the same.
+/// The simulator's PNG is quick rather than small: ImageMagick is set to do the same.
 extern const Command quick_png;
 
 }  // namespace bench

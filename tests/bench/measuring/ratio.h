@@ -15,7 +15,7 @@ struct Counted {
 struct Ratio {
     std::string what;
     std::string against;
-    /// What `what` may cost, in costs of `against`; nothing for a figure that is only told.
+    /// What `what` may cost, in costs of `against`; nothing for a figure that is only reported.
     std::optional<double> limit = {};
     /// Seconds.
     double cost = 0, cost_against = 0;

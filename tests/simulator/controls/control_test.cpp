@@ -16,7 +16,7 @@ class Controls : public Screen {
         target = nullptr;
         Screen::TearDown();
     }
-    /// Every touch event is told as a line of its own.
+    /// Every touch event is recorded as a line of its own.
     void listen_to_everything() {
         static constexpr std::pair<UIControlEvents, const char*> events[] = {
             {UIControlEventTouchDown, "down"},

@@ -129,7 +129,7 @@ TEST_F(ScrollViews, TellTheirDelegate) {
     EXPECT_EQ(just_heard(), (Heard{"scrollViewWillBeginDragging:", "scrollViewDidScroll:", "end"}));
 }
 
-TEST_F(ScrollViews, EdgesInConstraintsAreThoseOfTheContentAndCentresThoseOfTheFrame) {
+TEST_F(ScrollViews, ConstraintEdgesAreTheContentsAndCentresTheFrames) {
     auto inside = UIView::alloc()->init();
     inside->setTranslatesAutoresizingMaskIntoConstraints(false);
     scroll_view->addSubview(inside);

@@ -12,7 +12,7 @@ int ask(id, SEL question, id) {
     heard().emplace_back(sel_getName(question));
     return *Answer;
 }
-void tell(id, SEL message, id) { heard().emplace_back(sel_getName(message)); }
+void hear(id, SEL message, id) { heard().emplace_back(sel_getName(message)); }
 
 class TextFields : public Screen {
   protected:
@@ -23,9 +23,9 @@ class TextFields : public Screen {
         Class made = recording_class(
             "FieldDelegate", "NSObject",
             {recorded("textFieldShouldBeginEditing:", ask<&allows_beginning>, "B@:@"),
-             recorded("textFieldDidBeginEditing:", tell, "v@:@"),
+             recorded("textFieldDidBeginEditing:", hear, "v@:@"),
              recorded("textFieldShouldEndEditing:", ask<&allows_ending>, "B@:@"),
-             recorded("textFieldDidEndEditing:", tell, "v@:@"),
+             recorded("textFieldDidEndEditing:", hear, "v@:@"),
              recorded(
                  "textFieldShouldReturn:",
                  +[](id, SEL, UITextField* field) {
@@ -279,7 +279,7 @@ TEST_F(TextFields, TheAppearanceTintsFieldsThatComeIntoAWindowAfterwards) {
     auto* button = add<UIControl>({});
     EXPECT_EQ(rgba(later->tintColor()), (Rgba{1, 0, 0, 1}));
     EXPECT_EQ(rgba(own->tintColor()), (Rgba{0, 1, 0, 1})) << "what is set on the field itself wins";
-    EXPECT_EQ(rgba(button->tintColor()), blue) << "it is no text field";
+    EXPECT_EQ(rgba(button->tintColor()), blue) << "it is not a text field";
     UITextField::appearance()->setTintColor(color(0, 0, 1));
     later->removeFromSuperview();
     root->addSubview(later);

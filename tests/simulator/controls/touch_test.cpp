@@ -1,4 +1,4 @@
-// Touches: from points on the screen to the views that are told of them.
+// Touches: from points on the screen to the views that get them.
 #include "screen_test.h"
 
 namespace test {
@@ -38,20 +38,20 @@ TEST_F(Touches, ATapIsDownAndUp) {
 TEST_F(Touches, HiddenInvisibleAndDisabledViewsLetTheTouchThrough) {
     add_recorder({{0, 0}, {100, 100}}, 1);
     UIView* front = add_recorder({{0, 0}, {100, 100}}, 2);
-    auto told = [&] {
+    auto received = [&] {
         tap(10, 10);
         return just_heard().at(0);
     };
-    EXPECT_EQ(told(), "began 2 at 10 10");
+    EXPECT_EQ(received(), "began 2 at 10 10");
     front->setHidden(true);
-    EXPECT_EQ(told(), "began 1 at 10 10");
+    EXPECT_EQ(received(), "began 1 at 10 10");
     front->setHidden(false);
     front->setAlpha(0.009);
-    EXPECT_EQ(told(), "began 1 at 10 10");
+    EXPECT_EQ(received(), "began 1 at 10 10");
     front->setAlpha(0.02);
-    EXPECT_EQ(told(), "began 2 at 10 10");
+    EXPECT_EQ(received(), "began 2 at 10 10");
     front->setUserInteractionEnabled(false);
-    EXPECT_EQ(told(), "began 1 at 10 10");
+    EXPECT_EQ(received(), "began 1 at 10 10");
 }
 
 TEST_F(Touches, PartsOutsideTheirSuperviewAreNotTouched) {

@@ -1,4 +1,4 @@
-// View controllers: loading, presenting, dismissing, and what they are told.
+// View controllers: loading, presenting, dismissing, and the messages that they get.
 #include "screen_test.h"
 #include "support/block.h"
 
@@ -181,7 +181,7 @@ TEST_F(Controllers, OnlyAControllerIsPresented) {
     auto view = UIView::alloc()->initWithFrame({});
     EXPECT_EQ(sim_present(view.get()), SIM_MISUSE);
     EXPECT_STREQ(sim_last_error(),
-                 "sim_present: the object is of the class UIView, which is no UIViewController");
+                 "sim_present: the object is of the class UIView, which is not a UIViewController");
     EXPECT_EQ(sim_present(nullptr), SIM_MISUSE);
     EXPECT_EQ(sim_presented(nullptr), SIM_MISUSE);
     EXPECT_EQ(presented(), nullptr);

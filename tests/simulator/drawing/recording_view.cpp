@@ -5,7 +5,7 @@ namespace {
 
 void record(id self, const char* what) {
     const NSInteger tag = static_cast<UIView*>(self)->tag();
-    told().push_back(tag ? what + (" " + std::to_string(tag)) : what);
+    messages().push_back(tag ? what + (" " + std::to_string(tag)) : what);
 }
 
 template <objc::Name Selector>
@@ -37,7 +37,7 @@ Class recording_class() {
 
 }  // namespace
 
-std::vector<std::string>& told() {
+std::vector<std::string>& messages() {
     static std::vector<std::string> messages;
     return messages;
 }
@@ -45,7 +45,7 @@ std::vector<std::string>& told() {
 objc::strong<UIView> recording_view(CGRect frame, NSInteger tag) {
     auto view = objc::send<"alloc", UIView*>(reinterpret_cast<id>(recording_class()))->initWithFrame(frame);
     view->setTag(tag);
-    told().clear();
+    messages().clear();
     return view;
 }
 

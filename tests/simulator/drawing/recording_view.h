@@ -1,4 +1,4 @@
-// A view that writes down what it is told.
+// A view that records the messages that it gets.
 #pragma once
 #include <string>
 #include <vector>
@@ -7,9 +7,9 @@
 
 namespace test {
 
-/// What the recording views were told, in order: "didMoveToSuperview", "layoutSubviews 3" with the view's
-/// tag.
-std::vector<std::string>& told();
+/// The messages that the recording views got, in order: "didMoveToSuperview", "layoutSubviews 3" with the
+/// view's tag.
+std::vector<std::string>& messages();
 
 /// A new view of a class that records; the class is made when first asked for.
 objc::strong<UIView> recording_view(CGRect frame = {{0, 0}, {10, 10}}, NSInteger tag = 0);

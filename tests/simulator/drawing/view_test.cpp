@@ -11,7 +11,7 @@ using ViewTree = Drawing;
 using Tint = Drawing;
 using Layout = Drawing;
 using objc::strong;
-using Told = std::vector<std::string>;
+using Messages = std::vector<std::string>;
 
 std::vector<NSInteger> tags(UIView* view) {
     std::vector<NSInteger> result;
@@ -233,9 +233,9 @@ TEST_F(ViewTree, MovingWithinItsSuperviewTellsNobody) {
     auto root = recording_view(), child = recording_view();
     root->addSubview(tagged(1));
     root->addSubview(child);
-    told().clear();
+    messages().clear();
     root->insertSubview(child, 0);
-    EXPECT_EQ(told(), (Told{}));
+    EXPECT_EQ(messages(), (Messages{}));
 }
 
 TEST_F(ViewTree, OtherLayersKeepTheirPlaceAmongTheViews) {
@@ -252,10 +252,11 @@ TEST_F(ViewTree, OtherLayersKeepTheirPlaceAmongTheViews) {
 TEST_F(ViewTree, AddingAndRemovingIsToldInOrder) {
     auto root = recording_view({}, 1), child = recording_view({}, 2);
     root->addSubview(child);
-    EXPECT_EQ(told(), (Told{"willMoveToSuperview: 2", "didMoveToSuperview 2", "didAddSubview: 1"}));
-    told().clear();
+    EXPECT_EQ(messages(), (Messages{"willMoveToSuperview: 2", "didMoveToSuperview 2", "didAddSubview: 1"}));
+    messages().clear();
     child->removeFromSuperview();
-    EXPECT_EQ(told(), (Told{"willMoveToSuperview: 2", "willRemoveSubview: 1", "didMoveToSuperview 2"}));
+    EXPECT_EQ(messages(),
+              (Messages{"willMoveToSuperview: 2", "willRemoveSubview: 1", "didMoveToSuperview 2"}));
     EXPECT_EQ(child->superview(), nullptr);
     EXPECT_EQ(child->layer()->superlayer(), nullptr);
 }
@@ -367,30 +368,30 @@ TEST_F(Tint, AChangeIsToldToThoseWhoInheritIt) {
     root->addSubview(own);
     own->addSubview(below_own);
     own->setTintColor(UIColor::greenColor());
-    told().clear();
+    messages().clear();
     root->setTintColor(UIColor::redColor());
-    EXPECT_EQ(told(), (Told{"tintColorDidChange 1", "tintColorDidChange 2"}));
+    EXPECT_EQ(messages(), (Messages{"tintColorDidChange 1", "tintColorDidChange 2"}));
 }
 
 TEST_F(Tint, AnotherSuperviewMayChangeIt) {
     auto red_root = tagged(0), plain_root = tagged(0), child = recording_view({}, 1);
     red_root->setTintColor(UIColor::redColor());
     plain_root->addSubview(child);
-    EXPECT_EQ(std::count(told().begin(), told().end(), "tintColorDidChange 1"), 0);
+    EXPECT_EQ(std::count(messages().begin(), messages().end(), "tintColorDidChange 1"), 0);
     red_root->addSubview(child);
-    EXPECT_EQ(std::count(told().begin(), told().end(), "tintColorDidChange 1"), 1);
+    EXPECT_EQ(std::count(messages().begin(), messages().end(), "tintColorDidChange 1"), 1);
 }
 
 TEST_F(Layout, HappensOnceWhenItIsNeeded) {
     auto view = recording_view({{0, 0}, {10, 10}}, 1);
     view->layoutIfNeeded();
     view->layoutIfNeeded();
-    EXPECT_EQ(told(), (Told{"layoutSubviews 1"})) << "a new size needs layout";
-    told().clear();
+    EXPECT_EQ(messages(), (Messages{"layoutSubviews 1"})) << "a new size needs layout";
+    messages().clear();
     view->setNeedsLayout();
-    EXPECT_EQ(told(), Told{});
+    EXPECT_EQ(messages(), Messages{});
     view->layoutIfNeeded();
-    EXPECT_EQ(told(), (Told{"layoutSubviews 1"}));
+    EXPECT_EQ(messages(), (Messages{"layoutSubviews 1"}));
 }
 
 TEST_F(Layout, GoesFromTheTopDown) {
@@ -398,11 +399,11 @@ TEST_F(Layout, GoesFromTheTopDown) {
     root->addSubview(child);
     child->addSubview(grandchild);
     root->layoutIfNeeded();
-    told().clear();
+    messages().clear();
     grandchild->setNeedsLayout();
     child->setNeedsLayout();
     grandchild->layoutIfNeeded();
-    EXPECT_EQ(told(), (Told{"layoutSubviews 2", "layoutSubviews 3"}))
+    EXPECT_EQ(messages(), (Messages{"layoutSubviews 2", "layoutSubviews 3"}))
         << "the parents that need it come first";
 }
 
@@ -428,10 +429,10 @@ TEST_F(Layout, IsNeededAfterAChangeOfSizeOrSubviews) {
 TEST_F(Layout, TheLayersLayoutIsTheViews) {
     auto view = recording_view({{0, 0}, {10, 10}}, 1);
     view->layoutIfNeeded();
-    told().clear();
+    messages().clear();
     view->layer()->setNeedsLayout();
     view->layer()->layoutIfNeeded();
-    EXPECT_EQ(told(), (Told{"layoutSubviews 1"}));
+    EXPECT_EQ(messages(), (Messages{"layoutSubviews 1"}));
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 namespace test {
 namespace {
 
-/// What happened, as the views' classes tell it: "bounds 2", "layout 1", with the view's tag.
+/// What happened, as the views' classes record it: "bounds 2", "layout 1", with the view's tag.
 std::vector<std::string> heard;
 
 class LayoutPass : public ConstraintLayout {

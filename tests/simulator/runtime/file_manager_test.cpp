@@ -155,7 +155,8 @@ TEST_F(FileManager, CreatesFolders) {
     EXPECT_TRUE(manager->create("/new", false, &error)) << summary();
     EXPECT_TRUE(manager->create("/a/b/c", true, &error)) << summary();
     EXPECT_TRUE(fs::is_directory(phone.host("/a/b/c")));
-    EXPECT_TRUE(manager->create("/a/b/c", true, &error)) << "one that exists is no error with intermediates";
+    EXPECT_TRUE(manager->create("/a/b/c", true, &error))
+        << "one that exists is not an error with intermediates";
 }
 
 TEST_F(FileManager, CreatesFoldersWithPermissions) {

@@ -5,7 +5,7 @@
 #include "objc/class.h"
 #include "support/phone.h"
 
-/// Does as it is told when it goes, and keeps a weak reference itself.
+/// Runs a given action when it is deallocated, and keeps a weak reference itself.
 struct TSTMourner : objc::Interface<TSTMourner, "TSTMourner", NSObject> {
     static objc::strong<TSTMourner> make() { return class_send<"new", objc::strong<TSTMourner>>(); }
 };

@@ -133,7 +133,8 @@ TEST_F(ShownView, NilIsRefused) {
 
 TEST_F(ShownView, AnObjectThatIsNoViewIsRefused) {
     EXPECT_EQ(sim_show_view(CALayer::layer()), SIM_MISUSE);
-    EXPECT_STREQ(sim_last_error(), "sim_show_view: the object is of the class CALayer, which is no UIView");
+    EXPECT_STREQ(sim_last_error(),
+                 "sim_show_view: the object is of the class CALayer, which is not a UIView");
     EXPECT_EQ(sim_take_picture_of(UIView::class_object(), path().c_str(), 1), SIM_MISUSE) << "a class";
 }
 

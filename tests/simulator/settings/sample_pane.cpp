@@ -12,11 +12,11 @@ using namespace objc::literals;
 
 struct Pane : objc::Implements<Pane, SamplePane> {
     struct Ivars {
-        objc::strong<NSString> told;
+        objc::strong<NSString> log;
     };
 
     /// What was said to it, in order.
-    NSString* told() { return ivars().told; }
+    NSString* log() { return ivars().log; }
 
     objc::strong<SamplePane> init() {
         auto self = initialised_by_super<"init">();
@@ -48,7 +48,7 @@ struct Pane : objc::Implements<Pane, SamplePane> {
 
   private:
     void note(NSString* what) {
-        ivars().told = ivars().told ? ivars().told->stringByAppendingString(what) : what;
+        ivars().log = ivars().log ? ivars().log->stringByAppendingString(what) : what;
     }
 };
 
@@ -61,8 +61,8 @@ OBJC_IMAGE(nothing_to_do)
 using namespace objc::definition;
 
 OBJC_CLASS(SamplePane, PSViewController, Pane,
-           ivar<"_told", &Pane::Ivars::told>,
-           method<"told", &Pane::told>,
+           ivar<"_log", &Pane::Ivars::log>,
+           method<"log", &Pane::log>,
            method<"init", &Pane::init>,
            method<"setRootController:", &Pane::setRootController>,
            method<"setParentController:", &Pane::setParentController>,

@@ -125,7 +125,7 @@ TEST_F(Settings, LoadsTheCodeWhenTheRowIsTouchedAndShowsThePage) {
     ASSERT_NE(objc_getClass("SamplePane"), nullptr);
     auto* page = static_cast<PSViewController*>(root()->topViewController());
     EXPECT_STREQ(object_getClassName(page), "SamplePane");
-    EXPECT_EQ(utf8(page->send<"told", NSString*>()), "init root parent specifier view ");
+    EXPECT_EQ(utf8(page->send<"log", NSString*>()), "init root parent specifier view ");
     EXPECT_EQ(page->rootController(), root());
     EXPECT_EQ(page->parentController(), root()->viewControllers()->objectAtIndex(0));
     EXPECT_EQ(utf8(page->specifier()->name()), "Sample");
@@ -174,7 +174,7 @@ TEST_F(Settings, AClassThatIsNoPageIsNotShown) {
     testing::internal::CaptureStderr();
     tap("Sample");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Settings: NotAPage is no subclass of PSViewController; nothing is shown\n");
+              "Settings: NotAPage is not a subclass of PSViewController; nothing is shown\n");
     EXPECT_EQ(root()->viewControllers()->count(), 1u);
 }
 

@@ -285,7 +285,7 @@ TEST_F(DoctorOfSystems, ThePageOfRealSystemsShowsWhatIsPrinted) {
     const std::string writing =
         SOURCE_FOLDER "/tools/huecraft/doctor/write_page " HUECRAFT_COMMAND " " + page + " > " + again;
     ASSERT_EQ(std::system(writing.c_str()), 0);
-    EXPECT_EQ(contents(again), contents(page)) << "write it anew, as the page says";
+    EXPECT_EQ(contents(again), contents(page)) << "write it again, as the page says";
     EXPECT_GT(lines(contents(page)), 100u);
 }
 

@@ -81,7 +81,7 @@ TEST_F(Doctor, TheSimulatedPhoneIsDescribedAsItIs) {
     const Outcome run = this->run({"doctor", "--describe"});
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.out, simulated())
-        << "write it anew: huecraft doctor --describe > resources/devices/simulated-12.4.txt";
+        << "write it again: huecraft doctor --describe > resources/devices/simulated-12.4.txt";
 }
 
 TEST_F(Doctor, AMissingMethodIsToldWithWhatUsersSee) {

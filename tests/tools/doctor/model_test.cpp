@@ -53,7 +53,7 @@ TEST_F(ModelAgainstSystem, NothingOnTheListIsStale) {
     const auto all = differences();
     for (const auto& [difference, reason] : kept())
         EXPECT_NE(std::find(all.begin(), all.end(), difference), all.end())
-            << difference << " is no difference any more";
+            << difference << " is not a difference any longer";
 }
 
 TEST_F(ModelAgainstSystem, TheKnownDifferencesAreSeen) {

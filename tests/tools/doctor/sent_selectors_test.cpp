@@ -29,7 +29,7 @@ size_t occurrences(const std::string& text, const std::string& part) {
     return count;
 }
 
-/// What another object implements is no class's; and the dumps were not searched for some classes.
+/// What another object implements is not a class's; and the dumps were not searched for some classes.
 bool is_recorded(const std::string& owner) {
     static const std::set<std::string> unrecorded{"NSBundle",
                                                   "NSIndexSet",
@@ -74,7 +74,7 @@ Declared declared_in_platform() {
     return all;
 }
 
-/// What a description tells: classes with their superclasses, and methods.
+/// What a description says: classes with their superclasses, and methods.
 struct Described {
     std::map<std::string, std::string> superclasses;
     std::set<std::string> methods;
@@ -139,7 +139,7 @@ TEST(SentSelectors, EveryOneIsARealMethodOrHasItsReason) {
     for (const std::string& method : declared.methods)
         EXPECT_TRUE(described.has(method) || exceptions().contains(method))
             << "iOS 12.4 has no " << method
-            << ": describe the systems anew (resources/devices/make), or give a reason among the exceptions";
+            << ": describe the systems again (resources/devices/make), or give a reason among the exceptions";
 }
 
 TEST(SentSelectors, NoExceptionIsStale) {
@@ -151,7 +151,7 @@ TEST(SentSelectors, NoExceptionIsStale) {
     }
 }
 
-// Of selectors that other classes have as well, the dylib cannot tell to whom it sends them.
+// Where other classes have a selector as well, the dylib does not show which of them it sends it to.
 TEST(SentSelectors, WhatTheModelAloneSendsIsNotInTheDylib) {
     const Declared declared = declared_in_platform();
     std::map<std::string, int> owners;

@@ -11,6 +11,7 @@
 #include <cstring>
 
 #include "png.h"
+#include "support/base64.h"
 
 namespace test {
 
@@ -86,7 +87,7 @@ double number(const std::string& text) {
 
 }  // namespace
 
-std::string ShownTheme::downloaded() const { return decoded(after(href, ";base64,")); }
+std::string ShownTheme::downloaded() const { return from_base64(after(href, ";base64,")); }
 
 GalleryPage::GalleryPage(std::string html) : html_(std::move(html)) {
     document_.reset(xmlReadMemory(html_.data(), static_cast<int>(html_.size()), "page", "UTF-8",
@@ -103,7 +104,7 @@ GalleryPage::GalleryPage(std::string html) : html_(std::move(html)) {
         shown.alt = only(found(theme + "/img/@alt"));
         const std::string source = only(found(theme + "/img/@src"));
         shown.media_type = after(source.substr(0, source.find(';')), "data:");
-        shown.picture = decoded(after(source, ";base64,"));
+        shown.picture = from_base64(after(source, ";base64,"));
         shown.digest = only(found(theme + "/@data-theme-sha256"));
         shown.colour = number(only(found(theme + "/@data-colour")));
         shown.contrast = number(only(found(theme + "/@data-contrast")));

@@ -19,7 +19,7 @@ class A12PackageCheck : public PackageTree {
     void put_together(const std::string& slices) const {
         shell("'" LIPO "' -create " + slices + " -output '" + dylib + "'");
     }
-    /// Leaves one signature of the arm64e slice out, and signs the file anew.
+    /// Leaves one signature of the arm64e slice out, and signs the file again.
     void leave_out(int number) const {
         take_apart();
         shell("'" LEAVE_OUT "' arm64e " + std::to_string(number) + " changed > what");
@@ -87,7 +87,7 @@ TEST_F(A12PackageCheck, AnInstructionThatDiffersIsFound) {
     EXPECT_NE(run.out.find("  not ok one code: found the arm64e slice is not what it was made of: a byte"),
               run.out.npos)
         << run.out;
-    EXPECT_EQ(run.out.find("not ok arm64e: signature"), run.out.npos) << "it was signed anew: " << run.out;
+    EXPECT_EQ(run.out.find("not ok arm64e: signature"), run.out.npos) << "it was signed again: " << run.out;
 }
 
 TEST_F(A12PackageCheck, TheArm64SliceUnderTheOthersNameIsFound) {

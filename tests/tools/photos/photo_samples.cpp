@@ -13,22 +13,10 @@
 // It needs <cstdio> before it.
 #include <jpeglib.h>
 
+#include "support/base64.h"
+
 namespace test {
 namespace {
-
-std::string from_base64(const std::string& text) {
-    std::string bytes;
-    unsigned bits = 0, value = 0;
-    for (char c : text) {
-        const char* digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-        const char* found = c ? std::strchr(digits, c) : nullptr;
-        if (!found) continue;
-        value = value << 6 | static_cast<unsigned>(found - digits);
-        bits += 6;
-        if (bits >= 8) bytes += static_cast<char>(value >> (bits -= 8) & 255);
-    }
-    return bytes;
-}
 
 std::vector<uint8_t> packed(const Sample& picture) {
     std::vector<uint8_t> bytes;
@@ -171,19 +159,6 @@ std::string heic_of(const Sample& picture) {
     heif_encoder_release(encoder);
     heif_context_free(context);
     return file;
-}
-
-std::string in_base64(const std::string& bytes) {
-    const char* digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string text;
-    for (size_t i = 0; i < bytes.size(); i += 3) {
-        unsigned value = 0;
-        for (size_t j = 0; j < 3; ++j)
-            value = value << 8 | (i + j < bytes.size() ? static_cast<unsigned char>(bytes[i + j]) : 0u);
-        for (size_t j = 0; j < 4; ++j)
-            text += i + j > bytes.size() ? '=' : digits[value >> (18 - 6 * j) & 63];
-    }
-    return text;
 }
 
 std::string wide_profile() {

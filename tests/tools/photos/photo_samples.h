@@ -33,8 +33,6 @@ std::string heic_of(const Sample& picture);
 /// The profile of a wider space: Display P3.
 std::string wide_profile();
 
-std::string in_base64(const std::string& bytes);
-
 /// The picture in a theme's file, which is XML.
 Sample picture_in(const std::string& theme);
 /// What it is kept as, and how many bytes.

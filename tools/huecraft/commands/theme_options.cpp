@@ -121,7 +121,7 @@ std::vector<std::string> ThemeOptions::take_colours(HuecraftConfig* config,
                                   hex_of(advice.pair.highlights) + " for highlights"};
     if (advice.changes_background())
         done.push_back("the picture is " + treatment_in_words(advice) +
-                       ", so that both can be told everywhere");
+                       ", so that both stand out everywhere");
     return done;
 }
 

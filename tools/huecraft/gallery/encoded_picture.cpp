@@ -1,14 +1,14 @@
 // Pictures of keyboards as small files.
 #include "gallery/encoded_picture.h"
 
-#include <png.h>
 #include <webp/encode.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <new>
 #include <unordered_map>
+
+#include "photos/png_file.h"
 
 namespace command {
 namespace {
@@ -112,12 +112,7 @@ std::string png_of(const KeyboardPixels& picture, const std::vector<Shade>& shad
     image.height = static_cast<png_uint_32>(picture.height);
     image.format = PNG_FORMAT_RGB_COLORMAP;
     image.colormap_entries = static_cast<png_uint_32>(palette.size());
-    png_alloc_size_t length = PNG_IMAGE_PNG_SIZE_MAX(image);
-    std::string file(length, '\0');
-    if (!png_image_write_to_memory(&image, file.data(), &length, 0, indices.data(), 0, colours.data()))
-        throw std::bad_alloc();
-    file.resize(length);
-    return file;
+    return png_file(image, indices, colours);
 }
 
 std::optional<std::string> with_palette(const KeyboardPixels& picture, size_t most_bytes) {

@@ -1,6 +1,8 @@
 // The themes on the page of a gallery.
 #include "gallery/page.h"
 
+#include <nettle/base64.h>
+
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
@@ -34,17 +36,8 @@ std::string shown(std::string_view text) {
 }
 
 std::string base64(std::string_view bytes) {
-    constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string text;
-    text.reserve((bytes.size() + 2) / 3 * 4);
-    for (size_t i = 0; i < bytes.size(); i += 3) {
-        auto byte = [&](size_t at) { return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0u; };
-        const unsigned three = byte(i) << 16 | byte(i + 1) << 8 | byte(i + 2);
-        text += digits[three >> 18];
-        text += digits[three >> 12 & 63];
-        text += i + 1 < bytes.size() ? digits[three >> 6 & 63] : '=';
-        text += i + 2 < bytes.size() ? digits[three & 63] : '=';
-    }
+    std::string text(BASE64_ENCODE_RAW_LENGTH(bytes.size()), '\0');
+    base64_encode_raw(text.data(), bytes.size(), reinterpret_cast<const uint8_t*>(bytes.data()));
     return text;
 }
 

@@ -1,11 +1,9 @@
 // Pictures as themes keep them.
-#include <png.h>
-
 #include <cstdlib>
-#include <new>
 
 #include "photos/jpeg_library.h"
 #include "photos/photo.h"
+#include "photos/png_file.h"
 
 namespace command {
 namespace {
@@ -50,12 +48,7 @@ std::string png_of(const Picture& picture, bool opaque) {
     image.height = static_cast<png_uint_32>(picture.height);
     image.format = opaque ? PNG_FORMAT_RGB : PNG_FORMAT_RGBA;
     const auto& pixels = opaque ? packed : picture.pixels;
-    png_alloc_size_t length = PNG_IMAGE_PNG_SIZE_MAX(image);
-    std::string file(length, '\0');
-    if (!png_image_write_to_memory(&image, file.data(), &length, 0, pixels.data(), 0, nullptr))
-        throw std::bad_alloc();
-    file.resize(length);
-    return file;
+    return png_file(image, pixels);
 }
 
 }  // namespace

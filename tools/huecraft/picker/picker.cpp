@@ -24,7 +24,7 @@ const std::map<std::string, tools::Screen> screens{
 
 const char* name_of(Kind kind) {
     switch (kind) {
-        case Kind::told: return "told";
+        case Kind::notified: return "notified";
         case Kind::shook: return "shook";
         case Kind::closed: return "closed";
         case Kind::raised: return "raised";
@@ -112,7 +112,7 @@ struct Picker {
 
     static std::string in_words(const PickerEvent& event) {
         switch (event.kind) {
-            case Kind::told:
+            case Kind::notified:
                 return "the delegate received " + toned(Tone::strong, event.first) + ", the text " +
                        in_quotes(event.second);
             case Kind::shook: return "the panel shook: the input was refused";
@@ -146,7 +146,7 @@ struct Picker {
         Json json{{"event", name_of(event.kind)},
                   {"line", event.line ? Json(event.line) : Json(nullptr)},
                   {"time", event.time}};
-        if (event.kind == Kind::told) json.update({{"color", event.first}, {"text", event.second}});
+        if (event.kind == Kind::notified) json.update({{"color", event.first}, {"text", event.second}});
         if (event.kind == Kind::stood_still) json["picture"] = event.first + ".png";
         if (event.kind == Kind::raised) json.update({{"name", event.first}, {"reason", event.second}});
         return json;

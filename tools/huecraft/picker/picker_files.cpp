@@ -101,7 +101,8 @@ EditedTheme::EditedTheme(const Workshop& workshop, std::string file, const std::
       form_(parse_property_list(contents_, file_).form),
       config_(load_theme(workshop, file_, contents_).config) {
     if (!config_->getConfigName())
-        throw Unusable(file_, "the theme has no name (_ConfigName), and the library saves none without");
+        throw Unusable(file_,
+                       "the theme has no name (_ConfigName), and the library saves no theme without one");
 }
 
 UIColor* EditedTheme::colour() const {

@@ -88,8 +88,8 @@ class Session {
         open();
     }
 
-    void told(UIColor* colour, NSString* hex) {
-        note(PickerEvent::Kind::told, utf8(HCCITool::hexStringFromColor(colour)), utf8(hex));
+    void notified(UIColor* colour, NSString* hex) {
+        note(PickerEvent::Kind::notified, utf8(HCCITool::hexStringFromColor(colour)), utf8(hex));
         if (setup_.chosen) setup_.chosen(colour);
     }
 
@@ -155,10 +155,10 @@ Session* playing = nullptr;
 
 strong<NSObject> made_delegate() {
     Class type = objc_allocateClassPair(objc_getClass("NSObject"), "HuecraftCommandDelegate", 0);
-    class_addMethod(
-        type, objc::selector<"colorPickerReturnedWithColor:andHexString:">(),
-        reinterpret_cast<IMP>(+[](id, SEL, UIColor* colour, NSString* hex) { playing->told(colour, hex); }),
-        "v@:@@");
+    class_addMethod(type, objc::selector<"colorPickerReturnedWithColor:andHexString:">(),
+                    reinterpret_cast<IMP>(
+                        +[](id, SEL, UIColor* colour, NSString* hex) { playing->notified(colour, hex); }),
+                    "v@:@@");
     objc_registerClassPair(type);
     return objc::adopt(objc::send<"new", NSObject*>(reinterpret_cast<id>(type)));
 }

@@ -12,7 +12,7 @@ namespace command {
 
 /// Something that happened to the picker, or that it did.
 struct PickerEvent {
-    enum class Kind { told, shook, closed, raised, stood_still } kind;
+    enum class Kind { notified, shook, closed, raised, stood_still } kind;
     /// Of the script; 0 while the picker opened at first.
     size_t line = 0;
     /// Seconds since then.

@@ -1,4 +1,4 @@
-// Colours as the command reckons with them, and the system's.
+// Colours as the command computes with them, and the system's.
 #pragma once
 #include "platform/uikit.h"
 #include "readability/colour.h"

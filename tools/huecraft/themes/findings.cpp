@@ -181,7 +181,7 @@ class Inspector {
                 "add a picture, or remove the key");
         } else if (!theme_.config->getImage()) {
             add(error, ThemeKey::image, found(value), "the data of a PNG picture",
-                "it cannot be decoded; save the picture anew");
+                "it cannot be decoded; save the picture again");
         }
     }
 

@@ -1,5 +1,5 @@
 // Reading binary property lists.
-#include "property_list_reading.h"
+#include "reading.h"
 
 namespace test {
 namespace {
@@ -59,7 +59,7 @@ TEST_F(PropertyListReading, BinaryStringWithHalfACharacterIsRefused) {
 
 TEST_F(PropertyListReading, BinaryDateThatIsNoMomentIsRefused) {
     expect_refused(binary_list({std::string("\x33\x7f\xf8\0\0\0\0\0\0", 9)}));
-    EXPECT_EQ(reason(), "a date is no moment in time");
+    EXPECT_EQ(reason(), "a date is not a moment in time");
     expect_refused(binary_list({std::string("\x33\x7f\xf0\0\0\0\0\0\0", 9)}));
 }
 
@@ -122,11 +122,11 @@ TEST_F(PropertyListReading, BinaryMistakesAreRefused) {
     expect_refused(binary_list({}));
     expect_refused(binary_list({"\xa1\x05"}));                                  // no such object
     expect_refused(binary_list({"\xaf\x13\x7f\xff\xff\xff\xff\xff\xff\xff"}));  // a length beyond the file
-    expect_refused(binary_list({"\x5f\x51"}));                                  // a length that is no number
-    expect_refused(binary_list({"\x61"}));                                      // cut short
-    expect_refused(binary_list({"\x51\x80"}));                                  // ASCII that is none
-    expect_refused(binary_list({"\xd1\x01\x01", "\x09"}));                      // a key that is no string
-    expect_refused(binary_list({"\x80\x01"}));                                  // an archiver's reference
+    expect_refused(binary_list({"\x5f\x51"}));              // a length that is not a number
+    expect_refused(binary_list({"\x61"}));                  // cut short
+    expect_refused(binary_list({"\x51\x80"}));              // ASCII that is none
+    expect_refused(binary_list({"\xd1\x01\x01", "\x09"}));  // a key that is not a string
+    expect_refused(binary_list({"\x80\x01"}));              // an archiver's reference
     expect_refused(binary_list({"\x70"}));
     expect_refused(binary_list({"\x20\x01"}));
     expect_refused(binary_list({"\x15" + std::string(32, '\1')}));

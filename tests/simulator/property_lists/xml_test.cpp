@@ -1,5 +1,5 @@
 // Reading XML property lists: what the device takes and what it refuses.
-#include "property_list_reading.h"
+#include "reading.h"
 
 namespace test {
 namespace {

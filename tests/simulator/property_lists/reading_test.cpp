@@ -1,5 +1,5 @@
 // Reading property lists of any format: what they have in common, and that nothing in a file can do harm.
-#include "property_list_reading.h"
+#include "reading.h"
 
 namespace test {
 namespace {

@@ -1,5 +1,5 @@
 // Reading property lists of the old form.
-#include "property_list_reading.h"
+#include "reading.h"
 
 namespace test {
 namespace {
