@@ -129,7 +129,8 @@ check_folders() {
     files -true | xargs -0 -r -n1 dirname | sort | uniq -c | awk '$1 > 25 { print $2 ": " $1 " files side by side" }'
 }
 
-check_whitespace() { files -true | xargs -0 -r grep -HnIE '[[:space:]]+$' || true; }
+# The forever corpus has files as others wrote them.
+check_whitespace() { files -not -path './tests/corpus/*.plist' | xargs -0 -r grep -HnIE '[[:space:]]+$' || true; }
 
 # Every relative link of a page leads to a file.
 check_links() {
