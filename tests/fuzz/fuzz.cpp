@@ -6,8 +6,6 @@
 #include <cstdlib>
 #include <optional>
 
-#include "objc/string.h"
-
 namespace fuzz {
 
 test::Phone& phone(const test::Phone::Options& options) {
@@ -32,11 +30,3 @@ void clear_folder(const std::string& device_path) {
 }
 
 }  // namespace fuzz
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    objc::adopt_strings();
-    // What a target expects, and does not hold, is a finding.
-    testing::FLAGS_gtest_break_on_failure = true;
-    setenv("HUECRAFT_LIBRARY", FUZZED_LIBRARY, 0);
-    return 0;
-}

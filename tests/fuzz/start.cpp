@@ -1,0 +1,14 @@
+// How every target that needs the runtime begins.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "objc/string.h"
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    objc::adopt_strings();
+    // What a target expects, and does not hold, is a finding.
+    testing::FLAGS_gtest_break_on_failure = true;
+    setenv("HUECRAFT_LIBRARY", FUZZED_LIBRARY, 0);
+    return 0;
+}
