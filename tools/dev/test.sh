@@ -3,13 +3,14 @@
 
 help_test() {
     cat <<END
-usage: ./dev test [--arm64 | --sanitize] [--faults] [--only <regex> | --changed [<commit>]]
+usage: ./dev test [--arm64 | --sanitize | --threads] [--faults] [--only <regex> | --changed [<commit>]]
 
 Builds and runs the tests, as many at once as there are processors: all of them on this machine's processor, and on arm64,
 under qemu, those of the library, the seam, the simulator and the loader. Prints a line for each program, all that failed,
 ctest's summary, and where the time went. The programs run each of their cases in a process of its own.
   --arm64               on arm64 alone (build/arm64; docs/arm64.md)
   --sanitize            with the address and undefined-behaviour sanitizers (build/sanitize), on this machine's processor alone
+  --threads             the library asked from sixteen threads, under the thread sanitizer, and nothing else
   --faults              only the cases in which system calls fail, with every fault at every call of the command (minutes)
   --only <regex>        only the cases whose names match, a line for each
   --changed [<commit>]  only the programs that are built of what differs from the commit (HEAD unless given) or is not
@@ -36,6 +37,11 @@ command_test() {
             --arm64 | --sanitize)
                 [[ -z $preset || $preset == "${1#--}" ]] || misuse "--arm64 and --sanitize exclude each other" test
                 preset=${1#--} && shift
+                ;;
+            --threads)
+                (($# == 1)) || misuse "--threads stands alone" test
+                test_threads
+                return
                 ;;
             --faults)
                 export HUECRAFT_FAULTS=all
@@ -81,6 +87,54 @@ command_test() {
         printf 'subdirs("%s")\n' "$root/build/release" "$root/build/arm64" >build/tests/CTestTestfile.cmake
         run_tests build/tests --test-dir build/tests --output-on-failure --no-tests=error --timeout 120
     fi
+}
+
+# The library and its test are compiled for it. What they rest on is that a race which is there is seen.
+test_threads() {
+    build release race_tests
+    local program=$root/build/release/bin/race_tests log=$root/build/known-race.log
+    export HUECRAFT_LIBRARY=$root/build/release/lib/libraced_library.so
+    export TSAN_OPTIONS="exitcode=66:detect_deadlocks=0:suppressions='$root/tests/races.supp'"
+    "$program" --gtest_filter='-KnownRace.*' || fail "the threads' tests failed"
+    if "$program" --gtest_filter='KnownRace.*' >"$log" 2>&1 || ! grep -q 'data race .*threads_test\.cpp' "$log"; then
+        fail "a race that is known was not seen: $log"
+    fi
+    echo "A race that is known is seen, and there is none in the library."
+}
+
+# --- endure --------------------------------------------------------------------------------------------
+
+help_endure() {
+    cat <<END
+usage: ./dev endure [--count <number>]
+
+Does the same over and over in one process, and measures what the process holds: so many appearances of the keyboard in
+changing themes (1000000 unless given), a tenth as many sittings with the colour picker, and a hundredth as many openings of
+the settings pane. Tables and plots go into out/endurance. Fails when a repetition keeps memory or a file open.
+END
+}
+
+command_endure() {
+    local count=1000000
+    while (($#)); do
+        case $1 in
+            --count)
+                [[ ${2:-} =~ ^[1-9][0-9]*$ ]] || misuse "--count needs a number" endure
+                count=$2 && shift 2
+                ;;
+            *) misuse "endure takes no '$1'" endure ;;
+        esac
+    done
+    build release endurance_tests
+    export HUECRAFT_ENDURE=$count HUECRAFT_ENDURE_FIGURES=$root/out/endurance
+    export HUECRAFT_LIBRARY=$root/build/release/lib/HuecraftiOS12.so HUECRAFT_PANE=$root/build/release/lib/HuecraftSettings.so
+    local each status=0
+    # A process has one phone.
+    for each in AKeyboard APicker ThePane; do
+        "$root/build/release/bin/endurance_tests" --here --gtest_brief=1 --gtest_filter="*.$each*" || status=1
+    done
+    echo "Figures: $root/out/endurance"
+    return "$status"
 }
 
 # what_a_change_can_break <commit> <build folder>: the options that make ctest run it, a line each; "nothing" if nothing differs.
