@@ -158,6 +158,11 @@ TEST_F(CommandFaults, PickerWritesPicturesAndRecentColours) {
                 "pictures/shown.png");
 }
 
+TEST_F(CommandFaults, PaneWritesPictures) {
+    try_command({"pane", "--script", in_work("script"), "--scale", "1", "-o", in_work("pictures")},
+                "pictures/shown.png");
+}
+
 TEST_F(CommandFaults, PickerSavesThemeAndRecentColours) {
     try_command({"picker", "--script", in_work("select"), "--theme", in_work("in.plist"), "--device",
                  in_work("device"), "--color", "123456", "--save"},
@@ -190,10 +195,11 @@ TEST_F(CommandFaults, WhatAKillLeavesIsClearedByTheNextRun) {
 
 /// A subcommand that comes is listed here, and has a case above if it writes a file.
 TEST_F(CommandFaults, EverySubcommandIsKnownToWriteOrNot) {
-    const std::set<std::string> known{
-        "new", "edit", "convert", "import", "lint", "keyboard", "preview", "gallery", "pack", "picker",
-        // These print, or write on a phone alone.
-        "show", "package-check", "doctor", "completions", "man", "help", "send"};
+    const std::set<std::string> known{"new", "edit", "convert", "import", "lint", "keyboard", "preview",
+                                      "gallery", "pack", "picker", "pane",
+                                      // These print, or write on a phone alone.
+                                      "show", "package-check", "doctor", "completions", "man", "help",
+                                      "send"};
     const std::string output = work.path() / "help";
     run_with_fault(
         [&] {
