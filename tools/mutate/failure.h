@@ -1,0 +1,11 @@
+// What the user is told when there is nothing to go on with.
+#pragma once
+#include <stdexcept>
+
+namespace mutate {
+
+struct Failure : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+}  // namespace mutate

@@ -1,0 +1,44 @@
+#include "judges.h"
+
+#include "files.h"
+
+namespace mutate {
+
+std::vector<Judges> read_judges(const fs::path& list) {
+    std::vector<Judges> all;
+    std::istringstream lines(read_file(list));
+    std::string line, word;
+    for (size_t number = 1; std::getline(lines, line); ++number) {
+        if (line.empty() || line.front() == '#') continue;
+        Judges judges;
+        std::istringstream words(line);
+        words >> judges.folder >> judges.image;
+        while (words >> word) {
+            const size_t equals = word.find('=');
+            if (equals == word.npos)
+                judges.programs.push_back(word);
+            else
+                judges.variables.emplace_back(word.substr(0, equals), word.substr(equals + 1));
+        }
+        if (judges.programs.empty() || judges.variables.empty())
+            throw Failure(list.string() + ":" + std::to_string(number) +
+                          ": expected <folder> <image> <variable>=<path>... <program>..., found '" + line +
+                          "'");
+        all.push_back(std::move(judges));
+    }
+    return all;
+}
+
+const Judges& judges_of(const std::vector<Judges>& list, const std::string& file) {
+    const Judges* nearest = nullptr;
+    for (const Judges& judges : list)
+        if ((file == judges.folder || file.starts_with(judges.folder + "/")) &&
+            (!nearest || judges.folder.size() > nearest->folder.size()))
+            nearest = &judges;
+    if (nearest) return *nearest;
+    std::string folders;
+    for (const Judges& judges : list) folders += (folders.empty() ? "" : ", ") + judges.folder;
+    throw Failure(file + ": no tests judge it; expected a source in one of " + folders);
+}
+
+}  // namespace mutate
