@@ -14,6 +14,12 @@ class ColourText : public testing::Test {
     unsigned scanned(std::string_view digits) {
         return objc::send<"intFromString:", unsigned>(tool, text(digits));
     }
+    unsigned scanned_units(const char16_t (&units)[3]) {
+        const objc::AutoreleasePool pool;
+        return objc::send<"intFromString:", unsigned>(
+            tool, NSString::class_send<"stringWithCharacters:length:", NSString*>(
+                      static_cast<const char16_t*>(units), NSUInteger{3}));
+    }
     bool letters_valid(std::string_view s) {
         return objc::send<"isValidHexColorLetter:", bool>(tool, text(s));
     }
@@ -103,6 +109,29 @@ TEST_F(ColourText, TheScanSkipsWhiteSpaceWhereItDoesNotSkipHashes) {
     EXPECT_EQ(scanned("  12345"), 0u) << "seven units: only hashes are skipped";
 }
 
+TEST_F(ColourText, TheScanSkipsEveryKindOfSpaceAndNoOtherCharacter) {
+    const auto is_space = [](unsigned unit) {
+        for (const auto& [first, last] :
+             std::initializer_list<std::pair<unsigned, unsigned>>{{0x9, 0xd},
+                                                                  {0x20, 0x20},
+                                                                  {0x85, 0x85},
+                                                                  {0xa0, 0xa0},
+                                                                  {0x1680, 0x1680},
+                                                                  {0x2000, 0x200b},
+                                                                  {0x2028, 0x2029},
+                                                                  {0x202f, 0x202f},
+                                                                  {0x205f, 0x205f},
+                                                                  {0x3000, 0x3000}})
+            if (unit >= first && unit <= last) return true;
+        return false;
+    };
+    for (unsigned unit = 1; unit <= 0x3100; ++unit) {
+        if (unit < 0x80 && std::isxdigit(static_cast<int>(unit))) continue;
+        const char16_t units[] = {static_cast<char16_t>(unit), '1', '2'};
+        EXPECT_EQ(scanned_units(units), is_space(unit) ? 0x12u : 0u) << std::hex << unit;
+    }
+}
+
 TEST_F(ColourText, TheScanEndsAtTheFirstOtherCharacter) {
     EXPECT_EQ(scanned("12zz"), 0x12u);
     EXPECT_EQ(scanned("xyz"), 0u);
@@ -164,6 +193,11 @@ TEST_F(ColourText, NothingIsClamped) {
     EXPECT_EQ(written(color(-1, 0, 0)), "#FFFFFF010000");
     EXPECT_EQ(written(color(0, 0, 1, 1.5)), "#0000FF") << "opaque all the same";
     EXPECT_EQ(written(color(0, 0, 1, -1)), "#0000FFFFFFFF01");
+}
+
+TEST_F(ColourText, BeyondTheRangeTheNearestIntegerIsWritten) {
+    EXPECT_EQ(written(color(1e12, 0, 0)), "#7FFFFFFF0000");
+    EXPECT_EQ(written(color(-1e12, 0, 0)), "#800000000000");
 }
 
 TEST_F(ColourText, AnAlphaThatIsNoNumberIsWritten) { EXPECT_EQ(written(color(1, 0, 0, NAN)), "#FF000000"); }
