@@ -194,6 +194,21 @@ TEST_F(ImageTools, TheAverageWithAlphaIsDarkenedByAlphaTwice) {
         << "premultiplied by alpha, and multiplied once more";
 }
 
+TEST_F(ImageTools, TheAverageWithAlphaHasEachComponentInItsPlace) {
+    const Rgba mean = average_with_alpha(filled_image(color(51 / 255.0, 102 / 255.0, 204 / 255.0), 4, 4));
+    EXPECT_NEAR(mean.red, 51 / 255.0, 1e-9);
+    EXPECT_NEAR(mean.green, 102 / 255.0, 1e-9);
+    EXPECT_NEAR(mean.blue, 204 / 255.0, 1e-9);
+}
+
+TEST_F(ImageTools, TheFaintestAverageWithAlphaIsDarkenedTwiceAsWell) {
+    const Rgba mean = average_with_alpha(filled_image(color(1, 1, 1, 1 / 255.0), 4, 4));
+    EXPECT_NEAR(mean.alpha, 1 / 255.0, 1e-9);
+    EXPECT_NEAR(mean.red, mean.alpha * mean.alpha, 1e-9);
+    EXPECT_NEAR(mean.green, mean.alpha * mean.alpha, 1e-9);
+    EXPECT_NEAR(mean.blue, mean.alpha * mean.alpha, 1e-9);
+}
+
 TEST_F(ImageTools, TheAverageWithAlphaOfAFullyTransparentImageHasNoAlpha) {
     EXPECT_EQ(average_with_alpha(filled_image(UIColor::clearColor(), 4, 4)), (Rgba{0, 0, 0, 0}));
 }
