@@ -29,6 +29,7 @@ set(HUECRAFT_PANE_SOURCES
     ${HUECRAFT_DESCRIBED_SUBJECTS}
     ${HUECRAFT_HOOKED_METHODS}
     image.cpp
+    drawing/kept_pictures.cpp
     model/report.cpp
     screens/HuecraftSettingsController.cpp
     screens/applying.cpp

@@ -1,6 +1,7 @@
 // What the rows of a list of themes show: see the header.
 #include "pane/screens/theme_rows.h"
 
+#include "pane/drawing/kept_pictures.h"
 #include "pane/model/themes.h"
 #include "pane/texts.h"
 
@@ -33,14 +34,22 @@ ThemeRows::Shown ThemeRows::look_up(NSString* folder, NSString* file) {
     if (auto* known = static_cast<NSArray*>(known_->objectForKey(key)))
         return {static_cast<NSString*>(known->objectAtIndex(0)), as<NSString>(known->objectAtIndex(1)),
                 as<UIImage>(known->objectAtIndex(2))};
+    const CGFloat scale = UIScreen::mainScreen()->scale();
+    if (const auto kept = kept_pictures::find(key, scale); kept.picture)
+        return remember(key, {kept.name, nullptr, kept.picture});
     const themes::Reading reading = themes::read(folder, file);
     NSString* name = reading.theme ? reading.theme->getConfigName() : nullptr;
     if (!name || name->length() == 0) name = file->stringByDeletingPathExtension();
     NSString* note = reading.fault ? reading.fault.get() : reading.remark.get();
     UIImage* picture = reading.theme ? painter_.picture_of(reading.theme) : nullptr;
-    const id all[] = {name, or_null(note), or_null(picture)};
+    if (picture && !note) kept_pictures::keep(key, {name, picture});
+    return remember(key, {name, note, picture});
+}
+
+ThemeRows::Shown ThemeRows::remember(NSString* key, const Shown& shown) {
+    const id all[] = {shown.name, or_null(shown.note), or_null(shown.picture)};
     known_->setObject(NSArray::arrayWithObjects(all, 3), key);
-    return {name, note, picture};
+    return shown;
 }
 
 void ThemeRows::show(NSString* folder, NSString* file, bool chosen, UITableViewCell* cell) {

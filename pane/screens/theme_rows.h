@@ -5,7 +5,8 @@
 
 namespace pane {
 
-/// Remembers what it read and drew for as long as the file stays as it is.
+/// Remembers what it read and drew for as long as the file stays as it is; small keyboards beyond the page's
+/// own time.
 class ThemeRows {
   public:
     ThemeRows();
@@ -20,6 +21,7 @@ class ThemeRows {
         objc::strong<UIImage> picture;
     };
     Shown look_up(NSString* folder, NSString* file);
+    Shown remember(NSString* key, const Shown& shown);
 
     KeyboardPainter painter_;
     objc::strong<NSMutableDictionary> known_;

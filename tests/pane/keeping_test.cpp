@@ -1,4 +1,7 @@
 // Keeping themes on the first screen: new, duplicated, renamed, deleted, shared and imported.
+#include <malloc.h>
+
+#include "objc/strong.h"
 #include "settings_page.h"
 
 namespace test {
@@ -324,6 +327,117 @@ TEST_F(Keeping, ImportingOnAFullDiskSaysSo) {
     }
     EXPECT_TRUE(is_on_screen("The theme could not be imported."));
     EXPECT_EQ(files(), Names{});
+}
+
+// ---- Small keyboards, kept ----------------------------------------------------------------------
+
+class SmallKeyboards : public Keeping {
+  protected:
+    Names kept() const { return phone.exists(cache) ? names_in(phone, cache) : Names{}; }
+    /// Leaves the page, and opens it anew: what was in memory is gone.
+    void open_again() {
+        tap("Settings");
+        tap("Huecraft");
+    }
+    UIImage* picture() { return cell(0, own_section)->imageView()->image(); }
+    static constexpr const char* cache =
+        "/var/mobile/Library/Caches/com.quillmoth.huecraftios12.settings/Keyboards";
+};
+
+TEST_F(SmallKeyboards, AreKeptForEachFileInSight) {
+    for (int i = 0; i < 50; ++i) put_theme(phone, "T" + std::to_string(i) + ".plist", "T");
+    open();
+    EXPECT_GT(kept().size(), 2u);
+    EXPECT_LT(kept().size(), 20u);
+}
+
+TEST_F(SmallKeyboards, AreShownWithoutReadingTheFile) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    const std::string whole = phone.read(in_themes("Mine.plist"));
+    const auto written = std::filesystem::last_write_time(phone.host(in_themes("Mine.plist")));
+    phone.write(in_themes("Mine.plist"), std::string(whole.size(), 'x'));
+    std::filesystem::last_write_time(phone.host(in_themes("Mine.plist")), written);
+    open_again();
+    EXPECT_EQ(title(0), "Mine") << "nobody can see that this file is another";
+    EXPECT_NE(picture(), nullptr);
+    EXPECT_EQ(picture()->size().width, 104);
+}
+
+TEST_F(SmallKeyboards, AreDrawnAnewForAnotherContent) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    const size_t before = kept().size();
+    put_theme(phone, "Mine.plist", "Another");
+    open_again();
+    EXPECT_EQ(title(0), "Another");
+    EXPECT_EQ(kept().size(), before + 1);
+}
+
+TEST_F(SmallKeyboards, DamagedOnesAreDrawnAnew) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    const Names files = kept();
+    for (const char* damage :
+         {"", "garbage", "<plist><dict><key>name</key><string>x</string></dict></plist>"}) {
+        for (const std::string& file : files) phone.write(std::string(cache) + "/" + file, damage);
+        open_again();
+        EXPECT_EQ(title(0), "Mine");
+        EXPECT_NE(picture(), nullptr);
+        EXPECT_GT(phone.read(std::string(cache) + "/" + files[0]).size(), 100u);
+    }
+}
+
+TEST_F(SmallKeyboards, AreBounded) {
+    phone.make_folder(cache);
+    for (int i = 0; i < 300; ++i) phone.write(std::string(cache) + "/" + std::to_string(i), "old");
+    open();
+    EXPECT_LT(kept().size(), 20u);
+}
+
+TEST_F(SmallKeyboards, AreDrawnWhereNoneCanBeKept) {
+    put_theme(phone, "Mine.plist", "Mine");
+    {
+        const FullDisk full;
+        open();
+    }
+    EXPECT_NE(picture(), nullptr);
+    EXPECT_EQ(kept(), Names{});
+}
+
+TEST_F(SmallKeyboards, AreDrawnWithoutAccessToTheirFolder) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open({.denied = {"/var/mobile/Library/Caches"}});
+    EXPECT_NE(picture(), nullptr);
+}
+
+TEST_F(SmallKeyboards, OfFaultyFilesNoneIsKept) {
+    phone.write(in_themes("Broken.plist"), "{ broken");
+    open();
+    const size_t before = kept().size();
+    put_theme(phone, "Sound.plist", "Sound");
+    open_again();
+    EXPECT_EQ(kept().size(), before + 1);
+}
+
+// ---- Again and again ----------------------------------------------------------------------------
+
+TEST_F(Keeping, OpeningAndClosingThousandTimesKeepsMemoryFlat) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    const auto open_and_close = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            const objc::AutoreleasePool pool;
+            ASSERT_EQ(sim_tap_label("Settings"), SIM_OK) << sim_last_error();
+            ASSERT_EQ(sim_tap_label("Huecraft"), SIM_OK) << sim_last_error();
+        }
+    };
+    open_and_close(50);
+    const size_t before = mallinfo2().uordblks;
+    open_and_close(1000);
+    const size_t after = mallinfo2().uordblks;
+    constexpr size_t allowed = 200 * 1000;  // a page that stayed would be 1000 tables
+    EXPECT_LT(after, before + allowed) << "each opening keeps " << (after - before) / 1000 << " bytes";
 }
 
 // ---- Pictures -----------------------------------------------------------------------------------
