@@ -302,7 +302,7 @@ TEST_F(DoctorOfSystems, AnEightfoldDescriptionTakesNoMoreThanItsShare) {
         EXPECT_EQ(run.status, 1) << run.err;
         return run.processor_seconds;
     };
-    const double less = seconds_for(10 << 20 >> 3), more = seconds_for(10 << 20);
+    const double less = seconds_for(7 << 20 >> 3), more = seconds_for(7 << 20);
     EXPECT_LT(more, 16 * less);
 }
 
