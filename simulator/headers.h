@@ -1,5 +1,5 @@
-// What many of the simulator's files include, read once for all of them. Each includes what it needs all the same: the debug
-// preset reads no more than that.
+// What many of the simulator's files include, read once for all of them. Each includes what it needs all the
+// same: the debug preset reads no more than that.
 #pragma once
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,7 @@
 // huecraft pane.
 #include <nlohmann/json.hpp>
 
+#include "animation.h"
 #include "command_run.h"
 #include "png.h"
 
@@ -128,6 +129,22 @@ TEST_F(PaneCommand, APictureNeverReplacesAnotherKindOfFile) {
     const Outcome outcome = run({"pane", "-o", "out"});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(read("out/pane.png"), "a letter");
+}
+
+TEST_F(PaneCommand, ThePicturesInTheDocsAreWhatTheDemosTouchesMake) {
+    ASSERT_EQ(run({"pane", "--script", SOURCE_FOLDER "/tools/demo/pane/road.txt", "--scale", "1", "-o", "p"})
+                  .status,
+              0);
+    const Animation made = read_animation(path("p/pane.png")),
+                    shown = read_animation(SOURCE_FOLDER "/docs/pictures/pane.png");
+    ASSERT_EQ(made.frames.size(), shown.frames.size());
+    for (size_t i = 0; i < made.frames.size(); ++i) {
+        EXPECT_EQ(made.frames[i].seconds, shown.frames[i].seconds) << i;
+        ASSERT_EQ(made.frames[i].pixels.size(), shown.frames[i].pixels.size()) << i;
+        EXPECT_LT(strays(made.frames[i].pixels, shown.frames[i].pixels), 20) << i;
+    }
+    EXPECT_TRUE(Png(path("p/pane-keyboard.png")).pixels ==
+                Png(SOURCE_FOLDER "/docs/pictures/pane-keyboard.png").pixels);
 }
 
 TEST_F(PaneCommand, AnIPadAndAnotherLanguageAreShown) {

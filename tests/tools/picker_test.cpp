@@ -56,16 +56,6 @@ class Picker : public Command {
         for (const std::string& each : colours) list += "<string>" + each + "</string>";
         return theme_file("<key>Colors</key><array>" + list + "</array>");
     }
-    /// Pixels that differ clearly.
-    static int strays(const std::vector<unsigned>& a, const std::vector<unsigned>& b) {
-        constexpr int tolerance = 8;
-        int count = 0;
-        for (size_t i = 0; i < a.size(); ++i)
-            for (const int shift : {0, 8, 16})
-                count += std::abs(static_cast<int>(a[i] >> shift & 255) -
-                                  static_cast<int>(b[i] >> shift & 255)) > tolerance;
-        return count;
-    }
     const std::vector<std::string> six{"#FF3B30", "#FF9500", "#FFCC00", "#4CD964", "#007AFF80", "#000000"};
 };
 

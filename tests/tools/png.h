@@ -3,6 +3,7 @@
 #include <cairo.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -29,5 +30,16 @@ struct Png {
 
     unsigned at(int x, int y) const { return pixels.at(static_cast<size_t>(y * width + x)); }
 };
+
+/// How many channels of two pictures' pixels differ clearly.
+inline int strays(const std::vector<unsigned>& a, const std::vector<unsigned>& b) {
+    constexpr int tolerance = 8;
+    int count = 0;
+    for (size_t i = 0; i < a.size(); ++i)
+        for (const int shift : {0, 8, 16})
+            count += std::abs(static_cast<int>(a[i] >> shift & 255) - static_cast<int>(b[i] >> shift & 255)) >
+                     tolerance;
+    return count;
+}
 
 }  // namespace test
