@@ -20,7 +20,10 @@ NSString* stamp_of(NSString* path) {
         auto* value = static_cast<NSObject*>(attributes->objectForKey(key));
         return value ? value->description() : ""_ns;
     };
-    return with("%1 %2"_ns, text_at("NSFileModificationDate"_ns), text_at("NSFileSize"_ns))
+    // A date is written in whole seconds; a file that is saved again within one is another file by its
+    // number.
+    return with("%1 %2 "_ns, text_at("NSFileModificationDate"_ns), text_at("NSFileSize"_ns))
+        ->stringByAppendingString(text_at("NSFileSystemFileNumber"_ns))
         ->stringByAppendingString(path);
 }
 
