@@ -132,14 +132,7 @@ function(add_device_library target)
         add_device_slice(${architecture} ${ARGN})
         list(APPEND slices ${CMAKE_CURRENT_BINARY_DIR}/${architecture}/${library_OUTPUT})
     endforeach()
-    set(joined ${CMAKE_CURRENT_BINARY_DIR}/${library_OUTPUT})
-    add_custom_command(
-        OUTPUT ${joined}
-        COMMAND ${DEVICE_LIPO} -create ${slices} -output ${joined}
-        DEPENDS ${slices}
-        COMMENT "Joining ${library_OUTPUT}"
-        VERBATIM)
-    add_custom_target(${target} ALL DEPENDS ${joined})
+    join_device_slices(${target} ${library_OUTPUT} ${slices})
     set(${target}_SLICES ${slices} PARENT_SCOPE)
 endfunction()
 

@@ -1,4 +1,3 @@
-// Where addresses lie, and what functions there are: see the header.
 #include "compatibility/image_of.h"
 
 #include "objc/handed.h"

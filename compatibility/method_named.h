@@ -7,7 +7,7 @@
 namespace compatibility {
 
 /// The method of "-[Class selector]" or "+[Class selector]", inherited or not; null where there is none. The
-/// class that it was looked for in, or its metaclass, is told if asked for.
+/// class that it was looked for in, or its metaclass, is given if asked for.
 inline Method method_named(std::string_view name, Class* searched = nullptr) {
     char text[256];
     const size_t size = name.copy(text, sizeof text - 1), space = name.find(' ');

@@ -1,4 +1,3 @@
-// The system that this process runs on: see the header.
 #include "compatibility/running_system.h"
 
 #include <cstdlib>

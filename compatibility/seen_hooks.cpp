@@ -1,4 +1,3 @@
-// Which of the library's hooks took effect in this process: see the header.
 #include "compatibility/seen_hooks.h"
 
 #include <string_view>

@@ -56,7 +56,7 @@ struct HCCITool : objc::Interface<HCCITool, "HCCITool", NSObject> {
     }
 };
 
-/// A panel in which a person chooses a colour; its delegate is told by
+/// A panel in which a person chooses a colour; its delegate receives it by
 /// colorPickerReturnedWithColor:andHexString:. Confirming raises once the colours that were chosen last came
 /// from their file, for the lists are immutable then.
 struct HCColorPickerController

@@ -1,4 +1,3 @@
-// What the pane says: see the header.
 #include "pane/texts.h"
 
 #include "platform/services.h"

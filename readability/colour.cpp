@@ -1,4 +1,3 @@
-// Colours as numbers: see the header.
 #include "readability/colour.h"
 
 #include <algorithm>

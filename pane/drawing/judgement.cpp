@@ -1,4 +1,3 @@
-// Whether a theme can be read: see the header.
 #include "pane/drawing/judgement.h"
 
 #include <array>

@@ -1,4 +1,3 @@
-// Small keyboards in the caches folder: see the header.
 #include "pane/drawing/kept_pictures.h"
 
 #include <string_view>

@@ -1,4 +1,3 @@
-// Keyboards in a theme, small: see the header.
 #include "pane/drawing/keyboard_picture.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-// Names that people give, as names of files: see the header.
 #include "pane/model/file_names.h"
 
 namespace pane {

@@ -1,4 +1,3 @@
-// Files as the pane keeps them: see the header.
 #include "pane/model/files.h"
 
 #include "pane/texts.h"

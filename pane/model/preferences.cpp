@@ -1,4 +1,3 @@
-// What the library reads when a process starts: see the header.
 #include "pane/model/preferences.h"
 
 #include "pane/model/files.h"

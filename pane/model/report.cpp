@@ -1,4 +1,3 @@
-// What this system has of what the library is about: see the header.
 #include "pane/model/report.h"
 
 #include <string>

@@ -1,4 +1,3 @@
-// Restarting the home screen: see the header.
 #include "pane/model/restart.h"
 
 #include "platform/foundation.h"

@@ -1,4 +1,3 @@
-// What a person does with themes: see the header.
 #include "pane/model/shelf.h"
 
 #include "pane/model/files.h"

@@ -1,4 +1,3 @@
-// An editor's sitting with one theme: see the header.
 #include "pane/model/sitting.h"
 
 namespace pane {

@@ -1,4 +1,3 @@
-// Themes as files: see the header.
 #include "pane/model/themes.h"
 
 #include "objc/fast_enumeration.h"
@@ -69,7 +68,7 @@ Place numbered(NSString* name, NSInteger number) {
     return {name, stem->stringByAppendingString(".plist"_ns)};
 }
 
-/// The first that no file in the user's folder has; without a file, and why, when that cannot be told.
+/// The first that no file in the user's folder has; without a file, and why, when that cannot be known.
 Place free_place(NSString* name, NSError** error) {
     const Taken taken(folder(), error);
     if (!taken.is_known()) return {name, nullptr};

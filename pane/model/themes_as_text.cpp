@@ -1,4 +1,3 @@
-// Themes as text: see the header.
 #include "pane/model/themes_as_text.h"
 
 #include "pane/model/files.h"

@@ -1,4 +1,3 @@
-// The pane's first screen: see the header.
 #include "pane/screens/HuecraftSettingsController.h"
 
 #include "objc/class.h"

@@ -1,4 +1,3 @@
-// Starting the home screen again: see the header.
 #include "pane/screens/applying.h"
 
 #include "pane/model/restart.h"

@@ -1,4 +1,3 @@
-// Alerts: see the header.
 #include "pane/screens/asking.h"
 
 namespace pane {

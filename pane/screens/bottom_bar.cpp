@@ -1,4 +1,3 @@
-// A bar over the foot of a page: see the header.
 #include "pane/screens/bottom_bar.h"
 
 #include "pane/texts.h"

@@ -1,4 +1,3 @@
-// Rows of the pane's screens that are no themes: see the header.
 #include "pane/screens/plain_rows.h"
 
 namespace pane {

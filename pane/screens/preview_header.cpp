@@ -1,4 +1,3 @@
-// The library's preview, large: see the header.
 #include "pane/screens/preview_header.h"
 
 #include <algorithm>

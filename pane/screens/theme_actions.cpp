@@ -1,4 +1,3 @@
-// What is done with themes beside choosing them: see the header.
 #include "pane/screens/theme_actions.h"
 
 #include "pane/model/shelf.h"

@@ -1,4 +1,3 @@
-// What the rows of a list of themes show: see the header.
 #include "pane/screens/theme_rows.h"
 
 #include "pane/drawing/kept_pictures.h"

@@ -1,4 +1,4 @@
-// Bundles of the device: see the header. Foundation's own looks for GNUstep's layout and languages.
+// Bundles of the device. Foundation's own looks for GNUstep's layout and languages.
 #include "foundation/bundles.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The rows that packages add: see the header. What follows is what a loader's public source of 2013 does.
+// The rows that packages add as a loader of 2013 reads them, by its public source.
 #include "settings/entries.h"
 
 #include <algorithm>

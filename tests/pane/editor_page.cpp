@@ -1,4 +1,3 @@
-// What the tests of the editor share: see the header.
 #include "editor_page.h"
 
 namespace test {

@@ -1,4 +1,3 @@
-// What the pane's tests share: see the header.
 #include "kept_files.h"
 
 #include <algorithm>

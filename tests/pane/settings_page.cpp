@@ -1,4 +1,3 @@
-// What the tests of the pane's screens share: see the header.
 #include "settings_page.h"
 
 #include <fstream>

@@ -1,4 +1,4 @@
-// What the user is told when there is nothing to go on with.
+// What is said to the user when there is nothing to go on with.
 #pragma once
 #include <stdexcept>
 

@@ -1,4 +1,3 @@
-// The compatibility screen: see the header.
 #include "pane/screens/compatibility/HuecraftSettingsCompatibilityController.h"
 
 #include "objc/class.h"
@@ -100,7 +99,7 @@ struct CompatibilityScreen : objc::Implements<CompatibilityScreen, HuecraftSetti
         return cell;
     }
 
-    /// A row is often wider than a phone: touched, it is told whole.
+    /// A row is often wider than a phone: touched, it is shown whole.
     void didSelectRow(UITableView* table, NSIndexPath* path) {
         table->deselectRow(path, true);
         if (path->section() != summary_section) {

@@ -1,4 +1,3 @@
-// The hooks, and what is looked up besides, on this system: see the header.
 #include "pane/screens/compatibility/examination.h"
 
 #include <algorithm>
