@@ -155,7 +155,8 @@ class Description {
                });
     }
 
-    /// Whether the class itself has a method that it could inherit can no longer be known once it is replaced.
+    /// Whether the class itself has a method that it could inherit can no longer be known once it is
+    /// replaced.
     const char* remark_on(Class owner, Method method) const {
         Class above = class_getSuperclass(owner);
         const bool may_be_inherited =

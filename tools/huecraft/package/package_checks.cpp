@@ -37,7 +37,7 @@ const std::string settings_bundle = "/Library/PreferenceBundles/HuecraftSettings
                   settings_entry = "/Library/PreferenceLoader/Preferences/HuecraftSettings.plist";
 constexpr size_t largest_package = 250 << 10, largest_package_of_settings = 350 << 10;
 /// A package for the A12 has its image twice, in two slices.
-constexpr size_t more_for_a12 = 224 << 10;
+constexpr size_t more_for_a12 = 200 << 10;
 
 /// What users have, and a package must never bring along or replace: settings and themes.
 bool is_preference(const PackagedFile& file) {
