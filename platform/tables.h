@@ -17,7 +17,7 @@ using UITableViewCellAccessoryType = NSInteger;
 constexpr UITableViewCellAccessoryType UITableViewCellAccessoryNone = 0;
 constexpr UITableViewCellAccessoryType UITableViewCellAccessoryDisclosureIndicator = 1;
 constexpr UITableViewCellAccessoryType UITableViewCellAccessoryCheckmark = 3;
-/// A button, which the delegate is told of.
+/// A button; the delegate is notified of its touch.
 constexpr UITableViewCellAccessoryType UITableViewCellAccessoryDetailButton = 4;
 
 using UITableViewCellSelectionStyle = NSInteger;
