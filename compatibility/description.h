@@ -7,7 +7,7 @@ namespace compatibility {
 
 /// Who made it and the processor, as remarks; the system's version; the listed classes that exist, all that
 /// they have by themselves, and what they derive from; the listed functions that there are. Kinds of facts
-/// have an empty line between them. What the library put into this process is not told.
+/// have an empty line between them. What the library put into this process is left out.
 void write_report(const Output& out, std::string_view maker, const SeenHooks& seen);
 
 }  // namespace compatibility

@@ -45,7 +45,7 @@ constexpr int digit_value(char16_t unit) {
     return digit < 10 ? static_cast<int>(digit) : letter < 6 ? static_cast<int>(letter) + 10 : -1;
 }
 
-/// What a scanner skips before a number unless it is told otherwise: Unicode's spaces, tab and line ends.
+/// What a scanner skips before a number unless another set is given: Unicode's spaces, tab and line ends.
 constexpr bool is_space(char16_t unit) {
     return unit == ' ' || (unit >= '\t' && unit <= '\r') || unit == 0x85 || unit == 0xa0 || unit == 0x1680 ||
            (unit >= 0x2000 && unit <= 0x200b) || unit == 0x2028 || unit == 0x2029 || unit == 0x202f ||

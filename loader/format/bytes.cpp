@@ -26,7 +26,6 @@ const uint8_t* Bytes::checked(uint64_t at, uint64_t size) const {
 uint16_t Bytes::u16(uint64_t at) const { return copied<uint16_t>(checked(at, 2)); }
 uint32_t Bytes::u32(uint64_t at) const { return copied<uint32_t>(checked(at, 4)); }
 uint64_t Bytes::u64(uint64_t at) const { return copied<uint64_t>(checked(at, 8)); }
-uint32_t Bytes::u32_big_endian(uint64_t at) const { return __builtin_bswap32(u32(at)); }
 
 std::string_view Bytes::text(uint64_t at) const {
     const uint8_t* start = checked(at, 1);

@@ -22,7 +22,6 @@ class Bytes {
     uint16_t u16(uint64_t at) const;
     uint32_t u32(uint64_t at) const;
     uint64_t u64(uint64_t at) const;
-    uint32_t u32_big_endian(uint64_t at) const;
 
     /// A field of the structure at `at`; no more of that has to be inside the view.
     template <class Structure, class T>

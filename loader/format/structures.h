@@ -112,4 +112,42 @@ struct category_t {
     uint64_t name, cls, instanceMethods, classMethods, protocols, instanceProperties;
 };
 
+// A code signature, whose numbers are big-endian.
+struct CS_BlobIndex {
+    uint32_t type, offset;
+};
+struct CS_SuperBlob {  // its index follows
+    uint32_t magic, length, count;
+};
+struct CS_GenericBlob {  // its data follow
+    uint32_t magic, length;
+};
+struct CS_CodeDirectory {  // of the earliest version
+    uint32_t magic, length, version, flags, hashOffset, identOffset, nSpecialSlots, nCodeSlots, codeLimit;
+    uint8_t hashSize, hashType, platform, pageSize;
+    uint32_t spare2;
+};
+
+struct unwind_info_section_header {
+    uint32_t version, commonEncodingsArraySectionOffset, commonEncodingsArrayCount,
+        personalityArraySectionOffset, personalityArrayCount, indexSectionOffset, indexCount;
+};
+struct unwind_info_section_header_index_entry {
+    uint32_t functionOffset, secondLevelPagesSectionOffset, lsdaIndexArraySectionOffset;
+};
+struct unwind_info_section_header_lsda_index_entry {
+    uint32_t functionOffset, lsdaOffset;
+};
+struct unwind_info_regular_second_level_page_header {
+    uint32_t kind;
+    uint16_t entryPageOffset, entryCount;
+};
+struct unwind_info_regular_second_level_entry {
+    uint32_t functionOffset, encoding;
+};
+struct unwind_info_compressed_second_level_page_header {
+    uint32_t kind;
+    uint16_t entryPageOffset, entryCount, encodingsPageOffset, encodingsCount;
+};
+
 }  // namespace macho

@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "loader/fault.h"
+#include "loader/format/structures.h"
 
 namespace macho {
 namespace {
@@ -17,7 +18,6 @@ constexpr uint32_t CSMAGIC_EMBEDDED_SIGNATURE = 0xfade0cc0, CSMAGIC_CODEDIRECTOR
                    CSMAGIC_REQUIREMENTS = 0xfade0c01;
 constexpr uint32_t CSSLOT_CODEDIRECTORY = 0, CSSLOT_REQUIREMENTS = 2,
                    CSSLOT_ALTERNATE_CODEDIRECTORIES = 0x1000, CSSLOT_ALTERNATE_CODEDIRECTORY_MAX = 5;
-constexpr uint64_t kBlobHead = 8, kDirectoryHead = 44;
 
 const char* const kCommand = "LC_CODE_SIGNATURE: ";
 
@@ -34,28 +34,33 @@ bool is_directory(uint32_t slot) {
 
 /// The part of the signature that starts there, as long as it says itself.
 Bytes blob_at(const Bytes& signature, uint32_t at, uint32_t magic, std::string_view name) {
-    const Bytes blob = signature.part(at, signature.u32_big_endian(uint64_t{at} + 4), name);
-    if (blob.size() < kBlobHead)
+    const Bytes blob = signature.part(at, signature.field_big_endian(&CS_GenericBlob::length, at), name);
+    if (blob.size() < sizeof(CS_GenericBlob))
         refuse_signature(std::string(name) + " has a wrong size", std::to_string(blob.size()),
-                         "at least " + std::to_string(kBlobHead));
-    if (const uint32_t found = blob.u32_big_endian(0); found != magic)
+                         "at least " + std::to_string(sizeof(CS_GenericBlob)));
+    if (const uint32_t found = blob.field_big_endian(&CS_GenericBlob::magic); found != magic)
         refuse_signature(std::string(name) + " has another magic number", hex(found), hex(magic));
     return blob;
 }
 
 CodeDirectory read_directory(const Bytes& blob, uint32_t slot, uint32_t end_of_code) {
-    const uint32_t hashes_at = blob.u32_big_endian(16), special_count = blob.u32_big_endian(24),
-                   hash_count = blob.u32_big_endian(28), covered = blob.u32_big_endian(32);
-    const uint8_t hash_size = blob.u8(36), hash_type = blob.u8(37), page_bits = blob.u8(39);
-    CodeDirectory directory{.slot = slot,
-                            .version = blob.u32_big_endian(8),
-                            .flags = blob.u32_big_endian(12),
-                            .identifier = std::string(blob.text(blob.u32_big_endian(20))),
-                            .hash = static_cast<CodeDirectory::Hash>(hash_type),
-                            .page_size = 0,
-                            .covered = covered,
-                            .page_hashes = blob.part(0, 0),
-                            .requirements = blob.part(0, 0)};
+    const uint32_t hashes_at = blob.field_big_endian(&CS_CodeDirectory::hashOffset),
+                   special_count = blob.field_big_endian(&CS_CodeDirectory::nSpecialSlots),
+                   hash_count = blob.field_big_endian(&CS_CodeDirectory::nCodeSlots),
+                   covered = blob.field_big_endian(&CS_CodeDirectory::codeLimit);
+    const uint8_t hash_size = blob.field(&CS_CodeDirectory::hashSize),
+                  hash_type = blob.field(&CS_CodeDirectory::hashType),
+                  page_bits = blob.field(&CS_CodeDirectory::pageSize);
+    CodeDirectory directory{
+        .slot = slot,
+        .version = blob.field_big_endian(&CS_CodeDirectory::version),
+        .flags = blob.field_big_endian(&CS_CodeDirectory::flags),
+        .identifier = std::string(blob.text(blob.field_big_endian(&CS_CodeDirectory::identOffset))),
+        .hash = static_cast<CodeDirectory::Hash>(hash_type),
+        .page_size = 0,
+        .covered = covered,
+        .page_hashes = blob.part(0, 0),
+        .requirements = blob.part(0, 0)};
     const std::string name = "CodeDirectory " + hex(slot);
     if (hash_type != static_cast<uint8_t>(CodeDirectory::Hash::sha1) &&
         hash_type != static_cast<uint8_t>(CodeDirectory::Hash::sha256))
@@ -74,7 +79,7 @@ CodeDirectory read_directory(const Bytes& blob, uint32_t slot, uint32_t end_of_c
         refuse_signature(name + " has another number of page hashes", std::to_string(hash_count),
                          std::to_string(pages));
     directory.page_hashes = blob.part(hashes_at, pages * hash_size, "a signature's page hashes");
-    if (uint64_t{special_count} * hash_size + kDirectoryHead > hashes_at)
+    if (uint64_t{special_count} * hash_size + sizeof(CS_CodeDirectory) > hashes_at)
         refuse_signature(name + " has no room for its special slots", std::to_string(special_count),
                          "at most " + std::to_string(hashes_at / hash_size));
     if (special_count >= CSSLOT_REQUIREMENTS)
@@ -117,14 +122,17 @@ CodeSignature read_signature(const Bytes& slice, const Layout& layout) {
     const Bytes signature = slice.part(at, layout.signature.size, "the code signature");
     if (const uint64_t end = uint64_t{at} + layout.signature.size; end != slice.size())
         refuse_signature("the signature is not the end of the file", hex(end), hex(slice.size()));
-    if (const uint32_t magic = signature.u32_big_endian(0); magic != CSMAGIC_EMBEDDED_SIGNATURE)
+    if (const uint32_t magic = signature.field_big_endian(&CS_SuperBlob::magic);
+        magic != CSMAGIC_EMBEDDED_SIGNATURE)
         refuse_signature("no signature at its offset", hex(magic), hex(CSMAGIC_EMBEDDED_SIGNATURE));
 
     CodeSignature result{.directories = {}, .requirements = signature.part(0, 0)};
+    const uint64_t count = signature.field_big_endian(&CS_SuperBlob::count);
     const Bytes index =
-        signature.part(12, uint64_t{signature.u32_big_endian(8)} * 8, "a signature's list of parts");
-    for (uint64_t row = 0; row < index.size(); row += 8) {
-        const uint32_t slot = index.u32_big_endian(row), blob = index.u32_big_endian(row + 4);
+        signature.part(sizeof(CS_SuperBlob), count * sizeof(CS_BlobIndex), "a signature's list of parts");
+    for (uint64_t row = 0; row < index.size(); row += sizeof(CS_BlobIndex)) {
+        const uint32_t slot = index.field_big_endian(&CS_BlobIndex::type, row),
+                       blob = index.field_big_endian(&CS_BlobIndex::offset, row);
         if (slot == CSSLOT_REQUIREMENTS)
             result.requirements =
                 blob_at(signature, blob, CSMAGIC_REQUIREMENTS, "a signature's requirements");

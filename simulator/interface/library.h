@@ -42,7 +42,7 @@ class Library {
 };
 
 /// Loads the library at a path of the host as the injection framework does: its classes are registered, then
-/// its initialisers run. The file's first bytes tell ELF and Mach-O apart. Throws a Refusal; an Objective-C
+/// its initialisers run. ELF and Mach-O differ in the file's first bytes. Throws a Refusal; an Objective-C
 /// exception of an initialiser comes through.
 std::unique_ptr<Library> load_library(const std::string& host_path);
 

@@ -16,7 +16,7 @@ namespace {
 
 class Faults : public testing::Test {
   protected:
-    /// Writes "abcdef" to a file in two calls; the status tells which call failed first, with what.
+    /// Writes "abcdef" to a file in two calls; the status says which call failed first, with what.
     int write_twice() const {
         const std::string file = folder.path() / "file";
         const int written = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);

@@ -101,7 +101,7 @@ TEST_F(Saving, AnOlderSystemsThemeIsThereWholeOrNotAtAll) {
 TEST_F(Saving, AThemeThatExistsIsTheOldOneOrTheNewOne) {
     start();
     before["Saved.plist"] = "an older theme";
-    // Where the system cannot tell that the file exists, it is replaced, and as a whole.
+    // Where the system does not know that the file exists, it is replaced, and as a whole.
     try_to_save(failed_with_error);
     reset();
     EXPECT_EQ(save(), failed_with_error);

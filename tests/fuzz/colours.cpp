@@ -16,7 +16,7 @@ id tool() {
     return found;
 }
 
-/// The number that a text of UTF-16 units stands for, told from the rules alone.
+/// The number that a text of UTF-16 units stands for, worked out from the rules alone.
 uint32_t number_in(std::u16string_view units) {
     auto skipped = [steps = units.size() == 7 || units.size() == 9](char16_t unit) {
         return steps ? unit == u'#'

@@ -6,6 +6,7 @@
 #include "host.h"
 #include "loader/fault.h"
 #include "loader/format/cursor.h"
+#include "loader/format/structures.h"
 
 namespace {
 
@@ -22,7 +23,7 @@ TEST(BytesTest, NumbersAreLittleEndian) {
     EXPECT_EQ(bytes.u16(6), 0x8807);
     EXPECT_EQ(bytes.u32(1), 0x05040302u);
     EXPECT_EQ(bytes.u64(0), 0x8807060504030201u);
-    EXPECT_EQ(bytes.u32_big_endian(0), 0x01020304u);
+    EXPECT_EQ(bytes.field_big_endian(&macho::load_command::cmd), 0x01020304u);
 }
 
 TEST(BytesTest, AReadAcrossTheEndIsRefused) {

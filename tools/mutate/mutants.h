@@ -15,8 +15,8 @@ struct Mutant {
     std::string before, after;
 };
 
-/// The blanks that the formatter sets tell a comparison from a template's bracket. Where the tokens alone do
-/// not say enough, a mutant may not compile.
+/// By the blanks that the formatter sets, a comparison differs from a template's bracket. Where the tokens
+/// alone do not say enough, a mutant may not compile.
 std::vector<Mutant> mutants_of(std::string_view source);
 
 /// The source with the change made.

@@ -55,9 +55,9 @@ std::string sha256_of(std::string_view bytes) {
 std::string with_provenance(const std::string& png, const Provenance& provenance) {
     if (png.size() < end_of_header || !png.starts_with(signature))
         throw Failure("what was drawn is not a PNG, and cannot carry its origin");
-    std::string told = png.substr(0, end_of_header) + text_chunk(library_keyword, provenance.library);
-    if (!provenance.theme.empty()) told += text_chunk(theme_keyword, provenance.theme);
-    return told + png.substr(end_of_header);
+    std::string marked = png.substr(0, end_of_header) + text_chunk(library_keyword, provenance.library);
+    if (!provenance.theme.empty()) marked += text_chunk(theme_keyword, provenance.theme);
+    return marked + png.substr(end_of_header);
 }
 
 Provenance provenance_of(const std::filesystem::path& library, const std::filesystem::path& theme) {
@@ -65,9 +65,9 @@ Provenance provenance_of(const std::filesystem::path& library, const std::filesy
 }
 
 void tell_provenance(const std::filesystem::path& png, const Provenance& provenance) {
-    const std::string told = with_provenance(contents_of(png), provenance);
+    const std::string marked = with_provenance(contents_of(png), provenance);
     std::ofstream file(png, std::ios::binary);
-    if (!file.write(told.data(), static_cast<std::streamsize>(told.size())).flush())
+    if (!file.write(marked.data(), static_cast<std::streamsize>(marked.size())).flush())
         throw Failure("cannot write the picture " + png.string());
 }
 

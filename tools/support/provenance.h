@@ -1,4 +1,4 @@
-// What a picture was drawn with, told in the picture's file.
+// What a picture was drawn with, kept in the picture's file.
 #pragma once
 #include <filesystem>
 #include <string>

@@ -14,7 +14,7 @@ using PropertyValue = std::array<double, 16>;
 
 /// Of the layer itself, whatever is shown.
 PropertyValue value_of(CALayer*, LayerProperty);
-/// Puts it into the layer without telling anybody.
+/// Puts it into the layer without notifying anybody.
 void put_value(CALayer*, LayerProperty, const PropertyValue&);
 
 std::optional<LayerProperty> property_named(NSString* key_path);

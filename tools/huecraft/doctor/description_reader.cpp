@@ -125,9 +125,9 @@ class DescriptionReader {
         if (superclass.empty()) return true;
         if (!known.empty() && known != superclass)
             refuse("found the superclass " + superclass + " of " + name + "; expected " + known +
-                   ", as line " + std::to_string(told_at_[name]) + " says");
+                   ", as line " + std::to_string(line_of_superclass_[name]) + " says");
         known = superclass;
-        told_at_[name] = number_;
+        line_of_superclass_[name] = number_;
         device_.classes_.try_emplace(superclass);
         return true;
     }
@@ -175,23 +175,23 @@ class DescriptionReader {
     }
 
     /// A fact may stand there twice, with and without types, but not in two ways.
-    void keep(std::string& known, const std::string& told, const std::string& of,
+    void keep(std::string& known, const std::string& recorded, const std::string& of,
               const std::string& what = "types") const {
-        if (!known.empty() && !told.empty() && known != told)
-            refuse("found the " + what + " " + in_quotes(told) + " of " + of + "; expected " +
+        if (!known.empty() && !recorded.empty() && known != recorded)
+            refuse("found the " + what + " " + in_quotes(recorded) + " of " + of + "; expected " +
                    in_quotes(known) + ", as before");
-        if (known.empty()) known = told;
+        if (known.empty()) known = recorded;
     }
 
     /// Each class is visited once: chains that were followed to their end are not followed again.
     void require_no_circle() const {
         std::set<std::string> sound;
-        for (const auto& [name, line] : told_at_) {
+        for (const auto& [name, line] : line_of_superclass_) {
             std::set<std::string> above;
             for (std::string each = name; !each.empty() && !sound.contains(each);
                  each = device_.classes_.at(each).superclass)
                 if (!above.insert(each).second)
-                    refuse_line(told_at_.at(each),
+                    refuse_line(line_of_superclass_.at(each),
                                 "found " + each + " below itself; expected superclasses without a circle");
             sound.merge(above);
         }
@@ -200,7 +200,7 @@ class DescriptionReader {
     DeviceDescription& device_;
     std::string file_;
     size_t number_ = 1;
-    std::map<std::string, size_t> told_at_;  // the line that told a superclass
+    std::map<std::string, size_t> line_of_superclass_;  // where each superclass was recorded
 };
 
 DeviceDescription DeviceDescription::parse(const std::string& text, const std::string& file) {

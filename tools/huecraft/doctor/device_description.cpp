@@ -1,4 +1,4 @@
-// What a description tells of a system, when it is asked.
+// What a description records of a system, when it is asked.
 #include "doctor/device_description.h"
 
 namespace command {

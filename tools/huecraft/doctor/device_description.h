@@ -12,8 +12,8 @@ using compatibility::class_of_method;
 using compatibility::Presence;
 using compatibility::selector_of_method;
 
-/// A method or a variable: whether it is there, its types ("" where they are not told), and the class that
-/// declares it.
+/// A method or a variable: whether it is there, its types ("" where they are not recorded), and the class
+/// that declares it.
 struct Member {
     Presence presence = Presence::missing;
     std::string types, owner;
@@ -21,12 +21,12 @@ struct Member {
 
 /// What is recorded of one class by itself.
 struct ClassRecord {
-    std::string superclass;  // "" where it is not told
+    std::string superclass;  // "" where it is not recorded
     /// "-selector" or "+selector" with its types.
     std::map<std::string, std::string> methods;
     /// The name with its type.
     std::map<std::string, std::string> variables;
-    /// It may have methods and variables that are not told.
+    /// It may have methods and variables that are not recorded.
     bool has_unrecorded_members = false;
 };
 

@@ -23,7 +23,7 @@ const char* word_of(Diagnosis::Verdict verdict) {
     return "";
 }
 
-/// Why something is not well, in words. Of what is not told: that it is not.
+/// Why something is not well, in words. Of what is not recorded: that it is not.
 std::string reason_for(const Judgement& judgement, const std::string& owner, const std::string& expected) {
     const bool untold = judgement.verdict == unrecorded;
     switch (judgement.reason) {

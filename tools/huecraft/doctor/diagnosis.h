@@ -18,7 +18,7 @@ struct Diagnosis {
     Verdict verdict = Verdict::well;
     /// What is not well, and what users see then; empty where all is well.
     std::string reason, effect;
-    /// What the description tells of the types; "" where it tells nothing.
+    /// What the description records of the types; "" where it records nothing.
     std::string types = {};
 
     /// The library would install it, or find it.

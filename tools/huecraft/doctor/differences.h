@@ -20,8 +20,8 @@ struct Difference {
     std::string in_words() const;
 };
 
-/// What the one description tells otherwise than the other, in the order classes, methods, variables,
-/// functions, each by name. Compared is what both tell of: classes that both describe, members that neither
+/// Where the one description differs from the other, in the order classes, methods, variables,
+/// functions, each by name. Compared is what both describe: classes that both describe, members that neither
 /// leaves unrecorded, types where both have them. Only of the watched classes and functions does it say that
 /// they are gone or new.
 std::vector<Difference> differences(const DeviceDescription& now, const DeviceDescription& before,

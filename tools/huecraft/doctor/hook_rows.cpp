@@ -126,7 +126,7 @@ std::string simulated_description(const Workshop& workshop) {
     std::set<std::string> described, functions;
     for (const char* name : compatibility::described_classes())
         if (facts.contains(name)) described.insert(name);
-    std::map<std::string, ClassRecord> told;
+    std::map<std::string, ClassRecord> records;
     for (const HookRow& row : rows_of_the_library()) {
         if (row.how == HookRow::How::function) {
             functions.insert(row.target);
@@ -141,23 +141,23 @@ std::string simulated_description(const Workshop& workshop) {
              each = facts.at(each).superclass) {
             const auto found = facts.at(each).methods.find(method);
             if (found == facts.at(each).methods.end()) continue;
-            told[each].methods.insert(*found);
+            records[each].methods.insert(*found);
             break;
         }
     }
     for (const std::string& owner : described) {
-        told[owner] = facts.at(owner);
+        records[owner] = facts.at(owner);
         for (std::string above = facts.at(owner).superclass; !above.empty();
              above = facts.at(above).superclass) {
-            told[above].superclass = facts.at(above).superclass;
-            told[above].has_unrecorded_members = !described.contains(above);
+            records[above].superclass = facts.at(above).superclass;
+            records[above].has_unrecorded_members = !described.contains(above);
         }
     }
     objc::AutoreleasePool pool;
     return "# The simulated phone: the classes that the library's hooks are about, what they derive from, "
            "and "
            "what they\n# have. Made from the simulator: huecraft doctor --describe\n\nsystem " +
-           tools::utf8(UIDevice::currentDevice()->systemVersion()) + "\n\n" + written(told, functions);
+           tools::utf8(UIDevice::currentDevice()->systemVersion()) + "\n\n" + written(records, functions);
 }
 
 }  // namespace command

@@ -18,7 +18,7 @@ struct HookRow {
     std::string types;
 };
 
-/// Boots the phone as a home screen under a theme, and loads the library, which tells the rows in the order
+/// Boots the phone as a home screen under a theme, and loads the library, which names the rows in the order
 /// of installation. Once per process.
 std::vector<HookRow> installed_hook_rows(const Workshop& workshop);
 

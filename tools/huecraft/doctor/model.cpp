@@ -23,7 +23,7 @@ class Model {
             if (!is_modelled(name)) continue;
             if (system_.class_named(name) != Presence::there) {
                 // Descriptions select classes: what they leave out may be there.
-                tell(Presence::unrecorded, "class " + name);
+                report(Presence::unrecorded, "class " + name);
                 continue;
             }
             const std::string& above = system_.classes().at(name).superclass;
@@ -40,7 +40,7 @@ class Model {
     }
 
   private:
-    void tell(Presence presence, const std::string& what) {
+    void report(Presence presence, const std::string& what) {
         if (presence == Presence::missing) found_.push_back("missing " + what);
         if (presence == Presence::unrecorded) found_.push_back("unrecorded " + what);
     }
@@ -50,7 +50,7 @@ class Model {
         // Of a class that is described in part, no variables are recorded.
         if (what.starts_with("variable ") && real.presence == Presence::unrecorded) return;
         if (real.presence != Presence::there)
-            tell(real.presence, what);
+            report(real.presence, what);
         else if (!types.empty() && !real.types.empty() && !compatibility::pass_alike(types, real.types))
             found_.push_back("types " + what + ": " + types + ", not " + real.types);
     }

@@ -23,7 +23,7 @@ PropertyList parse_property_list(const std::string& bytes, const std::string& fi
 /// \"0.5\"".
 using Losses = std::vector<std::string>;
 
-/// The list in the form. What the form has no place for is kept as text, and told in `losses`. Throws
+/// The list in the form. What the form has no place for is kept as text, and named in `losses`. Throws
 /// Unusable, naming the file, for what cannot be written at all.
 std::string written_property_list(id root, Form form, const std::string& file, Losses& losses);
 

@@ -1,4 +1,4 @@
-// The values of property lists, told apart and put into words.
+// The values of property lists, distinguished and put into words.
 #pragma once
 #include <nlohmann/json.hpp>
 #include <string>

@@ -50,7 +50,7 @@ class Inspector {
 
     id stored(ThemeKey key) const { return theme_.stored(name_of(key)); }
 
-    /// The value in words, with its kind where the words alone do not tell it.
+    /// The value in words, with its kind where the words alone do not say it.
     static std::string found(id value) {
         if (!value) return "nothing";
         const std::string words = in_words(value);

@@ -15,7 +15,7 @@ struct Finding {
     std::string found, expected, fix;
 };
 
-/// What can be told of the values alone: missing, mistyped, unknown, unreadable.
+/// What can be said of the values alone: missing, mistyped, unknown, unreadable.
 std::vector<Finding> findings_in_values(const LoadedTheme& theme);
 
 /// What the theme's image takes in memory.

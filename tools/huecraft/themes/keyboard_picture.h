@@ -14,7 +14,7 @@ namespace command {
 void put_on_theme(const Workshop& workshop, const std::string& file, const std::string& contents,
                   const std::filesystem::path& library);
 
-// A picture tells the library and the theme that drew it (support/provenance.h).
+// A picture names the library and the theme that drew it (support/provenance.h).
 
 /// The keyboard on the screen as PNG. The scale is in pixels per point, 0 is the screen's. Throws Failure
 /// when the simulator cannot show it.
