@@ -119,16 +119,23 @@ struct Bundle : NSBundle {
     NSString* localizedString(NSString* key, NSString* value, NSString* table) {
         NSString* otherwise = value->length() ? value : key ? key : ""_ns;
         if (!key) return otherwise;
-        NSString* file = pathForResource(table->length() ? table : "Localizable"_ns, "strings"_ns);
-        if (!file) return otherwise;
-        NSData* data = NSData::dataWithContentsOfFile(file);
-        auto* strings = as<NSDictionary>(NSPropertyListSerialization::propertyListWithData(
-            data, NSPropertyListSerialization::immutable, nullptr, nullptr));
-        NSString* found = as<NSString>(strings->objectForKey(key));
+        NSString* found =
+            as<NSString>(strings_of(table->length() ? table : "Localizable"_ns)->objectForKey(key));
         return found ? found : otherwise;
     }
 
   private:
+    /// A table of texts is read once, and stays as long as the process. nil for one that is not there.
+    NSDictionary* strings_of(NSString* table) {
+        static auto* known = new std::map<std::string, strong<NSDictionary>>;
+        const auto [place, is_new] = known->try_emplace(text(bundlePath()) + "/" + text(table));
+        if (is_new)
+            if (NSString* file = pathForResource(table, "strings"_ns))
+                place->second = as<NSDictionary>(NSPropertyListSerialization::propertyListWithData(
+                    NSData::dataWithContentsOfFile(file), NSPropertyListSerialization::immutable, nullptr,
+                    nullptr));
+        return place->second;
+    }
     static NSBundle* bundle_at(const std::string& path) {
         static auto* known = new std::map<std::string, NSBundle*>;
         NSString* folder = string_of(path);

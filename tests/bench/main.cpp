@@ -59,6 +59,7 @@ int main() {
     bench::measure_keyboard_pictures(ratios);
     bench::measure_command(ratios);
     bench::measure_opening(ratios);
+    bench::measure_pane(ratios);
 
     test::Phone phone;
     test::arrange_theme(phone);

@@ -95,7 +95,7 @@ void measure_opening(std::vector<Ratio>& ratios) {
     const auto bundle = phone.host("/Library/PreferenceBundles/Huecraft.bundle");
     std::filesystem::create_directories(bundle);
     for (const char* icon : {"copy.png", "paste.png"})
-        std::filesystem::copy(std::filesystem::path(HUECRAFT_BUNDLE) / icon, bundle);
+        std::filesystem::copy(std::filesystem::path(LIBRARY_BUNDLE) / icon, bundle);
     constexpr double figure = 0.150;
     ratios.push_back(against_figure("opening the picker, processor time", figure,
                                     {HUECRAFT_PICKER_PICTURE, std::getenv("HUECRAFT_LIBRARY"),

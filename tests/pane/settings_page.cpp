@@ -1,19 +1,11 @@
 #include "settings_page.h"
 
-#include <fstream>
-
+#include "laid_out_packages.h"
 #include "objc/fast_enumeration.h"
 #include "picture.h"
 
 namespace test {
 namespace {
-
-namespace fs = std::filesystem;
-
-void put(const Phone& phone, const fs::path& file, const std::string& folder, const std::string& name) {
-    phone.make_folder("/" + folder);
-    fs::copy_file(file, phone.host("/" + folder + "/" + name), fs::copy_options::overwrite_existing);
-}
 
 constexpr const char* settings = "/Applications/Preferences.app/Preferences";
 
@@ -27,18 +19,7 @@ bool shows(UIView* view, const std::string& text) {
 
 }  // namespace
 
-SettingsPage::SettingsPage() {
-    std::ifstream list(PANE_FILES);
-    std::string mode, file, folder;
-    while (std::getline(list, mode) && std::getline(list, file) && std::getline(list, folder))
-        put(phone, file, folder, fs::path(file).filename());
-    put(phone, std::getenv("HUECRAFT_PANE"), "Library/PreferenceBundles/HuecraftSettings.bundle",
-        "HuecraftSettings");
-    phone.make_folder("/Library/PreferenceBundles/Huecraft.bundle");
-    fs::copy(LIBRARY_BUNDLE, phone.host("/Library/PreferenceBundles/Huecraft.bundle"),
-             fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-    phone.make_folder("/var/mobile/Library/Preferences");
-}
+SettingsPage::SettingsPage() { lay_out_packages(phone, std::getenv("HUECRAFT_PANE")); }
 
 void SettingsPage::open(Phone::Options options) {
     options.executable = settings;

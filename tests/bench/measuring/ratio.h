@@ -37,6 +37,7 @@ void measure_backdrops(std::vector<Ratio>&);
 void measure_keyboard_pictures(std::vector<Ratio>&);
 void measure_command(std::vector<Ratio>&);
 void measure_opening(std::vector<Ratio>&);
+void measure_pane(std::vector<Ratio>&);
 
 void measure_colours(std::vector<Ratio>&);
 void measure_hooks(std::vector<Ratio>&);
