@@ -56,6 +56,13 @@ struct HCCITool : objc::Interface<HCCITool, "HCCITool", NSObject> {
     }
 };
 
+/// The card that a tool is shown in, with a close button above its content and a confirm button below.
+struct HCModalView : objc::Interface<HCModalView, "HCModalView", UIView> {
+    UIView* contentView() { return send<"contentView", UIView*>(); }
+    UIView* panelView() { return send<"panelView", UIView*>(); }
+    UIView* shadowView() { return send<"shadowView", UIView*>(); }
+};
+
 /// A panel in which a person chooses a colour; its delegate receives it by
 /// colorPickerReturnedWithColor:andHexString:. Confirming raises once the colours that were chosen last came
 /// from their file, for the lists are immutable then.
@@ -67,6 +74,8 @@ struct HCColorPickerController
     void shakeWrong() { send<"shakeWrong">(); }
     /// Weak.
     void setDelegate(id delegate) { send<"setDelegate:">(delegate); }
+    /// nil before the view is loaded.
+    HCModalView* modal() { return send<"modal", HCModalView*>(); }
     UITextField* hexTextField() { return send<"hexTextField", UITextField*>(); }
     id recentColorDictionary() { return send<"recentColorDictionary", id>(); }
     void setRecentColorDictionary(NSMutableDictionary* all) { send<"setRecentColorDictionary:">(all); }

@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/imageio.h"
+
 namespace pane {
 namespace {
 
@@ -69,6 +71,22 @@ UIImage* workable(UIImage* photo) {
     const CGSize pixels{points.width * photo->scale(), points.height * photo->scale()};
     const CGSize size = fitted(pixels, longest_side);
     return drawn(photo, size, {{0, 0}, size});
+}
+
+UIImage* workable(NSURL* file) {
+    if (!file) return nullptr;
+    const auto source = objc::adopt(reinterpret_cast<NSObject*>(CGImageSourceCreateWithURL(file, nullptr)));
+    if (!source) return nullptr;
+    const id keys[] = {kCGImageSourceCreateThumbnailFromImageAlways,
+                       kCGImageSourceCreateThumbnailWithTransform, kCGImageSourceThumbnailMaxPixelSize};
+    NSNumber* yes = NSNumber::numberWithBool(true);
+    const id values[] = {yes, yes, NSNumber::numberWithInteger(static_cast<NSInteger>(longest_side))};
+    CGImageRef image =
+        CGImageSourceCreateThumbnailAtIndex(reinterpret_cast<CGImageSourceRef>(source.get()), 0,
+                                            NSDictionary::dictionaryWithObjects(values, keys, 3));
+    UIImage* photo = image ? UIImage::imageWithCGImage(image) : nullptr;
+    CGImageRelease(image);
+    return photo;
 }
 
 UIImage* cropped(UIImage* photo, CGRect part, CGSize pixels) {

@@ -10,6 +10,9 @@ CGSize keyboard_pixels();
 /// Upright, with a pixel to a point, its longer side at most twice the keyboard's; nil for one without
 /// pixels.
 UIImage* workable(UIImage* photo);
+/// The same of a file's photo, which is never decoded whole: memory holds what is left of it. nil for one
+/// that cannot be read.
+UIImage* workable(NSURL* file);
 
 /// That part of an image with a pixel to a point, in `pixels`.
 UIImage* cropped(UIImage* photo, CGRect part, CGSize pixels);

@@ -2,6 +2,7 @@
 
 #include "pane/model/shelf.h"
 #include "pane/model/themes_as_text.h"
+#include "pane/screens/editor/edit.h"
 #include "platform/controls.h"
 
 namespace pane {
@@ -36,7 +37,10 @@ void make_theme(HuecraftSettingsController* page, NSString* name) {
         error = make_error(text<"Huecraft itself is not loaded here.">());
     }
     page->showTheme(file);
-    if (!file) tell(page, text<"The theme could not be made.">(), error);
+    if (file)
+        edit_theme(page, themes::folder(), file);
+    else
+        tell(page, text<"The theme could not be made.">(), error);
 }
 
 void import_theme(HuecraftSettingsController* page, HuecraftConfig* theme) {

@@ -1,4 +1,5 @@
 // The library's colour picker as the pane shows it, and the page on a phone without the library.
+#include "platform/scrolling.h"
 #include "settings_page.h"
 
 namespace test {
@@ -100,6 +101,37 @@ TEST_F(PickerOfThePane, AnUnfinishedTextIsRefused) {
         ASSERT_EQ(sim_presented(&presented), SIM_OK);
         EXPECT_EQ(presented, picker) << typed << ": it stays";
     }
+}
+
+class PickerHeldAcross : public SettingsPage, public testing::WithParamInterface<CGSize> {};
+INSTANTIATE_TEST_SUITE_P(, PickerHeldAcross, testing::Values(CGSize{568, 320}, CGSize{812, 375}));
+
+TEST_P(PickerHeldAcross, BothButtonsAreInSightAndTheSlidersScroll) {
+    open({.screen_width = GetParam().width, .screen_height = GetParam().height, .screen_scale = 2});
+    const id picker = made("HuecraftSettingsColorPicker");
+    ASSERT_EQ(sim_present(picker), SIM_OK) << sim_last_error();
+    ASSERT_EQ(sim_advance_clock(2), SIM_OK) << sim_last_error();
+    const auto on_screen = [](UIView* view) { return view->convertRectToView(view->bounds(), nullptr); };
+    const id modal = objc::send<"modal", id>(picker);
+    for (UIView* button :
+         {objc::send<"closeButton", UIView*>(modal), objc::send<"selectButton", UIView*>(modal)}) {
+        const CGRect place = on_screen(button);
+        EXPECT_GE(place.origin.y, 0);
+        EXPECT_LE(place.origin.y + place.size.height, GetParam().height);
+    }
+    auto* scroller = objc::send<"scrollView", UIScrollView*>(picker);
+    const CGFloat visible = scroller->bounds().size.height;
+    EXPECT_GT(scroller->contentSize().height, visible);
+    auto* alpha = objc::send<"alphaSlider", UIView*>(picker);
+    const CGRect shown = on_screen(scroller);
+    const double x = shown.origin.x + 8, y = shown.origin.y + shown.size.height - 15;
+    ASSERT_EQ(sim_touch(SIM_TOUCH_BEGAN, x, y), SIM_OK);
+    for (int step = 1; step <= 10; ++step)
+        ASSERT_EQ(sim_touch(SIM_TOUCH_MOVED, x, y - 20 * step), SIM_OK) << sim_last_error();
+    ASSERT_EQ(sim_touch(SIM_TOUCH_ENDED, x, y - 200), SIM_OK);
+    ASSERT_EQ(sim_advance_clock(2), SIM_OK) << sim_last_error();
+    const CGRect slider = on_screen(alpha);
+    EXPECT_LE(slider.origin.y + slider.size.height, shown.origin.y + shown.size.height + 1);
 }
 
 using WithoutLibrary = SettingsPage;

@@ -1,5 +1,6 @@
 // Photographs in the editor: chosen, cropped by fingers, dimmed, blurred, and shown through.
 #include "editor_page.h"
+#include "platform/sharing.h"
 
 namespace test {
 namespace {
@@ -71,6 +72,28 @@ TEST_F(EditorWithPhotos, TheOddOnesFillTheKeyboardToo) {
     tap("Save");
     ASSERT_NE(stored(), nullptr);
     EXPECT_EQ(stored()->size().width, 750);
+}
+
+TEST_F(EditorWithPhotos, AFileIsPreferredToAnImageAndAnImageToNone) {
+    edit();
+    put_photo("photo.png", png(color(0.2, 0.4, 0.6), 300, 200));
+    for (const auto& [file, width] : {std::pair{"photo.png", 300.0}, {"gone.png", 40.0}}) {
+        open_picker();
+        void* picker = nullptr;
+        ASSERT_EQ(sim_presented(&picker), SIM_OK);
+        const id keys[] = {UIImagePickerControllerImageURL, UIImagePickerControllerOriginalImage};
+        const id values[] = {
+            NSURL::fileURLWithPath(text("/var/mobile/Media/DCIM/100APPLE/" + std::string(file))),
+            filled_image(color(1, 0, 0), 40, 30)};
+        auto* editor = static_cast<UIImagePickerController*>(static_cast<id>(picker))->delegate();
+        static_cast<NSObject*>(editor)->send<"imagePickerController:didFinishPickingMediaWithInfo:">(
+            static_cast<id>(picker), NSDictionary::dictionaryWithObjects(values, keys, 2));
+        ASSERT_EQ(sim_advance_clock(1), SIM_OK) << sim_last_error();
+        auto* shown = static_cast<UIImageView*>(
+            static_cast<id>(static_cast<UIView*>(photo_window()->subviews()->objectAtIndex(0))));
+        EXPECT_EQ(shown->image()->size().width, width);
+        tap("Cancel");
+    }
 }
 
 TEST_F(EditorWithPhotos, OneThatDoesNotDecodeIsSaidSo) {

@@ -72,6 +72,13 @@ TEST_F(EditorPictures, OfThePicker) {
     expect_picture("pane-editor-picker");
 }
 
+TEST_F(EditorPictures, OfThePickerOnAPhoneHeldAcross) {
+    edit(0, own_section, {.screen_width = 568, .screen_height = 320, .screen_scale = 2});
+    choose_row(text_row, keys_section);
+    ASSERT_EQ(sim_advance_clock(1), SIM_OK);
+    expect_picture("pane-editor-picker-across");
+}
+
 TEST_F(EditorPictures, OfTheCropper) {
     edit();
     open_cropper();

@@ -182,6 +182,7 @@ TEST_F(FirstScreen, AThemeIsMadeDuplicatedSharedAndDeleted) {
     tap("New Theme");
     ASSERT_EQ(sim_type_text("Mine"), SIM_OK) << sim_last_error();
     tap("Create");
+    tap("Cancel");  // the editor, which shows it
     tap("Edit");
     for (const char* action : {"Duplicate", "Share", "Delete"}) {
         choose_row(0, own_section);

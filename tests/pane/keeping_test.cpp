@@ -35,6 +35,8 @@ class Keeping : public SettingsPage {
         if (!name.empty()) ASSERT_EQ(sim_type_text(name.c_str()), SIM_OK) << sim_last_error();
         tap("Create");
     }
+    /// The editor that is open on a new theme.
+    static void leave_editor() { tap("Cancel"); }
     void paste(const std::string& copied) {
         UIPasteboard::generalPasteboard()->setString(text(copied));
         tap("Add");
@@ -51,8 +53,23 @@ TEST_F(Keeping, ANewThemeIsNamedAndListed) {
     open();
     make("Mine");
     EXPECT_EQ(files(), Names{"Mine.plist"});
+    leave_editor();
     EXPECT_EQ(title(0), "Mine");
     EXPECT_EQ(preferences(), "none") << "it is not chosen yet";
+}
+
+TEST_F(Keeping, ANewThemeOpensTheEditor) {
+    open();
+    make("Mine");
+    auto* editor = static_cast<NSObject*>(page());
+    EXPECT_STREQ(object_getClassName(editor), "HuecraftSettingsEditor");
+    EXPECT_TRUE(is_on_screen("Mine"));
+    EXPECT_TRUE(is_on_screen("Save"));
+    editor->send<"colorPickerReturnedWithColor:andHexString:">(color(1, 0, 0), id());
+    editor->send<"save">();
+    ASSERT_EQ(sim_advance_clock(1), SIM_OK) << sim_last_error();
+    EXPECT_EQ(files(), Names{"Mine.plist"}) << "the same file";
+    EXPECT_EQ(title(0), "Mine");
 }
 
 TEST_F(Keeping, ANewThemeOfATakenNameGetsAFreeOne) {
@@ -84,6 +101,7 @@ TEST_F(Keeping, ANewThemeAmongThousandComesIntoSight) {
     for (int i = 0; i < 1000; ++i) put_theme(phone, "T" + std::to_string(i) + ".plist", "T");
     open();
     make("Zebra");
+    leave_editor();
     EXPECT_TRUE(is_on_screen("Zebra"));
 }
 

@@ -321,8 +321,8 @@ struct Editor : objc::Implements<Editor, HuecraftSettingsEditor> {
         self()->presentViewController(picker, true, nullptr);
     }
     void didFinishPicking(UIImagePickerController* picker, NSDictionary* info) {
-        strong<UIImage> photo =
-            workable(as<UIImage>(info->objectForKey(UIImagePickerControllerOriginalImage)));
+        strong<UIImage> photo = workable(as<NSURL>(info->objectForKey(UIImagePickerControllerImageURL)));
+        if (!photo) photo = workable(as<UIImage>(info->objectForKey(UIImagePickerControllerOriginalImage)));
         picker->dismissViewController(true, objc::Block([page = strong<Editor>(this), photo] {
                                           page->ivars().photo = photo;
                                           page->crop(photo);

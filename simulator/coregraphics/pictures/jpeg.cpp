@@ -61,11 +61,23 @@ int orientation_in(std::span<const uint8_t> data) {
     return 1;
 }
 
+/// The smallest size that the decoder itself can make of the picture with `needed` pixels along a side.
+void reduce(int& width, int& height, size_t needed) {
+    int count = 0;
+    const tjscalingfactor* factors = tjGetScalingFactors(&count);
+    const int full_width = width, full_height = height;
+    for (int i = 0; i < count; ++i) {
+        const int across = TJSCALED(full_width, factors[i]), down = TJSCALED(full_height, factors[i]);
+        if (across < width && static_cast<size_t>(std::max(across, down)) >= needed)
+            width = across, height = down;
+    }
+}
+
 }  // namespace
 
 bool is_jpeg(std::span<const uint8_t> data) { return data.size() > 3 && data[0] == 0xff && data[1] == 0xd8; }
 
-std::optional<DecodedPicture> decode_jpeg(std::span<const uint8_t> data) {
+std::optional<DecodedPicture> decode_jpeg(std::span<const uint8_t> data, size_t needed) {
     const std::unique_ptr<void, int (*)(tjhandle)> jpeg(tjInitDecompress(), &tjDestroy);
     int width = 0, height = 0, sampling = 0, color_space = 0;
     if (!jpeg ||
@@ -75,6 +87,7 @@ std::optional<DecodedPicture> decode_jpeg(std::span<const uint8_t> data) {
     if (color_space == TJCS_CMYK || color_space == TJCS_YCCK) return std::nullopt;
     if (width < 0 || height < 0 || !fits_limits(static_cast<size_t>(width), static_cast<size_t>(height)))
         return std::nullopt;
+    reduce(width, height, needed);
     DecodedPicture picture;
     picture.surface = Surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height));
     picture.model = color_space == TJCS_GRAY ? kCGColorSpaceModelMonochrome : kCGColorSpaceModelRGB;

@@ -5,6 +5,6 @@
 namespace sim {
 
 bool is_jpeg(std::span<const uint8_t> data);
-std::optional<DecodedPicture> decode_jpeg(std::span<const uint8_t> data);
+std::optional<DecodedPicture> decode_jpeg(std::span<const uint8_t> data, size_t needed);
 
 }  // namespace sim

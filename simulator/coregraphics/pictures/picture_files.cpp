@@ -6,9 +6,9 @@
 
 namespace sim {
 
-std::optional<DecodedPicture> decode_picture(std::span<const uint8_t> data) {
+std::optional<DecodedPicture> decode_picture(std::span<const uint8_t> data, size_t needed) {
     if (is_png(data)) return decode_png(data);
-    if (is_jpeg(data)) return decode_jpeg(data);
+    if (is_jpeg(data)) return decode_jpeg(data, needed);
     return std::nullopt;
 }
 

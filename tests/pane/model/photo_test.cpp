@@ -1,6 +1,13 @@
 // Photographs on their way behind a keyboard: upright, of a size to work with, cropped, dimmed, blurred.
 #include "pane/drawing/photo.h"
 
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <turbojpeg.h>
+#include <unistd.h>
+
+#include <fstream>
+
 #include "kept_files.h"
 #include "platform/owned_graphics.h"
 
@@ -68,7 +75,51 @@ TEST_F(Photo, OfOnePixelStaysAndFillsTheKeyboard) {
     EXPECT_EQ(size_of(pane::blurred(one)), (CGSize{1, 1}));
 }
 
-TEST_F(Photo, ThatIsMissingIsNone) { EXPECT_EQ(pane::workable(nullptr), nullptr); }
+/// Writes a photo of 48 megapixels, in a process of its own: this one never holds it.
+void write_large_photo(const std::filesystem::path& file) {
+    if (const pid_t child = fork(); child != 0) {
+        int status = -1;
+        waitpid(child, &status, 0);
+        ASSERT_EQ(status, 0);
+        return;
+    }
+    constexpr int width = 8000, height = 6000;
+    const std::vector<uint8_t> grey(size_t{width} * height, 128);
+    unsigned char* jpeg = nullptr;
+    unsigned long size = 0;
+    const bool made = tjCompress2(tjInitCompress(), grey.data(), width, 0, height, TJPF_GRAY, &jpeg, &size,
+                                  TJSAMP_GRAY, 80, 0) == 0;
+    std::ofstream out(file, std::ios::binary);
+    out.write(reinterpret_cast<const char*>(jpeg), static_cast<std::streamsize>(size));
+    out.close();
+    _exit(made && out ? 0 : 1);
+}
+
+TEST_F(Photo, AFileOf48MegapixelsIsNeverDecodedWhole) {
+    const auto most_memory = [] {
+        rusage used{};
+        getrusage(RUSAGE_SELF, &used);
+        return used.ru_maxrss;
+    };
+    write_large_photo(phone.host("/large.jpg"));
+    const long before = most_memory();
+    UIImage* photo = pane::workable(NSURL::fileURLWithPath(text("/large.jpg")));
+    ASSERT_NE(photo, nullptr);
+    EXPECT_EQ(size_of(photo), (CGSize{2484, 1863}));
+    constexpr long whole = 8000 * 6000 / 1024 * 4, parts = 2;
+    EXPECT_LT(most_memory() - before, whole / parts) << "kilobytes";
+}
+
+TEST_F(Photo, AFileThatIsNoPhotoIsNone) {
+    phone.write("/broken.jpg", "no photo");
+    EXPECT_EQ(pane::workable(NSURL::fileURLWithPath(text("/broken.jpg"))), nullptr);
+    EXPECT_EQ(pane::workable(NSURL::fileURLWithPath(text("/gone.jpg"))), nullptr);
+}
+
+TEST_F(Photo, ThatIsMissingIsNone) {
+    EXPECT_EQ(pane::workable(static_cast<UIImage*>(nullptr)), nullptr);
+    EXPECT_EQ(pane::workable(static_cast<NSURL*>(nullptr)), nullptr);
+}
 
 TEST_F(Photo, ThatIsLongAndThinKeepsItsShape) {
     EXPECT_EQ(size_of(pane::workable(filled_image(color(1, 0, 0), 20000, 4))), (CGSize{2484, 1}));

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "drawing_test.h"
+#include "platform/imageio.h"
 
 namespace test {
 namespace {
@@ -269,6 +270,42 @@ TEST_F(PictureFile, APhotographIsTurnedAsItsCameraSays) {
                 red, 6))
                 << int{row.orientation};
         }
+}
+
+/// Of a file on the phone, as large as that at most; nil for none.
+UIImage* thumbnail(NSString* path, NSInteger longest) {
+    const auto source = objc::adopt(
+        reinterpret_cast<NSObject*>(CGImageSourceCreateWithURL(NSURL::fileURLWithPath(path), nullptr)));
+    const id keys[] = {kCGImageSourceCreateThumbnailFromImageAlways,
+                       kCGImageSourceCreateThumbnailWithTransform, kCGImageSourceThumbnailMaxPixelSize};
+    NSNumber* yes = NSNumber::numberWithBool(true);
+    const id values[] = {yes, yes, NSNumber::numberWithInteger(longest)};
+    CGImageRef image =
+        CGImageSourceCreateThumbnailAtIndex(reinterpret_cast<CGImageSourceRef>(source.get()), 0,
+                                            NSDictionary::dictionaryWithObjects(values, keys, 3));
+    UIImage* thumbnail = image ? UIImage::imageWithCGImage(image) : nullptr;
+    CGImageRelease(image);
+    return thumbnail;
+}
+
+TEST_F(PictureFile, AThumbnailIsUprightAndNoLargerThanWanted) {
+    const Bytes file = turned(jpeg_file(640, 320), 6, true);
+    phone.write("/turned.jpg", {reinterpret_cast<const char*>(file.data()), file.size()});
+    for (const auto& [wanted, size] :
+         {std::pair{100, CGSize{50, 100}}, {160, CGSize{80, 160}}, {5000, CGSize{320, 640}}}) {
+        UIImage* small = thumbnail(text("/turned.jpg"), wanted);
+        ASSERT_NE(small, nullptr) << wanted;
+        EXPECT_EQ(small->size(), size) << wanted;
+        const Picture picture(drawn(size, 1, [&](CGContextRef) { small->drawAtPoint({0, 0}); }));
+        EXPECT_TRUE(near(picture.at(20, 10), red, 6)) << wanted;
+        EXPECT_TRUE(near(picture.at(20, static_cast<size_t>(size.height) - 10), blue, 6)) << wanted;
+    }
+}
+
+TEST_F(PictureFile, WhatIsNoPictureHasNoThumbnail) {
+    phone.write("/broken.jpg", "\xff\xd8 and no further");
+    EXPECT_EQ(thumbnail(text("/broken.jpg"), 100), nullptr);
+    EXPECT_EQ(thumbnail(text("/missing.jpg"), 100), nullptr);
 }
 
 TEST_F(PictureFile, MirroredPhotographsAreMirrored) {
