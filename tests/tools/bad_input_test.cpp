@@ -15,7 +15,11 @@ TEST_F(BadInput, NothingAskedForIsMisuse) {
     const Outcome run = this->run({});
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.out, "");
-    EXPECT_EQ(run.err, "huecraft: A subcommand is required (see huecraft --help)\n");
+    EXPECT_EQ(
+        run.err,
+        "huecraft: found no subcommand, expected one of new, edit, show, lint, keyboard, preview, gallery, "
+        "pane, picker, "
+        "convert, import, send, pack, package-check, doctor, completions, man, help (see huecraft --help)\n");
 }
 
 TEST_F(BadInput, AnUnknownSubcommandIsNamed) {
@@ -97,7 +101,9 @@ TEST_F(BadInput, AListAtTheRootIsNoTheme) {
     write("list.plist", "(a, b)");
     const Outcome run = this->run({"show", "list.plist"});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err, "huecraft: list.plist: Parsed object was not an NSDictionary\n");
+    EXPECT_EQ(run.err,
+              "huecraft: list.plist: it is a property list, but no theme: found no dictionary at its root, "
+              "expected one\n");
 }
 
 TEST_F(BadInput, ControlCharactersInAFilesNameDoNotReachTheTerminal) {
@@ -119,7 +125,7 @@ TEST_F(BadInput, OutputThatCannotBeWrittenIsStatusTwo) {
     const std::string all = std::string(HUECRAFT_COMMAND) + " show " + path("sound.plist").string() +
                             " > /dev/full 2> " + path("err").string();
     EXPECT_EQ(WEXITSTATUS(std::system(all.c_str())), 2);
-    EXPECT_EQ(read("err"), "huecraft: standard output: cannot be written: No space left on device\n");
+    EXPECT_EQ(read("err"), "huecraft: standard output: cannot be written: the disk is full\n");
 }
 
 TEST_F(BadInput, NothingIsLeftInTheFolderOfTemporaryFiles) {

@@ -28,16 +28,18 @@ class LintFix : public Command {
     static std::string key(const std::string& name, const std::string& value) {
         return value.empty() ? "" : "<key>" + name + "</key>" + value;
     }
-    /// An even one, a change from one colour to another, or a chequered one, which leaves room for no pair.
+    /// An even one, a change from one colour to another, a chequered one, which leaves room for no pair, or
+    /// noise.
     std::string picture() {
         const auto colour = [&] {
             return Rgb{static_cast<int>(random_() % 256), static_cast<int>(random_() % 256),
                        static_cast<int>(random_() % 256)};
         };
         const Rgb one = colour(), other = colour();
-        const unsigned long kind = random_() % 3, size = 1 + random_() % 20;
+        const unsigned long kind = random_() % 4, size = 1 + random_() % 20;
         constexpr int width = 60;
         return png_of(sample(width, 38, [&](int x, int y) {
+            if (kind == 3) return colour();
             if (kind == 2)
                 return (static_cast<unsigned>(x) / size + static_cast<unsigned>(y) / size) % 2 ? one : other;
             Rgb mixed = one;
@@ -46,7 +48,26 @@ class LintFix : public Command {
             return mixed;
         }));
     }
-    std::string theme() {
+    enum Background : unsigned { flat = 1, gradient = 2, image = 3 };
+    /// One whose values are all read as they stand.
+    std::string sound_theme_on(Background background) {
+        std::string colours;
+        for (size_t i = background == gradient ? 2 + random_() % 5 : 1; i-- > 0;) colours += string(hex());
+        const auto number = [](unsigned long value) {
+            return "<integer>" + std::to_string(value) + "</integer>";
+        };
+        return theme_file(
+            key("_ConfigName", string("T")) + key("_TextColor", string(hex())) +
+            key("_HighlightColor", string(hex())) + key("_BackgroundType", number(background)) +
+            (background == image
+                 ? key("_Image", "<data>" + in_base64(picture()) + "</data>") +
+                       key("_ImageAlpha", "<real>" + std::to_string(random_() % 101 / 100.0) + "</real>")
+                 : key("_Colors", "<array>" + colours + "</array>") +
+                       key("_GradientDirection", number(1 + random_() % 8))) +
+            key("_VisibleKeycaps", one_of({"", "<true/>", "<false/>"})));
+    }
+    /// One in which anything may stand anywhere.
+    std::string any_theme() {
         std::string colours;
         for (size_t i = random_() % 5; i-- > 0;)
             colours += random_() % 12 ? string(hex())
@@ -81,16 +102,17 @@ class LintFix : public Command {
 TEST_F(LintFix, MakesAnyThemeFineAtOnce) {
     // The environment may ask for more: docs/command.md.
     const char* asked = std::getenv("HUECRAFT_RANDOM_THEMES");
-    constexpr int usual = 200, at_a_time = 200;
+    constexpr int usual = 120, at_a_time = 120;
+    constexpr Background backgrounds[] = {flat, gradient, image};
     for (int left = asked ? std::atoi(asked) : usual; left > 0; left -= at_a_time) {
         std::vector<std::string> fix{"lint", "--fix"}, lint{"lint"};
         for (int i = 0; i < std::min(left, at_a_time); ++i) {
             const std::string file = "t" + std::to_string(i) + ".plist";
-            write(file, theme());
+            write(file, i % 2 ? any_theme() : sound_theme_on(backgrounds[i / 2 % 3]));
             fix.push_back(file);
             lint.push_back(file);
         }
-        EXPECT_GT(run(lint).status, 0);
+        EXPECT_GT(run({"lint", "t0.plist", "t1.plist", "t2.plist", "t3.plist"}).status, 0);
         const Outcome fixed = run(fix);
         // Those without any key of a theme are none.
         EXPECT_NE(fixed.status, 1) << fixed.out;

@@ -79,7 +79,7 @@ TEST_F(New, ANameOfSlashesAloneIsRefused) {
 TEST_F(New, AnEmptyNameIsRefused) {
     const Outcome run = this->run({"new", ""});
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err, "huecraft: \"\": a theme needs a name\n");
+    EXPECT_EQ(run.err, "huecraft: NAME: found \"\", expected the theme's name (see huecraft new --help)\n");
 }
 
 TEST_F(New, ANameLongerThanFileNamesIsRefused) {
@@ -127,7 +127,7 @@ TEST_F(New, WhatIsNoPictureIsNamed) {
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(
         run.err,
-        "huecraft: notes.png: it is not a picture that can be read: found \"not a pi\" at its beginning; "
+        "huecraft: notes.png: it is not a picture that can be read: found \"not a pi\" at its beginning, "
         "expected PNG, JPEG, WebP or HEIC\n");
     EXPECT_EQ(names(), std::vector<std::string>{"notes.png"});
 }

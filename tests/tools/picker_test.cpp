@@ -282,7 +282,7 @@ TEST_F(Picker, ThePictureInTheDocsIsWhatTheDemosTouchesMake) {
 TEST_F(Picker, PicturesNeedAFolder) {
     EXPECT_EQ(complaint("wait 1\n\npicture a"), "s:3: pictures need a folder to go to: say -o DIR\n");
     EXPECT_EQ(complaint("record a"), "s:1: pictures need a folder to go to: say -o DIR\n");
-    EXPECT_EQ(complaint("wait 1", {"-o", "s"}), "s: it is not a folder; the pictures need one\n");
+    EXPECT_EQ(complaint("wait 1", {"-o", "s"}), "s: it is a file and not a folder\n");
 }
 
 // ---- The user's files
@@ -463,7 +463,7 @@ TEST_F(Picker, BytesThatAreNoTextAreRefused) {
 TEST_F(Picker, FilesThatAreNotThereAreNamed) {
     EXPECT_EQ(run({"picker", "--script", "none"}).err, "huecraft: none: there is no such file\n");
     EXPECT_EQ(complaint("", {"--device", "none"}), "none: there is no such folder\n");
-    EXPECT_EQ(complaint("", {"--device", "s"}), "s: there is no such folder\n");
+    EXPECT_EQ(complaint("", {"--device", "s"}), "s: it is a file and not a folder\n");
     EXPECT_EQ(complaint("", {"--recent", "none"}), "none: there is no such file\n");
     EXPECT_EQ(complaint("", {"--theme", "none"}), "none: there is no such file\n");
     write("t.plist", theme_file("<key>_TextColor</key><string>#FFFFFF</string>"));

@@ -57,7 +57,12 @@ void boot(const std::filesystem::path& device, const char* executable, const Scr
 
 void load(const std::filesystem::path& library) {
     sim_library* loaded = nullptr;
-    require(sim_load(library.c_str(), &loaded), "loading " + library.string());
+    // A name without a folder would be looked for among the system's libraries. What is said names the file.
+    if (sim_load(std::filesystem::absolute(library).c_str(), &loaded) != SIM_OK)
+        throw Failure(sim_last_error());
+    if (!objc_getClass("HuecraftConfig"))
+        throw Failure("cannot load " + library.string() +
+                      ": it is no build of this library: found no class HuecraftConfig");
 }
 
 }  // namespace tools

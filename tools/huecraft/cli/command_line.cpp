@@ -1,9 +1,10 @@
 #include "cli/command_line.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
-#include <cstdlib>
 
+#include "cli/formatter.h"
 #include "cli/terminal.h"
 #include "formats/imported.h"
 #include "themes/colour.h"
@@ -27,6 +28,13 @@ void add_library(CLI::App* subcommand, std::string& library) {
         ->add_option("--library", library,
                      "The build of the library that draws, ELF or Mach-O; the command's own without it")
         ->type_name("FILE");
+}
+
+std::optional<double> number_in_digits(std::string_view text) {
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    return number;
 }
 
 namespace {
@@ -83,10 +91,21 @@ CLI::Option* taking_number(CLI::Option* option, double from, double to) {
         return std::string(text);
     };
     auto refusal = [=](const std::string& text) -> std::string {
-        char* end = nullptr;
-        const double number = std::strtod(text.c_str(), &end);
-        if (!text.empty() && *end == '\0' && number >= from && number <= to) return "";
+        const auto number = number_in_digits(text);
+        if (number && *number >= from && *number <= to) return "";
         return in_quotes(text) + " is not a number from " + plain(from) + " to " + plain(to);
+    };
+    return option->type_name("N")->check(refusal, "", "number");
+}
+
+CLI::Option* taking_whole_number(CLI::Option* option, int from, int to) {
+    auto refusal = [=](const std::string& text) -> std::string {
+        int number = 0;
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+        if (error == std::errc() && end == text.data() + text.size() && number >= from && number <= to)
+            return "";
+        return in_quotes(text) + " is not a whole number from " + std::to_string(from) + " to " +
+               std::to_string(to);
     };
     return option->type_name("N")->check(refusal, "", "number");
 }
@@ -101,9 +120,16 @@ CLI::Option* taking_one_of(CLI::Option* option, const std::vector<std::string>& 
     return option->type_name(listed)->check(refusal, "", "word");
 }
 
+/// --json=maybe would be a number to the parser.
+static void refuse_values_of_flags(CLI::App& command) {
+    for (CLI::Option* option : command.get_options())
+        if (option->get_items_expected_max() == 0) option->disable_flag_override();
+}
+
 std::unique_ptr<CLI::App> make_command_line(Request& request) {
     auto command = std::make_unique<CLI::App>("Makes, checks and shows keyboard themes.", "huecraft");
     command->require_subcommand(1);
+    command->formatter(std::make_shared<Formatter>());
     command->set_version_flag("--version", "huecraft " PROJECT_VERSION, "Print the version and exit");
     command->footer(
         "Exit status: 0 all is well, 1 something was found, 2 misuse or a file that cannot be used.\n"
@@ -125,6 +151,11 @@ std::unique_ptr<CLI::App> make_command_line(Request& request) {
     add_doctor(*command, request);
     add_completions(*command, request);
     add_help(*command, request);
+    for (CLI::App* one : command->get_subcommands([](const CLI::App*) { return true; })) {
+        one->formatter(command->get_formatter());
+        refuse_values_of_flags(*one);
+    }
+    refuse_values_of_flags(*command);
     return command;
 }
 

@@ -3,7 +3,9 @@
 #include <CLI/CLI.hpp>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/status.h"
@@ -57,6 +59,9 @@ void add_force(CLI::App* subcommand, bool& force);
 /// The option that names the build of the library to draw with.
 void add_library(CLI::App* subcommand, std::string& library);
 
+/// The number that is written there from beginning to end, in decimal digits; nothing else is one.
+std::optional<double> number_in_digits(std::string_view text);
+
 /// Has the option take a colour in one of its notations, and keep it as a theme does: #RRGGBB or #RRGGBBAA.
 CLI::Option* taking_colour(CLI::Option* option);
 /// The same of two colours or more, with commas between them.
@@ -67,5 +72,6 @@ CLI::Option* taking_direction(CLI::Option* option);
 CLI::Option* taking_one_of(CLI::Option* option, const std::vector<std::string>& words);
 /// Has the option take finite numbers from one to another.
 CLI::Option* taking_number(CLI::Option* option, double from, double to);
+CLI::Option* taking_whole_number(CLI::Option* option, int from, int to);
 
 }  // namespace command

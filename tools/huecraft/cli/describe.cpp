@@ -1,6 +1,7 @@
 #include "cli/describe.h"
 
 #include <algorithm>
+#include <set>
 #include <sstream>
 
 #include "cli/shell_words.h"
@@ -27,16 +28,6 @@ std::vector<std::string> dashed_names(const CLI::Option* option) {
     for (const std::string& name : option->get_snames()) names.push_back("-" + name);
     for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
     return names;
-}
-
-/// The words that can follow, where there is a choice of them.
-std::vector<std::string> choices_of(const CLI::Option* option) {
-    const std::string type = option->get_type_name();
-    if (type.find('|') == type.npos) return {};
-    std::vector<std::string> words;
-    std::istringstream parts(type);
-    for (std::string word; std::getline(parts, word, '|');) words.push_back(word);
-    return words;
 }
 
 std::string all_dashed_names(const CLI::App& command) {
@@ -74,6 +65,45 @@ std::string verbatim(const std::string& text) { return ".nf\n" + roff(text) + "\
 
 }  // namespace
 
+std::vector<std::string> choices_of(const CLI::Option& option) {
+    const std::string type = option.get_type_name();
+    if (type.find('|') == type.npos) return {};
+    std::vector<std::string> words;
+    std::istringstream parts(type);
+    for (std::string word; std::getline(parts, word, '|');) words.push_back(word);
+    return words;
+}
+
+std::string name_with_value(const CLI::Option& option) {
+    const std::string name = option.get_name();
+    return option.get_positional() || !takes_a_value(&option) ? name : name + " " + option.get_type_name();
+}
+
+std::string synopsis(const CLI::App& subcommand) {
+    std::string words;
+    for (const CLI::Option* option : options_of(subcommand, true)) {
+        const std::string name = option->get_name() + (option->get_items_expected_max() > 1 ? "..." : "");
+        words += (words.empty() ? "" : " ") + (option->get_required() ? name : "[" + name + "]");
+    }
+    for (const CLI::Option* option : options_of(subcommand, false))
+        if (option->get_required())
+            words += " " + dashed_names(option).front() + " " + option->get_type_name();
+    return words;
+}
+
+std::string whole_description(const CLI::Option& option) {
+    const auto listed = [](const std::set<CLI::Option*>& options) {
+        std::vector<std::string> names;
+        for (const CLI::Option* one : options) names.push_back(one->get_name());
+        std::ranges::sort(names);
+        return joined(names);
+    };
+    std::string words = option.get_description();
+    if (!option.get_needs().empty()) words += " (with " + listed(option.get_needs()) + ")";
+    if (!option.get_excludes().empty()) words += " (not with " + listed(option.get_excludes()) + ")";
+    return words;
+}
+
 std::string bash_completion(const CLI::App& command) {
     std::string names, cases;
     for (const CLI::App* sub : subcommands_of(command)) {
@@ -81,7 +111,7 @@ std::string bash_completion(const CLI::App& command) {
         cases += "        " + sub->get_name() + ")\n            options='" + all_dashed_names(*sub) + "'\n";
         std::string choices;
         for (const CLI::Option* option : options_of(*sub, false))
-            if (const auto words = choices_of(option); !words.empty())
+            if (const auto words = choices_of(*option); !words.empty())
                 choices += "                " + joined(dashed_names(option), "|") + ") words='" +
                            joined(words, " ") + "' ;;\n";
         if (!choices.empty()) cases += "            case $previous in\n" + choices + "            esac\n";
@@ -122,7 +152,7 @@ std::string zsh_completion(const CLI::App& command) {
         for (const CLI::Option* option : options_of(*sub, false))
             for (const std::string& name : dashed_names(option)) {
                 std::string one = name + "[" + zsh_text(option->get_description()) + "]";
-                const auto words = choices_of(option);
+                const auto words = choices_of(*option);
                 if (!words.empty())
                     one += ":word:(" + joined(words, " ") + ")";
                 else if (takes_a_value(option))
@@ -161,7 +191,7 @@ std::string fish_completion(const CLI::App& command) {
             lines += "complete -c huecraft -n '__fish_seen_subcommand_from " + sub->get_name() + "'";
             for (const std::string& name : option->get_snames()) lines += " -s " + name;
             for (const std::string& name : option->get_lnames()) lines += " -l " + name;
-            const auto words = choices_of(option);
+            const auto words = choices_of(*option);
             if (!words.empty())
                 lines += " -x -a '" + joined(words, " ") + "'";
             else if (takes_a_value(option))
@@ -176,10 +206,7 @@ std::string manual(const CLI::App& command) {
         ".TH HUECRAFT 1\n.SH NAME\nhuecraft \\- makes, checks and shows keyboard themes\n.SH SYNOPSIS\n";
     for (const CLI::App* sub : subcommands_of(command)) {
         page += ".B huecraft " + sub->get_name() + "\n[\\fIOPTIONS\\fR]";
-        for (const CLI::Option* option : options_of(*sub, true))
-            page += " \\fI" + std::string(takes_a_value(option) && option->get_items_expected_max() > 1
-                                              ? "FILE...\\fR"
-                                              : option->get_name() + "\\fR");
+        if (const std::string words = synopsis(*sub); !words.empty()) page += " \\fI" + roff(words) + "\\fR";
         page += "\n.br\n";
     }
     page +=
@@ -194,7 +221,7 @@ std::string manual(const CLI::App& command) {
                         roff(positional ? option->get_name() : joined(dashed_names(option), ", ")) + "\\fR";
                 if (!positional && takes_a_value(option))
                     page += " \\fI" + roff(option->get_type_name()) + "\\fR";
-                page += "\n" + roff(option->get_description()) + "\n";
+                page += "\n" + roff(whole_description(*option)) + "\n";
             }
         page += ".PP\n" + verbatim(sub->get_footer());
     }

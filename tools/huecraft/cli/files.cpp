@@ -34,21 +34,6 @@ struct Descriptor {
     }
 };
 
-std::string reason(int error) {
-    switch (error) {
-        case ENOENT: return "there is no such file";
-        case ENOTDIR: return "a part of the path is a file and not a folder";
-        case EACCES:
-        case EPERM: return "access is denied";
-        case ELOOP: return "its symbolic links never end";
-        case ENAMETOOLONG: return "the name is too long";
-        case EISDIR: return "it is a folder and not a file";
-        case EROFS: return "the file system is read-only";
-        case ENOSPC: return "the disk is full";
-        default: return std::strerror(error);
-    }
-}
-
 std::string too_large(size_t bytes, const std::string& kind, size_t most) {
     return (bytes ? "it has " + std::to_string((bytes + (1 << 20) - 1) >> 20) + " MB"
                   : std::string("it has no end")) +
@@ -56,8 +41,8 @@ std::string too_large(size_t bytes, const std::string& kind, size_t most) {
 }
 
 [[noreturn]] void cannot_write(const std::string& file, int error) {
-    throw Unusable(file,
-                   "cannot be written: " + (error == ENOENT ? "the folder does not exist" : reason(error)));
+    throw Unusable(file, "cannot be written: " +
+                             (error == ENOENT ? "the folder does not exist" : error_in_words(error)));
 }
 
 void write_whole(int descriptor, const std::string& contents, const std::string& file) {
@@ -78,13 +63,29 @@ void await_bytes(int descriptor, const std::string& file) {
 
 }  // namespace
 
+std::string error_in_words(int error) {
+    switch (error) {
+        case ENOENT: return "there is no such file";
+        case ENOTDIR: return "a part of the path is a file and not a folder";
+        case EACCES:
+        case EPERM: return "access is denied";
+        case ELOOP: return "its symbolic links never end";
+        case ENAMETOOLONG: return "the name is too long";
+        case EISDIR: return "it is a folder and not a file";
+        case EROFS: return "the file system is read-only";
+        case ENOSPC: return "the disk is full";
+        case EBADF: return "it is closed";
+        default: return std::strerror(error);
+    }
+}
+
 std::string read_input(const std::string& file, const std::string& kind, size_t most) {
     // Without waiting: a pipe that nobody writes to would hold up the other files of the run.
     const Descriptor input(file == "-" ? STDIN_FILENO
                                        : ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat status;
-    if (input.number < 0 || fstat(input.number, &status) != 0) throw Unusable(file, reason(errno));
-    if (S_ISDIR(status.st_mode)) throw Unusable(file, reason(EISDIR));
+    if (input.number < 0 || fstat(input.number, &status) != 0) throw Unusable(file, error_in_words(errno));
+    if (S_ISDIR(status.st_mode)) throw Unusable(file, error_in_words(EISDIR));
     if (S_ISREG(status.st_mode) && static_cast<size_t>(status.st_size) > most)
         throw Unusable(file, too_large(static_cast<size_t>(status.st_size), kind, most));
     // A pipe or a device has no size that could be believed.
@@ -94,7 +95,7 @@ std::string read_input(const std::string& file, const std::string& kind, size_t 
         char bytes[65536];
         const ssize_t count = ::read(input.number, bytes, sizeof bytes);
         if (count < 0 && (errno == EINTR || errno == EAGAIN)) continue;
-        if (count < 0) throw Unusable(file, "cannot be read: " + reason(errno));
+        if (count < 0) throw Unusable(file, "cannot be read: " + error_in_words(errno));
         if (count == 0) return contents;
         contents.append(bytes, static_cast<size_t>(count));
         if (contents.size() > most) throw Unusable(file, too_large(0, kind, most));
@@ -158,6 +159,8 @@ Output::Output(const std::string& file) : file_(file) {
     struct stat status;
     const bool exists = stat(file.c_str(), &status) == 0;
     if (!exists && errno != ENOENT) cannot_write(file, errno);
+    if (!exists && lstat(file.c_str(), &status) == 0)
+        throw Unusable(file, "cannot be written: it is a link to a file that does not exist");
     if (exists && S_ISDIR(status.st_mode)) cannot_write(file, EISDIR);
     if (exists && access(file.c_str(), W_OK) != 0) cannot_write(file, errno);
     if (exists && !S_ISREG(status.st_mode)) {
@@ -188,6 +191,30 @@ void write_output(const std::string& file, const std::string& contents) {
     Output output(file);
     output.write(contents);
     output.finish();
+}
+
+void make_folder(const std::string& folder) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error) throw Unusable(folder, "the folder cannot be made: " + error_in_words(error.value()));
+}
+
+void require_folder(const std::string& folder) {
+    struct stat there;
+    if (stat(folder.c_str(), &there) != 0)
+        throw Unusable(folder, errno == ENOENT ? "there is no such folder" : error_in_words(errno));
+    if (!S_ISDIR(there.st_mode)) throw Unusable(folder, "it is a file and not a folder");
+}
+
+void require_folder_or_nothing(const std::string& folder) {
+    struct stat there;
+    if (!folder.empty() && lstat(folder.c_str(), &there) == 0) require_folder(folder);
+}
+
+Status end_of_output(Status status) {
+    if (output_is_whole()) return status;
+    complain("standard output", "cannot be written: " + error_in_words(errno));
+    return Status::unusable;
 }
 
 void require_absent(const std::string& file) {

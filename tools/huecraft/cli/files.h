@@ -20,6 +20,9 @@ class Unusable : public std::runtime_error {
     std::string file_;
 };
 
+/// What the system's error number means for a file, as in "cannot be read: access is denied".
+std::string error_in_words(int error);
+
 /// The most bytes that an input may have: a photo or a package.
 constexpr size_t largest_input = 64 << 20;
 /// A property list. A theme whose picture is no larger than the keyboard has a few hundred thousand.
@@ -52,6 +55,17 @@ class Output {
     std::unique_ptr<Draft> draft_;  // none for what is written to at once: a device, a pipe, standard output
     int direct_ = -1;
 };
+
+/// Makes the folder, and those above it, where they are missing. Throws Unusable.
+void make_folder(const std::string& folder);
+
+/// Throws Unusable where there is no such folder.
+void require_folder(const std::string& folder);
+/// Throws Unusable where something else is in a folder's place. An empty name is fine.
+void require_folder_or_nothing(const std::string& folder);
+
+/// Whether all that was said reached standard output; complains where it did not.
+Status end_of_output(Status status);
 
 /// Throws Unusable when something is at the path already.
 void require_absent(const std::string& file);

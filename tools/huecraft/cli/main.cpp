@@ -1,20 +1,18 @@
 // huecraft: the command for those who make themes.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <exception>
 
 #include "cli/command_line.h"
 #include "cli/files.h"
+#include "cli/misuse.h"
 #include "cli/terminal.h"
 
 namespace command {
 namespace {
-
-/// The subcommand that was named, or the command itself.
-const CLI::App& chosen(const CLI::App& command) {
-    const auto named = command.get_subcommands();
-    return named.empty() ? command : *named.front();
-}
 
 bool has_subcommand(const CLI::App& command, const std::string& name) {
     const auto all = command.get_subcommands([](const CLI::App*) { return true; });
@@ -24,28 +22,49 @@ bool has_subcommand(const CLI::App& command, const std::string& name) {
 int misuse(const CLI::App& command, const std::string& what) {
     const CLI::App& subcommand = chosen(command);
     const std::string whole = &subcommand == &command ? "huecraft" : "huecraft " + subcommand.get_name();
-    std::fprintf(stderr, "huecraft: %s (see %s --help)\n", one_line(what, 300).c_str(), whole.c_str());
+    std::fprintf(stderr, "huecraft: %s (see %s --help)\n", one_line(what, 400).c_str(), whole.c_str());
     return static_cast<int>(Status::unusable);
+}
+
+/// An empty text where a value should be, as of a variable that is not set; empty where there is none. Lists
+/// of files are looked through one by one later.
+std::string empty_value_in_words(const CLI::App& subcommand) {
+    for (const CLI::Option* option : subcommand.get_options())
+        if (option->count() == 1 && option->results()[0].empty())
+            return option->get_name() + ": found \"\", expected " + expected_of(*option);
+    return "";
+}
+
+/// With a standard stream closed, the first file that is opened would take its place, and be written to in
+/// its stead.
+void fill_standard_streams() {
+    for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
+        if (fcntl(stream, F_GETFD) < 0)
+            // Reading it, or writing to it, fails as before.
+            open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
 }
 
 int run(std::vector<std::string> arguments) {
     Request request;
     const auto command = make_command_line(request);
     // Before everything else, which would say that a subcommand is missing.
-    if (!arguments.empty() && !arguments[0].starts_with('-') && !has_subcommand(*command, arguments[0]))
+    const bool names_one = !arguments.empty() && (!arguments[0].starts_with('-') || arguments[0] == "-");
+    if (names_one && !has_subcommand(*command, arguments[0]))
         return misuse(*command, "there is no subcommand " + in_quotes(arguments[0]));
     std::ranges::reverse(arguments);  // as the parser wants them
     try {
         command->parse(std::move(arguments));
     } catch (const CLI::CallForHelp&) {
         std::fputs(command->help().c_str(), stdout);
-        return output_is_whole() ? 0 : static_cast<int>(Status::unusable);
+        return static_cast<int>(end_of_output(Status::fine));
     } catch (const CLI::CallForVersion& version) {
         std::printf("%s\n", version.what());
-        return output_is_whole() ? 0 : static_cast<int>(Status::unusable);
+        return static_cast<int>(end_of_output(Status::fine));
     } catch (const CLI::ParseError& error) {
-        return misuse(*command, error.what());
+        return misuse(*command, misuse_in_words(*command, error));
     }
+    if (const std::string empty = empty_value_in_words(chosen(*command)); !empty.empty())
+        return misuse(*command, empty);
     return static_cast<int>(request.run());
 }
 
@@ -53,6 +72,7 @@ int run(std::vector<std::string> arguments) {
 }  // namespace command
 
 int main(int argc, char** argv) {
+    command::fill_standard_streams();
     try {
         return command::run({argv + 1, argv + argc});
     } catch (const command::Unusable& unusable) {

@@ -123,7 +123,7 @@ std::string counted(size_t number, const std::string& what) {
 void complain(const std::string& file, const std::string& what) {
     std::fflush(stdout);
     all_complaints().push_back({file, what});
-    const std::string name = one_line(file, 4096);
+    const std::string name = file.empty() ? in_quotes(file) : one_line(file, 4096);
     static const bool coloured = colours_are_wanted(STDERR_FILENO);
     std::fprintf(stderr, "huecraft: %s: %s\n",
                  coloured ? in_colour(Tone::strong, name).c_str() : name.c_str(), what.c_str());

@@ -112,6 +112,8 @@ class StayingToTidyUp {
         status = work();
     } catch (const Unusable& unusable) {
         complain(unusable.file(), unusable.what());
+    } catch (const fs::filesystem_error& failure) {
+        complain(failure.path1(), error_in_words(failure.code().value()));
     } catch (const std::bad_alloc&) {
         complain("an input", out_of_memory);
     } catch (const std::exception& failure) {
@@ -123,16 +125,13 @@ class StayingToTidyUp {
     }
     if (answers_in_json() && !complaints().empty() && !json_was_printed())
         std::fputs(printed(Json::object()).c_str(), stdout);
-    if (!output_is_whole()) {
-        complain("standard output", std::string("cannot be written: ") + std::strerror(errno));
-        status = Status::unusable;
-    }
-    std::exit(static_cast<int>(status));
+    std::exit(static_cast<int>(end_of_output(status)));
 }
 
 }  // namespace
 
 fs::path library(const std::string& named) {
+    if (named == "-") throw Unusable("--library", "found -, expected a file");
     if (!named.empty()) return named;
     const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
     const fs::path installed = folder / "lib" / "huecraft" / "HuecraftiOS12.so";
@@ -230,7 +229,7 @@ Status in_workshop(const std::function<Status(const Workshop&)>& work) {
     } catch (const Unusable& unusable) {
         complain(unusable.file(), unusable.what());
     } catch (const fs::filesystem_error& failure) {
-        complain(failure.path1(), failure.code().message());
+        complain(failure.path1(), error_in_words(failure.code().value()));
     }
     return Status::unusable;
 }

@@ -11,9 +11,7 @@ namespace {
 
 Status print(const std::string& text) {
     std::fputs(text.c_str(), stdout);
-    if (output_is_whole()) return Status::fine;
-    complain("standard output", "cannot be written");
-    return Status::unusable;
+    return end_of_output(Status::fine);
 }
 
 struct Completions {

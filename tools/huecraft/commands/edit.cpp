@@ -10,6 +10,7 @@
 #include "formats/value.h"
 #include "support/text.h"
 #include "themes/theme.h"
+#include "themes/theme_saving.h"
 
 namespace command {
 namespace {
@@ -20,6 +21,8 @@ struct Edit {
     bool force = false, json = false;
 
     Status operator()() const {
+        if (theme == ThemeOptions{} && name.empty())
+            throw Unusable("edit", "found nothing to change, expected an option such as --text or --image");
         if (file == "-" && output.empty())
             throw Unusable("-", "standard input has no place to write to; name one with -o");
         return in_workshop([this](const Workshop& workshop) {
@@ -39,11 +42,7 @@ struct Edit {
         theme.check(config->getImage() != nullptr);
         std::vector<std::string> done = theme.paint(config);
         std::ranges::move(theme.take_colours(config, sampler), std::back_inserter(done));
-        if (!name.empty()) {
-            NSString* text = tools::text(name);
-            if (!text) throw Unusable(one_line(name), "the name is not UTF-8");
-            config->setConfigName(text);
-        }
+        if (!name.empty()) config->setConfigName(checked_name(name));
         const std::string doubts = doubts_about(config, sampler);
         Losses losses;
         const std::string bytes =

@@ -254,7 +254,7 @@ void add_lint(CLI::App& command, Request& request) {
     auto options = std::make_shared<Lint>();
     CLI::App* sub =
         add_subcommand(command, request, "lint", "Say what is wrong with themes, and how to fix it", options);
-    sub->add_option("files", options->files, "Themes")->required()->type_name("FILE");
+    sub->add_option("THEMES", options->files, "The themes")->required()->type_name("FILE");
     sub->add_flag("--fix", options->fixing,
                   "Follow the advice, and write the themes in place of what they were");
     add_json(sub, options->json);

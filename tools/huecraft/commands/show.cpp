@@ -145,7 +145,7 @@ void add_show(CLI::App& command, Request& request) {
     CLI::App* sub =
         add_subcommand(command, request, "show",
                        "Show what a theme's file holds, and what the library reads from it", options);
-    sub->add_option("files", options->files, "Themes")->required()->type_name("FILE");
+    sub->add_option("THEMES", options->files, "The themes")->required()->type_name("FILE");
     add_json(sub, options->json);
     sub->footer(
         "Examples:\n"

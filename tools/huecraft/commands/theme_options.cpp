@@ -31,13 +31,11 @@ std::optional<Region> region_of(const std::string& text) {
     std::istringstream parts(text);
     size_t count = 0;
     for (std::string one; std::getline(parts, one, ',');) {
-        char* end = nullptr;
-        const double number = std::strtod(one.c_str(), &end);
-        if (count == numbers.size() || one.empty() || *end || !(number >= 0 && number < 1e6))
-            return std::nullopt;
-        numbers[count++] = number;
+        const auto number = number_in_digits(one);
+        if (count == numbers.size() || !number || !(*number >= 0 && *number < 1e6)) return std::nullopt;
+        numbers[count++] = *number;
     }
-    if (count != numbers.size()) return std::nullopt;
+    if (count != numbers.size() || text.ends_with(',')) return std::nullopt;
     return Region{numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
@@ -59,7 +57,7 @@ void ThemeOptions::check(bool has_picture) const {
     const bool new_picture = !image.empty() || !from_image.empty();
     const std::string needed = "goes with --image or --from-image";
     if (!crop.empty() && !new_picture) throw Unusable("--crop", needed);
-    if (fit != "fill" && !new_picture) throw Unusable("--fit", needed);
+    if (!fit.empty() && !new_picture) throw Unusable("--fit", needed);
     if (new_picture || has_picture) return;
     if (alpha) throw Unusable("--alpha", needed);
     if (dim > 0) throw Unusable("--dim", needed);

@@ -12,11 +12,13 @@
 namespace command {
 
 struct ThemeOptions {
-    std::string text, highlight, flat, gradient, image, from_image, crop, fit = "fill";
+    std::string text, highlight, flat, gradient, image, from_image, crop, fit;
     unsigned direction = 0;
     double dim = 0, blur = 0;
     std::optional<double> alpha;
     bool caps = false, no_caps = false, no_image = false;
+
+    bool operator==(const ThemeOptions&) const = default;
 
     /// Throws Unusable for options that say nothing together.
     void check(bool has_picture) const;

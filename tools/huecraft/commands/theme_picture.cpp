@@ -26,7 +26,7 @@ Status ThemePicture::run(const Draw& draw) const {
 }
 
 void add_theme_picture(CLI::App* sub, ThemePicture& picture, const std::string& scale_without) {
-    sub->add_option("FILE", picture.file, "The theme")->required()->type_name("");
+    sub->add_option("THEME", picture.file, "The theme; - is standard input")->required()->type_name("");
     sub->add_option("-o,--output", picture.output, "The picture to write, as PNG; - is standard output")
         ->required()
         ->type_name("FILE");

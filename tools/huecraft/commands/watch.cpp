@@ -64,6 +64,15 @@ std::string beside(const std::string& picture, const char* end) {
     return fs::path(picture).replace_extension(end);
 }
 
+/// What will be wrong with the picture's place every time is said at once.
+void require_own_place(const std::string& picture) {
+    struct stat there;
+    if (stat(picture.c_str(), &there) == 0 && !S_ISREG(there.st_mode))
+        throw Unusable(picture, "it is no file; --watch writes a picture again and again");
+    if (picture == beside(picture, ".html"))
+        throw Unusable(picture, "its page would have the same name; expected another end, such as .png");
+}
+
 /// As a word of JavaScript, which is also safe within HTML.
 std::string in_script(const std::string& text) {
     std::string safe;
@@ -145,6 +154,7 @@ class Page {
 Status watch(const Watched& watched, const std::function<Status()>& draw) {
     for (const std::string& file : {watched.file, watched.picture})
         if (file == "-") throw Unusable("--watch", "found -, expected files: the theme and its picture");
+    require_own_place(watched.picture);
     const EndingSignals signals;
     Page page(watched);
     std::printf("watching %s; %s shows it, ^C ends it\n", one_line(watched.file, 4096).c_str(),

@@ -57,7 +57,9 @@ Imported import_base16(const std::string& yaml) {
     try {
         return import_scheme(YAML::Load(yaml));
     } catch (const YAML::Exception& error) {
-        throw NotImportable("it is neither a CSS gradient nor YAML: " + one_line(error.what(), 200));
+        throw NotImportable("it is neither a CSS gradient nor YAML: line " +
+                            std::to_string(error.mark.line + 1) + ", column " +
+                            std::to_string(error.mark.column + 1) + ": " + one_line(error.msg, 200));
     }
 }
 

@@ -78,10 +78,12 @@ struct Gallery {
             }
             Output{output};  // before the work, which would be lost without a place for it
             const Build build(command::library(library));
+            if (!library.empty() && !can_draw(workshop, build)) return Status::unusable;
             std::vector<Status> ends(files.size(), Status::unusable);
             Status all = draw_all(workshop, build, ends);
-            write(workshop, build, ends);
             for (Status one : ends) note(all, one);
+            if (std::ranges::count(ends, Status::fine) == 0) return all;
+            write(workshop, build, ends);
             report(ends);
             return all;
         });
@@ -96,6 +98,15 @@ struct Gallery {
         std::filesystem::path file;
         std::string digest;
     };
+
+    /// Tried once, since every worker would complain.
+    static bool can_draw(const Workshop& workshop, const Build& build) {
+        return in_child([&] {
+                   tools::boot(workshop.device, tools::notes);
+                   tools::load(build.file);
+                   return Status::fine;
+               }) == Status::fine;
+    }
 
     /// The phone is switched on here, and every worker is a copy of it that loads the library. Which hooks
     /// the library installs depends on the key caps, so there are workers for themes without visible caps
@@ -218,7 +229,7 @@ void add_gallery(CLI::App& command, Request& request) {
     auto options = std::make_shared<Gallery>();
     CLI::App* sub =
         add_subcommand(command, request, "gallery", "Write a page with the keyboard in each theme", options);
-    sub->add_option("files", options->files, "Themes")->required()->type_name("FILE");
+    sub->add_option("THEMES", options->files, "The themes")->required()->type_name("FILE");
     sub->add_option("-o,--output", options->output, "The page to write, as HTML; - is standard output")
         ->required()
         ->type_name("FILE");

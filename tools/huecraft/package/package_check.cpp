@@ -88,7 +88,7 @@ void add_package_check(CLI::App& command, Request& request) {
     auto options = std::make_shared<PackageCheck>();
     CLI::App* sub = add_subcommand(command, request, "package-check",
                                    "Open packages for the device and verify what is inside", options);
-    sub->add_option("files", options->files, "Packages")->required()->type_name("FILE");
+    sub->add_option("PACKAGES", options->files, "The packages")->required()->type_name("FILE");
     add_json(sub, options->json);
     sub->footer(
         "Held against the lists of exports and imports that the command was built with. Nothing is "

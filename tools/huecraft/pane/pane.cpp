@@ -49,8 +49,7 @@ struct Pane {
                 throw Unusable(played.place(played.instructions.back().line),
                                "pictures need a folder to go to: say -o DIR");
         }
-        if (!output.empty() && fs::exists(output) && !fs::is_directory(output))
-            throw Unusable(output, "it is not a folder; the pictures need one");
+        require_folder_or_nothing(output);
         return in_workshop([&](const Workshop& workshop) {
             lay_out(workshop, packages, pane_image(image));
             if (!device.empty()) lend_device(workshop, device);
@@ -106,7 +105,7 @@ struct Pane {
         fs::create_directories(setup.pictures);
         PaneRun run;
         on_the_phone(script.empty() ? "the settings pane" : script, [&] { run = play(played, setup); });
-        if (!run.pictures.empty()) fs::create_directories(output);
+        if (!run.pictures.empty()) make_folder(output);
         for (const std::string& picture : run.pictures) protect(picture);
         for (const std::string& picture : run.pictures)
             write_output(fs::path(output) / picture,
@@ -127,7 +126,7 @@ struct Pane {
         keyboard.size = sizeof keyboard;
         const std::string picture = wanted.name + ".png";
         protect(picture);
-        fs::create_directories(output);
+        make_folder(output);
         write_output(fs::path(output) / picture, keyboard_picture(workshop, keyboard, scale, provenance));
         return Status::fine;
     }
@@ -206,7 +205,8 @@ void add_pane(CLI::App& command, Request& request) {
            "--device", options->device,
            "A folder that plays a device's file system; themes, preferences and photos are copied from there")
         ->type_name("DIR");
-    sub->add_option("--photo", options->photos, "A picture in the phone's photo library")->type_name("FILE");
+    sub->add_option("--photo", options->photos, "A picture in the phone's photo library; may be repeated")
+        ->type_name("FILE");
     sub->add_flag("--save", options->save, "Write themes and preferences back to --device");
     sub->add_option("--package", options->packages,
                     "A package that is installed on the phone; the command's own two without it")

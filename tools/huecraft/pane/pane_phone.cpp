@@ -11,6 +11,7 @@
 #include "formats/property_list.h"
 #include "formats/value.h"
 #include "package/package.h"
+#include "photos/decoding.h"
 #include "support/text.h"
 
 namespace command {
@@ -88,7 +89,7 @@ void lay_out(const Workshop& workshop, const std::vector<std::string>& packages,
 }
 
 void lend_device(const Workshop& workshop, const std::string& device) {
-    if (!fs::is_directory(device)) throw Unusable(device, "there is no such folder");
+    require_folder(device);
     for (const std::string& folder : {std::string(preferences), themes, std::string(photos)})
         for (const fs::path& name : files_in(fs::path(device) / folder))
             put(workshop.device / folder / name,
@@ -105,7 +106,9 @@ void take_back_device(const Workshop& workshop, const std::string& device) {
 }
 
 void add_photo(const Workshop& workshop, const std::string& file) {
-    put(workshop.device / photos / fs::path(file).filename(), read_input(file, "photo", largest_input));
+    const std::string bytes = read_input(file, "photo", largest_input);
+    require_picture(bytes, file);
+    put(workshop.device / photos / fs::path(file).filename(), bytes);
 }
 
 std::string preferences_in_words(const Workshop& workshop) {

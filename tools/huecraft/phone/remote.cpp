@@ -65,7 +65,8 @@ RemotePhone remote_phone(const std::string& text) {
     }
     const bool in_brackets = host.size() > 2 && host.starts_with('[') && host.ends_with(']');
     phone.host = in_brackets ? host.substr(1, host.size() - 2) : host;
-    if (!consists_of(phone.host, in_brackets ? ":.%" : "_-."))
+    constexpr size_t longest_host = 253;  // of the names that the internet has
+    if (phone.host.size() > longest_host || !consists_of(phone.host, in_brackets ? ":.%" : "_-."))
         throw Unusable(one_line(text), "found the host " + in_quotes(host) + expected +
                                            "; an address with colons stands in brackets");
     return phone;

@@ -43,7 +43,11 @@ struct Send {
     bool restart = false, dry = false, json = false;
 
     Status operator()() const {
-        if (std::filesystem::exists(words.back()))
+        if (words.size() < 2)
+            throw Unusable(
+                "send", "found " + in_quotes(words[0]) + " alone, expected themes and behind them USER@HOST");
+        std::error_code not_a_path;
+        if (std::filesystem::exists(words.back(), not_a_path))
             throw Unusable(words.back(), "it is a file, expected USER@HOST behind the themes");
         RemotePhone phone = remote_phone(words.back());
         phone.port = port;
@@ -202,14 +206,13 @@ void add_send(CLI::App& command, Request& request) {
     sub->add_option("THEMES", options->words,
                     "The themes, and last the phone, as USER@HOST; an address with colons stands in brackets")
         ->required()
-        ->expected(2, 10000)
         ->type_name("FILE");
     sub->add_option("--choose", options->choice,
                     "The theme that the phone wears from now on, one of those sent")
         ->type_name("NAME");
-    sub->add_option("--port", options->port, "The port of ssh, where its configuration does not say")
-        ->type_name("N")
-        ->check(CLI::Range(1, 65535));
+    taking_whole_number(
+        sub->add_option("--port", options->port, "The port of ssh, where its configuration does not say"), 1,
+        65535);
     sub->add_flag("--restart", options->restart, "Restart SpringBoard, so that the theme is read");
     sub->add_flag("--dry-run", options->dry, "Print the commands, and run none");
     add_json(sub, options->json);

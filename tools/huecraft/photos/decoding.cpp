@@ -73,17 +73,32 @@ Picture RowReducer::finish() {
     return std::move(picture_);
 }
 
+namespace {
+
+bool is_jpeg(std::string_view bytes) { return bytes.starts_with("\xff\xd8\xff"); }
+bool is_png(std::string_view bytes) { return bytes.starts_with("\x89PNG\r\n\x1a\n"); }
+bool is_webp(std::string_view bytes) {
+    return bytes.starts_with("RIFF") && bytes.substr(0, 12).ends_with("WEBP");
+}
+
+}  // namespace
+
+void require_picture(std::string_view bytes, const std::string& file) {
+    if (is_jpeg(bytes) || is_png(bytes) || is_webp(bytes) || is_heic(bytes)) return;
+    throw Unusable(
+        file, "it is not a picture that can be read: found " +
+                  (bytes.empty() ? "an empty file" : in_quotes(bytes.substr(0, 8)) + " at its beginning") +
+                  ", expected PNG, JPEG, WebP or HEIC");
+}
+
 Decoded decode_photo(const std::string& bytes, const std::string& file, const Reduction& reduction) {
     const std::string_view view = bytes;
     if (const std::string why = laborious(view); !why.empty()) throw Unusable(file, why);
-    if (view.starts_with("\xff\xd8\xff")) return decode_jpeg_photo(bytes, file, reduction);
-    if (view.starts_with("\x89PNG\r\n\x1a\n")) return decode_png_photo(bytes, file, reduction);
-    if (view.starts_with("RIFF") && view.substr(0, 12).ends_with("WEBP"))
-        return decode_webp_photo(bytes, file, reduction);
-    if (is_heic(view)) return decode_heic_photo(bytes, file, reduction);
-    throw Unusable(file, "it is not a picture that can be read: found " +
-                             (bytes.empty() ? "an empty file" : in_quotes(view.substr(0, 8))) +
-                             " at its beginning; expected PNG, JPEG, WebP or HEIC");
+    require_picture(view, file);
+    if (is_jpeg(view)) return decode_jpeg_photo(bytes, file, reduction);
+    if (is_png(view)) return decode_png_photo(bytes, file, reduction);
+    if (is_webp(view)) return decode_webp_photo(bytes, file, reduction);
+    return decode_heic_photo(bytes, file, reduction);
 }
 
 }  // namespace command

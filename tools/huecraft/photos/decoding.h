@@ -33,6 +33,9 @@ Decoded decode_png_photo(const std::string& bytes, const std::string& file, cons
 Decoded decode_webp_photo(const std::string& bytes, const std::string& file, const Reduction& reduction);
 Decoded decode_heic_photo(const std::string& bytes, const std::string& file, const Reduction& reduction);
 
+/// Throws Unusable for bytes that begin as no picture does that can be decoded.
+void require_picture(std::string_view bytes, const std::string& file);
+
 /// The orientation that a block of EXIF tells, without the "Exif" before it; 1 where it tells none.
 int orientation_in_exif(std::string_view block);
 

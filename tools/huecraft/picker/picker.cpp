@@ -45,8 +45,7 @@ struct Picker {
                            "there is nothing to save to; it goes with --device, --recent or --theme");
         const PickerScript played = read_script();
         if (output.empty()) require_no_pictures(played);
-        if (!output.empty() && fs::exists(output) && !fs::is_directory(output))
-            throw Unusable(output, "it is not a folder; the pictures need one");
+        require_folder_or_nothing(output);
         return in_workshop([&](const Workshop& workshop) {
             const auto build = command::library(library);
             const tools::Provenance provenance{tools::sha256_of(read_input(build, "library", largest_input)),
@@ -86,7 +85,7 @@ struct Picker {
         const PickerRun run = play(played, setup);
         const RecentColours recent = recent_colours(workshop, files.recent_file());
         // From here on the user's files are written, each of them whole.
-        if (!run.pictures.empty()) fs::create_directories(output);
+        if (!run.pictures.empty()) make_folder(output);
         if (!force)
             for (const std::string& picture : run.pictures)
                 require_replaceable(fs::path(output) / picture, OutputKind::picture,

@@ -44,7 +44,7 @@ std::string PickerFiles::recent_file() const {
 
 void PickerFiles::lend(const Workshop& workshop) const {
     if (!device.empty()) {
-        if (!fs::is_directory(device)) throw Unusable(device, "there is no such folder");
+        require_folder(device);
         for (const char* place : read_by_the_picker)
             if (const fs::path file = fs::path(device) / place; fs::exists(file))
                 put(workshop.device / place, read_input(file, "file of the device"));

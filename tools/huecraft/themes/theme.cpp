@@ -10,6 +10,7 @@
 #include "formats/moderation.h"
 #include "formats/value.h"
 #include "model/HCPreferences.h"
+#include "model/config_error.h"
 #include "objc/exception.h"
 #include "objc/fast_enumeration.h"
 #include "objc/instance_variable.h"
@@ -23,11 +24,14 @@ using tools::text;
 using tools::utf8;
 
 std::string reason_of(NSError* error) {
-    if (!error) return "the library does not say why it cannot be loaded";
+    if (!error) return "the library says nothing of why it cannot be loaded";
     auto* info = error->send<"userInfo", NSDictionary*>();
     const std::string detail = utf8(as<NSString>(info->objectForKey(text("NSDebugDescription"))));
     if (!detail.empty()) return "it is not a property list: " + one_line(detail, 200);
-    return one_line(utf8(error->send<"localizedDescription", NSString*>()), 200);
+    const std::string words = utf8(error->send<"localizedDescription", NSString*>());
+    if (words == config_error::not_a_dictionary.description)
+        return "it is a property list, but no theme: found no dictionary at its root, expected one";
+    return one_line(words, 200);
 }
 
 [[noreturn]] void refuse(const std::string& file, ThemeKey key, const std::string& why) {

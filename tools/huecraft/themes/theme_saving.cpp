@@ -9,12 +9,19 @@ namespace command {
 using tools::text;
 using tools::utf8;
 
+NSString* checked_name(const std::string& name) {
+    NSString* checked = text(name);
+    if (!checked) throw Unusable(one_line(name), "the name is not UTF-8");
+    // XML has no place for most of them, and the others mislead who reads a list of themes.
+    if (one_line(name, name.size()) != name)
+        throw Unusable(one_line(name), "the name has characters that cannot be printed");
+    return checked;
+}
+
 std::string checked_file(HuecraftConfig* config, const Destination& destination) {
     const std::string& name = destination.name;
     if (name.empty()) throw Unusable(in_quotes(name), "a theme needs a name");
-    NSString* theme_name = text(name);
-    if (!theme_name) throw Unusable(name, "the name is not UTF-8");
-    const std::string stem = utf8(config->sanitizeFileName(theme_name));
+    const std::string stem = utf8(config->sanitizeFileName(checked_name(name)));
     if (stem.empty()) throw Unusable(name, "nothing of the name is left for a file's name");
     constexpr size_t longest_stem = 255 - 6;  // with ".plist" as long as names can be
     if (stem.size() > longest_stem)

@@ -19,6 +19,10 @@ struct Destination {
     bool force = false;
 };
 
+/// A theme's name as a string of the system's. Throws Unusable for one that is not UTF-8, or has characters
+/// that cannot be printed.
+NSString* checked_name(const std::string& name);
+
 /// Throws Unusable for a name that cannot be one. Answers the file's name.
 std::string checked_file(HuecraftConfig* config, const Destination& destination);
 
