@@ -91,7 +91,7 @@ class Steps {
     void add(const std::string& theme) {
         const std::string step = name_ + std::to_string(count_++);
         const fs::path file = folder_.write(step + ".plist", theme), picture = folder_ / (step + ".png");
-        run(huecraft("keyboard", {file}, {"-o", picture.string(), "--press", "g"}));
+        run(huecraft("keyboard", {file}, {"-o", picture.string(), "--press", "v"}));
         keep_lowest(picture, rows_of_keys);
         if (last_.empty())
             background_ = picture;

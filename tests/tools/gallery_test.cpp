@@ -120,7 +120,7 @@ TEST_F(Gallery, PicturesAreThoseOfTheKeyboardWhateverWasDrawnBefore) {
     files.push_back("None.plist");
     std::vector<Pixels> alone;
     for (const std::string& file : files) {
-        ASSERT_EQ(run({"keyboard", file, "-o", "one.png", "--press", "g"}).status, 0);
+        ASSERT_EQ(run({"keyboard", file, "-o", "one.png", "--press", "v"}).status, 0);
         alone.push_back(decoded_picture(read("one.png")).lowest(432));
     }
     std::vector<std::string> shown(files.size());

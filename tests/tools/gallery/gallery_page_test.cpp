@@ -61,7 +61,7 @@ TEST_F(GalleryShows, AHeldKeyInTheHighlightColour) {
     const auto page = gallery({made("Flat", {"--flat", "102030", "--highlight", "C03050"})});
     const Pixels picture = decoded_picture(page.themes().at(0).picture);
     EXPECT_GT(std::ranges::count(picture.pixels, 0xc03050u), 3000);
-    EXPECT_EQ(page.themes()[0].alt, "The keyboard, with g held down");
+    EXPECT_EQ(page.themes()[0].alt, "The keyboard, with v held down");
 }
 
 TEST_F(GalleryShows, EachThemesColoursInHex) {

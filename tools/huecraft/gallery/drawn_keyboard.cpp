@@ -11,8 +11,8 @@
 namespace command {
 namespace {
 
-/// In the middle, where it hides only labels of its neighbours.
-constexpr const char* pressed = "g";
+/// In the middle of the lowest row of letters: what it puts up hides one label, "g", and cuts none.
+constexpr const char* pressed = "v";
 
 constexpr double per_point = KeyboardPixels::per_point;
 
@@ -72,7 +72,7 @@ void measure(DrawnKeyboard& drawn, double top, const Colour& labels) {
     for (const sim_key& key : keys) {
         const double x = key.x + key.width / 2, y = key.y + key.height / 2;
         // What the held key puts up covers its neighbours above.
-        constexpr double reach = 62;
+        constexpr double reach = 68;
         if (held == keys.end() ||
             std::hypot(x - held->x - held->width / 2, y - held->y - held->height / 2) < reach)
             continue;

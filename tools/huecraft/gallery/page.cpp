@@ -106,7 +106,7 @@ std::string gallery_piece(const GalleryEntry& entry, const DrawnKeyboard& keyboa
                                number(keyboard.contrast, "%.2f") + "\" data-theme-sha256=\"" + entry.digest +
                                "\">\n<h2 dir=\"auto\">" + shown(entry.name) +
                                "</h2>\n<img loading=\"lazy\" width=\"375\" height=\"216\" " +
-                               "alt=\"The keyboard, with g held down\" src=\"data:";
+                               "alt=\"The keyboard, with v held down\" src=\"data:";
     const std::string after = "\"/>\n" + colours(entry) + "<p>contrast of the labels " +
                               number(keyboard.contrast, "%.1f") + "</p>\n" + download(entry) + "</article>\n";
     constexpr std::string_view coding = "image/webp;base64,";
