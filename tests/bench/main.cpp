@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <span>
+#include <string_view>
 
 #include "measuring/check.h"
 #include "measuring/ratio.h"
@@ -13,6 +15,44 @@
 namespace bench {
 
 namespace {
+
+struct Subject {
+    std::string_view name;
+    void (*measure)(std::vector<Ratio>&);
+};
+
+constexpr Subject of_processes[] = {
+    {"startup", measure_startup}, {"backdrops", measure_backdrops}, {"pictures", measure_keyboard_pictures},
+    {"command", measure_command}, {"opening", measure_opening},     {"pane", measure_pane}};
+/// With one phone for all, which is started after the others: their processes are copies of this one.
+constexpr Subject on_the_phone[] = {{"colours", measure_colours},
+                                    {"hooks", measure_hooks},
+                                    {"gradients", measure_gradients},
+                                    {"averages", measure_averages},
+                                    {"picker", measure_picker}};
+
+/// All of them when none was asked for.
+void measure(std::span<const Subject> subjects, const std::vector<std::string_view>& asked,
+             std::vector<Ratio>& ratios) {
+    for (const Subject& subject : subjects)
+        if (asked.empty() || std::ranges::find(asked, subject.name) != asked.end()) subject.measure(ratios);
+}
+
+bool are_subjects(const std::vector<std::string_view>& asked) {
+    for (const std::string_view name : asked)
+        if (std::ranges::find(of_processes, name, &Subject::name) == std::end(of_processes) &&
+            std::ranges::find(on_the_phone, name, &Subject::name) == std::end(on_the_phone)) {
+            std::fprintf(stderr, "huecraft_bench: there is no subject \"%s\"; there are",
+                         std::string(name).c_str());
+            for (const Subject& one : of_processes)
+                std::fprintf(stderr, " %s", std::string(one.name).c_str());
+            for (const Subject& one : on_the_phone)
+                std::fprintf(stderr, " %s", std::string(one.name).c_str());
+            std::fprintf(stderr, "\n");
+            return false;
+        }
+    return true;
+}
 
 /// In the unit that it is easily read in.
 std::string time_of(double seconds) {
@@ -49,27 +89,19 @@ void print(const Ratio& ratio) {
 
 }  // namespace bench
 
-int main() {
+int main(int argc, char** argv) {
     objc::adopt_strings();
     setenv("HUECRAFT_LIBRARY", HUECRAFT_DYLIB, 0);
     if (access("/dev/shm", W_OK) == 0) setenv("TMPDIR", "/dev/shm", 0);  // no disk is to be measured
+    const std::vector<std::string_view> asked(argv + 1, argv + argc);
+    if (!bench::are_subjects(asked)) return 2;
     std::vector<bench::Ratio> ratios;
-    bench::measure_startup(ratios);
-    bench::measure_backdrops(ratios);
-    bench::measure_keyboard_pictures(ratios);
-    bench::measure_command(ratios);
-    bench::measure_opening(ratios);
-    bench::measure_pane(ratios);
-
+    bench::measure(bench::of_processes, asked, ratios);
     test::Phone phone;
     test::arrange_theme(phone);
     phone.start();
     bench::check(phone.loaded_library(), "the library is loaded");
-    bench::measure_colours(ratios);
-    bench::measure_hooks(ratios);
-    bench::measure_gradients(ratios);
-    bench::measure_averages(ratios);
-    bench::measure_picker(ratios);
+    bench::measure(bench::on_the_phone, asked, ratios);
 
     bench::print_heading();
     for (const bench::Ratio& ratio : ratios) bench::print(ratio);
