@@ -10,6 +10,7 @@ set(HUECRAFT_PANE_MODEL
     model/editing.cpp
     model/file_names.cpp
     model/files.cpp
+    model/library.cpp
     model/preferences.cpp
     model/restart.cpp
     model/shelf.cpp

@@ -3,6 +3,7 @@
 #include "objc/fast_enumeration.h"
 #include "pane/model/file_names.h"
 #include "pane/model/files.h"
+#include "pane/model/library.h"
 #include "pane/texts.h"
 
 namespace pane::themes {
@@ -105,7 +106,9 @@ NSString* remark_on(NSDictionary* content) {
     return nullptr;
 }
 
+/// nil where the library has a fault.
 strong<HuecraftConfig> theme_of(NSDictionary* content) {
+    if (library_fault()) return nullptr;
     strong<HuecraftConfig> theme = HuecraftConfig::defaultConfig();
     if (theme) theme->asPlist()->send<"setDictionary:">(content);
     return theme;
@@ -150,7 +153,7 @@ Reading read(id root) {
     }
     reading.theme = theme_of(content);
     reading.remark = remark_on(content);
-    if (!reading.theme) reading.fault = text<"Huecraft itself is not loaded here.">();
+    if (!reading.theme) reading.fault = library_fault();
     return reading;
 }
 
@@ -180,7 +183,7 @@ NSString* copy_to_user(NSString* file, NSError** error) {
     auto* content = as<NSDictionary>(read_property_list(in(folder_that_comes_along(), file), error));
     if (!content) return nullptr;
     const auto theme = theme_of(content);
-    if (!theme) return fail(error, text<"Huecraft itself is not loaded here.">());
+    if (!theme) return fail(error, library_fault());
     NSString* stem = file->stringByDeletingPathExtension();
     const strong<NSString> name = theme->getConfigName();
     const Taken taken(folder(), error);

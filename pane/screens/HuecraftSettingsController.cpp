@@ -2,6 +2,7 @@
 
 #include "objc/class.h"
 #include "pane/drawing/judgement.h"
+#include "pane/model/library.h"
 #include "pane/model/shelf.h"
 #include "pane/screens/applying.h"
 #include "pane/screens/asking.h"
@@ -305,8 +306,8 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
     }
 
     NSString* titleForFooter(UITableView*, NSInteger section) {
-        if (section == switch_section && !HuecraftConfig::class_object())
-            return text<"Huecraft itself is not loaded here.">();
+        NSString* fault = section == switch_section ? library_fault() : nullptr;
+        if (fault) return fault;
         if (section == switch_section && !ivars().chosen) return text<"Choose a theme to begin.">();
         if (section == own_section && ivars().trouble)
             return text<"Your themes cannot be read: %1">(ivars().trouble.get());

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "pane/texts.h"
+#include "pane/model/library.h"
 #include "platform/application.h"
 
 namespace pane {
@@ -17,6 +17,7 @@ CGFloat scale_for(CGFloat width, CGSize keyboard) {
 }  // namespace
 
 CGFloat preview_height(CGFloat width) {
+    if (library_fault()) return 0;
     const CGSize keyboard = HCPreview::keyboardPortraitSize();
     return keyboard.height * scale_for(width, keyboard) + 2 * margin;
 }

@@ -1,5 +1,6 @@
 #include "pane/screens/theme_actions.h"
 
+#include "pane/model/library.h"
 #include "pane/model/shelf.h"
 #include "pane/model/themes_as_text.h"
 #include "pane/screens/editor/edit.h"
@@ -28,13 +29,13 @@ struct Chosen {
 
 void make_theme(HuecraftSettingsController* page, NSString* name) {
     NSError* error = nullptr;
-    strong<HuecraftConfig> theme = HuecraftConfig::defaultConfig();
     NSString* file = nullptr;
-    if (theme) {
+    if (NSString* fault = library_fault()) {
+        error = make_error(fault);
+    } else {
+        const strong<HuecraftConfig> theme = HuecraftConfig::defaultConfig();
         theme->setConfigName(name);
         file = themes::keep_as_new(theme, &error);
-    } else {
-        error = make_error(text<"Huecraft itself is not loaded here.">());
     }
     page->showTheme(file);
     if (file)

@@ -1,4 +1,4 @@
-// The library's colour picker as the pane shows it, and the page on a phone without the library.
+// The library's colour picker as the pane shows it.
 #include "platform/scrolling.h"
 #include "settings_page.h"
 
@@ -132,22 +132,6 @@ TEST_P(PickerHeldAcross, BothButtonsAreInSightAndTheSlidersScroll) {
     ASSERT_EQ(sim_advance_clock(2), SIM_OK) << sim_last_error();
     const CGRect slider = on_screen(alpha);
     EXPECT_LE(slider.origin.y + slider.size.height, shown.origin.y + shown.size.height + 1);
-}
-
-using WithoutLibrary = SettingsPage;
-
-TEST_F(WithoutLibrary, ThePageOpensAndSaysSo) {
-    open_without_library();
-    EXPECT_TRUE(is_on_screen("Huecraft itself is not loaded here."));
-    EXPECT_EQ(table()->numberOfRowsInSection(along_section), 10);
-    choose_row(0, along_section);
-    EXPECT_TRUE(is_on_screen("This theme cannot be used."));
-    EXPECT_EQ(preferences(), "none");
-}
-
-TEST_F(WithoutLibrary, ThePickerIsMissing) {
-    open_without_library();
-    EXPECT_EQ(objc_getClass("HuecraftSettingsColorPicker"), Class());
 }
 
 }  // namespace

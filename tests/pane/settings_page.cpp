@@ -7,8 +7,6 @@
 namespace test {
 namespace {
 
-constexpr const char* settings = "/Applications/Preferences.app/Preferences";
-
 bool shows(UIView* view, const std::string& text) {
     if (view->isHidden()) return false;
     if (auto* label = as<UILabel>(view); label && utf8(label->text()) == text) return true;
@@ -28,8 +26,7 @@ void SettingsPage::open(Phone::Options options) {
 }
 
 void SettingsPage::open_without_library() {
-    phone.boot({.executable = settings});
-    open_page();
+    open_with_other_library([] {});
 }
 
 void SettingsPage::open_page() {

@@ -15,6 +15,13 @@ class SettingsPage : public testing::Test {
     /// Boots, loads the library as it is injected, opens Settings and touches the row.
     void open(Phone::Options options = {});
     void open_without_library();
+    /// The same, where there are other classes of the library's names.
+    template <class Make>
+    void open_with_other_library(Make make) {
+        phone.boot({.executable = settings});
+        make();
+        open_page();
+    }
     /// Leaves the page and comes back, as someone who changed a file meanwhile.
     static void come_back();
 
@@ -36,6 +43,7 @@ class SettingsPage : public testing::Test {
     static constexpr NSInteger switch_section = 0, own_section = 1, along_section = 2, rescue_section = 3;
 
   private:
+    static constexpr const char* settings = "/Applications/Preferences.app/Preferences";
     static void open_page();
 };
 

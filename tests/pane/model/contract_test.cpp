@@ -88,5 +88,14 @@ TEST_F(PaneContract, TheLibraryHasEachOfThemWithItsTypes) {
     }
 }
 
+TEST_F(PaneContract, EachOfThemIsLookedForBeforeTheLibraryIsUsed) {
+    const auto source = std::filesystem::path(PANE_HEADER).parent_path() / "model" / "library.cpp";
+    std::ifstream in(source);
+    const std::string looked_for{std::istreambuf_iterator<char>(in), {}};
+    for (const Declared& each : declared())
+        EXPECT_NE(looked_for.find('"' + each.selector + '"'), std::string::npos)
+            << each.owner << " " << each.selector;
+}
+
 }  // namespace
 }  // namespace test
