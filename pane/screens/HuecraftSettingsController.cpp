@@ -108,11 +108,7 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
         super<"viewDidLayoutSubviews">();
         UIView* page = self()->view();
         const CGFloat width = page->bounds().size.width;
-        if (ivars().header->bounds().size.width != width) {
-            ivars().header->setFrame({{0, 0}, {width, preview_height(width)}});
-            ivars().table->setTableHeaderView(ivars().header);
-            show_chosen();
-        }
+        if (ivars().header->bounds().size.width != width) show_chosen();
         lay_out_bar();
     }
 
@@ -146,7 +142,14 @@ struct FirstScreen : objc::Implements<FirstScreen, HuecraftSettingsController> {
         NSString* name = theme ? theme->getConfigName() : nullptr;
         own.header->setAccessibilityLabel(name ? text<"The keyboard in the theme %1">(name)
                                                : text<"No theme is chosen">());
-        if (own.header->bounds().size.width > 0) show_preview(theme, own.header);
+        const CGFloat width = self()->view()->bounds().size.width;
+        // Without a theme there is nothing to keep room for.
+        const CGRect frame{{0, 0}, {width, theme ? preview_height(width) : 0}};
+        if (!(own.header->frame() == frame)) {
+            own.header->setFrame(frame);
+            own.table->setTableHeaderView(own.header);
+        }
+        if (width > 0) show_preview(theme, own.header);
         own.header->setAlpha(own.on->isOn() ? 1 : 0.4);
     }
 

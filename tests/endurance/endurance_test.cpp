@@ -42,8 +42,7 @@ void endure(const std::string& name, size_t part, size_t at_least, const std::fu
     std::printf("%s: %zu times, %zu bytes at the end, %.2f more each time, %zu descriptors\n", name.c_str(),
                 count, samples.back().bytes, grown, samples.back().descriptors);
     if (const char* folder = std::getenv("HUECRAFT_ENDURE_FIGURES")) write_figures(folder, name, samples);
-    EXPECT_LT(grown, allowed_growth + settling / static_cast<double>(count))
-        << "bytes kept each time";
+    EXPECT_LT(grown, allowed_growth + settling / static_cast<double>(count)) << "bytes kept each time";
     EXPECT_EQ(samples.back().descriptors, samples[samples.size() / 4].descriptors);
 }
 
