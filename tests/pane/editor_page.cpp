@@ -1,6 +1,23 @@
 #include "editor_page.h"
 
 namespace test {
+namespace {
+
+std::string hill() {
+    UIGraphicsBeginImageContextWithOptions({600, 400}, true, 1);
+    CGContextRef context = UIGraphicsGetCurrentContext();
+    CGContextSetRGBFillColor(context, 0.55, 0.75, 0.95, 1);
+    CGContextFillRect(context, {{0, 0}, {600, 400}});
+    CGContextSetRGBFillColor(context, 1, 0.85, 0.3, 1);
+    CGContextFillEllipseInRect(context, {{420, 50}, {90, 90}});
+    CGContextSetRGBFillColor(context, 0.2, 0.5, 0.25, 1);
+    CGContextFillEllipseInRect(context, {{-100, 220}, {560, 400}});
+    NSData* data = UIImagePNGRepresentation(UIGraphicsGetImageFromCurrentImageContext());
+    UIGraphicsEndImageContext();
+    return {static_cast<const char*>(data->bytes()), data->length()};
+}
+
+}  // namespace
 
 EditorPage::EditorPage() { put_theme(phone, "Mine.plist", "Mine"); }
 
@@ -44,6 +61,13 @@ void EditorPage::rename(const std::string& name) {
     choose_row(0, name_section);
     first("UITextField")->send<"setText:">(text(name));
     tap("OK");
+}
+
+void EditorPage::open_cropper() const {
+    phone.write("/var/mobile/Media/DCIM/100APPLE/hill.png", hill());
+    choose_kind(image_kind);
+    choose_row(1, background_section);
+    tap("hill.png");
 }
 
 void EditorPage::turn_on(const std::string& label) {

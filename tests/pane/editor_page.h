@@ -18,6 +18,8 @@ class EditorPage : public SettingsPage {
     /// Touches the row, and confirms the hex text in the picker.
     static void pick(NSInteger row, NSInteger section, const std::string& hex);
     static void rename(const std::string& name);
+    /// Puts a photo, a hill before a sky, into the library, and takes it as the background.
+    void open_cropper() const;
     /// Touches the switch that VoiceOver calls so, on the page on which a photo is cropped.
     static void turn_on(const std::string& label);
 

@@ -12,27 +12,6 @@ class EditorPictures : public EditorPage {
                              false);
         ASSERT_EQ(sim_advance_clock(0), SIM_OK);
     }
-    /// A hill before a sky, in the photo library.
-    void put_photo() const {
-        UIGraphicsBeginImageContextWithOptions({600, 400}, true, 1);
-        CGContextRef context = UIGraphicsGetCurrentContext();
-        CGContextSetRGBFillColor(context, 0.55, 0.75, 0.95, 1);
-        CGContextFillRect(context, {{0, 0}, {600, 400}});
-        CGContextSetRGBFillColor(context, 1, 0.85, 0.3, 1);
-        CGContextFillEllipseInRect(context, {{420, 50}, {90, 90}});
-        CGContextSetRGBFillColor(context, 0.2, 0.5, 0.25, 1);
-        CGContextFillEllipseInRect(context, {{-100, 220}, {560, 400}});
-        NSData* data = UIImagePNGRepresentation(UIGraphicsGetImageFromCurrentImageContext());
-        UIGraphicsEndImageContext();
-        phone.write("/var/mobile/Media/DCIM/100APPLE/hill.png",
-                    {static_cast<const char*>(data->bytes()), data->length()});
-    }
-    void open_cropper() {
-        put_photo();
-        choose_kind(image_kind);
-        choose_row(1, background_section);
-        tap("hill.png");
-    }
 };
 
 TEST_F(EditorPictures, ItsBeginning) {
