@@ -1,13 +1,18 @@
 # Run by ctest for each test program: registers the program, or its cases, which it is then asked for. add_cases() sets entry,
-# prefix, command, processors, labels and environment. A program that is asked when tests run has the sanitizer settings of
-# the tests.
+# prefix, command, emulated, processors, labels and environment. A program that is asked when tests run has the sanitizer
+# settings of the tests.
 macro(register name)
     add_test(${name} ${command} --prefix=${prefix} ${ARGN})
     set_tests_properties(${name} PROPERTIES LABELS "${labels}" ENVIRONMENT "${environment}")
 endmacro()
 
 if(NOT DEFINED ENV{HUECRAFT_EACH_CASE})
-    register(${entry})
+    # An emulator is worth being prepared for more than one case.
+    if(emulated)
+        register(${entry} --rehearse)
+    else()
+        register(${entry})
+    endif()
     # A case has a limit of its own (tests/support/cases.h).
     set_tests_properties(${entry} PROPERTIES PROCESSORS ${processors} TIMEOUT 3600)
     return()

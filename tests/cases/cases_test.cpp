@@ -2,10 +2,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <set>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -40,6 +46,36 @@ TEST_F(Cases, NoneSeesWhatAnotherLeftBehind) {
     output.clear();
     run("--here --gtest_filter='Passing.LeavesSomething*'");
     EXPECT_EQ(status, 1) << "in one process they do: " << output;
+}
+
+TEST_F(Cases, NoneSeesWhatARehearsalLeftBehind) {
+    run("--rehearse --jobs=1 --gtest_filter='Leaving.*:AlsoLeaving.*'");
+    EXPECT_EQ(status, 0) << output;
+    EXPECT_THAT(output, testing::StartsWith("cases run: 5, failed: 0, "));
+    output.clear();
+    run("--here --gtest_filter='Leaving.*'");
+    EXPECT_EQ(status, 1) << "in one process they do: " << output;
+}
+
+TEST_F(Cases, TheFirstOfASuiteIsRehearsedInTheProcessThatForks) {
+    char file[] = "/tmp/huecraft-cases-XXXXXX";
+    close(mkstemp(file));
+    setenv("CASE_PROCESSES", file, 1);
+    for (const auto& [options, times] : {std::pair{"", 2}, {"--rehearse ", 3}}) {
+        run(std::string(options) + "--jobs=1 --gtest_filter='Telling.*'");
+        EXPECT_EQ(status, 0) << output;
+        std::ifstream processes(file);
+        std::set<std::string> said{std::istream_iterator<std::string>(processes), {}};
+        EXPECT_EQ(said.size(), static_cast<size_t>(times)) << options;
+        std::ofstream(file, std::ios::trunc);
+    }
+    unlink(file);
+}
+
+TEST_F(Cases, WhatCannotBeUndoneEndsTheRehearsalAndTheProgram) {
+    run("--rehearse --jobs=1 --gtest_filter='Threading.*'");
+    EXPECT_EQ(status, 2);
+    EXPECT_THAT(output, HasSubstr("Threading.LeavesItRunning cannot be undone when it is rehearsed\n"));
 }
 
 TEST_F(Cases, AFailureIsShownInFullUnderItsWholeName) {
@@ -102,9 +138,9 @@ TEST_F(Cases, AFilterThatChoosesNoneFails) {
 TEST_F(Cases, AnUnknownArgumentIsRefusedInOneLine) {
     run("--job=3");
     EXPECT_EQ(status, 2);
-    EXPECT_EQ(
-        output,
-        "--job=3: expected --prefix=, --jobs=, --limit=, --patience=, --here or an option of gtest's\n");
+    EXPECT_EQ(output,
+              "--job=3: expected --prefix=, --jobs=, --limit=, --patience=, --here, --rehearse or an option "
+              "of gtest's\n");
     output.clear();
     run("--jobs=none");
     EXPECT_EQ(status, 2);

@@ -1,9 +1,15 @@
 // Cases of every fate, for the tests of what runs cases.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
 #include <thread>
 
 namespace {
@@ -16,6 +22,45 @@ TEST(Passing, LeavesSomething) {
 }
 TEST(Passing, LeavesSomethingToo) { EXPECT_EQ(left_behind++, 0); }
 TEST(Passing, SaysItsProcess) { std::fprintf(stderr, "process %d\n", getpid()); }
+
+// Each leaves something of another kind behind, and expects that nobody did before it.
+std::string* kept = nullptr;
+void expect_nothing_left_behind() {
+    EXPECT_EQ(left_behind++, 0) << "a variable";
+    EXPECT_EQ(kept, nullptr) << "what was allocated";
+    kept = new std::string(3 << 20, 'x');
+    for (int i = 0; i < 1000; ++i) static_cast<void>(new char[1000]);
+    EXPECT_EQ(fcntl(200, F_GETFD), -1) << "an open file";
+    EXPECT_EQ(dup2(STDOUT_FILENO, 200), 200);
+    EXPECT_STRNE(std::filesystem::current_path().c_str(), "/") << "a folder";
+    std::filesystem::current_path("/");
+    EXPECT_EQ(std::signal(SIGUSR1, SIG_IGN), SIG_DFL) << "a signal";
+    EXPECT_EQ(std::getenv("LEFT_BEHIND"), nullptr) << "a variable of the environment";
+    setenv("LEFT_BEHIND", "1", 1);
+    // Where the first one's was, if it was not taken away.
+    void* const place = reinterpret_cast<void*>(0x7100000000);
+    EXPECT_EQ(
+        mmap(place, 4096, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED_NOREPLACE, -1, 0),
+        place)
+        << "what was mapped";
+}
+TEST(Leaving, FirstLeavesAllSorts) { expect_nothing_left_behind(); }
+TEST(Leaving, SecondLeavesAllSorts) { expect_nothing_left_behind(); }
+TEST(Leaving, ThirdLeavesAllSorts) { expect_nothing_left_behind(); }
+TEST(AlsoLeaving, FirstLeavesAllSorts) { expect_nothing_left_behind(); }
+TEST(AlsoLeaving, SecondLeavesAllSorts) { expect_nothing_left_behind(); }
+TEST(Threading, LeavesItRunning) {
+    std::thread([] { std::this_thread::sleep_for(std::chrono::hours(1)); }).detach();
+}
+TEST(Threading, HasNothingToDo) {}
+TEST(Telling, SaysWhereItRuns) {
+    // Which of its processes this is, the program that runs the cases or a fork.
+    const char* file = std::getenv("CASE_PROCESSES");
+    std::ofstream(file, std::ios::app) << getpid() << '\n';
+}
+TEST(Telling, SaysItAgain) {
+    std::ofstream(std::getenv("CASE_PROCESSES"), std::ios::app) << getpid() << '\n';
+}
 
 TEST(Failing, SaysWhy) {
     std::puts("on the way");

@@ -10,7 +10,7 @@ namespace {
 
 void expect_drawn(const Phone& phone, const std::string& what) {
     const std::string picture = phone.host("picture.png");
-    EXPECT_EQ(sim_take_picture(picture.c_str(), 0.5), SIM_OK) << what << ": " << sim_last_error();
+    EXPECT_EQ(sim_take_picture(picture.c_str(), 0.125), SIM_OK) << what << ": " << sim_last_error();
     EXPECT_TRUE(phone.exists("picture.png")) << what;
 }
 

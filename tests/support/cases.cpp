@@ -12,10 +12,13 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
+
+#include "support/rehearsal.h"
 
 namespace test {
 namespace {
@@ -24,7 +27,7 @@ struct Settings {
     std::string prefix;
     size_t jobs = std::max(1u, std::thread::hardware_concurrency());
     unsigned limit = 120, patience = 1200;
-    bool here = false;
+    bool here = false, rehearse = false;
 };
 
 enum class Verdict { passed, failed, skipped };
@@ -69,9 +72,12 @@ Settings settings(int argc, char** argv) {
             read.patience = number(argument, value);
         else if (argument == "--here")
             read.here = true;
+        else if (argument == "--rehearse")
+            read.rehearse = true;
         else
             misuse(argument +
-                   ": expected --prefix=, --jobs=, --limit=, --patience=, --here or an option of gtest's");
+                   ": expected --prefix=, --jobs=, --limit=, --patience=, --here, --rehearse or an option of "
+                   "gtest's");
     }
     return read;
 }
@@ -166,7 +172,23 @@ void finish(Case& one, int status, const rusage& usage, const Settings& settings
     std::fclose(one.output);
 }
 
+std::string suite_of(const std::string& name) { return name.substr(0, name.find('.')); }
+
+/// In this process, for an emulator to learn what it runs. One that takes long is not worth that.
+void rehearse_one(const Case& one) {
+    constexpr double long_time = 2;
+    if (one.verdict != Verdict::passed || one.seconds > long_time) return;
+    const auto act = [](void* name) {
+        GTEST_FLAG_SET(filter, *static_cast<const std::string*>(name));
+        GTEST_FLAG_SET(brief, true);
+        static_cast<void>(RUN_ALL_TESTS());
+    };
+    std::string name = one.name;
+    if (!rehearse(act, &name)) misuse(name + " cannot be undone when it is rehearsed");
+}
+
 void run(std::vector<Case>& cases, const Settings& settings) {
+    std::set<std::string> rehearsed;
     std::map<pid_t, Case*> running;
     for (auto next = cases.begin(); next != cases.end() || !running.empty();) {
         if (next != cases.end() && running.size() < settings.jobs) {
@@ -178,8 +200,11 @@ void run(std::vector<Case>& cases, const Settings& settings) {
         rusage usage{};
         const pid_t ended = wait4(-1, &status, 0, &usage);
         if (ended < 0) continue;
+        const Case& one = *running.at(ended);
         finish(*running.at(ended), status, usage, settings);
         running.erase(ended);
+        if (settings.rehearse && next != cases.end() && rehearsed.insert(suite_of(one.name)).second)
+            rehearse_one(one);
     }
 }
 
