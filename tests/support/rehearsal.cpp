@@ -66,6 +66,18 @@ size_t threads() {
     return count;
 }
 
+/// Whether there are no more threads than before. One that was joined may be listed a little longer, under an
+/// emulator that still clears up after it.
+bool threads_have_ended(const Rehearsal& own) {
+    constexpr int most_waits = 1000;
+    constexpr unsigned microseconds = 5000;
+    for (int waits = 0; threads() > own.threads; ++waits) {
+        if (waits == most_waits) return false;
+        usleep(microseconds);
+    }
+    return true;
+}
+
 /// Reads /proc/self/maps, without the rehearsal itself.
 void read_mappings(Rehearsal& own, Mappings& mappings) {
     const int file = open("/proc/self/maps", O_RDONLY | O_CLOEXEC);
@@ -206,7 +218,7 @@ void run(unsigned upper, unsigned lower) {
     auto& own = *reinterpret_cast<Rehearsal*>(uintptr_t{upper} << 32 | lower);
     save_memory(own);
     own.act(own.context);
-    own.undone = threads() <= own.threads && restore_memory(own);
+    own.undone = threads_have_ended(own) && restore_memory(own);
     setcontext(&own.before);
 }
 
