@@ -8,7 +8,7 @@ using namespace objc::literals;
 
 /// The bundle's translation of an English text, or the text. Its key is made when it is asked for: a constant
 /// string of each would take 32 bytes more.
-NSString* translated(const char* english);
+NSString* translated(const char* key);
 /// The same with the given in place of "%1" and "%2".
 NSString* with(NSString* text, NSString* first, NSString* second = nullptr);
 

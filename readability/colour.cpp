@@ -52,8 +52,8 @@ Colour over(const Colour& upper, const Colour& opaque) {
     return {mix(upper.red, opaque.red), mix(upper.green, opaque.green), mix(upper.blue, opaque.blue), 1};
 }
 
-double luminance(const Colour& c) {
-    return 0.2126 * linear(c.red) + 0.7152 * linear(c.green) + 0.0722 * linear(c.blue);
+double luminance(const Colour& opaque) {
+    return 0.2126 * linear(opaque.red) + 0.7152 * linear(opaque.green) + 0.0722 * linear(opaque.blue);
 }
 
 double contrast_of_luminances(double a, double b) {

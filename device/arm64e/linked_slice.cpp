@@ -53,6 +53,8 @@ void find_commands(const Data& slice, LinkedSlice& found) {
                         found.code.push_back({static_cast<uint32_t>(bytes.u64(row + 32)),
                                               static_cast<uint32_t>(bytes.u64(row + 40))});
                 }
+                break;
+            default: break;
         }
         at += bytes.u32(at + 4);
     }

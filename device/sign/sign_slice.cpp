@@ -27,6 +27,7 @@ using Data = std::vector<uint8_t>;
 
 constexpr uint32_t magic_64 = 0xfeedfacf, lc_segment_64 = 0x19, lc_code_signature = 0x1d;
 constexpr size_t header_size = 32;
+constexpr char linkedit_name[16] = "__LINKEDIT";
 constexpr uint64_t memory_page = 0x4000;  // of the device; code pages are smaller
 
 template <class T>
@@ -59,7 +60,7 @@ Commands find_commands(const Data& slice) {
         if (number == lc_code_signature) found.signature = at;
         if (number == lc_segment_64) {
             get<uint64_t>(slice, at + 48);
-            if (std::strncmp(reinterpret_cast<const char*>(slice.data()) + at + 8, "__LINKEDIT", 16) == 0)
+            if (std::memcmp(slice.data() + at + 8, linkedit_name, sizeof linkedit_name) == 0)
                 found.linkedit = at;
         }
         at += size;

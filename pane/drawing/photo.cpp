@@ -112,7 +112,7 @@ UIImage* dimmed(UIImage* photo) {
 UIImage* blurred(UIImage* photo) {
     const CGSize size = fitted(photo->size(), blurred_side);
     const auto width = static_cast<int>(size.width), height = static_cast<int>(size.height);
-    const ptrdiff_t row = width * 4;
+    const ptrdiff_t row = ptrdiff_t{4} * width;
     std::vector<uint8_t> pixels(static_cast<size_t>(row * height)), other(pixels.size());
     CGColorSpaceRef space = CGColorSpaceCreateDeviceRGB();
     CGContextRef context = CGBitmapContextCreate(
@@ -126,7 +126,7 @@ UIImage* blurred(UIImage* photo) {
     UIGraphicsPopContext();
     for (int pass = 0; pass < blur_passes; ++pass) {
         for (int y = 0; y < height; ++y) smooth(pixels.data() + y * row, other.data() + y * row, width, 4);
-        for (int x = 0; x < width; ++x) smooth(other.data() + x * 4, pixels.data() + x * 4, height, row);
+        for (ptrdiff_t x = 0; x < row; x += 4) smooth(other.data() + x, pixels.data() + x, height, row);
     }
     CGImageRef small = CGBitmapContextCreateImage(context);
     CGContextRelease(context);

@@ -197,8 +197,8 @@ NSString* copy_to_user(NSString* file, NSError** error) {
     }
 }
 
-NSString* duplicate(NSString* from, NSString* file, NSError** error) {
-    const Reading reading = read(from, file);
+NSString* duplicate(NSString* folder, NSString* file, NSError** error) {
+    const Reading reading = read(folder, file);
     if (!reading.theme) return fail(error, reading.fault);
     NSString* name = reading.theme->getConfigName();
     if (!name || name->length() == 0) name = file->stringByDeletingPathExtension();

@@ -8,7 +8,7 @@ namespace pane::themes {
 NSString* text_of(HuecraftConfig* theme, NSError** error);
 
 /// What somebody else's text holds. A property list without a single key that a theme needs is none.
-Reading read_text(NSString* text);
+Reading read_text(NSString* given);
 
 /// Is kept under its name, or under a free one like it; a theme without a name gets one.
 NSString* keep_arrived(HuecraftConfig* theme, NSError** error);

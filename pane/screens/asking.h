@@ -15,7 +15,7 @@ inline UIAlertController* make_alert(NSString* title, NSString* message) {
     return UIAlertController::alertController(title, message, UIAlertControllerStyleAlert);
 }
 template <class Function>
-void add_answer(UIAlertController* alert, NSString* title, UIAlertActionStyle style, Function chosen) {
+void add_answer(UIAlertController* alert, NSString* title, UIAlertActionStyle style, const Function& chosen) {
     alert->addAction(
         UIAlertAction::action(title, style, objc::Block([chosen](UIAlertAction*) { chosen(); })));
 }
@@ -40,7 +40,7 @@ NSString* given_name(UITextField* field);
 /// An alert with a name to fill in, which `named` is called with.
 template <class Function>
 void ask_for_name(UIViewController* page, NSString* title, NSString* first, NSString* answer,
-                  Function named) {
+                  const Function& named) {
     UIAlertController* alert = make_alert(title, nullptr);
     UITextField* field = add_name_field(alert, first);
     add_cancel(alert);

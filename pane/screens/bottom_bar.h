@@ -8,7 +8,7 @@ class BottomBar {
   public:
     /// In front of everything on the page; the action goes to the target without arguments. Hidden at first.
     void put_on(UIView* page, id target, SEL action);
-    void show(NSString* sentence, NSString* button);
+    void show(NSString* sentence, NSString* title);
     void hide();
     /// For the page's bounds and what its edges cover.
     void lay_out(UIView* page);

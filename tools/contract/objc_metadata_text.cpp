@@ -8,7 +8,7 @@ namespace contract {
 Classes parse_metadata(const std::string& printed) {
     Classes classes;
     ClassFacts facts;
-    std::string class_name, superclass, part, row_name;
+    std::string class_name, part, row_name;
     char side = '-';
     bool in_classes = false, is_protocol = false;
     auto finish = [&] {

@@ -52,8 +52,8 @@ constexpr const char* directions[] = {"bottom to top",
                                       "top right to bottom left",
                                       "top left to bottom right"};
 
-Cell cell(const Look& look, const Surface& surface, std::string caption = "") {
-    return {look, surface.name, caption.empty() ? look.description : std::move(caption), surface.keyboard()};
+Cell cell(const Look& look, const Surface& surface, const std::string& caption = "") {
+    return {look, surface.name, caption.empty() ? look.description : caption, surface.keyboard()};
 }
 
 Row row_of(std::string title, const Surface& surface, const std::vector<Look>& looks) {

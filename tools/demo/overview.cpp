@@ -34,7 +34,7 @@ void write_overview(const std::vector<fs::path>& pictures, const fs::path& overv
 
 void write_keyboards(const std::vector<fs::path>& pictures, const fs::path& keyboards) {
     constexpr CGFloat width = 750, height = 516, space = 12;  // with two pixels per point
-    const CGSize total{width, pictures.size() * (height + space) - space};
+    const CGSize total{width, static_cast<CGFloat>(pictures.size()) * (height + space) - space};
     UIGraphicsBeginImageContextWithOptions(total, true, 1);
     CGContextRef context = UIGraphicsGetCurrentContext();
     CGContextSetGrayFillColor(context, 1, 1);

@@ -1,11 +1,14 @@
 # ./dev lint: the checks that need no test. Sourced by dev.
 # shellcheck shell=bash
 
+# shellcheck source=tools/dev/tidy.sh
+. "$root/tools/dev/tidy.sh"
+
 help_lint() {
     cat <<END
 usage: ./dev lint
 
-Checks every file, tracked or not: format, clang-tidy on objc/, platform/ and library/, include directions,
+Checks every file, tracked or not: format, clang-tidy on all but the tests, include directions,
 macros, file lengths, trailing whitespace, scripts. Each check prints one line "ok ..." or the offending places, and any of those fails the command.
 END
 }
@@ -31,45 +34,6 @@ check() {
 check_format() {
     cpp_files | xargs -0 -r "clang-format-$llvm" --dry-run -Werror --ferror-limit=1 2>&1 |
         sed -nE 's/^([^:]+:[0-9]+):[0-9]+: error: .*/\1: not as clang-format-'"$llvm"' -i writes it/p'
-}
-
-# What clang-tidy found nothing in is not read again: build/tidy has an empty file named after a digest of all that decides
-# it, which is its checks, its version, and the source with whatever the build says that it includes.
-check_tidy() {
-    mkdir -p build/tidy/includes
-    ninja -C build/release -t deps | awk -v root="$root/" '
-        /: #deps/ { list = ""; is_host = index($0, "CMakeFiles/"); next }
-        /^    / && is_host {
-            name = substr($0, 5)
-            if (list == "") {
-                list = index(name, root) == 1 ? substr(name, length(root) + 1) : name
-                sub(/^(\.\.\/)+/, "", list)
-                gsub("/", ":", list)
-                list = "build/tidy/includes/" list
-            }
-            print name >list
-        }
-        /^$/ && list != "" { close(list) }'
-    files -path './objc/*.cpp' -o -path './platform/*.cpp' -o -path './library/*.cpp' |
-        LLVM=$llvm xargs -0 -r -n 1 -P "$(nproc)" bash -c "$(declare -f tidy); tidy \"\$1\"" tidy
-}
-
-# tidy <source>: prints what clang-tidy finds in it, unless it is known to find nothing.
-tidy() {
-    local includes=build/tidy/includes/${1//\//:} stamp='' found status=0
-    if [[ -s $includes ]]; then
-        stamp=$({ cat .clang-tidy .llvm-version && cd build/release && xargs -d '\n' sha256sum; } <"$includes" 2>&1 | sha256sum)
-        stamp=build/tidy/${stamp%% *}
-        [[ ! -e $stamp ]] || return 0
-    fi
-    # The counts of what it suppressed are not a finding.
-    found=$(set -o pipefail && "clang-tidy-$LLVM" -p build/release --quiet "$1" 2>&1 |
-        sed -E '/^[0-9]+ (warning|error)s? .*generated\.$/d; /^$/d') || status=$?
-    if [[ $found ]] || ((status)); then
-        echo "${found:-$1: clang-tidy ended with status $status}"
-    elif [[ $stamp ]]; then
-        : >"$stamp"
-    fi
 }
 
 # Which folder may include which. Both towers, the library and the simulator, stand on objc and platform and know nothing
@@ -161,6 +125,6 @@ command_lint() {
     check "no line ends in blanks" check_whitespace
     check "links of pages lead to files" check_links
     check "scripts are sound" check_scripts
-    check "clang-tidy finds nothing in objc/, platform/ and library/" check_tidy
+    check "clang-tidy finds nothing in sources that are no tests" check_tidy
     return "$lint_status"
 }

@@ -59,8 +59,9 @@ void draw_all(const std::vector<fs::path>& files, const fs::path& picture) {
     UIColor::whiteColor()->setFill();
     UIRectFill(CGContextGetClipBoundingBox(UIGraphicsGetCurrentContext()));
     for (size_t index = 0; index < files.size(); ++index) {
-        const CGPoint corner{space + static_cast<CGFloat>(index % columns) * cell.width,
-                             space + static_cast<CGFloat>(index / columns) * cell.height};
+        const size_t column = index % columns, row = index / columns;
+        const CGPoint corner{space + static_cast<CGFloat>(column) * cell.width,
+                             space + static_cast<CGFloat>(row) * cell.height};
         preview_of(files[index].filename().string())->drawInRect({corner, preview_size});
         draw_name(files[index].stem().string(),
                   {{corner.x, corner.y + preview_size.height}, {preview_size.width, name_height}});

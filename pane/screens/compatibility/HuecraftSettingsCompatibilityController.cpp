@@ -113,7 +113,7 @@ struct CompatibilityScreen : objc::Implements<CompatibilityScreen, HuecraftSetti
     void share_report(NSIndexPath* path) {
         const strong<NSString> written = report();
         NSString* file = write_report(written, nullptr);
-        const id item = file ? static_cast<id>(NSURL::fileURLWithPath(file)) : static_cast<id>(written.get());
+        id item = file ? static_cast<id>(NSURL::fileURLWithPath(file)) : static_cast<id>(written.get());
         auto sheet =
             UIActivityViewController::alloc()->initWithActivityItems(NSArray::arrayWithObject(item), nullptr);
         show_from({.view = strong<UIView>(ivars().table), .rect = ivars().table->rectForRowAtIndexPath(path)},

@@ -97,12 +97,12 @@ ControlCells::ControlCells(id target)
               caps_switch->centerYAnchor()->constraintEqualToAnchor(content->centerYAnchor())});
 }
 
-void ControlCells::show(HuecraftConfig* theme, NSUInteger shown, NSUInteger arrow) {
+void ControlCells::show(HuecraftConfig* theme, NSUInteger background, NSUInteger arrow) {
     caps->textLabel()->setFont(UIFont::preferredFontForTextStyle(UIFontTextStyleBody));
     caps_switch->setOn(theme->getVisibleKeycaps());
-    kinds->setSelectedSegmentIndex(segment_of(shown));
-    if (shown == huecraft::gradient_background) pad_.show(theme, arrow);
-    if (shown != huecraft::image_background) return;
+    kinds->setSelectedSegmentIndex(segment_of(background));
+    if (background == huecraft::gradient_background) pad_.show(theme, arrow);
+    if (background != huecraft::image_background) return;
     slider->setValue(static_cast<float>(theme->getImageAlpha()));
     show_alpha(theme);
 }

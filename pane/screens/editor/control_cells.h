@@ -10,7 +10,7 @@ class ControlCells {
     /// Actions that the target has: kindChosen:, directionChosen:, alphaChanged:, alphaSettled:,
     /// capsSwitched:.
     explicit ControlCells(id target);
-    void show(HuecraftConfig* theme, NSUInteger kind, NSUInteger direction);
+    void show(HuecraftConfig* theme, NSUInteger background, NSUInteger arrow);
     /// What is behind a page shows through as much as the alpha says.
     void show_alpha(HuecraftConfig* theme);
     /// The image is another than before.

@@ -45,7 +45,7 @@ void add_show(CLI::App& command, Request& request);
 /// Adds a subcommand with its options, which become the run when it is chosen. `Options` has an operator().
 template <class Options>
 CLI::App* add_subcommand(CLI::App& command, Request& request, const std::string& name,
-                         const std::string& description, std::shared_ptr<Options> options) {
+                         const std::string& description, const std::shared_ptr<Options>& options) {
     CLI::App* added = command.add_subcommand(name, description);
     added->callback([&request, options] { request.run = [options] { return (*options)(); }; });
     return added;

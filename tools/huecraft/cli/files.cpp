@@ -273,7 +273,7 @@ void require_replaceable(const std::string& output, OutputKind kind, const std::
 void on_the_phone(const std::string& file, const std::function<void()>& work) {
     objc::AutoreleasePool pool;
     try {
-        if (const id raised = objc::caught(work)) throw Unusable(file, exception_in_words(raised));
+        if (id raised = objc::caught(work)) throw Unusable(file, exception_in_words(raised));
     } catch (const std::bad_alloc&) {
         throw Unusable(file, out_of_memory);
     }

@@ -134,7 +134,7 @@ fs::path library(const std::string& named) {
     if (named == "-") throw Unusable("--library", "found -, expected a file");
     if (!named.empty()) return named;
     const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
-    const fs::path installed = folder / "lib" / "huecraft" / "HuecraftiOS12.so";
+    fs::path installed = folder / "lib" / "huecraft" / "HuecraftiOS12.so";
     if (fs::exists(installed)) return installed;
     const fs::path built = folder / "lib" / "HuecraftiOS12.so";
     if (fs::exists(built)) return built;

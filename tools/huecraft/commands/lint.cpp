@@ -126,8 +126,9 @@ std::string contrast_words(const char* what, const std::optional<Contrast>& cont
 void print(const Report& report) {
     const Tone tone = report.errors() ? Tone::bad : report.warnings() ? Tone::warning : Tone::good;
     const std::string image =
-        report.weight.has_image ? with_decimals(report.weight.decoded_bytes() / 1048576.0, 1) + " MB of image"
-                                : "no image";
+        report.weight.has_image
+            ? with_decimals(static_cast<double>(report.weight.decoded_bytes()) / 1048576, 1) + " MB of image"
+            : "no image";
     std::printf("%s: %s: contrast of %s, %s, %s; %s; loads in %s ms\n",
                 toned(Tone::strong, one_line(report.file, 4096)).c_str(),
                 toned(tone, report.errors()     ? "faulty"

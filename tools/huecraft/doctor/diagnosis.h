@@ -32,7 +32,7 @@ struct Examination {
     std::string device;
     std::vector<Diagnosis> rows, looked_up;
 
-    Examination(std::string device, const DeviceDescription& description, const std::vector<HookRow>& table);
+    Examination(std::string name, const DeviceDescription& description, const std::vector<HookRow>& table);
 
     size_t count(Diagnosis::Verdict verdict) const;
     bool is_well() const {

@@ -110,7 +110,7 @@ std::optional<Colour> function_colour(const std::string& text) {
             continue;
         }
         const bool percent = quantity->unit == "%";
-        if (!percent && (quantity->unit != "" || (hsl && i < 3))) return std::nullopt;
+        if (!percent && (!quantity->unit.empty() || (hsl && i < 3))) return std::nullopt;
         const double whole = percent ? 100 : i < 3 ? 255 : 1;
         components[i] = std::clamp(quantity->number / whole, 0.0, 1.0);
     }
@@ -158,8 +158,9 @@ std::optional<double> angle_of(const std::string& text) {
 unsigned direction_of_angle(double degrees, const std::string& text, std::vector<std::string>& losses) {
     constexpr unsigned eighths[] = {up, up_right, right, down_right, down, down_left, left, up_left};
     const double turned = std::fmod(std::fmod(degrees, 360) + 360, 360);
-    const auto nearest = static_cast<size_t>(std::lround(turned / 45)) % 8;
-    if (std::abs(turned - std::lround(turned / 45) * 45.0) > 1e-6)
+    const double steps = std::round(turned / 45);
+    const auto nearest = static_cast<size_t>(steps) % 8;
+    if (std::abs(turned - steps * 45) > 1e-6)
         losses.push_back("the angle " + in_quotes(text) + " became " + std::to_string(nearest * 45) +
                          "deg: a theme has eight directions");
     return eighths[nearest];

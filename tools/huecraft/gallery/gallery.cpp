@@ -76,7 +76,7 @@ struct Gallery {
                 inputs.push_back(library);
                 require_replaceable(output, OutputKind::page, inputs);
             }
-            Output{output};  // before the work, which would be lost without a place for it
+            static_cast<void>(Output{output});  // before the work, which would be lost without a place for it
             const Build build(command::library(library));
             if (!library.empty() && !can_draw(workshop, build)) return Status::unusable;
             std::vector<Status> ends(files.size(), Status::unusable);

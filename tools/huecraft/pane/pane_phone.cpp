@@ -26,10 +26,10 @@ const std::string preference_file = std::string(preferences) + "/com.quillmoth.h
 
 /// A file beside the command: as it is installed, or as it is built.
 fs::path beside_the_command(const char* name) {
-    const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path().parent_path(),
-                   installed = folder / "lib" / "huecraft" / name;
+    const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
+    fs::path installed = folder / "lib" / "huecraft" / name;
     if (fs::exists(installed)) return installed;
-    if (const fs::path built = folder / "lib" / name; fs::exists(built)) return built;
+    if (fs::path built = folder / "lib" / name; fs::exists(built)) return built;
     throw Unusable(installed, "it is missing; install the command again");
 }
 

@@ -43,7 +43,7 @@ std::string convert_to_srgb(Decoded& decoded) {
         if (inks) mix_inks(picture);
         return inks ? "CMYK without a profile" : "";
     }
-    const std::string name = name_of(source.get());
+    std::string name = name_of(source.get());
     if (name.find("sRGB") != name.npos) return "";
     const Profile srgb(cmsCreate_sRGBProfile(), cmsCloseProfile);
     const std::unique_ptr<void, void (*)(void*)> transform(

@@ -53,7 +53,7 @@ class Inspector {
     /// The value in words, with its kind where the words alone do not say it.
     static std::string found(id value) {
         if (!value) return "nothing";
-        const std::string words = in_words(value);
+        std::string words = in_words(value);
         switch (kind_of(value)) {
             case Kind::data: return words + " of data";
             case Kind::list: return "the list " + words;
