@@ -47,7 +47,6 @@ class TypesReader {
             case '[': return "[" + digits() + members(']');
             case '{':
             case '(': return kind + aggregate(kind == '{' ? '}' : ')');
-            default: break;
         }
         constexpr std::string_view simple = "v#:iIsSlLqQtTfdD?";
         sound_ = sound_ && simple.find(kind) != simple.npos;

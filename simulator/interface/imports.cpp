@@ -3,9 +3,9 @@
 #include "interface/imports.h"
 
 #include <dlfcn.h>
-#include <strings.h>
 
 #include <cmath>
+#include <cstring>
 #include <string_view>
 
 #include "interface/dynamic_linker.h"
@@ -19,7 +19,7 @@
 namespace sim {
 namespace {
 
-void clear_bytes(void* bytes, size_t count) { bzero(bytes, count); }
+void clear_bytes(void* bytes, size_t count) { std::memset(bytes, 0, count); }
 
 void fill_with_pattern(void* bytes, const void* pattern, size_t count) {
     for (size_t i = 0; i < count; ++i)

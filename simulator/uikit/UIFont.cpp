@@ -2,6 +2,7 @@
 
 #include <compare>
 #include <map>
+#include <string>
 
 #include "objc/class.h"
 #include "uikit/surroundings/text_styles.h"
@@ -50,7 +51,9 @@ struct Font : objc::Implements<Font, UIFont> {
     }
 
     UIFont* fontWithSize(CGFloat size) { return with(ivars().design.typeface, size); }
-    NSString* fontName() { return NSString::stringWithUTF8String(ivars().design.typeface->font_name.data()); }
+    NSString* fontName() {
+        return NSString::stringWithUTF8String(std::string(ivars().design.typeface->font_name).c_str());
+    }
     CGFloat pointSize() { return ivars().design.size; }
 
     CGFloat ascender() { return metrics().ascent; }

@@ -115,7 +115,8 @@ void add_row(UIView* sheet, const Row& row, CGFloat top, const fs::path& folder)
 void put_together(const std::vector<Row>& rows, const fs::path& pictures, const fs::path& png) {
     CGSize size{0, space};
     for (const Row& row : rows) {
-        size.width = std::max(size.width, space + static_cast<CGFloat>(row.cells.size()) * (cell_width + space));
+        size.width =
+            std::max(size.width, space + static_cast<CGFloat>(row.cells.size()) * (cell_width + space));
         size.height += height_of(row);
     }
     auto sheet = make_view<UIView>({{0, 0}, size});

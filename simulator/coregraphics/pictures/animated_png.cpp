@@ -208,9 +208,8 @@ bool AnimatedPng::write(const std::string& path, std::string& error) const {
         file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     };
     put(begin.bytes());
-    if (file_) std::rewind(file_.get());
+    bool complete = !file_ || std::fseek(file_.get(), 0, SEEK_SET) == 0;
     uint8_t part[65536];
-    bool complete = true;
     for (auto left = static_cast<size_t>(kept_bytes_); left && complete && file;) {
         const size_t count = std::fread(part, 1, std::min(left, sizeof part), file_.get());
         complete = count > 0;

@@ -26,7 +26,7 @@ std::string decoded_base64(std::string_view text) {
     int count = 0;
     for (char c : text) {
         if (c == '=') break;
-        const int value = values[static_cast<unsigned char>(c)];
+        const int8_t value = values[static_cast<unsigned char>(c)];
         if (value < 0) continue;
         bits = bits << 6 | static_cast<uint32_t>(value);
         count += 6;

@@ -102,7 +102,7 @@ class BinaryWriter {
     std::string document(id root) {
         add(root);
         const unsigned reference_size = size_of(objects_.size());
-        std::string bytes = "bplist00", table;
+        std::string bytes = "bplist00";
         std::vector<uint64_t> offsets;
         for (const Object& object : objects_) {
             offsets.push_back(bytes.size());

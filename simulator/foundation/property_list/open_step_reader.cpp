@@ -115,7 +115,8 @@ class OpenStepReader {
         for (;;) {
             step_over_space();
             if (at_end() || !(is_unquoted(text_[at_]) || is_at('"') || is_at('\''))) return found;
-            Value key = string(), value = key;
+            const Value key = string();
+            Value value = key;
             step_over_space();
             if (is_at('=')) {
                 ++at_;
@@ -123,7 +124,7 @@ class OpenStepReader {
                 step_over_space();
             }
             expect(';', "no ';' behind an entry of a dictionary");
-            found.emplace_back(std::move(key), std::move(value));
+            found.emplace_back(key, std::move(value));
         }
     }
 

@@ -86,7 +86,8 @@ std::optional<double> parse_date(std::string_view text) {
     const auto day = year(before_christ ? -fields[0] : fields[0]) / fields[1] / fields[2];
     if (!text.empty() || !day.ok()) return std::nullopt;
     constexpr sys_days reference{year(2001) / 1 / 1};
-    return 86400.0 * (sys_days(day) - reference).count() + 3600.0 * fields[3] + 60.0 * fields[4] + fields[5];
+    return 86400.0 * static_cast<double>((sys_days(day) - reference).count()) + 3600.0 * fields[3] +
+           60.0 * fields[4] + fields[5];
 }
 
 }  // namespace sim::plist

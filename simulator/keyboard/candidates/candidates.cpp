@@ -66,8 +66,9 @@ class Filler {
         for (size_t index = 0; index < std::min(columns * rows, std::size(texts)); ++index) {
             const KeyTraits traits = candidate_traits(factory_, index == 0, right_edge | bottom_edge);
             strong<UILabel> text = make_label(traits.text, NSString::stringWithUTF8String(texts[index]));
-            const CGPoint origin{static_cast<CGFloat>(index % columns) * width,
-                                 top + static_cast<CGFloat>(index / columns) * row_height_};
+            const size_t column = index % columns, row = index / columns;
+            const CGPoint origin{static_cast<CGFloat>(column) * width,
+                                 top + static_cast<CGFloat>(row) * row_height_};
             add_cell({origin, {width, row_height_}}, traits, text);
         }
         add_toggle(Glyph::previous);

@@ -35,8 +35,8 @@ void add_emoji(UIView* plane, const KeyboardMetrics& metrics) {
     const int columns = static_cast<int>((metrics.size.width - 2 * side) / cell_width);
     const CGFloat left = (metrics.size.width - columns * cell_width) / 2;
     for (int index = 0; index < rows * columns && index < static_cast<int>(std::size(emoji)); ++index) {
-        const CGRect cell{{left + index / rows * cell_width, top + index % rows * cell_height},
-                          {cell_width, cell_height}};
+        const int column = index / rows, row = index % rows;
+        const CGRect cell{{left + column * cell_width, top + row * cell_height}, {cell_width, cell_height}};
         plane->addSubview(make_emoji_label(style, emoji[index], cell));
     }
 }

@@ -44,9 +44,9 @@ constexpr struct {
 }  // namespace
 
 std::string name_of_character(std::string_view character) {
-    const char first = character.size() == 1 ? character[0] : 0;
+    const char first = character.size() == 1 ? character[0] : '\0';
     if (first >= 'a' && first <= 'z')
-        return std::string("Latin-Small-Letter-") + static_cast<char>(first - 'a' + 'A');
+        return std::string("Latin-Small-Letter-") + static_cast<char>(first - ('a' - 'A'));
     if (first >= 'A' && first <= 'Z') return std::string("Latin-Capital-Letter-") + first;
     if (first >= '0' && first <= '9') return std::string("Digit-") + first;
     for (const auto& entry : punctuation)

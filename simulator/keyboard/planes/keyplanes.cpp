@@ -63,7 +63,8 @@ class Planner {
 
     void add_centred_row(int row, std::string_view characters) {
         const auto texts = words_of(characters);
-        add_characters(row, (metrics_.size.width - columns(texts.size())) / 2, metrics_.key.width, texts);
+        add_characters(row, (metrics_.size.width - columns(static_cast<CGFloat>(texts.size()))) / 2,
+                       metrics_.key.width, texts);
     }
 
     /// However many characters there are, they share the room of seven letters.
@@ -71,9 +72,9 @@ class Planner {
         const CGFloat side_key = metrics_.key.width * 4 / 3, end = metrics_.size.width - metrics_.side;
         add(2, metrics_.side, metrics_.side + side_key, "Shift-Key", plan.shift_text, plan.shift_kind);
         const auto texts = words_of(plan.rows[2]);
-        const CGFloat room = columns(7);
-        add_characters(2, (metrics_.size.width - room) / 2,
-                       (room - (texts.size() - 1) * metrics_.gap) / texts.size(), texts);
+        const CGFloat room = columns(7), count = static_cast<CGFloat>(texts.size());
+        add_characters(2, (metrics_.size.width - room) / 2, (room - (count - 1) * metrics_.gap) / count,
+                       texts);
         add(2, end - side_key, end, "Delete-Key", nullptr, KeyKind::control);
     }
 
@@ -122,7 +123,7 @@ class Planner {
     }
 
     /// The room that `count` keys of one column each take, gaps between them included.
-    CGFloat columns(size_t count) const { return count * metrics_.key.width + (count - 1) * metrics_.gap; }
+    CGFloat columns(CGFloat count) const { return count * metrics_.key.width + (count - 1) * metrics_.gap; }
 
     const KeyboardMetrics& metrics_;
     UIKBTree* plane_;

@@ -51,7 +51,7 @@ void draw_symbols(CGContextRef context, UIKBTree* key, UIKBTextStyle* style, CGR
 }
 
 CGPoint middle_of_category(NSUInteger index, CGRect box) {
-    return {box.origin.x + (index + 0.5) * box.size.width / category_count,
+    return {box.origin.x + (static_cast<CGFloat>(index) + 0.5) * box.size.width / category_count,
             box.origin.y + box.size.height / 2};
 }
 

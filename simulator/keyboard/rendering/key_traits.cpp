@@ -27,7 +27,7 @@ UIKBEdgeEffect* bottom_line(NSString* color) { return UIKBEdgeEffect::effect(col
 UIKBGradient* blue() { return UIKBGradient::gradientWithFlatColor("UIKBColorKeyBlueKeyBackground"_ns); }
 
 bool is_lower_case(NSString* text) {
-    const char first = text && text->length() == 1 ? *text->UTF8String() : 0;
+    const char first = text && text->length() == 1 ? *text->UTF8String() : '\0';
     return first >= 'a' && first <= 'z';
 }
 

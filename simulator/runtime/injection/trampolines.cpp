@@ -27,12 +27,12 @@ struct Trampoline {
 Trampoline trampolines[capacity];
 std::atomic<unsigned> count = 0;
 
-IMP entry(unsigned number) { return reinterpret_cast<IMP>(sim_trampolines + number * entry_size); }
+IMP entry(unsigned number) { return reinterpret_cast<IMP>(sim_trampolines + size_t{number} * entry_size); }
 
 /// They are never given back: a call may be on its way through one at any time.
 IMP made(const Trampoline& trampoline) {
     const unsigned number = count++;
-    if (sim_trampolines + (number + 1) * entry_size > sim_trampolines_end || number >= capacity)
+    if (sim_trampolines + (size_t{number} + 1) * entry_size > sim_trampolines_end || number >= capacity)
         not_modelled("MSHookMessageEx", "this process has replaced too many methods");
     trampolines[number] = trampoline;
     return entry(number);

@@ -84,42 +84,42 @@ void end_deallocation(id object) {
 
 // As on the device, a weak reference to an object that is being deallocated is an error that ends the
 // process, unless the caller is content with nil.
-SIM_EXPORTED id objc_storeWeak(id* variable, id object) {
+SIM_EXPORTED id objc_storeWeak(id* slot, id value) {
     auto& table = sim::Table::get();
     std::lock_guard guard(table.lock);
-    if (table.is_dying(object)) {
+    if (table.is_dying(value)) {
         std::fprintf(
             stderr,
             "objc_storeWeak: an object of class %s is being deallocated: no weak reference to it can "
             "be formed\n",
-            object_getClassName(object));
+            object_getClassName(value));
         std::abort();
     }
-    table.store(variable, object);
-    return object;
+    table.store(slot, value);
+    return value;
 }
 
-SIM_EXPORTED id objc_storeWeakOrNil(id* variable, id object) {
+SIM_EXPORTED id objc_storeWeakOrNil(id* slot, id value) {
     auto& table = sim::Table::get();
     std::lock_guard guard(table.lock);
-    if (table.is_dying(object)) object = nullptr;
-    table.store(variable, object);
-    return object;
+    if (table.is_dying(value)) value = nullptr;
+    table.store(slot, value);
+    return value;
 }
 
-SIM_EXPORTED id objc_initWeak(id* variable, id object) {
-    *variable = nullptr;
-    return objc_storeWeak(variable, object);
+SIM_EXPORTED id objc_initWeak(id* slot, id value) {
+    *slot = nullptr;
+    return objc_storeWeak(slot, value);
 }
 
-SIM_EXPORTED id objc_initWeakOrNil(id* variable, id object) {
-    *variable = nullptr;
-    return objc_storeWeakOrNil(variable, object);
+SIM_EXPORTED id objc_initWeakOrNil(id* slot, id value) {
+    *slot = nullptr;
+    return objc_storeWeakOrNil(slot, value);
 }
 
-SIM_EXPORTED void objc_destroyWeak(id* variable) { objc_storeWeak(variable, nullptr); }
+SIM_EXPORTED void objc_destroyWeak(id* slot) { objc_storeWeak(slot, nullptr); }
 
-SIM_EXPORTED id objc_loadWeakRetained(id* variable) {
+SIM_EXPORTED id objc_loadWeakRetained(id* slot) {
     std::lock_guard guard(sim::Table::get().lock);
-    return objc_retain(*variable);
+    return objc_retain(*slot);
 }
