@@ -91,13 +91,11 @@ int system_number(const char* name, void* value, size_t* size, const void* new_v
 
 // Stands before the host's own for libraries of the phone that are built for Linux. Before boot there is no
 // phone.
-SIM_EXPORTED int posix_spawn(pid_t* process, const char* path, const posix_spawn_file_actions_t* file_actions,
-                             const posix_spawnattr_t* attributes, char* const arguments[],
-                             char* const environment[]) {
-    if (sim::is_booted())
-        return sim::start_process(process, path, file_actions, attributes, arguments, environment);
+SIM_EXPORTED int posix_spawn(pid_t* pid, const char* path, const posix_spawn_file_actions_t* file_actions,
+                             const posix_spawnattr_t* attrp, char* const argv[], char* const envp[]) {
+    if (sim::is_booted()) return sim::start_process(pid, path, file_actions, attrp, argv, envp);
     static const auto host = reinterpret_cast<decltype(&posix_spawn)>(dlsym(RTLD_NEXT, "posix_spawn"));
-    return host(process, path, file_actions, attributes, arguments, environment);
+    return host(pid, path, file_actions, attrp, argv, envp);
 }
 
 // The host has none of its own.

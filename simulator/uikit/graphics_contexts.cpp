@@ -38,18 +38,18 @@ SIM_EXPORTED CGContextRef UIGraphicsGetCurrentContext() {
 SIM_EXPORTED void UIGraphicsPushContext(CGContextRef context) { stack().push_back({context, 0}); }
 
 SIM_EXPORTED void UIGraphicsPopContext() {
-    if (!stack().empty() && !stack().back().image_scale) stack().pop_back();
+    if (!stack().empty() && stack().back().image_scale == 0) stack().pop_back();
 }
 
 SIM_EXPORTED UIImage* UIGraphicsGetImageFromCurrentImageContext() {
-    if (stack().empty() || !stack().back().image_scale || !stack().back().context) return nullptr;
+    if (stack().empty() || stack().back().image_scale == 0 || !stack().back().context) return nullptr;
     const Entry& entry = stack().back();
     return UIImage::imageWithCGImage(sim::image_of(sim::canvas_of(entry.context)), entry.image_scale,
                                      UIImageOrientationUp);
 }
 
 SIM_EXPORTED void UIGraphicsEndImageContext() {
-    if (!stack().empty() && stack().back().image_scale) stack().pop_back();
+    if (!stack().empty() && stack().back().image_scale != 0) stack().pop_back();
 }
 
 SIM_EXPORTED void UIRectFill(CGRect rect) {

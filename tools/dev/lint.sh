@@ -8,7 +8,7 @@ help_lint() {
     cat <<END
 usage: ./dev lint
 
-Checks every file, tracked or not: format, clang-tidy on all but the tests, include directions,
+Checks every file, tracked or not: format, clang-tidy on all but tools and tests, include directions,
 macros, file lengths, trailing whitespace, scripts. Each check prints one line "ok ..." or the offending places, and any of those fails the command.
 END
 }
@@ -125,6 +125,6 @@ command_lint() {
     check "no line ends in blanks" check_whitespace
     check "links of pages lead to files" check_links
     check "scripts are sound" check_scripts
-    check "clang-tidy finds nothing in sources that are no tests" check_tidy
+    check "clang-tidy finds nothing, tools and tests apart" check_tidy
     return "$lint_status"
 }

@@ -27,7 +27,7 @@ tidy_sources() {
         /^  "command": / { words = substr($0, 15); sub(/",$/, "", words) }
         /^  "file": / {
             source = substr($0, 12); sub(/",?$/, "", source)
-            if (index(source, root) != 1 || substr(source, length(root) + 1) !~ towers || source in seen) next
+            if (index(source, root) != 1 || substr(source, length(root) + 1) !~ towers || source !~ /\.cpp$/ || source in seen) next
             seen[source] = 1
             match(words, / -o [^ ]+ -c /)
             object = substr(words, RSTART + 4, RLENGTH - 8)

@@ -12,7 +12,7 @@
 
 extern "C" {
 BOOL NSDecrementExtraRefCountWasZero(id);
-id objc_storeWeakOrNil(id* variable, id object);
+id objc_storeWeakOrNil(id* slot, id value);
 }
 
 namespace sim {

@@ -152,7 +152,7 @@ struct Button : objc::Implements<Button, UIButton> {
         const CGSize image = self()->currentImage()->size(), title = title_size();
         const auto& [top, left, bottom, right] = ivars().contentEdgeInsets;
         const bool has_title = title.width > 0;
-        const CGFloat room = has_title && !(top + bottom) ? title_room : 0;
+        const CGFloat room = has_title && top + bottom == 0 ? title_room : 0;
         return {std::max(has_title ? least_width : 0, image.width + title.width) + left + right,
                 std::max(image.height, title.height + 2 * room) + top + bottom};
     }

@@ -75,7 +75,8 @@ void TableView::reloadSections(NSIndexSet*, UITableViewRowAnimation) {
 }
 
 void TableView::endUpdates() {
-    if (ivars().update_depth == 0 || --ivars().update_depth > 0) return;
+    if (ivars().update_depth == 0) return;
+    if (--ivars().update_depth > 0) return;
     update();
 }
 
