@@ -1,6 +1,6 @@
 // The same over and over in one process: what it holds stays the same. ./dev endure does it for long.
 //
-// The C library counts blocks that were freed and that it keeps for the thread as held: it is told to keep
+// The C library counts blocks that were freed and that it keeps for the thread as held: it is set to keep
 // none (GLIBC_TUNABLES, in CMakeLists.txt and ./dev).
 #include <cstdlib>
 
