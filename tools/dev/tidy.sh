@@ -1,4 +1,4 @@
-# clang-tidy over every source, for ./dev lint. Sourced by lint.sh.
+# clang-tidy over the sources of all but tools and tests, for ./dev lint. Sourced by lint.sh.
 # shellcheck shell=bash
 
 # A source costs seconds on its own, nearly all of them for what it includes. So sources that are compiled with the same words
