@@ -5,20 +5,22 @@
 namespace pane {
 namespace {
 
-template <objc::Name... Selectors>
-bool answers(Class to) {
+template <objc::Name Question, objc::Name... Selectors>
+bool all_answered(Class by) {
     const SEL all[] = {objc::selector<Selectors>()...};
     for (SEL each : all)
-        if (!objc::send<"respondsToSelector:", bool>(reinterpret_cast<id>(to), each)) return false;
+        if (!objc::send<Question, bool>(reinterpret_cast<id>(by), each)) return false;
     return true;
 }
 
 template <objc::Name... Selectors>
+bool answers(Class to) {
+    return all_answered<"respondsToSelector:", Selectors...>(to);
+}
+
+template <objc::Name... Selectors>
 bool instances_answer(Class of) {
-    const SEL all[] = {objc::selector<Selectors>()...};
-    for (SEL each : all)
-        if (!objc::send<"instancesRespondToSelector:", bool>(reinterpret_cast<id>(of), each)) return false;
-    return true;
+    return all_answered<"instancesRespondToSelector:", Selectors...>(of);
 }
 
 /// The same of a class that may be missing.
