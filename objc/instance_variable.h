@@ -5,7 +5,7 @@
 namespace objc {
 
 /// The instance variable of that name, of the type of its values: `instance_variable<UIView*>(cell,
-/// "_label")`. The receiver's class must have it: no lookup can tell a caller what to do without.
+/// "_label")`. The receiver's class must have it: without it there is nothing to refer to.
 template <class T>
 T& instance_variable(id object, const char* name) {
     Ivar variable = class_getInstanceVariable(object_getClass(object), name);

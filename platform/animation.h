@@ -1,15 +1,6 @@
-// QuartzCore's animations, and values that hold geometry.
+// QuartzCore's animations.
 #pragma once
 #include "platform/quartzcore.h"
-
-struct NSValue : objc::Interface<NSValue, "NSValue", NSObject> {
-    static NSValue* valueWithCGPoint(CGPoint point) {
-        return class_send<"valueWithCGPoint:", NSValue*>(point);
-    }
-    static NSValue* valueWithCGRect(CGRect rect) { return class_send<"valueWithCGRect:", NSValue*>(rect); }
-    CGPoint CGPointValue() { return send<"CGPointValue", CGPoint>(); }
-    CGRect CGRectValue() { return send<"CGRectValue", CGRect>(); }
-};
 
 struct CAMediaTimingFunction : objc::Interface<CAMediaTimingFunction, "CAMediaTimingFunction", NSObject> {
     /// "linear", "easeIn", "easeOut", "easeInEaseOut" or "default".
@@ -39,7 +30,7 @@ struct CAAnimation : objc::Interface<CAAnimation, "CAAnimation", NSObject> {
     /// "removed" or "forwards".
     NSString* fillMode() { return send<"fillMode", NSString*>(); }
     void setFillMode(NSString* mode) { send<"setFillMode:">(mode); }
-    /// Retained while the animation lasts; told animationDidStart: and animationDidStop:finished:.
+    /// Retained while the animation lasts; sent animationDidStart: and animationDidStop:finished:.
     id delegate() { return send<"delegate", id>(); }
     void setDelegate(id delegate) { send<"setDelegate:">(delegate); }
 };

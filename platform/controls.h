@@ -119,7 +119,7 @@ struct UISlider : objc::Interface<UISlider, "UISlider", UIControl> {
     void setMinimumValue(float value) { send<"setMinimumValue:">(value); }
     float maximumValue() { return send<"maximumValue", float>(); }
     void setMaximumValue(float value) { send<"setMaximumValue:">(value); }
-    /// Whether a change of value is told while the knob moves, or when it is let go.
+    /// Whether a change of value is sent while the knob moves, or when it is let go.
     bool isContinuous() { return send<"isContinuous", bool>(); }
     void setContinuous(bool continuous) { send<"setContinuous:">(continuous); }
     /// nil is the tint colour.

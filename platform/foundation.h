@@ -3,6 +3,7 @@
 #include "objc/object.h"
 #include "objc/string.h"
 #include "objc/strong.h"
+#include "platform/coregraphics.h"
 
 struct NSArray;
 struct NSCharacterSet;
@@ -321,6 +322,29 @@ struct NSURL : objc::Interface<NSURL, "NSURL", NSObject> {
     static NSURL* URLWithString(NSString* text) { return class_send<"URLWithString:", NSURL*>(text); }
     NSString* path() { return send<"path", NSString*>(); }
     NSString* absoluteString() { return send<"absoluteString", NSString*>(); }
+};
+
+/// A value in an object; those of geometry are UIKit's.
+struct NSValue : objc::Interface<NSValue, "NSValue", NSObject> {
+    static NSValue* valueWithCGPoint(CGPoint point) {
+        return class_send<"valueWithCGPoint:", NSValue*>(point);
+    }
+    static NSValue* valueWithCGRect(CGRect rect) { return class_send<"valueWithCGRect:", NSValue*>(rect); }
+    CGPoint CGPointValue() { return send<"CGPointValue", CGPoint>(); }
+    CGRect CGRectValue() { return send<"CGRectValue", CGRect>(); }
+};
+
+/// Which item of which section, as UIKit counts.
+struct NSIndexPath : objc::Interface<NSIndexPath, "NSIndexPath", NSObject> {
+    static NSIndexPath* indexPathForItem(NSInteger item, NSInteger section) {
+        return class_send<"indexPathForItem:inSection:", NSIndexPath*>(item, section);
+    }
+    static NSIndexPath* indexPathForRow(NSInteger row, NSInteger section) {
+        return class_send<"indexPathForRow:inSection:", NSIndexPath*>(row, section);
+    }
+    NSInteger row() { return send<"row", NSInteger>(); }
+    NSInteger item() { return send<"item", NSInteger>(); }
+    NSInteger section() { return send<"section", NSInteger>(); }
 };
 
 struct NSIndexSet : objc::Interface<NSIndexSet, "NSIndexSet", NSObject> {

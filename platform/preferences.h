@@ -1,4 +1,4 @@
-// Preferences.framework: the Settings app's pages. Private; public dumps of iOS 12.0 to 12.4 tell these
+// Preferences.framework: the Settings app's pages. Private; public dumps of iOS 12.0 to 12.4 have these
 // types.
 #pragma once
 #include "platform/navigation.h"

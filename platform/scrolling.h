@@ -37,19 +37,6 @@ struct UIScrollView : objc::Interface<UIScrollView, "UIScrollView", UIView> {
     void setDelegate(id delegate) { send<"setDelegate:">(delegate); }
 };
 
-/// Which item of which section.
-struct NSIndexPath : objc::Interface<NSIndexPath, "NSIndexPath", NSObject> {
-    static NSIndexPath* indexPathForItem(NSInteger item, NSInteger section) {
-        return class_send<"indexPathForItem:inSection:", NSIndexPath*>(item, section);
-    }
-    static NSIndexPath* indexPathForRow(NSInteger row, NSInteger section) {
-        return class_send<"indexPathForRow:inSection:", NSIndexPath*>(row, section);
-    }
-    NSInteger row() { return send<"row", NSInteger>(); }
-    NSInteger item() { return send<"item", NSInteger>(); }
-    NSInteger section() { return send<"section", NSInteger>(); }
-};
-
 struct UICollectionViewLayout : objc::Interface<UICollectionViewLayout, "UICollectionViewLayout", NSObject> {
     void invalidateLayout() { send<"invalidateLayout">(); }
 };

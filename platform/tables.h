@@ -177,7 +177,7 @@ struct UITableView : objc::Interface<UITableView, "UITableView", UIScrollView> {
     bool allowsSelectionDuringEditing() { return send<"allowsSelectionDuringEditing", bool>(); }
     void setAllowsSelectionDuringEditing(bool allows) { send<"setAllowsSelectionDuringEditing:">(allows); }
     NSIndexPath* indexPathForSelectedRow() { return send<"indexPathForSelectedRow", NSIndexPath*>(); }
-    /// The delegate is not told.
+    /// The delegate is not notified.
     void selectRow(NSIndexPath* path, bool animated, UITableViewScrollPosition position) {
         send<"selectRowAtIndexPath:animated:scrollPosition:">(path, animated, position);
     }

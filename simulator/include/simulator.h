@@ -133,8 +133,8 @@ SIM_API sim_status sim_boot(const sim_options* options);
 
 typedef struct sim_library sim_library;
 
-/* Loads a build of the library from a host path, an ELF shared object or a Mach-O dylib, which the contents
- * tell apart. Its classes are registered and its initialisers run, as when the injection framework loads it.
+/* Loads a build of the library from a host path, an ELF shared object or a Mach-O dylib, by its
+ * contents. Its classes are registered and its initialisers run, as when the injection framework loads it.
  * A library is never unloaded, and cannot be loaded twice. */
 SIM_API sim_status sim_load(const char* host_path, sim_library** library);
 
@@ -273,7 +273,7 @@ typedef enum sim_touch_phase {
 
 /* Puts the one finger down at a point of the screen, moves it there, lifts it there or takes the touch back.
  * `phase` is a sim_touch_phase. The point is in points from the upper left corner. Views are laid out, and
- * what the finger landed on is told, as hit testing finds it. */
+ * what the finger landed on, as hit testing finds it, receives the touch. */
 SIM_API sim_status sim_touch(int phase, double x, double y);
 
 /* Puts the finger down and lifts it. */
@@ -290,8 +290,8 @@ SIM_API sim_status sim_tap_label(const char* label);
 /* ---- Time -------------------------------------------------------------------------------------------- */
 
 /* Lets that many seconds pass, 0 included, which they never do by themselves. Animations go on, and whoever
- * waits for the end of one is told, in order and each at its time; then the screen is laid out. Pictures show
- * animations as they are at the moment. */
+ * waits for the end of one is notified, in order and each at its time; then the screen is laid out. Pictures
+ * show animations as they are at the moment. */
 SIM_API sim_status sim_advance_clock(double seconds);
 
 /* ---- Settings ---------------------------------------------------------------------------------------- */
