@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <optional>
 
-#include "fuzz.h"
+#include "harness/fuzz.h"
 #include "platform/uikit.h"
 
 namespace {

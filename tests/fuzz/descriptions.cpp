@@ -1,6 +1,6 @@
 // Any bytes as the description of a device's system.
 #include "doctor/device_description.h"
-#include "text_inputs.h"
+#include "harness/text_inputs.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::read_or_refuse(data, size, [](const std::string& text) {

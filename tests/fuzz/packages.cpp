@@ -1,7 +1,7 @@
 // Any bytes as a package for a device: opened, and checked as far as it can be.
+#include "harness/text_inputs.h"
 #include "package/checks.h"
 #include "package/package.h"
-#include "text_inputs.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::read_or_refuse(data, size, [](const std::string& bytes) {

@@ -1,8 +1,8 @@
 // Any bytes as a photo: decoded, made the keyboard's, and stored as a theme stores it.
+#include "harness/text_inputs.h"
 #include "photos/decoding.h"
 #include "photos/photo.h"
 #include "photos/picture_limits.h"
-#include "text_inputs.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::read_or_refuse(data, size, [](const std::string& bytes) {

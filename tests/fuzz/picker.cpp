@@ -1,6 +1,6 @@
 // The colour picker by whatever a person can do, in any order: typing, deleting, selecting, copying, pasting,
 // touching, dragging, waiting, and either button. What it shows must hold together after each step.
-#include "fuzz.h"
+#include "harness/fuzz.h"
 #include "platform/controls.h"
 #include "platform/navigation.h"
 

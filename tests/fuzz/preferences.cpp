@@ -1,6 +1,6 @@
 // Any bytes as the preference file: the store reads it and the theme that it names, and answers as the hooks
 // ask.
-#include "fuzz.h"
+#include "harness/fuzz.h"
 #include "support/themes.h"
 
 namespace {

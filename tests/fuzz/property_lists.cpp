@@ -8,11 +8,11 @@
 #include <cmath>
 #include <memory>
 
-#include "bytes.h"
 #include "cli/files.h"
 #include "formats/property_list.h"
 #include "formats/value.h"
-#include "in_process.h"
+#include "harness/bytes.h"
+#include "harness/in_process.h"
 #include "objc/fast_enumeration.h"
 #include "support/text.h"
 

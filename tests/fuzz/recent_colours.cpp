@@ -1,7 +1,7 @@
 // Any bytes as the file of recent colours: the picker reads it, shows each colour, makes one current and
 // records one. A list that cannot be changed, or is too short, or none, raises: that is promised. Nothing
 // else may happen.
-#include "fuzz.h"
+#include "harness/fuzz.h"
 #include "objc/exception.h"
 #include "platform/scrolling.h"
 

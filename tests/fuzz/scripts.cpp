@@ -1,7 +1,7 @@
 // Any bytes as a script, of huecraft picker and of huecraft pane.
+#include "harness/text_inputs.h"
 #include "pane/pane_script.h"
 #include "picker/picker_script.h"
-#include "text_inputs.h"
 
 namespace {
 

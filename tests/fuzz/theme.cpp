@@ -1,5 +1,5 @@
 // Any bytes as a theme's file: loaded, read by every getter, drawn as a preview, saved and loaded again.
-#include "fuzz.h"
+#include "harness/fuzz.h"
 #include "support/configuration.h"
 
 namespace {

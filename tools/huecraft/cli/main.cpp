@@ -2,38 +2,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cstdio>
-#include <exception>
-
-#include "cli/command_line.h"
-#include "cli/files.h"
-#include "cli/misuse.h"
-#include "cli/terminal.h"
+#include "cli/run.h"
 
 namespace command {
 namespace {
-
-bool has_subcommand(const CLI::App& command, const std::string& name) {
-    const auto all = command.get_subcommands([](const CLI::App*) { return true; });
-    return std::ranges::any_of(all, [&](const CLI::App* one) { return one->get_name() == name; });
-}
-
-int misuse(const CLI::App& command, const std::string& what) {
-    const CLI::App& subcommand = chosen(command);
-    const std::string whole = &subcommand == &command ? "huecraft" : "huecraft " + subcommand.get_name();
-    std::fprintf(stderr, "huecraft: %s (see %s --help)\n", one_line(what, 400).c_str(), whole.c_str());
-    return static_cast<int>(Status::unusable);
-}
-
-/// An empty text where a value should be, as of a variable that is not set; empty where there is none. Lists
-/// of files are looked through one by one later.
-std::string empty_value_in_words(const CLI::App& subcommand) {
-    for (const CLI::Option* option : subcommand.get_options())
-        if (option->count() == 1 && option->results()[0].empty())
-            return option->get_name() + ": found \"\", expected " + expected_of(*option);
-    return "";
-}
 
 /// With a standard stream closed, the first file that is opened would take its place, and be written to in
 /// its stead.
@@ -44,41 +16,10 @@ void fill_standard_streams() {
             open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
 }
 
-int run(std::vector<std::string> arguments) {
-    Request request;
-    const auto command = make_command_line(request);
-    // Before everything else, which would say that a subcommand is missing.
-    const bool names_one = !arguments.empty() && (!arguments[0].starts_with('-') || arguments[0] == "-");
-    if (names_one && !has_subcommand(*command, arguments[0]))
-        return misuse(*command, "there is no subcommand " + in_quotes(arguments[0]));
-    std::ranges::reverse(arguments);  // as the parser wants them
-    try {
-        command->parse(std::move(arguments));
-    } catch (const CLI::CallForHelp&) {
-        std::fputs(command->help().c_str(), stdout);
-        return static_cast<int>(end_of_output(Status::fine));
-    } catch (const CLI::CallForVersion& version) {
-        std::printf("%s\n", version.what());
-        return static_cast<int>(end_of_output(Status::fine));
-    } catch (const CLI::ParseError& error) {
-        return misuse(*command, misuse_in_words(*command, error));
-    }
-    if (const std::string empty = empty_value_in_words(chosen(*command)); !empty.empty())
-        return misuse(*command, empty);
-    return static_cast<int>(request.run());
-}
-
 }  // namespace
 }  // namespace command
 
 int main(int argc, char** argv) {
     command::fill_standard_streams();
-    try {
-        return command::run({argv + 1, argv + argc});
-    } catch (const command::Unusable& unusable) {
-        command::complain(unusable.file(), unusable.what());
-    } catch (const std::exception& failure) {
-        std::fprintf(stderr, "huecraft: %s\n", failure.what());
-    }
-    return static_cast<int>(command::Status::unusable);
+    return command::run({argv + 1, argv + argc});
 }

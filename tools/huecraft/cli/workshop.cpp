@@ -15,6 +15,7 @@
 
 #include "cli/files.h"
 #include "cli/leftovers.h"
+#include "cli/run.h"
 #include "cli/terminal.h"
 #include "formats/value.h"
 #include "support/phone.h"
@@ -106,28 +107,6 @@ class StayingToTidyUp {
     Handler before_[count];
 };
 
-[[noreturn]] void work_and_exit(const std::function<Status()>& work) {
-    Status status = Status::unusable;
-    try {
-        status = work();
-    } catch (const Unusable& unusable) {
-        complain(unusable.file(), unusable.what());
-    } catch (const fs::filesystem_error& failure) {
-        complain(failure.path1(), error_in_words(failure.code().value()));
-    } catch (const std::bad_alloc&) {
-        complain("an input", out_of_memory);
-    } catch (const std::exception& failure) {
-        std::fflush(stdout);
-        std::fprintf(stderr, "huecraft: %s\n", failure.what());
-    } catch (...) {
-        // Its object may be gone with the pool that held it.
-        complain("the simulated phone", "an exception was raised");
-    }
-    if (answers_in_json() && !complaints().empty() && !json_was_printed())
-        std::fputs(printed(Json::object()).c_str(), stdout);
-    std::exit(static_cast<int>(end_of_output(status)));
-}
-
 }  // namespace
 
 fs::path library(const std::string& named) {
@@ -189,7 +168,7 @@ pid_t start_child(const std::function<Status()>& work) {
     if (child == 0) {
         prctl(PR_SET_PDEATHSIG, SIGTERM);
         bound_memory();
-        work_and_exit(work);
+        std::exit(static_cast<int>(complete(work)));
     }
     return child;
 }

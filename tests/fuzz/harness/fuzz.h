@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "bytes.h"
+#include "harness/bytes.h"
 #include "support/phone.h"
 
 namespace fuzz {
@@ -17,7 +17,9 @@ inline test::Phone::Options small_phone() {
     return options;
 }
 
-/// The phone of this process, on and with the library from the first call to the end.
+/// The phone of this process, on from the first call to the end.
+test::Phone& phone_without_library(const test::Phone::Options& options = small_phone());
+/// The same, with the library.
 test::Phone& phone(const test::Phone::Options& options = small_phone());
 
 /// Puts a file in place, in a folder that exists.

@@ -1,9 +1,11 @@
-#include "in_process.h"
+#include "harness/in_process.h"
 
 #include <cstdlib>
 #include <deque>
 
+#include "cli/run.h"
 #include "cli/worker_pool.h"
+#include "objc/send.h"
 #include "support/phone.h"
 #include "support/theme_choice.h"
 
@@ -38,7 +40,9 @@ command::Workshop set_up() {
     options.screen_height = 568;
     options.screen_scale = 1;
     tools::require(sim_boot(&options), "switching the phone on");
-    tools::choose_theme("");
+    // The hooks are installed for good, all of them.
+    made.place_theme("hidden caps", "{_VisibleKeycaps=0;}");
+    tools::choose_theme("hidden caps");
     sim_library* loaded = nullptr;
     tools::require(sim_load(std::getenv("HUECRAFT_LIBRARY"), &loaded), "loading the library");
     return made;
@@ -57,7 +61,10 @@ const command::Workshop& workshop() {
 
 namespace command {
 
-fs::path library(const std::string&) { return std::getenv("HUECRAFT_LIBRARY"); }
+/// What is hashed as the library that draws.
+fs::path library(const std::string&) {
+    return HUECRAFT_RESOURCES "/Huecraft.bundle/PreviewKeyboardBackground.png";
+}
 fs::path data_folder() { return HUECRAFT_RESOURCES; }
 
 void Workshop::place_theme(const std::string& name, const std::string& contents) const {
@@ -74,8 +81,10 @@ void Workshop::furnish() const {
 }
 void Workshop::install_settings_pictures() const {}
 
-Status in_workshop(const std::function<Status(const Workshop&)>& work) { return work(fuzz::workshop()); }
-Status in_child(const std::function<Status()>& work) { return work(); }
+Status in_workshop(const std::function<Status(const Workshop&)>& work) {
+    return complete([&] { return work(fuzz::workshop()); });
+}
+Status in_child(const std::function<Status()>& work) { return complete(work); }
 
 Status share_out(std::deque<size_t> numbers, const SharedWork& work) {
     work.begin();
@@ -97,6 +106,10 @@ void require(sim_status status, const std::string& doing) {
 void in_child_process(const std::string&, const std::function<void()>& body) { body(); }
 Screen Screen::for_pictures(double) const { return *this; }
 void boot(const std::filesystem::path&, const char*, const Screen&) {}
-void load(const std::filesystem::path&) {}
+/// The store reads the preferences as it does when a process starts.
+void load(const std::filesystem::path&) {
+    id store = objc::send<"sharedInstance", id>(reinterpret_cast<id>(objc_getClass("HCPreferences")));
+    objc::send<"init", id>(store);
+}
 
 }  // namespace tools
