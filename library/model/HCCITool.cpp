@@ -175,6 +175,7 @@ struct ColorAndImageTool : objc::Implements<ColorAndImageTool, HCCITool> {
         image->drawInRect(pixel, kCGBlendModeCopy, 1.0);
         // The context's pixels are 32 bits, alpha first, little-endian: blue, green, red, alpha in memory.
         auto* bytes = static_cast<const uint8_t*>(CGBitmapContextGetData(context));
+        if (!bytes) return UIColor::colorWithRGB(0, 0, 0, 1.0);  // there was no memory for it
         auto component = [bytes](int index) {
             return static_cast<CGFloat>(static_cast<float>(bytes[index]) / 255.0f);
         };

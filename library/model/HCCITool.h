@@ -46,7 +46,7 @@ struct HCCITool : objc::Interface<HCCITool, "HCCITool", NSObject> {
         return class_send<"imageFromColor:withSize:", UIImage*>(colour, size);
     }
 
-    /// The average, always opaque; transparency darkens it.
+    /// The average, always opaque; transparency darkens it. Black where there is no memory to draw it.
     static UIColor* averageColorForImage(UIImage* image) {
         return class_send<"averageColorForImage:", UIColor*>(image);
     }
