@@ -1,14 +1,19 @@
 // Every text that the pane says is there in every language, with the places for what goes into it.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <memory>
 #include <regex>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "compatibility/effects.h"
 #include "compatibility/look_ups.h"
@@ -54,7 +59,7 @@ std::set<std::string> texts_in_source() {
 }
 
 std::map<std::string, std::string> texts_in_bundle(const std::string& language) {
-    const std::string lines = contents(fs::path(PANE_BUNDLE) / (language + ".lproj/Localizable.strings"));
+    const std::string lines = contents(fs::path(PANE_TABLES) / (language + ".lproj/Localizable.strings"));
     const std::regex line(R"re("((?:[^"\\]|\\.)*)" = "((?:[^"\\]|\\.)*)";\n)re");
     std::map<std::string, std::string> texts;
     size_t read = 0;
@@ -94,5 +99,60 @@ TEST(Languages, EnglishSaysWhatTheSourceSays) {
 }
 
 TEST(Languages, TheSourceHasTexts) { EXPECT_GT(texts_in_source().size(), 30u); }
+
+/// What write_texts makes of a file of texts in English, German and French, in a folder that goes with it.
+class WrittenTexts : public testing::Test {
+  protected:
+    WrittenTexts() {
+        std::string name = (fs::temp_directory_path() / "texts-XXXXXX").string();
+        folder_ = mkdtemp(name.data());
+    }
+    ~WrittenTexts() override { fs::remove_all(folder_); }
+
+    /// Its exit status, and what it says, without the folder.
+    std::pair<int, std::string> write(const std::string& texts) {
+        std::ofstream(folder_ / "texts.txt") << texts;
+        const std::string command =
+            "cd " + folder_.string() + " && " WRITE_TEXTS " texts.txt tables de fr 2>&1";
+        std::unique_ptr<FILE, decltype(&pclose)> pipe(popen(command.c_str(), "r"), &pclose);
+        std::string said;
+        char part[200];
+        while (fgets(part, sizeof part, pipe.get())) said += part;
+        return {WEXITSTATUS(pclose(pipe.release())), said};
+    }
+    std::string table(const std::string& language) const {
+        return contents(folder_ / "tables" / (language + ".lproj") / "Localizable.strings");
+    }
+    bool has_tables() const { return fs::exists(folder_ / "tables/en.lproj/Localizable.strings"); }
+
+  private:
+    fs::path folder_;
+};
+
+TEST_F(WrittenTexts, AreATableForEachLanguage) {
+    EXPECT_EQ(write("Say \"hue\"\n  de: \"Farbe\"\n  fr: Dire: \\ %1\n\nOff\n  fr: Non\n  de: Aus\n"),
+              std::pair(0, std::string()));
+    EXPECT_EQ(table("en"), "\"Say \\\"hue\\\"\" = \"Say \\\"hue\\\"\";\n\"Off\" = \"Off\";\n");
+    EXPECT_EQ(table("de"), "\"Say \\\"hue\\\"\" = \"\\\"Farbe\\\"\";\n\"Off\" = \"Aus\";\n");
+    EXPECT_EQ(table("fr"), "\"Say \\\"hue\\\"\" = \"Dire: \\\\ %1\";\n\"Off\" = \"Non\";\n");
+}
+
+TEST_F(WrittenTexts, AreRefusedWithFileAndLine) {
+    const struct {
+        const char *texts, *said;
+    } refused[] = {
+        {"Off\n  de: Aus\n", "texts.txt:1: \"Off\" has no line for fr\n"},
+        {"Off\n  de: Aus\n  fr: Non\n\nOff\n", "texts.txt:5: \"Off\" is there twice, first in line 1\n"},
+        {"Off\n  de: Aus\n  de: Weg\n", "texts.txt:3: \"Off\" has two lines for de\n"},
+        {"Off\n  it: No\n", "texts.txt:2: expected one of de fr, found \"it\"\n"},
+        {"Off\n  de:\n", "texts.txt:2: expected \"  <language>: <text>\", found \"  de:\"\n"},
+        {"Off\nAus\n", "texts.txt:2: expected \"  <language>: <text>\", found \"Aus\"\n"},
+        {"\n  de: Aus\n", "texts.txt:2: expected an English text, found \"  de: Aus\"\n"},
+    };
+    for (const auto& [texts, said] : refused) {
+        EXPECT_EQ(write(texts), std::pair(1, std::string(said)));
+        EXPECT_FALSE(has_tables()) << texts;
+    }
+}
 
 }  // namespace
