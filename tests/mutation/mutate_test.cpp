@@ -24,7 +24,7 @@ struct Outcome {
     std::string output;
 };
 
-constexpr const char* limit_header = "constexpr int largest = 10;\n";
+constexpr const char* limit_header = "#pragma once\nconstexpr int largest = 10;\n";
 constexpr const char* limit_source =
     "#include \"limit.h\"\n"
     "#include <cstdlib>\n"
@@ -105,7 +105,6 @@ class Mutate : public testing::Test {
             << source;
     }
 
-  private:
     fs::path root_;
 };
 
@@ -188,6 +187,46 @@ TEST_F(Mutate, AHeaderIsJudgedByWhatIncludesIt) {
     const Outcome outcome = mutate("source/limit.h");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("2 tried, 2 killed"));
+}
+
+TEST_F(Mutate, OfManyMutantsEachIsJudgedByTheSuitesThatReachItsLine) {
+    // What is asked is written down, but for the cases that failed lately: they are asked for by name.
+    write(
+        "build/bin/limit_tests",
+        "#!/bin/sh\n"
+        "case \"$*\" in\n"
+        "*--gtest_list_tests*) echo Limit.; echo '  Keeps'; echo Sum.; echo '  Adds' ;;\n"
+        "*Limit.*) echo Limit >>../asked; \"$LIMIT\" 5; [ $? = 5 ] || { echo FAILED: Limit.Keeps; exit 1; } "
+        ";;\n"
+        "*Sum.*) echo Sum >>../asked; \"$LIMIT\" 1 2; [ $? = 28 ] || { echo FAILED: Sum.Adds; exit 1; } ;;\n"
+        "esac\n");
+    write("source/limit.cpp",
+          "int limited(int value) {\n"
+          "    return value;\n"
+          "}\n"
+          "int sum() { return 1 + 2 + 3 + 4 + 5 + 6 + 7; }\n"
+          "int main(int count, char** words) { return count > 2 ? sum() : limited(*words[1] - '0'); }\n");
+    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    const Outcome outcome = mutate("source/limit.cpp:4");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("21 tried, 21 killed")) << outcome.output;
+    const std::string asked = read("asked");
+    EXPECT_TRUE(asked.starts_with("Limit\nSum\nSum\n")) << asked;
+    EXPECT_EQ(asked.rfind("Limit"), 0u) << asked;
+}
+
+TEST_F(Mutate, AHeaderIsJudgedThroughOneFromElsewhereThatIncludesIt) {
+    write("other/limits.h", "#include \"" + (root_ / "source/limit.h").string() + "\"\n");
+    write("source/limit.cpp", "#include \"../other/limits.h\"\n" + std::string(limit_source));
+    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    EXPECT_THAT(mutate("source/limit.h").output, HasSubstr("2 tried, 2 killed"));
+}
+
+TEST_F(Mutate, HeadersFromElsewhereAreThereAsBefore) {
+    write("other/words.h", "#pragma once\ninline const char* word() { return \"\"; }\n");
+    write("source/limit.cpp", "#include \"../other/words.h\"\n" + std::string(limit_source));
+    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    EXPECT_THAT(mutate("source/limit.cpp:6").output, HasSubstr("1 tried, 1 killed"));
 }
 
 TEST_F(Mutate, TheSourcesAndTheBuildStayAsTheyAre) {

@@ -8,6 +8,11 @@ namespace mutate {
 namespace {
 
 constexpr int patience = 600;  // for what only a machine's load makes slow
+// What is tried is compiled more often than it is run; and what a change leaves unused is no fault of its.
+constexpr const char* quickly = " -O0 -w";
+// Into the file itself, at once: a case may end without a word, and processes that it forks count as well.
+constexpr const char* counting =
+    " -fprofile-instr-generate -fcoverage-mapping -mllvm -runtime-counter-relocation";
 
 std::vector<std::string> words_of(const std::string& line) {
     std::istringstream stream(line);
@@ -32,10 +37,16 @@ std::string ask_ninja(const fs::path& build, const std::string& question) {
     return answer.output;
 }
 
+bool is_in(const fs::path& file, const fs::path& folder) {
+    return file.string().starts_with(folder.string() + "/");
+}
+
 }  // namespace
 
-ScratchBuild::ScratchBuild(const fs::path& build, const std::string& image, const fs::path& scratch)
+ScratchBuild::ScratchBuild(const fs::path& build, const std::string& image, const fs::path& changing,
+                           const fs::path& scratch)
     : build_(build),
+      changing_(changing),
       scratch_(scratch),
       image_(image) {
     std::istringstream commands(ask_ninja(build, "commands " + quoted(image)));
@@ -46,17 +57,7 @@ ScratchBuild::ScratchBuild(const fs::path& build, const std::string& image, cons
     all.pop_back();
     for (std::string& command : all) take_unit(std::move(command));
     if (units_.empty()) throw Failure(build.string() + ": no C++ source is a part of " + image);
-
-    std::istringstream dependencies(ask_ninja(build, "deps"));
-    const Unit* unit = nullptr;
-    for (std::string line; std::getline(dependencies, line);) {
-        if (line.starts_with("    ")) {
-            if (unit) includers_[(build_ / line.substr(4)).lexically_normal()].push_back(unit);
-            continue;
-        }
-        const auto found = std::ranges::find(units_, line.substr(0, line.find(": #deps")), &Unit::object);
-        unit = found == units_.end() ? nullptr : &*found;
-    }
+    take_dependencies();
     fs::create_directories(scratch_ / "image");
 }
 
@@ -75,6 +76,19 @@ void ScratchBuild::take_unit(std::string command) {
     units_.push_back({.object = object, .command = command, .source = (build_ / source).lexically_normal()});
 }
 
+void ScratchBuild::take_dependencies() {
+    std::istringstream dependencies(ask_ninja(build_, "deps"));
+    const Unit* unit = nullptr;
+    for (std::string line; std::getline(dependencies, line);) {
+        if (line.starts_with("    ")) {
+            if (unit) includers_[(build_ / line.substr(4)).lexically_normal()].push_back(unit);
+            continue;
+        }
+        const auto found = std::ranges::find(units_, line.substr(0, line.find(": #deps")), &Unit::object);
+        unit = found == units_.end() ? nullptr : &*found;
+    }
+}
+
 std::vector<const ScratchBuild::Unit*> ScratchBuild::units_of(const fs::path& file) const {
     for (const Unit& unit : units_)
         if (unit.source == file) return {&unit};
@@ -82,24 +96,85 @@ std::vector<const ScratchBuild::Unit*> ScratchBuild::units_of(const fs::path& fi
     return found == includers_.end() ? std::vector<const Unit*>() : found->second;
 }
 
-bool ScratchBuild::make(const fs::path& file, const std::string& contents) const {
+/// The option that says where they are; "" when there are none, or when one includes what changes.
+const std::string& ScratchBuild::headers_read_once() {
+    if (headers_read_once_) return *headers_read_once_;
+    headers_read_once_ = "";
+    const fs::path root = changing_.parent_path(), together = scratch_ / "headers.h";
+    std::string includes;
+    for (const auto& [file, units] : includers_)
+        if (file.extension() == ".h" && is_in(file, root) && !is_in(file, changing_))
+            includes += "#include \"" + file.string() + "\"\n";
+    if (includes.empty()) return *headers_read_once_;
+    write_file(together, includes);
+    const Unit& unit = units_.front();
+    const fs::path read = scratch_ / "headers.pch", listed = scratch_ / "headers.d";
+    std::string command = unit.command + quickly + " -fpch-instantiate-templates -MD -MF " + listed.string();
+    replace_word(command, after(words_of(command), "-c"), together);
+    replace_word(command, "-c", "-x c++-header");
+    replace_word(command, unit.object, read);
+    if (run(command, build_, patience).well &&
+        read_file(listed).find(" " + changing_.string() + "/") == std::string::npos)
+        headers_read_once_ = " -include-pch " + quoted(read);
+    return *headers_read_once_;
+}
+
+bool ScratchBuild::make(const std::vector<const Unit*>& units, const std::string& options) {
+    std::string link = link_;
+    size_t number = 0;
+    for (const Unit* unit : units) {
+        const std::string object = scratch_ / ("unit" + std::to_string(number++) + ".o");
+        std::string command = unit->command;
+        replace_word(command, unit->object, object);
+        if (!run(command + quickly + headers_read_once() + options, build_, patience).well) return false;
+        replace_word(link, unit->object, object);
+    }
+    replace_word(link, image_, image());
+    if (options == counting) replace_word(link, "-o", "-fprofile-instr-generate -o");
+    return run(link, build_, patience).well;
+}
+
+bool ScratchBuild::make(const fs::path& file, const std::string& contents) {
     // The compiler sees the contents under the file's own name, which keeps what lies beside it in its place.
     const fs::path changed = scratch_ / "changed", overlay = scratch_ / "overlay.yaml";
     write_file(changed, contents);
     write_file(overlay, "{'version': 0, 'roots': [{'type': 'file', 'name': '" + file.string() +
                             "', 'external-contents': '" + changed.string() + "'}]}\n");
-    std::string link = link_;
-    size_t number = 0;
-    for (const Unit* unit : units_of(file)) {
-        const std::string object = scratch_ / ("unit" + std::to_string(number++) + ".o");
-        std::string command = unit->command;
-        replace_word(command, unit->object, object);
-        // What a change leaves unused is no fault of its.
-        if (!run(command + " -w -ivfsoverlay " + quoted(overlay), build_, patience).well) return false;
-        replace_word(link, unit->object, object);
+    return make(units_of(file), " -ivfsoverlay " + quoted(overlay));
+}
+
+bool ScratchBuild::make_counting() {
+    std::vector<const Unit*> all;
+    for (const Unit& unit : units_) all.push_back(&unit);
+    return make(all, counting);
+}
+
+/// The compiler's neighbour, of its version.
+std::string ScratchBuild::tool(const std::string& name) const {
+    std::string command = words_of(units_.front().command).front();
+    const size_t found = command.rfind("clang++");
+    if (found == command.npos) throw Failure(command + ": expected clang++, whose tools read what it counts");
+    return command.replace(found, std::string_view("clang++").size(), name);
+}
+
+std::map<fs::path, std::map<size_t, unsigned long>> ScratchBuild::counts_in(const fs::path& profiles) const {
+    const std::string indexed = scratch_ / "indexed";
+    const Ended read = run(tool("llvm-profdata") + " merge -sparse -o " + quoted(indexed) + " " +
+                               quoted(profiles) + "/* && " + tool("llvm-cov") +
+                               " export --format=lcov --skip-functions --instr-profile=" + quoted(indexed) +
+                               " " + quoted(image()),
+                           build_, patience);
+    if (!read.well) throw Failure(profiles.string() + ": it cannot be read: " + read.output);
+    std::map<fs::path, std::map<size_t, unsigned long>> counts;
+    std::map<size_t, unsigned long>* lines = nullptr;
+    std::istringstream records(read.output);
+    for (std::string record; std::getline(records, record);) {
+        if (record.starts_with("SF:")) lines = &counts[(build_ / record.substr(3)).lexically_normal()];
+        size_t line = 0;
+        unsigned long count = 0;
+        if (std::sscanf(record.c_str(), "DA:%zu,%lu", &line, &count) == 2) (*lines)[line] = count;
     }
-    replace_word(link, image_, image());
-    return run(link, build_, patience).well;
+    return counts;
 }
 
 }  // namespace mutate

@@ -1,6 +1,7 @@
-// An image of the build, linked again with one source changed, beside the build.
+// An image of the build, linked again with sources changed, beside the build.
 #pragma once
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,14 +11,25 @@ namespace mutate {
 
 class ScratchBuild {
   public:
-    /// Asks ninja how the image is made. Throws when the build knows nothing of it.
-    ScratchBuild(const fs::path& build, const std::string& image, const fs::path& scratch);
+    /// Asks ninja how the image is made. Headers that do not include anything in `changing`, a folder, are
+    /// read once for all that is made. Throws when the build knows nothing of the image.
+    ScratchBuild(const fs::path& build, const std::string& image, const fs::path& changing,
+                 const fs::path& scratch);
 
     /// Whether a unit of the image is the file, or includes it.
     bool holds(const fs::path& file) const { return !units_of(file).empty(); }
 
     /// Makes the image as if these were the file's contents. False when a unit does not compile.
-    bool make(const fs::path& file, const std::string& contents) const;
+    bool make(const fs::path& file, const std::string& contents);
+
+    /// Makes the image as it is; a false answer says that this way of making it does not work.
+    bool make_unchanged() { return make({&units_.front()}, ""); }
+
+    /// Makes the image as it is, but so that it counts in a profile how often each line is reached.
+    bool make_counting();
+
+    /// What the profiles in a folder say, by file: how often each line was reached, of those that can be.
+    std::map<fs::path, std::map<size_t, unsigned long>> counts_in(const fs::path& profiles) const;
 
     fs::path image() const { return scratch_ / "image" / fs::path(image_).filename(); }
 
@@ -27,12 +39,17 @@ class ScratchBuild {
         fs::path source;
     };
     void take_unit(std::string command);
+    void take_dependencies();
     std::vector<const Unit*> units_of(const fs::path& file) const;
+    const std::string& headers_read_once();
+    bool make(const std::vector<const Unit*>& units, const std::string& options);
+    std::string tool(const std::string& name) const;
 
-    fs::path build_, scratch_;
+    fs::path build_, changing_, scratch_;
     std::string image_, link_;
     std::vector<Unit> units_;
     std::map<fs::path, std::vector<const Unit*>> includers_;
+    std::optional<std::string> headers_read_once_;
 };
 
 }  // namespace mutate

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "cases.h"
 #include "files.h"
 #include "judges.h"
 #include "mutants.h"
@@ -33,25 +34,27 @@ class Trial {
     /// Whether an image that is judged holds the file.
     bool holds(const std::string& file);
 
-    /// Throws when the tests fail without any change, of which they are asked once for each folder.
+    /// So many will be judged. It is worth asking first which cases reach what, unless they are few.
+    void expect(size_t count) { many_ = count >= 20; }
+
+    /// Throws when the tests fail without any change, of which each program is asked once.
     Verdict judge(const Candidate& candidate);
 
   private:
     struct Place {
-        explicit Place(const fs::path& build, const std::string& image)
-            : made(build, image, scratch.path()) {}
+        Place(const fs::path& build, const std::string& image, const fs::path& changing)
+            : made(build, image, changing, scratch.path()),
+              cases(build, made, scratch.path()) {}
         ScratchFolder scratch;
         ScratchBuild made;
+        Cases cases;
     };
     Place& place_of(const Judges& judges);
-    void see_pass_unchanged(const Judges& judges, const std::string& file);
-    /// The program that fails, or "".
-    std::string first_that_fails(const Judges& judges, Place& place);
 
     fs::path root_, build_;
     const std::vector<Judges>& judges_;
-    std::map<std::string, Place> places_;         // by image
-    std::map<std::string, bool> pass_unchanged_;  // by folder
+    std::map<std::pair<std::string, std::string>, Place> places_;  // by image and outermost folder
+    bool many_ = false;
 };
 
 }  // namespace mutate

@@ -1,0 +1,134 @@
+#include "cases.h"
+
+#include <algorithm>
+
+#include "process.h"
+
+namespace mutate {
+namespace {
+
+constexpr int program_patience = 900;  // seconds, of a machine that is busy
+// A case that takes more processor time hangs, and so does one that fills the memory: none takes a tenth of
+// this.
+constexpr const char* case_limit = " --limit=5";
+constexpr const char* memory_limit = "ulimit -v 8000000; ";
+constexpr std::string_view failed_case = "FAILED: ";
+constexpr size_t remembered = 6;  // that many failed lately
+
+/// The name in the line that a test program prints of a case that failed; "" until the line is whole.
+std::string failed_case_of(std::string_view output) {
+    const size_t found = output.starts_with(failed_case) ? 0 : output.find("\n" + std::string(failed_case));
+    if (found == output.npos) return "";
+    const size_t begin = output.find(failed_case, found) + failed_case.size(), end = output.find('\n', begin);
+    return end == output.npos ? "" : std::string(output.substr(begin, end - begin));
+}
+
+}  // namespace
+
+Cases::Cases(fs::path build, ScratchBuild& made, const fs::path& scratch)
+    : build_(std::move(build)),
+      temporary_(scratch / "temporary"),
+      profiles_(scratch / "profiles"),
+      made_(made) {}
+
+std::string Cases::settings(const Judges& judges) const {
+    const fs::path image = made_.image();
+    std::string settings = "TMPDIR=" + quoted(temporary_);
+    for (const auto& [name, value] : judges.variables) {
+        const bool is_image = value == judges.image;
+        const bool is_folder = fs::path(value) == fs::path(judges.image).parent_path();
+        settings += " " + name + "=" +
+                    quoted(is_image    ? image
+                           : is_folder ? image.parent_path()
+                                       : build_ / value);
+    }
+    return settings;
+}
+
+/// A suite's name stands at the beginning of a line, and ends in a point.
+std::vector<Cases::Suite> Cases::suites_of(const Judges& judges, const std::string& program) const {
+    const Ended listed =
+        run(settings(judges) + " bin/" + program + " --gtest_list_tests", build_, program_patience);
+    if (!listed.well) throw Failure(program + " does not say what its cases are: " + listed.output);
+    std::vector<Suite> suites;
+    std::istringstream lines(listed.output);
+    for (std::string line; std::getline(lines, line);)
+        if (const size_t point = line.find('.'); !line.starts_with(' ') && point != line.npos)
+            suites.push_back({.name = line.substr(0, point), .reached = {}});
+    return suites;
+}
+
+std::string Cases::first_that_fails(const Judges& judges, const Asked& asked, const std::string& also_set) {
+    fs::remove_all(temporary_);
+    fs::create_directories(temporary_);
+    const std::string command = memory_limit + settings(judges) + " " + also_set + " exec bin/" +
+                                asked.program + case_limit +
+                                (asked.filter.empty() ? "" : " --gtest_filter=" + quoted(asked.filter));
+    // The first case that fails is enough.
+    const Ended ended = run(command, build_, program_patience,
+                            [](std::string_view output) { return !failed_case_of(output).empty(); });
+    return ended.well ? "" : asked.program + " " + failed_case_of(ended.output);
+}
+
+void Cases::learn_reach(const Judges& judges, const std::string& program) {
+    for (Suite& suite : suites_of(judges, program)) {
+        fs::create_directories(profiles_);
+        // Each process adds to what is there, at once.
+        const std::string failing = first_that_fails(judges, {program, suite.name + ".*"},
+                                                     "LLVM_PROFILE_FILE=" + quoted(profiles_ / "%c%m"));
+        if (!failing.empty()) throw Failure("without any change the tests fail: " + failing);
+        if (!fs::is_empty(profiles_))
+            for (const auto& [file, counts] : made_.counts_in(profiles_))
+                for (const auto& [line, count] : counts)
+                    if (count > 0) suite.reached[file].insert(line);
+        fs::remove_all(profiles_);
+        suites_[program].push_back(std::move(suite));
+    }
+}
+
+void Cases::prepare(const Judges& judges, bool learn) {
+    bool made = false;
+    for (const std::string& program : judges.programs) {
+        if (!suites_.try_emplace(program).second) continue;
+        if (!made && !(learn ? made_.make_counting() : made_.make_unchanged()))
+            throw Failure(judges.image + " cannot be made again without any change");
+        made = true;
+        if (learn)
+            learn_reach(judges, program);
+        else if (const std::string failing = first_that_fails(judges, {program, ""}); !failing.empty())
+            throw Failure("without any change the tests fail: " + failing);
+    }
+}
+
+std::string Cases::first_that_fails(const Judges& judges, const fs::path& file, size_t line) {
+    std::vector<Asked> all(failed_lately_.begin(), failed_lately_.end());
+    for (const std::string& program : judges.programs)
+        for (const Suite& suite : suites_[program])
+            if (const auto found = suite.reached.find(file);
+                found != suite.reached.end() && found->second.contains(line))
+                all.push_back({program, suite.name + ".*"});
+    if (all.size() == failed_lately_.size())
+        for (const std::string& program : judges.programs) all.push_back({program, ""});
+    for (auto next = all.begin(); next != all.end();) {
+        // One start of a program is enough for what follows one another.
+        Asked asked = *next;
+        while (++next != all.end() && next->program == asked.program && !asked.filter.empty() &&
+               !next->filter.empty())
+            asked.filter += ":" + next->filter;
+        const std::string failing = first_that_fails(judges, asked);
+        if (failing.empty()) continue;
+        // "<program> <case>", and why, if a signal ended it
+        const size_t begin = asked.program.size() + 1;
+        const Asked killer{asked.program, failing.substr(begin, failing.find(':', begin) - begin)};
+        if (killer.filter.empty()) return failing;
+        std::erase_if(failed_lately_, [&](const Asked& one) {
+            return one.program == killer.program && one.filter == killer.filter;
+        });
+        failed_lately_.push_front(killer);
+        if (failed_lately_.size() > remembered) failed_lately_.pop_back();
+        return failing;
+    }
+    return "";
+}
+
+}  // namespace mutate
