@@ -216,6 +216,28 @@ TEST_F(BackdropThatHasAView, GivesItUpWhereItIsAVisualEffectViewUnderAnImageThem
     expect_no_themed_view(effect());
 }
 
+class EffectWithAColourOfItsOwn : public Background {
+    void before_load() override {
+        static IMP previous;
+        previous =
+            stand_in("UIKBVisualEffectView",
+                     "initWithFrame:style:", [](id self, SEL selector, CGRect frame, NSInteger style) -> id {
+                         auto* made = call<UIKBVisualEffectView*>(previous, self, selector, frame, style);
+                         made->setBackgroundColor(color(0, 1, 0, 1));
+                         return made;
+                     });
+    }
+};
+
+TEST_F(EffectWithAColourOfItsOwn, GetsTheThemesWhateverTheBackground) {
+    start("0", half_red);
+    EXPECT_EQ(rgba(effect()->backgroundColor()).alpha, 0);
+    set_type(1);
+    EXPECT_EQ(rgba(effect()->backgroundColor()), (Rgba{1, 0, 0, 1}));
+    set_type(3);
+    EXPECT_EQ(rgba(effect()->backgroundColor()), (Rgba{0, 0, 0, 1})) << "the average of no image";
+}
+
 // ---- All of them -----------------------------------------------------------------------------------------
 
 TEST_F(Background, EveryThemedViewIsMadeWithStyle2) {

@@ -183,6 +183,15 @@ TEST_F(Mutate, WhatDoesNotCompileIsCountedApart) {
     EXPECT_THAT(outcome.output, HasSubstr("2 tried, 0 killed, 0 survived, 0 explained, 2 not compiled"));
 }
 
+TEST_F(Mutate, WhatIsLeftOutOnThisProcessorIsCountedApart) {
+    write("source/limit.cpp", std::string(limit_source) + "#if 0\nint left_out = 1;\n#endif\n");
+    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    const Outcome outcome = mutate("source/limit.cpp:11");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("2 tried, 0 killed, 0 survived, 0 explained, 0 not compiled, 2 the "
+                                          "same code"));
+}
+
 TEST_F(Mutate, AHeaderIsJudgedByWhatIncludesIt) {
     const Outcome outcome = mutate("source/limit.h");
     EXPECT_EQ(outcome.status, 0);

@@ -119,34 +119,52 @@ const std::string& ScratchBuild::headers_read_once() {
     return *headers_read_once_;
 }
 
-bool ScratchBuild::make(const std::vector<const Unit*>& units, const std::string& options) {
-    std::string link = link_;
-    size_t number = 0;
+ScratchBuild::Objects ScratchBuild::compile(const std::vector<const Unit*>& units,
+                                            const std::string& options) {
+    Objects objects;
     for (const Unit* unit : units) {
-        const std::string object = scratch_ / ("unit" + std::to_string(number++) + ".o");
+        const fs::path object = scratch_ / ("unit" + std::to_string(objects.size()) + ".o");
         std::string command = unit->command;
         replace_word(command, unit->object, object);
-        if (!run(command + quickly + headers_read_once() + options, build_, patience).well) return false;
-        replace_word(link, unit->object, object);
+        if (!run(command + quickly + headers_read_once() + options, build_, patience).well) return {};
+        objects[unit] = object;
     }
-    replace_word(link, image_, image());
-    if (options == counting) replace_word(link, "-o", "-fprofile-instr-generate -o");
-    return run(link, build_, patience).well;
+    return objects;
 }
 
-bool ScratchBuild::make(const fs::path& file, const std::string& contents) {
-    // The compiler sees the contents under the file's own name, which keeps what lies beside it in its place.
+bool ScratchBuild::link(const Objects& objects, const std::string& options) const {
+    std::string command = link_;
+    for (const auto& [unit, object] : objects) replace_word(command, unit->object, object);
+    replace_word(command, image_, image());
+    replace_word(command, "-o", options + " -o");
+    return !objects.empty() && run(command, build_, patience).well;
+}
+
+ScratchBuild::Objects ScratchBuild::compile_with(const fs::path& file, const std::string& contents) {
     const fs::path changed = scratch_ / "changed", overlay = scratch_ / "overlay.yaml";
     write_file(changed, contents);
     write_file(overlay, "{'version': 0, 'roots': [{'type': 'file', 'name': '" + file.string() +
                             "', 'external-contents': '" + changed.string() + "'}]}\n");
-    return make(units_of(file), " -ivfsoverlay " + quoted(overlay));
+    return compile(units_of(file), " -ivfsoverlay " + quoted(overlay));
+}
+
+Made ScratchBuild::make(const fs::path& file, const std::string& contents) {
+    const std::vector<const Unit*> units = units_of(file);
+    if (std::ranges::any_of(units, [&](const Unit* unit) { return !unchanged_.contains(unit); }))
+        for (const auto& [unit, object] : compile_with(file, read_file(file)))
+            unchanged_[unit] = read_file(object);
+    const Objects objects = compile_with(file, contents);
+    if (objects.empty()) return Made::not_compiled;
+    if (std::ranges::all_of(objects,
+                            [&](const auto& one) { return read_file(one.second) == unchanged_[one.first]; }))
+        return Made::same_code;
+    return link(objects) ? Made::changed : Made::not_compiled;
 }
 
 bool ScratchBuild::make_counting() {
     std::vector<const Unit*> all;
     for (const Unit& unit : units_) all.push_back(&unit);
-    return make(all, counting);
+    return link(compile(all, counting), "-fprofile-instr-generate " COUNTING);
 }
 
 /// The compiler's neighbour, of its version.

@@ -9,6 +9,8 @@
 
 namespace mutate {
 
+enum class Made { not_compiled, same_code, changed };
+
 class ScratchBuild {
   public:
     /// Asks ninja how the image is made. Headers that do not include anything in `changing`, a folder, are
@@ -19,11 +21,12 @@ class ScratchBuild {
     /// Whether a unit of the image is the file, or includes it.
     bool holds(const fs::path& file) const { return !units_of(file).empty(); }
 
-    /// Makes the image as if these were the file's contents. False when a unit does not compile.
-    bool make(const fs::path& file, const std::string& contents);
+    /// Makes the image as if these were the file's contents, unless that is the code as it was: what changed
+    /// is left out on this processor.
+    Made make(const fs::path& file, const std::string& contents);
 
     /// Makes the image as it is; a false answer says that this way of making it does not work.
-    bool make_unchanged() { return make({&units_.front()}, ""); }
+    bool make_unchanged() { return link(compile({&units_.front()}, "")); }
 
     /// Makes the image as it is, but so that it counts in a profile how often each line is reached.
     bool make_counting();
@@ -42,7 +45,13 @@ class ScratchBuild {
     void take_dependencies();
     std::vector<const Unit*> units_of(const fs::path& file) const;
     const std::string& headers_read_once();
-    bool make(const std::vector<const Unit*>& units, const std::string& options);
+    /// Units and their objects; one that does not compile has none.
+    using Objects = std::map<const Unit*, fs::path>;
+    Objects compile(const std::vector<const Unit*>& units, const std::string& options);
+    bool link(const Objects& objects, const std::string& options = "") const;
+    /// The compiler sees the contents under the file's own name, which keeps what lies beside it in its
+    /// place.
+    Objects compile_with(const fs::path& file, const std::string& contents);
     std::string tool(const std::string& name) const;
 
     fs::path build_, changing_, scratch_;
@@ -50,6 +59,7 @@ class ScratchBuild {
     std::vector<Unit> units_;
     std::map<fs::path, std::vector<const Unit*>> includers_;
     std::optional<std::string> headers_read_once_;
+    std::map<const Unit*, std::string> unchanged_;  // objects that were needed
 };
 
 }  // namespace mutate

@@ -17,7 +17,11 @@ Verdict Trial::judge(const Candidate& candidate) {
     Place& place = place_of(judges);
     place.cases.prepare(judges, many_);
     const fs::path file = root_ / candidate.file;
-    if (!place.made.make(file, with(read_file(file), candidate.mutant))) return {Fate::not_compiled, ""};
+    switch (place.made.make(file, with(read_file(file), candidate.mutant))) {
+        case Made::not_compiled: return {Fate::not_compiled, ""};
+        case Made::same_code: return {Fate::same_code, ""};
+        case Made::changed: break;
+    }
     const std::string by = place.cases.first_that_fails(judges, file, candidate.mutant.line);
     return {by.empty() ? Fate::survived : Fate::killed, by};
 }

@@ -17,7 +17,7 @@ struct Candidate {
     Mutant mutant;
 };
 
-enum class Fate { killed, survived, not_compiled };
+enum class Fate { killed, survived, not_compiled, same_code };
 
 struct Verdict {
     Fate fate;
