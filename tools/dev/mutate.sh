@@ -9,8 +9,8 @@ Builds the release preset and changes the sources, library/ unless some are name
 flipped, conditions negated, constants shifted, literals changed, results emptied, calls and assignments removed. Each such
 mutant is linked beside the build, and the suites that reach its line judge it until a case fails: those of the test programs
 that tests/mutation/judges.txt lists, the nearest first. One that none of them kills is printed with its place. What does not
-compile, or compiles to the same code, is counted apart, and tests/mutation/explained.txt has those that change nothing, with the reason. The tree and the
-build stay as they are.
+compile, or compiles to the same code, is counted apart, and tests/mutation/explained.txt has those that change nothing, with
+the reason. The tree and the build stay as they are.
   <file>:<line>      only the mutants of one line
   --sample <number>  so many, taken at random
   --seed <number>    what decides the sample: 1 unless given
