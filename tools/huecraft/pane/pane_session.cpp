@@ -5,33 +5,23 @@
 #include "cli/files.h"
 #include "cli/terminal.h"
 #include "formats/value.h"
-#include "platform/controls.h"
 #include "scripts/playing.h"
 #include "simulator.h"
-#include "support/text.h"
 
 namespace command {
 namespace {
 
-/// What the simulator says of its last call, without that call's name.
-std::string why() {
-    const std::string line = sim_last_error();
-    const size_t name = line.find(": ");
-    return name == line.npos ? line : line.substr(name + 2);
-}
-
-struct Raised {
-    std::string what;
-};
-
-class Session {
+class Session : public Playing {
   public:
-    Session(const PaneScript& script, const PaneSetup& setup) : script_(script), setup_(setup) {}
+    Session(const PaneScript& script, const PaneSetup& setup)
+        : Playing(script.file, setup.pictures, setup.scale, seconds),
+          script_(script) {}
 
     PaneRun play();
 
     // ---- What a script can say
 
+    using Playing::operator();
     void operator()(const say::Touch& touch) {
         check(touch.label.empty() ? sim_tap(touch.x, touch.y) : sim_tap_label(touch.label.c_str()));
     }
@@ -58,63 +48,22 @@ class Session {
         for (int i = 0; i < deletion.times; ++i) check(sim_delete_backward());
     }
     void operator()(const say::Return&) { check(sim_press_return()); }
-    void operator()(const say::Pasteboard& pasteboard) {
-        NSString* copied = tools::text(pasteboard.text);
-        if (!copied) refuse("the text is not UTF-8");
-        UIPasteboard::generalPasteboard()->setString(copied);
-    }
-    void operator()(const say::Wait& wait) {
-        pass_time(wait.seconds, [this](double seconds) {
-            check(sim_advance_clock(seconds));
-            require_time();
-        });
-        time_ += wait.seconds;
-    }
-    void operator()(const say::Picture& picture) {
-        check(sim_take_picture(place_of(picture.name).c_str(), setup_.scale));
-        run_.pictures.push_back(picture.name + ".png");
-    }
-    void operator()(const say::Record& record) {
-        check(sim_start_recording(setup_.scale, record.frames_per_second));
-        recording_ = record.name;
-        recording_since_ = time_;
-    }
-    void operator()(const say::Stop&) { stop(); }
     void operator()(const say::MemoryWarning&) { check(sim_warn_of_memory()); }
     void operator()(const say::Keyboard&) {}  // drawn by another process, when this one has ended
 
   private:
-    [[noreturn]] void refuse(const std::string& reason) const {
-        throw Unusable(script_.place(line_), reason);
-    }
-    void check(sim_status status) const {
-        if (status == SIM_RAISED) throw Raised{without_addresses(why())};
-        if (status != SIM_OK) refuse(why());
-    }
-    void require_time() const {
-        if (limit_.is_over()) refuse(limit_.complaint());
-    }
     void note(PaneEvent::Kind kind, std::string what) {
         run_.events.push_back({kind, line_, std::move(what)});
     }
     void open();
     /// Notes what left Settings since the last instruction.
     void look();
-    void stop() {
-        check(sim_stop_recording(place_of(recording_).c_str()));
-        if (time_ == recording_since_) note(PaneEvent::Kind::stood_still, recording_ + ".png");
-        run_.pictures.push_back(std::exchange(recording_, "") + ".png");
-    }
-    std::string place_of(const std::string& name) const { return setup_.pictures / (name + ".png"); }
+    void stood_still(const std::string& name) override { note(PaneEvent::Kind::stood_still, name + ".png"); }
 
+    static constexpr int seconds = 30;  // whole screens are drawn
     const PaneScript& script_;
-    const PaneSetup& setup_;
     PaneRun run_;
-    size_t line_ = 0, programs_ = 0, addresses_ = 0, shared_ = 0;
-    double time_ = 0;
-    std::string recording_;
-    double recording_since_ = 0;
-    TimeLimit limit_{30};  // whole screens are drawn
+    size_t programs_ = 0, addresses_ = 0, shared_ = 0;
 };
 
 void Session::open() {
@@ -145,17 +94,12 @@ PaneRun Session::play() {
     objc::AutoreleasePool pool;
     try {
         open();
-        for (const auto& instruction : script_.instructions) {
-            objc::AutoreleasePool of_instruction;
-            line_ = instruction.line;
-            std::visit(*this, instruction.what);
-            look();
-            require_time();
-        }
+        play_each(*this, script_.instructions, [this] { look(); });
     } catch (const Raised& raised) {
-        note(PaneEvent::Kind::raised, raised.what);
+        note(PaneEvent::Kind::raised, without_addresses(raised.what));
     }
-    if (!recording_.empty()) stop();
+    stop_if_recording();
+    run_.pictures = std::move(pictures_);
     return std::move(run_);
 }
 

@@ -20,26 +20,18 @@ using objc::strong;
 using tools::text;
 using tools::utf8;
 
-/// An exception of the library's.
-struct Raised {
-    std::string name, reason;
-};
-
-/// What the simulator says of its last call, without that call's name.
-std::string why() {
-    const std::string line = sim_last_error();
-    const size_t name = line.find(": ");
-    return name == line.npos ? line : line.substr(name + 2);
-}
-
-class Session {
+class Session : public Playing {
   public:
-    Session(const PickerScript& script, const PickerSetup& setup) : script_(script), setup_(setup) {}
+    Session(const PickerScript& script, const PickerSetup& setup)
+        : Playing(script.file, setup.pictures, setup.scale, 5),
+          script_(script),
+          setup_(setup) {}
 
     PickerRun play();
 
     // ---- What a script can say
 
+    using Playing::operator();
     void operator()(const say::Tap& tap) {
         require_open();
         tap_middle(std::visit([this](const auto& what) { return found(what); }, tap.what));
@@ -61,28 +53,6 @@ class Session {
         require_open();
         check(sim_press_return());
     }
-    void operator()(const say::Pasteboard& pasteboard) {
-        NSString* copied = text(pasteboard.text);
-        if (!copied) refuse("the text is not UTF-8");
-        UIPasteboard::generalPasteboard()->setString(copied);
-    }
-    void operator()(const say::Wait& wait) {
-        pass_time(wait.seconds, [this](double seconds) {
-            check(sim_advance_clock(seconds));
-            require_time();
-        });
-        time_ += wait.seconds;
-    }
-    void operator()(const say::Picture& picture) {
-        check(sim_take_picture(place_of(picture.name).c_str(), setup_.scale));
-        run_.pictures.push_back(picture.name + ".png");
-    }
-    void operator()(const say::Record& record) {
-        check(sim_start_recording(setup_.scale, record.frames_per_second));
-        recording_ = record.name;
-        recording_since_ = time_;
-    }
-    void operator()(const say::Stop&) { stop(); }
     void operator()(const say::Open&) {
         if (is_open_) refuse("the picker is open already");
         open();
@@ -94,21 +64,6 @@ class Session {
     }
 
   private:
-    [[noreturn]] void refuse(const std::string& reason) const {
-        throw Unusable(script_.place(line_), reason);
-    }
-    void check(sim_status status) const {
-        if (status == SIM_OK) return;
-        if (status != SIM_RAISED) refuse(why());
-        // "an exception was raised: NAME: REASON"
-        const std::string raised = why();
-        const size_t name = raised.find(": ");
-        throw Raised{raised.substr(0, name),
-                     name == raised.npos ? "" : without_addresses(raised.substr(name + 2))};
-    }
-    void require_time() const {
-        if (limit_.is_over()) refuse(limit_.complaint());
-    }
     void require_open() const {
         if (!is_open_) refuse("the picker is closed; \"open\" shows another one");
     }
@@ -119,12 +74,7 @@ class Session {
     }
     /// Notes what can be seen of the picker since the last instruction.
     void look();
-    std::string place_of(const std::string& name) const { return setup_.pictures / (name + ".png"); }
-    void stop() {
-        check(sim_stop_recording(place_of(recording_).c_str()));
-        if (time_ == recording_since_) note(PickerEvent::Kind::stood_still, recording_);
-        run_.pictures.push_back(std::exchange(recording_, "") + ".png");
-    }
+    void stood_still(const std::string& name) override { note(PickerEvent::Kind::stood_still, name); }
 
     template <objc::Name Which, class View = UIView>
     View* part() const {
@@ -139,12 +89,7 @@ class Session {
     const PickerScript& script_;
     const PickerSetup& setup_;
     PickerRun run_;
-    TimeLimit limit_{5};
-    size_t line_ = 0;
-    double time_ = 0;
     bool is_open_ = false;
-    std::string recording_;
-    double recording_since_ = 0;
     strong<NSObject> delegate_;
     strong<HCColorPickerController> picker_;
     strong<CAAnimation> shake_;
@@ -256,8 +201,8 @@ void Session::open() {
     if (!raised) check(sim_present(picker_.get()));
     if (!raised && setup_.colour) raised = objc::caught([this] { picker_->setInitialColor(setup_.colour); });
     if (raised)
-        throw Raised{utf8(objc::send<"name", NSString*>(raised)),
-                     without_addresses(utf8(objc::send<"reason", NSString*>(raised)))};
+        throw Raised{utf8(objc::send<"name", NSString*>(raised)) + ": " +
+                     utf8(objc::send<"reason", NSString*>(raised))};
 }
 
 void Session::look() {
@@ -279,18 +224,15 @@ PickerRun Session::play() {
     delegate_ = made_delegate();
     try {
         open();
-        for (const auto& instruction : script_.instructions) {
-            objc::AutoreleasePool of_instruction;
-            line_ = instruction.line;
-            std::visit(*this, instruction.what);
-            look();
-            require_time();
-        }
+        play_each(*this, script_.instructions, [this] { look(); });
     } catch (const Raised& raised) {
-        note(PickerEvent::Kind::raised, raised.name, raised.reason);
+        const size_t name = raised.what.find(": ");
+        note(PickerEvent::Kind::raised, raised.what.substr(0, name),
+             name == raised.what.npos ? "" : without_addresses(raised.what.substr(name + 2)));
     }
-    if (!recording_.empty()) stop();
+    stop_if_recording();
     playing = nullptr;
+    run_.pictures = std::move(pictures_);
     return std::move(run_);
 }
 
