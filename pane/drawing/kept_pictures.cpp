@@ -28,10 +28,10 @@ NSString* path_of(NSString* stamp) {
 
 Kept find(NSString* stamp, CGFloat scale) {
     auto* content = as<NSDictionary>(read_property_list(path_of(stamp), nullptr));
-    auto* told = content ? as<NSString>(content->objectForKey("stamp"_ns)) : nullptr;
+    auto* recorded = content ? as<NSString>(content->objectForKey("stamp"_ns)) : nullptr;
     auto* name = content ? as<NSString>(content->objectForKey("name"_ns)) : nullptr;
     auto* png = content ? as<NSData>(content->objectForKey("picture"_ns)) : nullptr;
-    if (!told || !told->isEqualToString(stamp) || !name || !png) return {};
+    if (!recorded || !recorded->isEqualToString(stamp) || !name || !png) return {};
     auto* picture = UIImage::class_send<"imageWithData:scale:", UIImage*>(png, scale);
     if (!picture) return {};
     return {name, picture};

@@ -36,8 +36,8 @@ check_format() {
         sed -nE 's/^([^:]+:[0-9]+):[0-9]+: error: .*/\1: not as clang-format-'"$llvm"' -i writes it/p'
 }
 
-# Which folder may include which. Both towers, the library and the simulator, stand on objc and platform and know nothing
-# of each other; inside a tower the arrows point one way, too. What is not listed here may include anything.
+# Which folder may include which. The library and the simulator stand on objc and platform and include nothing
+# of each other; inside each the arrows point one way, too. What is not listed here may include anything.
 check_includes() {
     cpp_files | xargs -0 -r awk '
         BEGIN {

@@ -25,7 +25,7 @@ Imported imported(const std::string& file) {
     }
 }
 
-/// Black or white, whichever is told more easily from the background.
+/// Black or white, whichever stands out more from the background.
 Colour readable_over(const std::vector<Colour>& colours) {
     const Colour black{0, 0, 0, 1}, white{1, 1, 1, 1};
     double worst_of_black = 21, worst_of_white = 21;

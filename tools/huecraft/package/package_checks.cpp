@@ -87,7 +87,7 @@ Check layout(const Package& package) {
         paths.push_back(file.path);
         files += file.kind == Kind::file;
         const std::string path = one_line(file.path, 200);
-        if (!package.is_of_settings() && is_preference(file)) continue;  // told by a check of its own
+        if (!package.is_of_settings() && is_preference(file)) continue;  // reported by a check of its own
         if (file.kind == Kind::other)
             faults.push_back("found " + path + ", which is neither file nor folder");
         else if (!(package.is_of_describe()   ? has_its_place_in_describe(file)

@@ -85,13 +85,13 @@ int run_program(const std::vector<std::string>& command, std::string* output) {
         words.push_back(nullptr);
         execvp(words[0], words.data());
         const int error = errno;
-        [[maybe_unused]] const ssize_t told = ::write(failure[1], &error, sizeof error);
+        [[maybe_unused]] const ssize_t sent = ::write(failure[1], &error, sizeof error);
         _exit(127);
     }
     close(answer[1]);
     close(failure[1]);
     int error = 0;
-    const ssize_t told = ::read(failure[0], &error, sizeof error);
+    const ssize_t received = ::read(failure[0], &error, sizeof error);
     close(failure[0]);
     char bytes[4096];
     for (ssize_t count; output && (count = ::read(answer[0], bytes, sizeof bytes)) != 0;) {
@@ -104,7 +104,7 @@ int run_program(const std::vector<std::string>& command, std::string* output) {
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
-    if (told == sizeof error) not_started(command[0], error);
+    if (received == sizeof error) not_started(command[0], error);
     if (WIFSIGNALED(status))
         throw Unusable(command[0], std::string("it was stopped: ") + strsignal(WTERMSIG(status)));
     return WEXITSTATUS(status);

@@ -11,7 +11,7 @@ Colour colour_of(UIColor* color) {
     return colour;
 }
 
-// Through the text, which is what a theme keeps: reckoning with components would lose one of 255 here and
+// Through the text, which is what a theme keeps: computing with components would lose one of 255 here and
 // there.
 UIColor* ui_color(const Colour& colour) { return HCCITool::colorFromHexString(tools::text(hex_of(colour))); }
 
