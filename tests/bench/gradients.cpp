@@ -19,7 +19,8 @@ namespace bench {
 
 namespace {
 
-constexpr size_t scale = 3, width = 375 * scale, height = 256 * scale;
+constexpr size_t scale = 3, points_wide = 375, points_high = 256, width = points_wide * scale,
+                 height = points_high * scale;
 
 using CairoSurface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 using CairoPattern = std::unique_ptr<cairo_pattern_t, decltype(&cairo_pattern_destroy)>;
@@ -61,7 +62,7 @@ objc::strong<CAGradientLayer> layer_with(size_t colours, double alpha, CGPoint s
                 ->CGColor()));
     }
     objc::strong<CAGradientLayer> layer = CAGradientLayer::layer();
-    layer->setFrame({{0, 0}, {width / scale, height / scale}});
+    layer->setFrame({{0, 0}, {points_wide, points_high}});
     layer->setColors(list);
     layer->setStartPoint(start);
     layer->setEndPoint(end);

@@ -182,8 +182,9 @@ TEST_P(Corpus, LooksAsItAlwaysDid) {
         ASSERT_EQ(sim_take_picture_of(view, one.c_str(), 1), SIM_OK) << sim_last_error();
         UIImage* drawn = UIImage::imageWithData(test::data(contents_of(one)));
         ASSERT_NE(drawn, nullptr);
+        const size_t column = i % 6, row = i / 6;
         drawn->drawInRect(
-            {{static_cast<double>(i % 6) * width, static_cast<double>(i / 6) * height}, {width, height}});
+            {{static_cast<double>(column) * width, static_cast<double>(row) * height}, {width, height}});
     }
     NSData* png = UIImagePNGRepresentation(UIGraphicsGetImageFromCurrentImageContext());
     UIGraphicsEndImageContext();

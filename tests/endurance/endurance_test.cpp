@@ -55,7 +55,8 @@ TEST(Endurance, AKeyboardAppearsInChangingThemes) {
     NSArray* two = NSArray::arrayWithObjects(colours, 2);
     endure("appearances", 1, 2000, [&](size_t number) {
         const id theme = active_theme();
-        recolour_theme(color(number % 2, 0.5, 0), color(0, number % 3 / 2.0, 1));
+        recolour_theme(color(static_cast<double>(number % 2), 0.5, 0),
+                       color(0, static_cast<double>(number % 3) / 2, 1));
         objc::send<"setBackgroundType:">(theme, NSUInteger{number % 4});
         objc::send<"setGradientDirection:">(theme, NSUInteger{number % 9});
         objc::send<"setColors:">(theme, two);
@@ -82,7 +83,7 @@ TEST(Endurance, APickerIsPresentedAndColoursAreChosen) {
         objc::send<"setDelegate:">(picker, delegate);
         ASSERT_EQ(sim_present(picker), SIM_OK) << sim_last_error();
         ASSERT_EQ(sim_advance_clock(2), SIM_OK) << sim_last_error();
-        objc::send<"updateToColor:">(picker, color(number % 2, 0.5, 0));
+        objc::send<"updateToColor:">(picker, color(static_cast<double>(number % 2), 0.5, 0));
         ASSERT_EQ(sim_tap_label("SELECT"), SIM_OK) << sim_last_error();
         ASSERT_EQ(sim_advance_clock(2), SIM_OK) << sim_last_error();
         void* presented = nullptr;

@@ -45,8 +45,10 @@ extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t lar
         return state = state * 6364136223846793005 + 1442695040888963407, state >> 33;
     };
     size_t at = 0;
-    for (int tries = 0; tries < 50; ++tries)
-        if (data[at = next() % size] != 0) break;
+    for (int tries = 0; tries < 50; ++tries) {
+        at = next() % size;
+        if (data[at] != 0) break;
+    }
     const size_t window = std::min<size_t>(size - at, 1 + next() % 16);
     LLVMFuzzerMutate(data + at, window, window);
     return size;

@@ -59,16 +59,16 @@ size_t Draft::command(macho::Command command) const {
 
 size_t Draft::segment(std::string_view name) const { return find_command(macho::LC_SEGMENT_64, name); }
 
-size_t Draft::section(std::string_view wanted) const {
+size_t Draft::section(std::string_view name) const {
     for (const char* segment : {"__TEXT", "__DATA"}) {
         const size_t head = this->segment(segment);
         for (uint32_t i = 0; i < u32(head + 64); ++i) {
             const size_t row = head + sizeof(segment_command_64) + i * sizeof(section_64);
-            const char* name = reinterpret_cast<const char*>(&bytes_.at(row));
-            if (wanted == std::string(name, strnlen(name, 16))) return row;
+            const char* found = reinterpret_cast<const char*>(&bytes_.at(row));
+            if (name == std::string(found, strnlen(found, 16))) return row;
         }
     }
-    throw std::runtime_error(name_ + " has no section " + std::string(wanted));
+    throw std::runtime_error(name_ + " has no section " + std::string(name));
 }
 
 size_t Draft::content(std::string_view section) const { return u32(this->section(section) + 48); }

@@ -52,7 +52,7 @@ struct Meadow : objc::Implements<Meadow, HCMeadow> {
     }
     bool mown() { return ivars().mown; }
     double mix(bool a, signed char b, short c, float d, CGRect e) {
-        return (a ? 1000 : 0) + b + c + d + e.size.width;
+        return (a ? 1000.0 : 0.0) + b + c + d + e.size.width;
     }
     std::string* notes() { return &ivars().state.notes; }
     NSString* description() { return super<"description", NSString*>(); }

@@ -42,8 +42,8 @@ std::string picture() {
     constexpr double corners[][3] = {{0.8, 0.9, 1}, {1, 0.85, 0.6}, {0.7, 0.9, 0.7}, {1, 0.75, 0.8}};
     for (int corner = 0; corner < 4; ++corner) {
         cairo_set_source_rgb(cairo.get(), corners[corner][0], corners[corner][1], corners[corner][2]);
-        cairo_rectangle(cairo.get(), corner % 2 * width / 2.0, corner / 2 * height / 2.0, width / 2.0,
-                        height / 2.0);
+        const int column = corner % 2, row = corner / 2;
+        cairo_rectangle(cairo.get(), column * width / 2.0, row * height / 2.0, width / 2.0, height / 2.0);
         cairo_fill(cairo.get());
     }
     std::string png;

@@ -69,7 +69,7 @@ TEST_F(ColorPicker, EveryPropertyCanBeSet) {
           "recentCollectionView", "recentColorDictionary", "recentColors"}) {
         id value = made("NSObject");
         picker->send<"setValue:forKey:">(value, text(name));
-        EXPECT_EQ(variable<NSObject>(picker, (std::string("_") + name).c_str()), value) << name;
+        EXPECT_EQ(variable<NSObject*>(picker, (std::string("_") + name).c_str()), value) << name;
         EXPECT_EQ((picker->send<"valueForKey:", id>(text(name))), value) << name;
     }
     picker->send<"setMainRect:">(CGRect{{1, 2}, {3, 4}});

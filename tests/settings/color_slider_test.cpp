@@ -88,7 +88,7 @@ TEST_F(ColorSlider, EveryPropertyCanBeSet) {
     for (const char* name : {"slider", "backgroundView", "gradientLayer"}) {
         id value = made("NSObject");
         objc::send<"setValue:forKey:">(control, value, text(name));
-        EXPECT_EQ(variable<NSObject>(control, (std::string("_") + name).c_str()), value) << name;
+        EXPECT_EQ(variable<NSObject*>(control, (std::string("_") + name).c_str()), value) << name;
         EXPECT_EQ((objc::send<"valueForKey:", id>(control, text(name))), value) << name;
     }
     objc::send<"setType:">(control, NSUInteger{3});

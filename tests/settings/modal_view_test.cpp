@@ -340,7 +340,7 @@ TEST_F(ModalView, EveryPropertyCanBeSet) {
           "secondaryTextColor", "shadowView", "panelView", "closeButton", "selectButton", "extraTopView"}) {
         id value = test::made("NSObject");
         made->send<"setValue:forKey:">(value, text(name));
-        EXPECT_EQ(variable<NSObject>(made, (std::string("_") + name).c_str()), value) << name;
+        EXPECT_EQ(variable<NSObject*>(made, (std::string("_") + name).c_str()), value) << name;
         EXPECT_EQ((made->send<"valueForKey:", id>(text(name))), value) << name;
     }
     objc::send<"setIsEclipseEnabled:">(made, true);

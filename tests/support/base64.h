@@ -28,7 +28,10 @@ inline std::string from_base64(std::string_view text) {
         const size_t digit = base64_digits.find(c);
         if (digit == text.npos) continue;
         bits = bits << 6 | static_cast<unsigned>(digit);
-        if ((count += 6) >= 8) bytes += static_cast<char>(bits >> (count -= 8) & 255);
+        count += 6;
+        if (count < 8) continue;
+        count -= 8;
+        bytes += static_cast<char>(bits >> count & 255);
     }
     return bytes;
 }

@@ -28,7 +28,9 @@ struct Png {
         cairo_surface_destroy(surface);
     }
 
-    unsigned at(int x, int y) const { return pixels.at(static_cast<size_t>(y * width + x)); }
+    unsigned at(int x, int y) const {
+        return pixels.at(static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x));
+    }
 };
 
 /// How many channels of two pictures' pixels differ clearly.

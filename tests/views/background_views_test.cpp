@@ -374,7 +374,7 @@ TEST_F(ImageView, ItsVariablesHavePlainAccessors) {
     objc::send<"setImageView:">(view, other.get());
     EXPECT_EQ(content(view), other);
     EXPECT_EQ(other->superview(), nullptr);
-    EXPECT_EQ(variable<UIImageView>(view, "_imageView"), other);
+    EXPECT_EQ(variable<UIImageView*>(view, "_imageView"), other);
 }
 
 }  // namespace

@@ -233,7 +233,7 @@ TEST_F(FilledView, TheBlurCanBeSetFromOutside) {
     EXPECT_EQ(mine->superview(), nullptr) << "a plain accessor";
     enable_blur();
     EXPECT_EQ(subviews_of(view), (std::vector<id>{mine}));
-    EXPECT_EQ(variable<UIView>(view, "_backgroundBlur"), mine);
+    EXPECT_EQ(variable<UIView*>(view, "_backgroundBlur"), mine);
 }
 
 TEST_F(FilledView, FillsItsSuperview) {

@@ -1,10 +1,9 @@
-// What tests of views look at from outside: sends in their order, and instance variables by name.
+// What tests of views look at from outside: sends in their order.
 #pragma once
 #include <string>
 #include <vector>
 
-#include "platform/substrate.h"
-#include "support/phone.h"
+#include "support/runtime.h"
 
 namespace test {
 
@@ -26,17 +25,6 @@ void observe(Class observed) {
 template <objc::Name Selector, class Result = void, class... Arguments>
 void observe(const char* class_name) {
     observe<Selector, Result, Arguments...>(objc_getClass(class_name));
-}
-
-/// An instance variable that is an object.
-template <class T>
-T* variable(id object, const char* name) {
-    Ivar found = class_getInstanceVariable(object_getClass(object), name);
-    if (!found) {
-        ADD_FAILURE() << "no instance variable " << name;
-        return nullptr;
-    }
-    return *reinterpret_cast<T**>(reinterpret_cast<char*>(object) + ivar_getOffset(found));
 }
 
 inline std::vector<id> elements(NSArray* array) {

@@ -59,10 +59,10 @@ class Preview : public testing::Test {
 
     UIView* cached(const char* key) const {
         return static_cast<UIView*>(
-            variable<NSDictionary>(preview, "cachedBackdrops")->objectForKey(text(key)));
+            variable<NSDictionary*>(preview, "cachedBackdrops")->objectForKey(text(key)));
     }
-    UIImageView* picture_view(const char* name) const { return variable<UIImageView>(preview, name); }
-    UIImage* loaded(const char* name) const { return variable<UIImage>(preview, name); }
+    UIImageView* picture_view(const char* name) const { return variable<UIImageView*>(preview, name); }
+    UIImage* loaded(const char* name) const { return variable<UIImage*>(preview, name); }
     UIImage* shown(const char* name) const { return picture_view(name)->image(); }
     /// The colour of the pixel at that place of the 8 x 4, colours not multiplied by alpha.
     static Rgba pixel(UIImage* image, CGFloat x, CGFloat y) {

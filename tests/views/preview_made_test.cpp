@@ -13,7 +13,7 @@ TEST_F(Preview, ThereIsOneForTheWholeProcess) {
 }
 
 TEST_F(Preview, HasAStyleTwoBackdropOfEachKind) {
-    EXPECT_EQ((variable<NSDictionary>(preview, "cachedBackdrops")->send<"count", NSUInteger>()), 3u);
+    EXPECT_EQ((variable<NSDictionary*>(preview, "cachedBackdrops")->send<"count", NSUInteger>()), 3u);
     EXPECT_STREQ(object_getClassName(cached("ImageView")), "_UIBackdropImageView");
     EXPECT_STREQ(object_getClassName(cached("GradientView")), "_UIBackdropGradientView");
     EXPECT_STREQ(object_getClassName(cached("ColouredView")), "_UIBackdropColouredView");
@@ -94,7 +94,7 @@ TEST_F(Preview, IsMadeInOrder) {
                                "picture view", "picture view"}));
     std::vector<id> expected;
     for (const char* name : {"keyboardBackground", "keyboardText", "keyboardHighlight", "keycapsImageView"})
-        expected.push_back(variable<UIImageView>(other, name));
+        expected.push_back(variable<UIImageView*>(other, name));
     EXPECT_EQ(views, expected);
 }
 
@@ -110,7 +110,7 @@ TEST_F(Preview, GoesInOrder) {
     for (const char* name :
          {"cachedBackdrops", "backgroundImage", "textImage", "highlightImage", "keycapsImage",
           "keyboardBackground", "keyboardText", "keyboardHighlight", "keycapsImageView"})
-        parts.emplace_back(variable<objc_object>(other, name), name);
+        parts.emplace_back(variable<id>(other, name), name);
     static IMP dealloc = nullptr;
     MSHookMessageEx(objc_getClass("NSObject"), sel_registerName("dealloc"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector) {
@@ -147,11 +147,11 @@ TEST(PreviewWithoutPictures, ShowsTheBackdropAlone) {
     phone.start();
     id preview = objc::send<"sharedInstance", id>(class_named("HCPreview"));
     for (const char* name : {"backgroundImage", "textImage", "highlightImage", "keycapsImage"})
-        EXPECT_EQ(variable<UIImage>(preview, name), nullptr) << name;
+        EXPECT_EQ(variable<UIImage*>(preview, name), nullptr) << name;
     auto* container = objc::send<"viewForConfig:", UIView*>(preview, Configuration::made_default().object);
     EXPECT_EQ(subviews_of(container).size(), 4u);
     for (const char* name : {"keyboardBackground", "keyboardText", "keyboardHighlight", "keycapsImageView"})
-        EXPECT_EQ(variable<UIImageView>(preview, name)->image(), nullptr) << name;
+        EXPECT_EQ(variable<UIImageView*>(preview, name)->image(), nullptr) << name;
 }
 
 TEST(PreviewWithoutAKeyboard, HasPictureViewsWithoutSize) {
@@ -161,7 +161,7 @@ TEST(PreviewWithoutAKeyboard, HasPictureViewsWithoutSize) {
     EXPECT_EQ((objc::send<"keyboardLandscapeSize", CGSize>(class_named("HCPreview"))), (CGSize{}));
     id preview = objc::send<"sharedInstance", id>(class_named("HCPreview"));
     for (const char* name : {"keyboardBackground", "keyboardText", "keyboardHighlight", "keycapsImageView"})
-        EXPECT_EQ(variable<UIImageView>(preview, name)->frame(), (CGRect{})) << name;
+        EXPECT_EQ(variable<UIImageView*>(preview, name)->frame(), (CGRect{})) << name;
     auto* container = objc::send<"viewForConfig:", UIView*>(preview, Configuration::made_default().object);
     EXPECT_EQ(subviews_of(container).size(), 4u);
 }

@@ -78,7 +78,7 @@ TEST_F(Preview, TintsAreNotTintedAgain) {
 TEST_F(Preview, AFlatBackgroundIsTheFirstColour) {
     UIView* container = view_for(of_type(1, colours("<string>#FF000080</string><string>#00FF00</string>")));
     EXPECT_EQ(subviews_of(container)[1], cached("ColouredView"));
-    auto* content = variable<UIView>(cached("ColouredView"), "colouredView");
+    auto* content = variable<UIView*>(cached("ColouredView"), "colouredView");
     EXPECT_EQ(rgba(content->backgroundColor()), (Rgba{1, 0, 0, 128 / 255.0}));
 }
 
@@ -86,7 +86,7 @@ TEST_F(Preview, AFlatBackgroundWithoutColoursIsClear) {
     for (const char* list : {"", "<integer>1</integer>"}) {
         UIView* container = view_for(of_type(1, colours(list)));
         EXPECT_EQ(subviews_of(container)[1], cached("ColouredView"));
-        auto* content = variable<UIView>(cached("ColouredView"), "colouredView");
+        auto* content = variable<UIView*>(cached("ColouredView"), "colouredView");
         EXPECT_EQ(rgba(content->backgroundColor()).alpha, 0);
     }
 }
@@ -94,7 +94,7 @@ TEST_F(Preview, AFlatBackgroundWithoutColoursIsClear) {
 TEST_F(Preview, AGradientHasTheThemesDirectionAndColours) {
     view_for(of_type(2, colours("<string>#FF0000</string><string>#00FF00</string>") +
                             "<key>_GradientDirection</key><integer>4</integer>"));
-    auto* layer = variable<CAGradientLayer>(cached("GradientView"), "gradientLayer");
+    auto* layer = variable<CAGradientLayer*>(cached("GradientView"), "gradientLayer");
     EXPECT_EQ(layer->startPoint(), (CGPoint{0, 0.5}));
     EXPECT_EQ(layer->endPoint(), (CGPoint{1, 0.5}));
     EXPECT_EQ(layer->colors()->count(), 2u);
@@ -102,7 +102,7 @@ TEST_F(Preview, AGradientHasTheThemesDirectionAndColours) {
 
 TEST_F(Preview, AGradientWithoutColoursIsTwiceClear) {
     view_for(of_type(2, colours("")));
-    auto* layer = variable<CAGradientLayer>(cached("GradientView"), "gradientLayer");
+    auto* layer = variable<CAGradientLayer*>(cached("GradientView"), "gradientLayer");
     ASSERT_EQ(layer->colors()->count(), 2u);
     for (id each : elements(layer->colors()))
         EXPECT_EQ(rgba(UIColor::colorWithCGColor(reinterpret_cast<CGColorRef>(each))).alpha, 0);
@@ -115,7 +115,7 @@ TEST_F(Preview, AnyOtherTypeIsAClearColourOnAVisibleBackdrop) {
         objc::send<"setColor:">(cached("ColouredView"), color(1, 0, 0));
         UIView* container = view_for(of_type(type, colours("<string>#FF0000</string>")));
         EXPECT_EQ(subviews_of(container)[1], cached("ColouredView")) << type;
-        auto* content = variable<UIView>(cached("ColouredView"), "colouredView");
+        auto* content = variable<UIView*>(cached("ColouredView"), "colouredView");
         EXPECT_EQ(rgba(content->backgroundColor()).alpha, 0) << type;
         EXPECT_EQ(cached("ColouredView")->alpha(), 1.0) << type;
     }
@@ -134,14 +134,14 @@ TEST_F(Preview, AnOpaqueImageIsShownUntouched) {
         EXPECT_EQ(subviews_of(container)[1], cached("ImageView"));
         EXPECT_EQ(heard, Selectors{}) << alpha;
     }
-    EXPECT_EQ(average(variable<UIImageView>(cached("ImageView"), "imageView")->image()), red);
+    EXPECT_EQ(average(variable<UIImageView*>(cached("ImageView"), "imageView")->image()), red);
 }
 
 TEST_F(Preview, AnImageAlphaIsBakedInOnceInEveryPreview) {
     const Configuration theme = with_image(filled_image(color(1, 0, 0), 8, 6), 0.5);
     for (int times = 0; times < 3; ++times) {
         view_for(theme);
-        UIImage* image = variable<UIImageView>(cached("ImageView"), "imageView")->image();
+        UIImage* image = variable<UIImageView*>(cached("ImageView"), "imageView")->image();
         EXPECT_NEAR(average_alpha(image), 0.5, 1 / 255.0) << times;
     }
 }
@@ -150,7 +150,7 @@ TEST_F(Preview, WithoutAnImageTheImageBackdropIsEmpty) {
     view_for(with_image(filled_image(color(1, 0, 0), 8, 6), 1.0));
     UIView* container = view_for(of_type(3));
     EXPECT_EQ(subviews_of(container)[1], cached("ImageView"));
-    EXPECT_EQ(variable<UIImageView>(cached("ImageView"), "imageView")->image(), nullptr);
+    EXPECT_EQ(variable<UIImageView*>(cached("ImageView"), "imageView")->image(), nullptr);
 }
 
 TEST_F(Preview, TheThemeIsReadInOrder) {
@@ -268,7 +268,7 @@ TEST_F(Preview, AfterTheFirstNoFileIsReadAndNoViewButTheContainerMade) {
 
 TEST_F(Preview, CleaningUpEmptiesTheContainerAndUndoesTheTints) {
     strong<UIView> container = view_for(of_type(2, "<key>_VisibleKeycaps</key><true/>"));
-    auto* layer = variable<CAGradientLayer>(cached("GradientView"), "gradientLayer");
+    auto* layer = variable<CAGradientLayer*>(cached("GradientView"), "gradientLayer");
     const auto directed = layer->startPoint();
     objc::send<"cleanup">(preview);
     EXPECT_EQ(subviews_of(container).size(), 0u);

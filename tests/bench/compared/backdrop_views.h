@@ -18,7 +18,7 @@ enum class Background { flat, gradient };
 /// Called while nothing is hooked yet.
 void know_system();
 /// The theme's values, as the theme keeps them.
-void know_theme(Background, NSMutableDictionary* values);
+void know_theme(Background, NSMutableDictionary* theme);
 /// The sends that the library makes beyond the system's operations.
 void know_sends(size_t);
 

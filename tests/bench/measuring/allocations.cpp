@@ -24,25 +24,25 @@ void __libc_free(void*);
     ++count;
     return __libc_malloc(size);
 }
-[[gnu::visibility("default")]] void* calloc(size_t items, size_t size) {
+[[gnu::visibility("default")]] void* calloc(size_t nmemb, size_t size) {
     ++count;
-    return __libc_calloc(items, size);
+    return __libc_calloc(nmemb, size);
 }
-[[gnu::visibility("default")]] void* realloc(void* memory, size_t size) {
+[[gnu::visibility("default")]] void* realloc(void* ptr, size_t size) {
     ++count;
-    if (memory) freed += size ? 1 : 2;  // to nothing: only freed
-    return __libc_realloc(memory, size);
+    if (ptr) freed += size ? 1 : 2;  // to nothing: only freed
+    return __libc_realloc(ptr, size);
 }
 [[gnu::visibility("default")]] void* aligned_alloc(size_t alignment, size_t size) {
     ++count;
     return __libc_memalign(alignment, size);
 }
-[[gnu::visibility("default")]] int posix_memalign(void** memory, size_t alignment, size_t size) {
-    *memory = aligned_alloc(alignment, size);
-    return *memory ? 0 : ENOMEM;
+[[gnu::visibility("default")]] int posix_memalign(void** memptr, size_t alignment, size_t size) {
+    *memptr = aligned_alloc(alignment, size);
+    return *memptr ? 0 : ENOMEM;
 }
-[[gnu::visibility("default")]] void free(void* memory) {
-    if (memory) ++freed;
-    __libc_free(memory);
+[[gnu::visibility("default")]] void free(void* ptr) {
+    if (ptr) ++freed;
+    __libc_free(ptr);
 }
 }
