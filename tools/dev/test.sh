@@ -3,7 +3,7 @@
 
 help_test() {
     cat <<END
-usage: ./dev test [--arm64 | --sanitize | --threads] [--faults] [--only <regex> | --changed [<commit>]]
+usage: ./dev test [--arm64 | --sanitize | --threads | --memcheck] [--faults] [--only <regex> | --changed [<commit>]]
 
 Builds and runs the tests, as many at once as there are processors: all of them on this machine's processor, and on arm64,
 under qemu, those of the library, the seam, the simulator and the loader. Prints a line for each program, all that failed,
@@ -11,6 +11,9 @@ ctest's summary, and where the time went. The programs run each of their cases i
   --arm64               on arm64 alone (build/arm64; docs/arm64.md)
   --sanitize            with the address and undefined-behaviour sanitizers (build/sanitize), on this machine's processor alone
   --threads             the library asked from sixteen threads, under the thread sanitizer, and nothing else
+  --memcheck            the library's tests under valgrind's memcheck: what is read before it is written, and beyond what
+                        was allocated, in every library that takes part; with --only those cases alone. Also installs:
+                        ${memcheck_packages[*]}
   --faults              only the cases in which system calls fail, with every fault at every call of the command (minutes)
   --only <regex>        only the cases whose names match, a line for each
   --changed [<commit>]  only the programs that are built of what differs from the commit (HEAD unless given) or is not
@@ -41,6 +44,11 @@ command_test() {
             --threads)
                 (($# == 1)) || misuse "--threads stands alone" test
                 test_threads
+                return
+                ;;
+            --memcheck)
+                shift
+                test_with_memcheck "$@"
                 return
                 ;;
             --faults)
@@ -100,6 +108,43 @@ test_threads() {
         fail "a race that is known was not seen: $log"
     fi
     echo "A race that is known is seen, and there is none in the library."
+}
+
+# Each case's process is checked; what memcheck finds is its exit status, and stands in its log. Valgrind does not know the
+# form of debug information that the compiler writes: copies without it are run, and functions are named all the same.
+test_with_memcheck() {
+    local filter='*' program copies=$root/build/memcheck status=0 programs=(model hook settings view)
+    case ${1:-} in
+        '') ;;
+        --only)
+            [[ ${2:-} ]] || misuse "--only needs names as gtest's filter takes them" test
+            filter=$2
+            ;;
+        *) misuse "--memcheck takes no '$1'" test ;;
+    esac
+    packages+=("${memcheck_packages[@]}")
+    for program in "${programs[@]}"; do build release "${program}_tests"; done
+    rm -rf "$copies"
+    mkdir -p "$copies"/{bin,lib,logs}
+    for program in lib/libhuecraft_simulator.so lib/HuecraftiOS12.so "${programs[@]/#/bin/}"; do
+        [[ $program == lib/* ]] || program+=_tests
+        "llvm-strip-$llvm" --strip-debug "$root/build/release/$program" -o "$copies/$program" || fail "there is no copy of $program"
+    done
+    for program in "${programs[@]}"; do
+        # Not all of the programs have a case that was named.
+        [[ $("$copies/bin/${program}_tests" --gtest_list_tests --gtest_filter="$filter") == *$'\n '* ]] || continue
+        # A case takes sixty times as long as without it.
+        HUECRAFT_LIBRARY=$copies/lib/HuecraftiOS12.so LD_LIBRARY_PATH=$copies/lib valgrind --quiet --error-exitcode=66 \
+            --trace-children=yes --suppressions="$root/tests/memcheck.supp" --log-file="$copies/logs/$program.%p" \
+            "$copies/bin/${program}_tests" --prefix="memcheck." --limit=6000 --patience=60000 --gtest_filter="$filter" || status=1
+    done
+    # Besides, valgrind says of a system call that it does not know it; the simulator does without.
+    if grep --quiet --no-messages '^==' "$copies"/logs/*; then
+        grep --no-filename '^==' "$copies"/logs/* | head -n 60
+        echo "memcheck found something; its words are in $copies/logs"
+        status=1
+    fi
+    return "$status"
 }
 
 # --- endure --------------------------------------------------------------------------------------------
