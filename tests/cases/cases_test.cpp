@@ -12,6 +12,7 @@
 #include <set>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -51,7 +52,7 @@ TEST_F(Cases, NoneSeesWhatAnotherLeftBehind) {
 TEST_F(Cases, NoneSeesWhatARehearsalLeftBehind) {
     run("--rehearse --jobs=1 --gtest_filter='Leaving.*:AlsoLeaving.*'");
     EXPECT_EQ(status, 0) << output;
-    EXPECT_THAT(output, testing::StartsWith("cases run: 5, failed: 0, "));
+    EXPECT_THAT(output, testing::StartsWith("cases run: 6, failed: 0, "));
     output.clear();
     run("--here --gtest_filter='Leaving.*'");
     EXPECT_EQ(status, 1) << "in one process they do: " << output;
@@ -67,6 +68,36 @@ TEST_F(Cases, TheFirstOfASuiteIsRehearsedInTheProcessThatForks) {
         std::ifstream processes(file);
         std::set<std::string> said{std::istream_iterator<std::string>(processes), {}};
         EXPECT_EQ(said.size(), static_cast<size_t>(times)) << options;
+        std::ofstream(file, std::ios::trunc);
+    }
+    unlink(file);
+}
+
+TEST_F(Cases, ARehearsalGoesToTheEndOfTheProcessAndTheProcessGoesOn) {
+    char file[] = "/tmp/huecraft-cases-XXXXXX";
+    close(mkstemp(file));
+    setenv("CASE_PROCESSES", file, 1);
+    for (const auto& [options, times] : {std::pair{"", 2}, {"--rehearse ", 3}}) {
+        run(std::string(options) + "--jobs=1 --gtest_filter='Closing.*'");
+        EXPECT_EQ(status, 0) << output;
+        std::ifstream processes(file);
+        const std::vector<std::string> said{std::istream_iterator<std::string>(processes), {}};
+        EXPECT_EQ(said.size(), static_cast<size_t>(times)) << options;
+        EXPECT_EQ(std::set<std::string>(said.begin(), said.end()).size(), said.size()) << options;
+        std::ofstream(file, std::ios::trunc);
+    }
+    unlink(file);
+}
+
+TEST_F(Cases, OneOfAnotherSuiteIsRehearsedIfItsCasesGainByIt) {
+    char file[] = "/tmp/huecraft-cases-XXXXXX";
+    close(mkstemp(file));
+    setenv("CASE_PROCESSES", file, 1);
+    for (const auto& [others, times] : {std::pair{"*", 2}, {"FirstTakesLong", 1}}) {
+        run(std::string("--rehearse --jobs=1 --gtest_filter='Leaving.*:AlsoLeaving.") + others + "'");
+        EXPECT_EQ(status, 0) << output;
+        std::ifstream processes(file);
+        EXPECT_EQ(std::distance(std::istream_iterator<std::string>(processes), {}), times) << others;
         std::ofstream(file, std::ios::trunc);
     }
     unlink(file);

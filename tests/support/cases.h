@@ -11,9 +11,9 @@ namespace test {
 ///   --jobs=<number>    runs so many cases at once; as many as there are processors unless given
 ///   --limit=<seconds>  ends a case that takes more processor time; 120 unless given
 ///   --patience=<seconds>  ends a case that is not done by then; 1200 unless given, for a machine may be busy
-///   --rehearse         runs the first case of each suite that has passed in this process as well, and undoes
-///   that:
-///                      an emulator translates code once, and seven tenths of a case's time went there
+///   --rehearse         runs the first case that has passed in this process as well, and undoes that; and one
+///                      of each other suite that this pays for: an emulator translates code once, and seven
+///                      tenths of a case's time went there
 ///   --here             runs them in this process, one after another: for the debugger
 int run_cases(int argc, char** argv);
 

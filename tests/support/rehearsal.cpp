@@ -213,14 +213,28 @@ void restore_the_rest(Rehearsal& own) {
         sigaction(static_cast<int>(each), &own.actions[each], nullptr);
 }
 
+Rehearsal* underway = nullptr;
+
+[[noreturn]] void end(Rehearsal& own) {
+    own.undone = threads_have_ended(own) && restore_memory(own);
+    setcontext(&own.before);
+    give_up("there is no way back");
+}
+
 // On the rehearsal's own stack: every other one is memory that is saved and restored.
 void run(unsigned upper, unsigned lower) {
     auto& own = *reinterpret_cast<Rehearsal*>(uintptr_t{upper} << 32 | lower);
     save_memory(own);
     own.act(own.context);
-    own.undone = threads_have_ended(own) && restore_memory(own);
-    setcontext(&own.before);
+    end(own);
 }
+
+// What is registered before any library starts is called when all of them have ended.
+void at_the_very_end(int, void*) {
+    if (underway) end(*underway);
+}
+void at_the_very_start() { on_exit(at_the_very_end, nullptr); }
+[[gnu::section(".preinit_array"), gnu::used]] void (*preparation)() = at_the_very_start;
 
 }  // namespace
 
@@ -240,7 +254,9 @@ bool rehearse(void (*act)(void*), void* context) {
     own.during.uc_link = nullptr;
     makecontext(&own.during, reinterpret_cast<void (*)()>(&run), 2, static_cast<unsigned>(own.start() >> 32),
                 static_cast<unsigned>(own.start()));
+    underway = &own;
     swapcontext(&own.before, &own.during);
+    underway = nullptr;
     restore_the_rest(own);
     const bool undone = own.undone;
     close(own.memory);
