@@ -8,7 +8,8 @@ usage: ./dev coverage [--only <regex>]
 Builds the coverage preset (build/coverage), in which the library and the settings pane count what runs, and runs the tests of
 both builds for Linux. Prints, for each source, how many functions, lines and branches ran, and then by file and line what did not:
 a line that no test reaches, and a branch of which one side was never taken. A branch of a template counts as
-taken when one of its instances took it. out/coverage/index.html shows the sources with the counts.
+taken when one of its instances took it, and a send in an interface that both images declare where one of them
+uses it. out/coverage/index.html shows the sources with the counts.
   --only <regex>  only the test programs whose names match
 END
 }
