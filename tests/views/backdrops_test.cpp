@@ -145,7 +145,7 @@ TEST_F(ImageBackdrop, TheInitialiserSendsItsPublicOperations) {
     EXPECT_EQ(alphas, 1);
 }
 
-TEST_F(ImageBackdrop, TheShorterInitialiserSendsTheLongerOneFullAlpha) {
+TEST_F(ImageBackdrop, WhatMakesOneWithLessSendsTheLongestInitialiserTheRest) {
     static std::vector<double> alphas;
     static id given = nullptr;
     stand_in("_UIBackdropImageView",
@@ -159,6 +159,9 @@ TEST_F(ImageBackdrop, TheShorterInitialiserSendsTheLongerOneFullAlpha) {
     made<"initWithStyle:image:">("_UIBackdropImageView", NSInteger{7}, image);
     EXPECT_EQ(given, image);
     EXPECT_EQ(alphas, std::vector<double>{1.0});
+    objc::send<"backdropWithStyle:", id>(class_named("_UIBackdropImageView"), NSInteger{7});
+    EXPECT_EQ(given, nullptr);
+    EXPECT_EQ(alphas, (std::vector<double>{1.0, 0.0}));
 }
 
 TEST_F(ImageBackdrop, AlphasOutOfRangeAreTakenAsTheNearestThatCounts) {
