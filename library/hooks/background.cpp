@@ -10,16 +10,28 @@ namespace hooks {
 namespace {
 
 constexpr uintptr_t retain_nonatomic = 1;  // the association policy
-const char active_background_key = 0;      // its address is the key
+// Their addresses are the keys.
+const char active_background_key = 0;
+const char average_key = 0;
+
+/// An image's average reads all its pixels, and every backdrop asks for it: it stays with the image, which
+/// never changes.
+UIColor* average_of(UIImage* image) {
+    if (id known = image ? objc_getAssociatedObject(image, &average_key) : nullptr)
+        return static_cast<UIColor*>(known);
+    UIColor* average = HCCITool::averageColorForImage(image);
+    if (image) objc_setAssociatedObject(image, &average_key, average, retain_nonatomic);
+    return average;
+}
 
 /// The theme image's average, at the theme's image alpha.
 UIColor* average_of_theme_image() {
-    return HCCITool::averageColorForImage(sharedPreferences->getImage())
+    return average_of(sharedPreferences->getImage())
         ->colorWithAlphaComponent(sharedPreferences->getImageAlpha());
 }
 
-_UIBackdropView* themed_backdrop() {
-    return filled_backdrop<HCPreferences>(sharedPreferences, NewBackdrops{});
+_UIBackdropView* themed_backdrop(NSArray* colours, NSUInteger type) {
+    return filled_backdrop<HCPreferences>(sharedPreferences, colours, type, NewBackdrops{});
 }
 
 /// Shows the view over the whole content view.
@@ -49,10 +61,12 @@ objc::strong<UIKBBackdropView> install_background(objc::Previous<BackdropInit> p
                                                   CGRect frame, NSInteger style) {
     objc::strong<UIKBBackdropView> backdrop = previous(frame, style);
     backdrop->setBackgroundColor(UIColor::clearColor());
-    if (sharedPreferences->getBackgroundType() == image_background)
+    NSArray* colours = sharedPreferences->getColors();
+    const NSUInteger type = sharedPreferences->getBackgroundType();
+    if (type == image_background)
         backdrop->setBackgroundColor(average_of_theme_image());
     else
-        backdrop->setActiveBackgroundView(themed_backdrop());
+        backdrop->setActiveBackgroundView(themed_backdrop(colours, type));
     if (UIView* themed = backdrop->activeBackgroundView()) show(themed, backdrop);
     return backdrop;
 }
@@ -89,7 +103,7 @@ UIKBBackdropView* put_image_behind(objc::Previous<UIKBBackdropView*()> previous,
     if (active && !active->isKindOfClass(_UIBackdropImageView::class_object()))
         take_out_active_background(piece);
     if (piece->activeBackgroundView()) return piece;
-    UIView* themed = themed_backdrop();
+    UIView* themed = themed_backdrop(nullptr, image_background);
     piece->setActiveBackgroundView(themed);
     show(themed, piece);
     piece->setBackgroundColor(UIColor::clearColor());

@@ -82,7 +82,9 @@ struct Preview : objc::Implements<Preview, HCPreview> {
         container->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
         // The places are fixed: one past the end is in front, so without key caps the order is the same.
         container->insertSubview(ivars().keyboardBackground, 0);
-        if (UIView* backdrop = filled_backdrop(theme, KeptBackdrops{ivars().cachedBackdrops}))
+        NSArray* colours = theme->getColors();
+        const NSUInteger type = theme->getBackgroundType();
+        if (UIView* backdrop = filled_backdrop(theme, colours, type, KeptBackdrops{ivars().cachedBackdrops}))
             container->insertSubview(backdrop, 1);
         if (theme->getVisibleKeycaps()) container->insertSubview(ivars().keycapsImageView, 2);
         tint(ivars().keyboardHighlight, theme->getHighlightColor());

@@ -14,10 +14,20 @@ void put_in_front(UIView* backdrop, UIView* content) {
     switch_off_animations(content->layer());
 }
 
-void switch_off_animations(CALayer* layer) {
+namespace {
+
+NSDictionary* new_actions() {
     const id keys[] = {"onOrderIn"_ns, "onOrderOut"_ns, "sublayers"_ns, "contents"_ns,
                        "bounds"_ns,    "onLayout"_ns,   "position"_ns};
     id nothing[7];
     for (id& action : nothing) action = NSNull::null();
-    layer->setActions(NSDictionary::dictionaryWithObjects(nothing, keys, 7));
+    return objc::strong<NSDictionary>(NSDictionary::dictionaryWithObjects(nothing, keys, 7)).leak();
+}
+
+}  // namespace
+
+void switch_off_animations(CALayer* layer) {
+    static NSDictionary* no_actions = nullptr;  // one for all layers: it never changes
+    if (!no_actions) no_actions = new_actions();
+    layer->setActions(no_actions);
 }

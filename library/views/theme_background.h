@@ -27,11 +27,11 @@ struct NewBackdrops {
     }
 };
 
-/// One of the backdrops, filled with the theme's background. The theme is whatever answers a theme's getters.
+/// One of the backdrops, filled with the theme's background, of which the caller knows colours and type. The
+/// theme is whatever answers a theme's getters.
 template <class Theme, class Backdrops>
-_UIBackdropView* filled_backdrop(Theme* theme, Backdrops backdrops) {
-    NSArray* colours = theme->getColors();
-    switch (theme->getBackgroundType()) {
+_UIBackdropView* filled_backdrop(Theme* theme, NSArray* colours, NSUInteger type, Backdrops backdrops) {
+    switch (type) {
         case image_background: {
             auto* backdrop = backdrops.image();
             backdrop->setImage(theme->getImage());  // again, so that the alpha is baked in once

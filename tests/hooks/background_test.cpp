@@ -140,6 +140,21 @@ TEST_F(EffectWithoutActiveView, ShowsTheAverageOfNoImage) {
     EXPECT_EQ(rgba(effect()->backgroundColor()), (Rgba{0, 0, 0, 1}));
 }
 
+TEST_F(Background, ABackdropAsksForTheColoursAndThenForTheTypeOnceEach) {
+    static std::vector<std::string> asked;
+    start("0", red_and_blue);
+    stand_in("HCPreferences", "getColors", [](id, SEL) -> id {
+        asked.push_back("colours");
+        return nullptr;
+    });
+    stand_in("HCPreferences", "getBackgroundType", [](id, SEL) -> NSUInteger {
+        asked.push_back("type");
+        return 1;
+    });
+    backdrop();
+    EXPECT_EQ(asked, (std::vector<std::string>{"colours", "type"}));
+}
+
 // ---- Small views -----------------------------------------------------------------------------------------
 
 TEST_F(Background, AKeysOwnBackdropShowsTheWholeTheme) {

@@ -32,6 +32,26 @@ TEST_F(ImageBackground, ABackdropCarriesTheAverageColourOnly) {
     EXPECT_EQ(rgba(view->backgroundColor()), (Rgba{0, 0, 1, 0.5}));
 }
 
+TEST_F(ImageBackground, AnImagesAverageIsWorkedOutOnceAndAnotherImagesAnew) {
+    static int asked = 0;
+    start_with_alpha("<real>0.5</real>");
+    stand_in(
+        "HCCITool", "averageColorForImage:",
+        [](id, SEL, id) -> id { return ++asked == 1 ? color(0, 1, 0, 1) : color(1, 0, 0, 1); },
+        Side::on_class);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(rgba(backdrop()->backgroundColor()), (Rgba{0, 1, 0, 0.5}));
+        EXPECT_EQ(rgba(effect()->backgroundColor()), (Rgba{0, 1, 0, 0.5}));
+    }
+    EXPECT_EQ(asked, 1);
+
+    objc::send<"setImageAlpha:">(active_theme(), 0.25);
+    EXPECT_EQ(rgba(backdrop()->backgroundColor()), (Rgba{0, 1, 0, 0.25}));
+    stand_in("HCPreferences", "getImage", [](id, SEL) -> id { return filled_image(color(1, 0, 0), 2, 2); });
+    EXPECT_EQ(rgba(backdrop()->backgroundColor()), (Rgba{1, 0, 0, 0.25}));
+    EXPECT_EQ(asked, 2);
+}
+
 TEST_F(ImageBackground, EachPieceShowsTheImage) {
     start_with_alpha("<real>1.0</real>");
     auto* view = input();

@@ -105,11 +105,14 @@ void set_up(UIView* content) {
 }
 
 void switch_off_animations(CALayer* layer) {
-    const id keys[] = {"onOrderIn"_ns, "onOrderOut"_ns, "sublayers"_ns, "contents"_ns,
-                       "bounds"_ns,    "onLayout"_ns,   "position"_ns};
-    id nothing[7];
-    for (id& action : nothing) action = NSNull::null();
-    layer->setActions(NSDictionary::dictionaryWithObjects(nothing, keys, 7));
+    static NSDictionary* const no_actions = [] {
+        const id keys[] = {"onOrderIn"_ns, "onOrderOut"_ns, "sublayers"_ns, "contents"_ns,
+                           "bounds"_ns,    "onLayout"_ns,   "position"_ns};
+        id nothing[7];
+        for (id& action : nothing) action = NSNull::null();
+        return strong<NSDictionary>(NSDictionary::dictionaryWithObjects(nothing, keys, 7)).leak();
+    }();
+    layer->setActions(no_actions);
 }
 
 UIView* flat_view(NSArray* colours) {
