@@ -34,9 +34,9 @@ Sends sends_of(Background background) {
 /// What one call of each takes; of what is beyond the work by hand, what theming takes, what as many sends as
 /// are allowed take, and what the library's own sends and the colours' digits take alone.
 struct Costs {
-    double themed, by_hand, unthemed, beyond, allowed_sends, must_be;
+    Measured themed, by_hand, unthemed, beyond, allowed_sends, must_be;
 };
-constexpr size_t figures = sizeof(Costs) / sizeof(double);
+constexpr size_t figures = sizeof(Costs) / sizeof(Measured);
 
 // All take thousands of nanoseconds and differ by a hundred or two. So the rounds are compared one by one,
 // and the middle one counts.
@@ -74,7 +74,7 @@ void measure(Background background, std::vector<Ratio>& ratios) {
     const Sends sends = sends_of(background);
     const size_t own_sends = sends.themed - sends.by_hand;
     const Costs costs = costs_of(background, own_sends);
-    const double send = costs.allowed_sends / sends_allowed;
+    const Measured send = costs.allowed_sends.scaled(1.0 / sends_allowed);
     const std::string what = "theming a backdrop view, " + std::string(name_of(background));
     ratios.push_back(
         {.what = what,

@@ -1,88 +1,110 @@
-// The benchmark: prints each figure as a ratio, with both costs and the limit.
+// The benchmark: prints each figure as a ratio, with both costs and the limit, and what theming costs by
+// itself.
 #include <unistd.h>
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <span>
-#include <string_view>
 
 #include "measuring/check.h"
+#include "measuring/cost.h"
 #include "measuring/ratio.h"
 #include "objc/string.h"
+#include "report/comparison.h"
+#include "report/figures.h"
+#include "report/page.h"
+#include "report/table.h"
 #include "support/themes.h"
 
 namespace bench {
 
 namespace {
 
+template <class Row>
 struct Subject {
-    std::string_view name;
-    void (*measure)(std::vector<Ratio>&);
+    const char* name;
+    void (*measure)(std::vector<Row>&);
 };
 
-constexpr Subject of_processes[] = {
+constexpr Subject<Ratio> of_processes[] = {
     {"startup", measure_startup}, {"backdrops", measure_backdrops}, {"pictures", measure_keyboard_pictures},
     {"command", measure_command}, {"opening", measure_opening},     {"pane", measure_pane}};
+constexpr Subject<Cost> of_costs[] = {{"costs", measure_starts_and_appearances},
+                                      {"costs", measure_image_sizes},
+                                      {"costs", measure_pictures_a_second}};
 /// With one phone for all, which is started after the others: their processes are copies of this one.
-constexpr Subject on_the_phone[] = {{"colours", measure_colours},
-                                    {"hooks", measure_hooks},
-                                    {"gradients", measure_gradients},
-                                    {"averages", measure_averages},
-                                    {"picker", measure_picker}};
+constexpr Subject<Ratio> on_the_phone[] = {{"colours", measure_colours},
+                                           {"hooks", measure_hooks},
+                                           {"gradients", measure_gradients},
+                                           {"averages", measure_averages},
+                                           {"picker", measure_picker}};
 
-/// All of them when none was asked for.
-void measure(std::span<const Subject> subjects, const std::vector<std::string_view>& asked,
-             std::vector<Ratio>& ratios) {
-    for (const Subject& subject : subjects)
-        if (asked.empty() || std::ranges::find(asked, subject.name) != asked.end()) subject.measure(ratios);
+struct Request {
+    std::vector<std::string> subjects;
+    bool json = false;
+    std::string compared_with, page;
+
+    /// All of them when none is asked for.
+    bool asks_for(const char* subject) const {
+        return subjects.empty() || std::ranges::find(subjects, subject) != subjects.end();
+    }
+};
+
+std::vector<std::string> subject_names() {
+    std::vector<std::string> names;
+    for (const auto& subject : of_processes) names.emplace_back(subject.name);
+    names.emplace_back(of_costs->name);
+    for (const auto& subject : on_the_phone) names.emplace_back(subject.name);
+    return names;
 }
 
-bool are_subjects(const std::vector<std::string_view>& asked) {
-    for (const std::string_view name : asked)
-        if (std::ranges::find(of_processes, name, &Subject::name) == std::end(of_processes) &&
-            std::ranges::find(on_the_phone, name, &Subject::name) == std::end(on_the_phone)) {
-            std::fprintf(stderr, "huecraft_bench: there is no subject \"%s\"; there are",
-                         std::string(name).c_str());
-            for (const Subject& one : of_processes)
-                std::fprintf(stderr, " %s", std::string(one.name).c_str());
-            for (const Subject& one : on_the_phone)
-                std::fprintf(stderr, " %s", std::string(one.name).c_str());
-            std::fprintf(stderr, "\n");
-            return false;
-        }
-    return true;
+template <class Row>
+void measure(std::span<const Subject<Row>> subjects, const Request& request, std::vector<Row>& rows) {
+    for (const Subject<Row>& subject : subjects)
+        if (request.asks_for(subject.name)) subject.measure(rows);
 }
 
-/// In the unit that it is easily read in.
-std::string time_of(double seconds) {
-    char text[32];
-    if (seconds < 1e-5)
-        std::snprintf(text, sizeof text, "%.1f ns", seconds * 1e9);
-    else if (seconds < 1e-2)
-        std::snprintf(text, sizeof text, "%.1f us", seconds * 1e6);
-    else
-        std::snprintf(text, sizeof text, "%.1f ms", seconds * 1e3);
-    return text;
+void measure(const Request& request, std::vector<Ratio>& ratios, std::vector<Cost>& costs) {
+    measure<Ratio>(of_processes, request, ratios);
+    measure<Cost>(of_costs, request, costs);
+    if (std::ranges::none_of(on_the_phone, [&](const auto& one) { return request.asks_for(one.name); }))
+        return;
+    test::Phone phone;
+    test::arrange_theme(phone);
+    phone.start();
+    check(phone.loaded_library(), "the library is loaded");
+    measure<Ratio>(on_the_phone, request, ratios);
 }
 
-void print_heading() {
-    std::printf("%-48s %11s %11s %7s %6s\n", "what", "takes", "against", "ratio", "limit");
-}
+/// The exit status.
+int run(const Request& request) {
+    // Read first: what is wrong with it is said before minutes have passed.
+    std::optional<Measurements> then;
+    if (!request.compared_with.empty()) then = read_run(request.compared_with);
+    std::vector<Ratio> ratios;
+    std::vector<Cost> costs;
+    measure(request, ratios, costs);
 
-void print(const Ratio& ratio) {
-    std::printf("%-48s %11s %11s %7.3f ", ratio.what.c_str(), time_of(ratio.cost).c_str(),
-                time_of(ratio.cost_against).c_str(), ratio.value());
-    if (ratio.limit)
-        std::printf("%6.2f", *ratio.limit);
-    else
-        std::printf("%6s", "");
-    if (ratio.counted)
-        std::printf("  %s: %zu, %zu allowed", ratio.counted->what, ratio.counted->counted,
-                    ratio.counted->allowed);
-    if (ratio.is_slow() || ratio.counts_too_many()) std::printf("  OVER THE LIMIT");
-    std::printf("\n    against %s\n", ratio.against.c_str());
-    if (ratio.is_slow() && ratio.known) std::printf("    as is known: %s\n", ratio.known);
+    const Measurements now = run_of(ratios, costs);
+    if (request.json) {
+        std::fputs(json_of(now).c_str(), stdout);
+    } else {
+        print(ratios);
+        print(costs);
+    }
+    if (!request.page.empty()) write_page(request.page, now.processor, costs);
+    const auto failed = std::ranges::count_if(ratios, &Ratio::fails);
+    const auto known =
+        std::ranges::count_if(ratios, [](const auto& ratio) { return ratio.is_slow() && ratio.known; });
+    std::FILE* talk = request.json ? stderr : stdout;
+    std::fprintf(talk, "\n%zu rows; beyond their limits, as is known: %td; beyond them otherwise: %td\n",
+                 ratios.size() + costs.size(), known, failed);
+    if (!then) return failed ? 1 : 0;
+    const Comparison comparison = compare(*then, now, !request.subjects.empty());
+    std::fprintf(talk, "\n%s", in_words(comparison).c_str());
+    return failed || !comparison.dearer.empty() ? 1 : 0;
 }
 
 }  // namespace
@@ -90,26 +112,26 @@ void print(const Ratio& ratio) {
 }  // namespace bench
 
 int main(int argc, char** argv) {
-    objc::adopt_strings();
-    setenv("HUECRAFT_LIBRARY", HUECRAFT_DYLIB, 0);
-    if (access("/dev/shm", W_OK) == 0) setenv("TMPDIR", "/dev/shm", 0);  // no disk is to be measured
-    const std::vector<std::string_view> asked(argv + 1, argv + argc);
-    if (!bench::are_subjects(asked)) return 2;
-    std::vector<bench::Ratio> ratios;
-    bench::measure(bench::of_processes, asked, ratios);
-    test::Phone phone;
-    test::arrange_theme(phone);
-    phone.start();
-    bench::check(phone.loaded_library(), "the library is loaded");
-    bench::measure(bench::on_the_phone, asked, ratios);
-
-    bench::print_heading();
-    for (const bench::Ratio& ratio : ratios) bench::print(ratio);
-    const auto failed =
-        std::count_if(ratios.begin(), ratios.end(), [](const auto& ratio) { return ratio.fails(); });
-    const auto known = std::count_if(ratios.begin(), ratios.end(),
-                                     [](const auto& ratio) { return ratio.is_slow() && ratio.known; });
-    std::printf("\n%zu rows; beyond their limits, as is known: %td; beyond them otherwise: %td\n",
-                ratios.size(), known, failed);
-    return failed ? 1 : 0;
+    bench::Request request;
+    CLI::App command("Measures, in ratios.", "bench");
+    command.add_option("SUBJECT", request.subjects)->check(CLI::IsMember(bench::subject_names()));
+    command.add_flag("--json", request.json);
+    command.add_option("--compare", request.compared_with);
+    command.add_option("--page", request.page);
+    try {
+        command.parse(argc, argv);
+        objc::adopt_strings();
+        setenv("HUECRAFT_LIBRARY", HUECRAFT_DYLIB, 0);
+        if (access("/dev/shm", W_OK) == 0) setenv("TMPDIR", "/dev/shm", 0);  // no disk is to be measured
+        return bench::run(request);
+    } catch (const CLI::CallForHelp&) {
+        std::puts("see ./dev bench --help");
+        return 0;
+    } catch (const CLI::ParseError& error) {
+        std::fprintf(stderr, "bench: %s (see ./dev bench --help)\n", error.what());
+        return 2;
+    } catch (const bench::UnreadableRun& error) {
+        std::fprintf(stderr, "bench: %s\n", error.what());
+        return 2;
+    }
 }

@@ -119,16 +119,15 @@ std::vector<double> changes() {
     PreviewAlone preview;
     const auto next_colour = [] { return UIColor::colorWithRGB(next_value(), 0.8, 0.6, 1); };
     constexpr int rounds = 31;
-    std::vector<double> costs =
-        seconds_of(rounds, {[&] {
-                                objc::send<"colorPickerReturnedWithColor:andHexString:">(
-                                    static_cast<id>(editor), next_colour(), id());
-                                lay_out();
-                            },
-                            [&] {
-                                objc::send<"setTextColor:">(preview.theme(), next_colour());
-                                preview.show();
-                            }});
+    const auto coloured = seconds_of(rounds, {[&] {
+                                                  objc::send<"colorPickerReturnedWithColor:andHexString:">(
+                                                      static_cast<id>(editor), next_colour(), id());
+                                                  lay_out();
+                                              },
+                                              [&] {
+                                                  objc::send<"setTextColor:">(preview.theme(), next_colour());
+                                                  preview.show();
+                                              }});
 
     UIImage* photo = test::filled_image(test::color(0.1, 0.2, 0.3), 750, 512);
     editor->send<"photoCropped:">(photo);
@@ -145,6 +144,7 @@ std::vector<double> changes() {
                                               objc::send<"setImageAlpha:">(preview.theme(), next_value());
                                               preview.show();
                                           }});
+    std::vector<double> costs(coloured.begin(), coloured.end());
     costs.insert(costs.end(), slid.begin(), slid.end());
     return costs;
 }

@@ -39,7 +39,7 @@ class Look {
     std::filesystem::path beside(const char* name) const { return phone_.host("/") / name; }
     Command command() const {
         return {HUECRAFT_KEYBOARD_PICTURE, std::getenv("HUECRAFT_LIBRARY"), phone_.host("/").string(),
-                picture().string()};
+                test::notes, picture().string()};
     }
 
   private:

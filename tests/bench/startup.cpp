@@ -10,13 +10,11 @@
 // Most of what such a process spends on its first property list is Foundation putting its own classes
 // together. The rows without a limit leave that out: another list was parsed before, and what remains is the
 // reading of very small files, beside which a few look-ups weigh much.
-#include <cstdio>
-#include <cstring>
-#include <memory>
 #include <string>
 
 #include "measuring/check.h"
 #include "measuring/child.h"
+#include "measuring/instructions.h"
 #include "measuring/ratio.h"
 #include "measuring/timing.h"
 #include "support/themes.h"
@@ -104,24 +102,11 @@ double loading(const char* library) {
     return seconds;
 }
 
-/// The instructions of the same, in a process that boots, loads and ends, counted by callgrind.
+/// The instructions of the same.
 size_t instructions_of_loading(const std::string& library) {
     const test::Phone phone;
     phone.write(test::preference_file, test::property_list("<dict><key>_Enabled</key><false/></dict>"));
-    const std::string command =
-        "LD_LIBRARY_PATH='" HUECRAFT_COUNTED
-        "' valgrind --tool=callgrind --callgrind-out-file=/dev/null --collect-atstart=no "
-        "--toggle-collect=sim_load '" HUECRAFT_COUNTED "/huecraft_keyboard_picture' '" +
-        library + "' '" + phone.host("/").string() + "' 2>&1";
-    const std::unique_ptr<FILE, decltype(&pclose)> output(popen(command.c_str(), "r"), &pclose);
-    check(output != nullptr, "callgrind can be started: ./dev bench installs it");
-    size_t instructions = 0;
-    char line[512];
-    while (std::fgets(line, sizeof line, output.get()))
-        if (const char* found = std::strstr(line, "Collected : "))
-            std::sscanf(found, "Collected : %zu", &instructions);
-    check(instructions > 100000, "callgrind counts the instructions of loading");
-    return instructions;
+    return instructions_of(Work::loading, library, phone);
 }
 
 Ratio loading_compared(Ratio ratio) {

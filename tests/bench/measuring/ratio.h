@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "measured.h"
+
 namespace bench {
 
 /// What is counted beside the time, and how much of it is allowed.
@@ -18,13 +20,15 @@ struct Ratio {
     /// What `what` may cost, in costs of `against`; nothing for a figure that is only reported.
     std::optional<double> limit = {};
     /// Seconds.
-    double cost = 0, cost_against = 0;
+    Measured cost = {}, cost_against = {};
     std::optional<Counted> counted = {};
     /// Why the limit is exceeded, where that is known. Such a row is marked like any other, but does not fail
     /// the benchmark.
     const char* known = nullptr;
 
-    double value() const { return cost / cost_against; }
+    Measured value() const {
+        return {cost.value / cost_against.value, cost.low / cost_against.high, cost.high / cost_against.low};
+    }
     bool is_slow() const { return limit && value() > *limit; }
     bool counts_too_many() const { return counted && counted->counted > counted->allowed; }
     bool fails() const { return counts_too_many() || (is_slow() && !known); }

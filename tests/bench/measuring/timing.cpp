@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cmath>
 #include <ctime>
 #include <map>
 #include <string>
@@ -38,16 +39,22 @@ double processor_seconds() {
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
 }
 
-static double quantile(std::vector<double> costs, size_t quarters) {
+/// The range is of order statistics: how many of n costs stay below the true quantile is binomial.
+static Measured quantile(std::vector<double> costs, size_t quarters) {
     check(!costs.empty(), "something was measured");
     std::sort(costs.begin(), costs.end());
-    return costs[costs.size() * quarters / 4];
+    const auto n = static_cast<double>(costs.size()), share = static_cast<double>(quarters) / 4;
+    constexpr double deviations = 1.96;  // of the normal distribution, for 95 %
+    const double reach = deviations * std::sqrt(n * share * (1 - share));
+    auto at = [&](double rank) { return costs[static_cast<size_t>(std::clamp(rank, 0.0, n - 1))]; };
+    return {costs[costs.size() * quarters / 4], at(std::floor(n * share - reach)),
+            at(std::ceil(n * share + reach))};
 }
 
-double undisturbed(std::vector<double> costs) { return quantile(std::move(costs), 1); }
-double median(std::vector<double> costs) { return quantile(std::move(costs), 2); }
+Measured undisturbed(std::vector<double> costs) { return quantile(std::move(costs), 1); }
+Measured median(std::vector<double> costs) { return quantile(std::move(costs), 2); }
 
-std::vector<double> seconds_of(const std::vector<SmallWork>& works) {
+std::vector<Measured> seconds_of(const std::vector<SmallWork>& works) {
     constexpr int rounds = 31;
     constexpr double calls = 100, seconds_of_a_run = 0.01;
     Keeper keeper;
@@ -57,9 +64,9 @@ std::vector<double> seconds_of(const std::vector<SmallWork>& works) {
             benchmark::RegisterBenchmark(std::to_string(i).c_str(), run, works[i])->MinTime(seconds_of_a_run);
         benchmark::RunSpecifiedBenchmarks(&keeper);
     }
-    std::vector<double> seconds;
+    std::vector<Measured> seconds;
     for (size_t i = 0; i < works.size(); ++i)
-        seconds.push_back(undisturbed(keeper.nanoseconds[std::to_string(i)]) * 1e-9 / calls);
+        seconds.push_back(undisturbed(keeper.nanoseconds[std::to_string(i)]).scaled(1e-9 / calls));
     return seconds;
 }
 
@@ -83,8 +90,8 @@ std::vector<std::vector<double>> rounds_of(int rounds, const std::vector<std::fu
     return costs;
 }
 
-std::vector<double> seconds_of(int rounds, const std::vector<std::function<void()>>& works) {
-    std::vector<double> seconds;
+std::vector<Measured> seconds_of(int rounds, const std::vector<std::function<void()>>& works) {
+    std::vector<Measured> seconds;
     for (const auto& costs : rounds_of(rounds, works)) seconds.push_back(undisturbed(costs));
     return seconds;
 }

@@ -14,8 +14,8 @@ double processor_seconds();
 
 /// The cost that a quarter of the runs stay below. What disturbs a run only ever adds to it, so that this
 /// says more on a busy machine than the median does.
-double undisturbed(std::vector<double> costs);
-double median(std::vector<double> costs);
+Measured undisturbed(std::vector<double> costs);
+Measured median(std::vector<double> costs);
 
 /// A hundred calls of something small, so that the call of the work itself does not count.
 using SmallWork = void (*)();
@@ -26,7 +26,7 @@ void calls_of() {
 }
 
 /// The seconds that one call takes, for each.
-std::vector<double> seconds_of(const std::vector<SmallWork>&);
+std::vector<Measured> seconds_of(const std::vector<SmallWork>&);
 
 /// The ratio with its costs measured: one call of `work` against one of `other`.
 Ratio compared(Ratio ratio, SmallWork work, SmallWork other);
@@ -36,6 +36,6 @@ Ratio compared(Ratio ratio, SmallWork work, SmallWork other);
 std::vector<std::vector<double>> rounds_of(int rounds, const std::vector<std::function<void()>>&);
 
 /// The same as one figure for each: what they take undisturbed.
-std::vector<double> seconds_of(int rounds, const std::vector<std::function<void()>>&);
+std::vector<Measured> seconds_of(int rounds, const std::vector<std::function<void()>>&);
 
 }  // namespace bench
