@@ -64,7 +64,7 @@ std::string script_of(const Event& event, const Axis& axis, const fs::path& pict
     else
         script << "set boxwidth 0.6\nset style fill solid\nset yrange [0:*]\nset xrange [-0.6:*]\n"
                   "plot $figures using 0:3:xtic(1) with boxes linecolor rgb '#88bbee', "
-                  "$figures using 0:3:4:5 with yerrorbars linecolor rgb '#444444' pointsize 0\n";
+                  "$figures using 0:4:(0):($5-$4) with vectors nohead linecolor rgb '#444444'\n";
     return script.str();
 }
 
@@ -91,7 +91,7 @@ void write_page(const fs::path& file, const std::string& processor, const std::v
     folder.replace_extension();
     fs::create_directories(folder);
     std::ofstream page(file);
-    page << "# What theming costs\n\nWritten by `./dev bench costs --page " << file.filename().string()
+    page << "# What theming costs\n\nWritten by `./dev bench costs --page " << file.generic_string()
          << "`, on a processor that calls itself " << processor
          << ". [How it is measured](benchmarks.md#the-whole-cost).\n\n";
     int number = 0;
