@@ -52,10 +52,10 @@ std::string data_of(const Event& event, const Axis& axis) {
 }
 
 /// Bars for what has names, a line over both logarithms for what goes by size.
-std::string script_of(const Event& event, const Axis& axis, const fs::path& picture) {
+std::string script_of(const Event& event, const Axis& axis) {
     std::ostringstream script;
-    script << "set terminal svg size 720,320 font 'sans-serif,12' background rgb 'white'\nset output '"
-           << picture.string() << "'\nset title \"" << event.name << "\"\nset ylabel '" << axis.label
+    script << "set terminal svg size 720,320 font 'sans-serif,12' background rgb 'white'\nset title \""
+           << event.name << "\"\nset ylabel '" << axis.label
            << "'\nunset key\nset grid ytics\n$figures << END\n"
            << data_of(event, axis) << "END\n";
     if (event.is_by_size())
@@ -68,8 +68,11 @@ std::string script_of(const Event& event, const Axis& axis, const fs::path& pict
     return script.str();
 }
 
-void draw(const std::string& script) {
-    FILE* gnuplot = popen("gnuplot", "w");
+/// Without the blanks that gnuplot ends some lines with.
+void draw(const std::string& script, const fs::path& picture) {
+    const std::string file = "'" + picture.string() + "'";
+    const std::string command = "gnuplot >" + file + " && sed -i 's/[[:blank:]]*$//' " + file;
+    FILE* gnuplot = popen(command.c_str(), "w");
     check(gnuplot && std::fputs(script.c_str(), gnuplot) >= 0,
           "gnuplot can be started: ./dev bench installs it");
     check(pclose(gnuplot) == 0, "gnuplot draws a plot");
@@ -102,7 +105,7 @@ void write_page(const fs::path& file, const std::string& processor, const std::v
         for (const Axis& axis : {time_axis, memory_axis}) {
             if (data_of(event, axis).empty()) continue;
             const fs::path picture = folder / ("costs-" + std::to_string(++number) + ".svg");
-            draw(script_of(event, axis, picture));
+            draw(script_of(event, axis), picture);
             page << "![" << event.name << ", " << axis.label << "]("
                  << (folder.filename() / picture.filename()).string() << ")\n\n";
         }
