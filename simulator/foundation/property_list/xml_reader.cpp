@@ -18,6 +18,13 @@ struct Tag {
     bool empty;  ///< "<name/>"
 };
 
+/// At most so many bytes, and no part of a character at the end.
+std::string_view beginning_of(std::string_view utf8, size_t most) {
+    if (utf8.size() <= most) return utf8;
+    while (most > 0 && (static_cast<unsigned char>(utf8[most]) & 0xc0) == 0x80) --most;
+    return utf8.substr(0, most);
+}
+
 class XmlReader {
   public:
     XmlReader(std::string_view text, const ObjectMaker& maker) : text_(text), maker_(maker) {}
@@ -126,7 +133,7 @@ class XmlReader {
         }
         const bool known =
             tag.name == "integer" || tag.name == "real" || tag.name == "date" || tag.name == "data";
-        if (!known) fail("unknown tag <" + std::string(tag.name.substr(0, 40)) + ">");
+        if (!known) fail("unknown tag <" + std::string(beginning_of(tag.name, 40)) + ">");
         if (tag.empty) fail("empty <" + std::string(tag.name) + ">");
         const std::string content = characters(tag.name);
         if (tag.name == "data") return maker_.data(decoded_base64(content));

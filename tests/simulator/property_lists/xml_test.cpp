@@ -91,6 +91,11 @@ TEST_F(PropertyListReading, XmlMustMatch) {
     expect_refused("<!DOCTYPE plist");
 }
 
+TEST_F(PropertyListReading, XmlUnknownTagsAreNamedInWholeCharacters) {
+    for (size_t before : {37, 38, 39, 40})
+        expect_refused("<" + std::string(before, '1') + "\u2028" + std::string(20, '1') + ">");
+}
+
 TEST_F(PropertyListReading, XmlErrorsNameTheLine) {
     expect_refused(plist("<array>\n<foo/></array>"));
     EXPECT_NE(reason().find("line 5"), std::string::npos) << reason();
