@@ -97,6 +97,60 @@ TEST_F(FirstScreen, WhereNothingCanRestartItSaysHowByHand) {
     EXPECT_TRUE(is_on_screen("This phone cannot be restarted from here."));
 }
 
+/// The system's own way to restart: a service that takes actions. What it was sent is written down.
+struct Relaunch {
+    std::string reason, sent;
+    NSUInteger options = 0;
+    NSObject* service = nullptr;
+};
+Relaunch relaunch;
+
+void make_relaunching_service() {
+    Class action = objc_allocateClassPair(objc_getClass("NSObject"), "SBSRelaunchAction", 0);
+    objc_registerClassPair(action);
+    class_addMethod(object_getClass(reinterpret_cast<id>(action)),
+                    sel_registerName("actionWithReason:options:targetURL:"),
+                    reinterpret_cast<IMP>(+[](id self, SEL, NSString* reason, NSUInteger options, NSURL*) {
+                        relaunch.reason = utf8(reason);
+                        relaunch.options = options;
+                        return self;
+                    }),
+                    "@@:@Q@");
+    Class service = objc_allocateClassPair(objc_getClass("NSObject"), "FBSSystemService", 0);
+    class_addMethod(service, sel_registerName("sendActions:withResult:"),
+                    reinterpret_cast<IMP>(+[](id, SEL, NSSet* actions, id) {
+                        relaunch.sent = class_getName(reinterpret_cast<Class>(actions->anyObject()));
+                    }),
+                    "v@:@@?");
+    objc_registerClassPair(service);
+    class_addMethod(object_getClass(reinterpret_cast<id>(service)), sel_registerName("sharedService"),
+                    reinterpret_cast<IMP>(+[](id, SEL) { return relaunch.service; }), "@@:");
+}
+
+TEST_F(FirstScreen, WithoutProgramsApplyAsksTheSystem) {
+    open();
+    make_relaunching_service();
+    relaunch.service = objc::send<"new", NSObject*>(reinterpret_cast<id>(objc_getClass("FBSSystemService")));
+    choose_row(0, along_section);
+    tap("Apply");
+    tap("Restart");
+    EXPECT_EQ(sim_program_count(), 0u);
+    EXPECT_EQ(relaunch.sent, "SBSRelaunchAction");
+    EXPECT_EQ(relaunch.reason, "RestartRenderServer");
+    EXPECT_EQ(relaunch.options, 5u) << "the render server as well, and faded to black";
+    EXPECT_FALSE(is_on_screen("This phone cannot be restarted from here."));
+}
+
+TEST_F(FirstScreen, WhereTheSystemOffersNoServiceItSaysHowByHand) {
+    open();
+    make_relaunching_service();
+    choose_row(0, along_section);
+    tap("Apply");
+    tap("Restart");
+    EXPECT_EQ(relaunch.sent, "");
+    EXPECT_TRUE(is_on_screen("This phone cannot be restarted from here."));
+}
+
 TEST_F(FirstScreen, CancelRestartsNothing) {
     phone.write("/usr/bin/sbreload", "x");
     open();

@@ -260,6 +260,28 @@ TEST_F(Keeping, SharingWhatBrokeMeanwhileSaysWhy) {
     EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "The file is not a property list.");
 }
 
+TEST_F(Keeping, CopyingWhatBrokeMeanwhileSaysWhy) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    tap("Edit");
+    choose_row(0, own_section);
+    phone.write(in_themes("Mine.plist"), "{ broken");
+    tap("Copy as Text");
+    EXPECT_TRUE(is_on_screen("This theme cannot be used."));
+    EXPECT_FALSE(UIPasteboard::generalPasteboard()->string()) << "nothing was copied";
+}
+
+TEST_F(Keeping, DuplicatingOnAFullDiskSaysSo) {
+    put_theme(phone, "Mine.plist", "Mine");
+    open();
+    {
+        const FullDisk full;
+        act_on(0, "Duplicate");
+    }
+    EXPECT_TRUE(is_on_screen("The theme could not be duplicated."));
+    EXPECT_EQ(files(), Names{"Mine.plist"});
+}
+
 TEST_F(Keeping, AThemeThatChangedBehindThePageIsShownAnew) {
     put_theme(phone, "Mine.plist", "Mine");
     open();

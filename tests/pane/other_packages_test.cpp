@@ -19,6 +19,16 @@ TEST_F(WithoutLibrary, ThePageOpensAndSaysSo) {
     EXPECT_EQ(preferences(), "none");
 }
 
+TEST_F(WithoutLibrary, ANewThemeCannotBeMade) {
+    open_without_library();
+    tap("Add");
+    tap("New Theme");
+    ASSERT_EQ(sim_type_text("Mine"), SIM_OK) << sim_last_error();
+    tap("Create");
+    EXPECT_TRUE(is_on_screen("The theme could not be made."));
+    EXPECT_FALSE(phone.exists(theme_folder));
+}
+
 TEST_F(WithoutLibrary, ThePickerIsMissing) {
     open_without_library();
     EXPECT_EQ(objc_getClass("HuecraftSettingsColorPicker"), Class());
