@@ -31,6 +31,17 @@ class Cases : public testing::Test {
         ASSERT_TRUE(WIFEXITED(ended));
         status = WEXITSTATUS(ended);
     }
+    /// What the cases of a run that goes well say of the processes that they run in, a line each.
+    std::vector<std::string> processes_of(const std::string& arguments) {
+        char file[] = "/tmp/huecraft-cases-XXXXXX";
+        close(mkstemp(file));
+        setenv("CASE_PROCESSES", file, 1);
+        run(arguments);
+        EXPECT_EQ(status, 0) << output;
+        std::ifstream processes(file);
+        unlink(file);
+        return {std::istream_iterator<std::string>(processes), {}};
+    }
     std::string output;
     int status = -1;
 };
@@ -59,48 +70,27 @@ TEST_F(Cases, NoneSeesWhatARehearsalLeftBehind) {
 }
 
 TEST_F(Cases, TheFirstOfASuiteIsRehearsedInTheProcessThatForks) {
-    char file[] = "/tmp/huecraft-cases-XXXXXX";
-    close(mkstemp(file));
-    setenv("CASE_PROCESSES", file, 1);
-    for (const auto& [options, times] : {std::pair{"", 2}, {"--rehearse ", 3}}) {
-        run(std::string(options) + "--jobs=1 --gtest_filter='Telling.*'");
-        EXPECT_EQ(status, 0) << output;
-        std::ifstream processes(file);
-        std::set<std::string> said{std::istream_iterator<std::string>(processes), {}};
-        EXPECT_EQ(said.size(), static_cast<size_t>(times)) << options;
-        std::ofstream(file, std::ios::trunc);
+    for (const auto& [options, times] : {std::pair{"", 2u}, {"--rehearse ", 3u}}) {
+        const auto said = processes_of(std::string(options) + "--jobs=1 --gtest_filter='Telling.*'");
+        EXPECT_EQ(std::set<std::string>(said.begin(), said.end()).size(), times) << options;
     }
-    unlink(file);
 }
 
 TEST_F(Cases, ARehearsalGoesToTheEndOfTheProcessAndTheProcessGoesOn) {
-    char file[] = "/tmp/huecraft-cases-XXXXXX";
-    close(mkstemp(file));
-    setenv("CASE_PROCESSES", file, 1);
-    for (const auto& [options, times] : {std::pair{"", 2}, {"--rehearse ", 3}}) {
-        run(std::string(options) + "--jobs=1 --gtest_filter='Closing.*'");
-        EXPECT_EQ(status, 0) << output;
-        std::ifstream processes(file);
-        const std::vector<std::string> said{std::istream_iterator<std::string>(processes), {}};
-        EXPECT_EQ(said.size(), static_cast<size_t>(times)) << options;
+    for (const auto& [options, times] : {std::pair{"", 2u}, {"--rehearse ", 3u}}) {
+        const auto said = processes_of(std::string(options) + "--jobs=1 --gtest_filter='Closing.*'");
+        EXPECT_EQ(said.size(), times) << options;
         EXPECT_EQ(std::set<std::string>(said.begin(), said.end()).size(), said.size()) << options;
-        std::ofstream(file, std::ios::trunc);
     }
-    unlink(file);
 }
 
 TEST_F(Cases, OneOfAnotherSuiteIsRehearsedIfItsCasesGainByIt) {
-    char file[] = "/tmp/huecraft-cases-XXXXXX";
-    close(mkstemp(file));
-    setenv("CASE_PROCESSES", file, 1);
-    for (const auto& [others, times] : {std::pair{"*", 2}, {"FirstTakesLong", 1}}) {
-        run(std::string("--rehearse --jobs=1 --gtest_filter='Leaving.*:AlsoLeaving.") + others + "'");
-        EXPECT_EQ(status, 0) << output;
-        std::ifstream processes(file);
-        EXPECT_EQ(std::distance(std::istream_iterator<std::string>(processes), {}), times) << others;
-        std::ofstream(file, std::ios::trunc);
-    }
-    unlink(file);
+    for (const auto& [others, times] : {std::pair{"*", 2u}, {"FirstTakesLong", 1u}})
+        EXPECT_EQ(processes_of(std::string("--rehearse --jobs=1 --gtest_filter='Leaving.*:AlsoLeaving.") +
+                               others + "'")
+                      .size(),
+                  times)
+            << others;
 }
 
 TEST_F(Cases, WhatCannotBeUndoneEndsTheRehearsalAndTheProgram) {
