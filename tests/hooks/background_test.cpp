@@ -1,6 +1,8 @@
 // The keyboard's background under each kind of theme.
 #include "hooks/background_test.h"
 
+#include <map>
+
 namespace test {
 namespace {
 
@@ -9,9 +11,8 @@ namespace {
 TEST_F(Background, AFlatColourIsShownWithItsOwnAlpha) {
     start("1", half_red);
     auto* owner = backdrop();
-    UIView* themed = owner->activeBackgroundView();
+    UIView* themed = expect_installed(owner);
     EXPECT_EQ(class_of(themed), "_UIBackdropColouredView");
-    expect_installed(owner, themed);
     EXPECT_EQ(colour_in(themed), (Rgba{1, 0, 0, 128 / 255.0}));
     EXPECT_EQ(rgba(owner->backgroundColor()).alpha, 0) << "the system's own background is cleared";
 }
@@ -57,9 +58,8 @@ class GradientBackground : public Background {
 TEST_F(GradientBackground, HasTheThemesColoursAndDirection) {
     start_with_direction(4);
     auto* owner = backdrop();
-    UIView* themed = owner->activeBackgroundView();
+    UIView* themed = expect_installed(owner);
     EXPECT_EQ(class_of(themed), "_UIBackdropGradientView");
-    expect_installed(owner, themed);
     auto* layer = variable<CAGradientLayer*>(themed, "gradientLayer");
     std::vector<Rgba> colours;
     for (NSUInteger i = 0; i < layer->colors()->count(); ++i)
@@ -172,9 +172,8 @@ TEST_F(Background, AKeysOwnBackdropShowsTheWholeTheme) {
 TEST_F(Background, AnyOtherTypeGetsAClearBackdrop) {
     start("0", red_and_blue);
     auto* owner = backdrop();
-    UIView* themed = owner->activeBackgroundView();
+    UIView* themed = expect_installed(owner);
     EXPECT_EQ(class_of(themed), "_UIBackdropColouredView");
-    expect_installed(owner, themed);
     EXPECT_EQ(colour_in(themed).alpha, 0);
     auto* view = effect();
     EXPECT_EQ(rgba(view->backgroundColor()).alpha, 0);
@@ -207,23 +206,15 @@ TEST_F(Background, AnImageThemeWithoutAnImageIsTheAverageOfNothing) {
 
 class BackdropThatHasAView : public Background {
     void before_load() override {
-        static IMP previous;
-        previous =
-            stand_in("UIKBBackdropView",
-                     "initWithFrame:style:", [](id self, SEL selector, CGRect frame, NSInteger style) -> id {
-                         id made = call<id>(previous, self, selector, frame, style);
-                         objc::send<"setActiveBackgroundView:">(made, UIView::alloc()->init().get());
-                         return made;
-                     });
+        watch_initialising<[](UIKBBackdropView* made, CGRect, NSInteger) {
+            made->setActiveBackgroundView(UIView::alloc()->init());
+        }>("UIKBBackdropView");
     }
 };
 
 TEST_F(BackdropThatHasAView, ShowsItUnderAnImageTheme) {
     start("3", "");
-    auto* owner = backdrop();
-    UIView* view = owner->activeBackgroundView();
-    EXPECT_EQ(class_of(view), "UIView") << "which the theme does not replace";
-    expect_installed(owner, view);
+    EXPECT_EQ(class_of(expect_installed(backdrop())), "UIView") << "which the theme does not replace";
 }
 
 TEST_F(BackdropThatHasAView, GivesItUpWhereItIsAVisualEffectViewUnderAnImageTheme) {
@@ -233,14 +224,9 @@ TEST_F(BackdropThatHasAView, GivesItUpWhereItIsAVisualEffectViewUnderAnImageThem
 
 class EffectWithAColourOfItsOwn : public Background {
     void before_load() override {
-        static IMP previous;
-        previous =
-            stand_in("UIKBVisualEffectView",
-                     "initWithFrame:style:", [](id self, SEL selector, CGRect frame, NSInteger style) -> id {
-                         auto* made = call<UIKBVisualEffectView*>(previous, self, selector, frame, style);
-                         made->setBackgroundColor(color(0, 1, 0, 1));
-                         return made;
-                     });
+        watch_initialising<[](UIKBBackdropView* made, CGRect, NSInteger) {
+            made->setBackgroundColor(color(0, 1, 0, 1));
+        }>("UIKBVisualEffectView");
     }
 };
 
@@ -257,23 +243,16 @@ TEST_F(EffectWithAColourOfItsOwn, GetsTheThemesWhateverTheBackground) {
 
 TEST_F(Background, EveryThemedViewIsMadeWithStyle2) {
     static std::vector<NSInteger> styles;
-    static IMP coloured, gradient, image;
+    static std::map<id, IMP> previous;
     start("1", half_red);
-    auto note = [](const char* class_name, auto function) {
-        return stand_in(class_name, "backdropWithStyle:", function, Side::on_class);
-    };
-    coloured = note("_UIBackdropColouredView", [](id self, SEL selector, NSInteger style) -> id {
-        styles.push_back(style);
-        return call<id>(coloured, self, selector, style);
-    });
-    gradient = note("_UIBackdropGradientView", [](id self, SEL selector, NSInteger style) -> id {
-        styles.push_back(style);
-        return call<id>(gradient, self, selector, style);
-    });
-    image = note("_UIBackdropImageView", [](id self, SEL selector, NSInteger style) -> id {
-        styles.push_back(style);
-        return call<id>(image, self, selector, style);
-    });
+    for (const char* name : {"_UIBackdropColouredView", "_UIBackdropGradientView", "_UIBackdropImageView"})
+        previous[class_named(name)] = stand_in(
+            name, "backdropWithStyle:",
+            [](id self, SEL selector, NSInteger style) -> id {
+                styles.push_back(style);
+                return call<id>(previous[self], self, selector, style);
+            },
+            Side::on_class);
     for (NSUInteger type : {0u, 1u, 2u}) {
         set_type(type);
         backdrop();
@@ -291,13 +270,9 @@ TEST_F(Background, EveryThemedViewIsMadeWithStyle2) {
 
 class AskedBackdrop : public Background {
     void before_load() override {
-        static IMP previous;
-        previous =
-            stand_in("UIKBBackdropView",
-                     "initWithFrame:style:", [](id self, SEL selector, CGRect frame, NSInteger style) -> id {
-                         asked_for.emplace_back(frame, style);
-                         return call<id>(previous, self, selector, frame, style);
-                     });
+        watch_initialising<[](UIKBBackdropView*, CGRect frame, NSInteger style) {
+            asked_for.emplace_back(frame, style);
+        }>("UIKBBackdropView");
     }
 
   protected:
@@ -343,7 +318,7 @@ class AnotherBackdrop : public Background {
 TEST_F(AnotherBackdrop, ThatTheSystemAnswersIsTheOneThatIsThemed) {
     start("1", half_red);
     EXPECT_EQ(backdrop(), instead);
-    expect_installed(instead, instead->activeBackgroundView());
+    expect_installed(instead);
     EXPECT_EQ(effect(), instead);
     EXPECT_EQ(rgba(instead->backgroundColor()), (Rgba{1, 0, 0, 1}));
     expect_no_themed_view(instead);

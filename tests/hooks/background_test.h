@@ -20,6 +20,18 @@ class Background : public testing::Test {
         phone.load();
     }
     virtual void before_load() {}
+    /// Passes on each backdrop of the class when the system has initialised it; for `before_load`.
+    template <auto initialised>
+    static void watch_initialising(const char* class_name) {
+        static IMP previous;
+        previous =
+            stand_in(class_name,
+                     "initWithFrame:style:", [](id self, SEL selector, CGRect frame, NSInteger style) -> id {
+                         id made = call<id>(previous, self, selector, frame, style);
+                         initialised(static_cast<UIKBBackdropView*>(made), frame, style);
+                         return made;
+                     });
+    }
 
     static void set_type(NSUInteger type) { objc::send<"setBackgroundType:">(active_theme(), type); }
 
@@ -45,10 +57,13 @@ class Background : public testing::Test {
     }
 
     static std::string class_of(id object) { return object ? object_getClassName(object) : "nil"; }
-    static void expect_installed(UIKBBackdropView* owner, UIView* themed) {
-        ASSERT_NE(themed, nullptr);
+    /// The view that the backdrop has, which is in its place.
+    static UIView* expect_installed(UIKBBackdropView* owner) {
+        UIView* themed = owner->activeBackgroundView();
+        EXPECT_NE(themed, nullptr);
         EXPECT_EQ(themed->superview(), owner->contentView());
         EXPECT_EQ(themed->autoresizingMask(), 18u);
+        return themed;
     }
     /// The system puts nothing into a content view by itself.
     static void expect_no_themed_view(UIKBBackdropView* owner) {

@@ -88,8 +88,7 @@ TEST_F(Candidates, GridAndHeaderHaveTheWholeThemeEach) {
         show("expanded");
         for (const char* name : {"UIKeyboardCandidateGrid", "UIKeyboardCandidateGridHeader"}) {
             UIKBBackdropView* backdrop = backdrop_of(name);
-            EXPECT_EQ(class_of(backdrop->activeBackgroundView()), themed) << name;
-            expect_installed(backdrop, backdrop->activeBackgroundView());
+            EXPECT_EQ(class_of(expect_installed(backdrop)), themed) << name;
             EXPECT_EQ(backdrop->activeBackgroundView()->bounds().size, on_screen(name)->bounds().size);
         }
     }
@@ -110,8 +109,7 @@ TEST_F(Candidates, ATabletsCandidatesHaveTheWholeTheme) {
         set_type(background);
         show("row");
         UIKBBackdropView* piece = tablets_piece();
-        EXPECT_EQ(class_of(piece->activeBackgroundView()), themed);
-        expect_installed(piece, piece->activeBackgroundView());
+        EXPECT_EQ(class_of(expect_installed(piece)), themed);
     }
 }
 
