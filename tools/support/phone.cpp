@@ -43,7 +43,8 @@ Screen Screen::for_pictures(double pixels_per_point) const {
     return *this;
 }
 
-void boot(const std::filesystem::path& device, const char* executable, const Screen& screen) {
+void boot(const std::filesystem::path& device, const char* executable, const Screen& screen,
+          const Locale& locale) {
     const std::string root = device.string();
     sim_options options{};
     options.size = sizeof options;
@@ -52,6 +53,8 @@ void boot(const std::filesystem::path& device, const char* executable, const Scr
     options.screen_width = screen.width;
     options.screen_height = screen.height;
     options.screen_scale = screen.scale;
+    options.language = locale.language;
+    options.right_to_left = locale.right_to_left;
     require(sim_boot(&options), "switching the phone on");
 }
 

@@ -31,8 +31,14 @@ struct Screen {
     Screen for_pictures(double pixels_per_point) const;
 };
 
+struct Locale {
+    const char* language = nullptr;
+    bool right_to_left = false;
+};
+
 /// Switches this process's phone on over the folder that plays its file system.
-void boot(const std::filesystem::path& device, const char* executable, const Screen& screen = {});
+void boot(const std::filesystem::path& device, const char* executable, const Screen& screen = {},
+          const Locale& locale = {});
 
 /// Loads a build of the library.
 void load(const std::filesystem::path& library);

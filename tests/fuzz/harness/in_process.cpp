@@ -105,7 +105,7 @@ void require(sim_status status, const std::string& doing) {
 }
 void in_child_process(const std::string&, const std::function<void()>& body) { body(); }
 Screen Screen::for_pictures(double) const { return *this; }
-void boot(const std::filesystem::path&, const char*, const Screen&) {}
+void boot(const std::filesystem::path&, const char*, const Screen&, const Locale&) {}
 /// The store reads the preferences as it does when a process starts.
 void load(const std::filesystem::path&) {
     id store = objc::send<"sharedInstance", id>(reinterpret_cast<id>(objc_getClass("HCPreferences")));

@@ -10,7 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
+#include <fstream>
 #include <new>
 #include <set>
 #include <utility>
@@ -191,6 +191,34 @@ void write_output(const std::string& file, const std::string& contents) {
     Output output(file);
     output.write(contents);
     output.finish();
+}
+
+void put(const fs::path& place, const std::string& contents) {
+    fs::create_directories(place.parent_path());
+    fs::remove_all(place);
+    std::ofstream file(place, std::ios::binary);
+    file.write(contents.data(), static_cast<std::streamsize>(contents.size()));
+    file.close();
+    if (!file) throw Unusable(place, std::string("cannot be written: ") + std::strerror(errno));
+}
+
+void take_back(const fs::path& from, const fs::path& to) {
+    if (!fs::exists(from)) {
+        fs::remove(to);
+        return;
+    }
+    const std::string now = read_input(from);
+    if (fs::exists(to) && read_input(to) == now) return;
+    fs::create_directories(fs::absolute(to).parent_path());
+    write_output(to, now);
+}
+
+fs::path beside_the_command(const std::string& name, const std::string& what) {
+    const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
+    fs::path installed = folder / "lib" / "huecraft" / name;
+    if (fs::exists(installed)) return installed;
+    if (fs::path built = folder / "lib" / name; fs::exists(built)) return built;
+    throw Unusable(installed, what + " is missing; install the command again");
 }
 
 void make_folder(const std::string& folder) {

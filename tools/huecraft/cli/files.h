@@ -1,5 +1,6 @@
 // Files that the command reads and writes.
 #pragma once
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -55,6 +56,16 @@ class Output {
     std::unique_ptr<Draft> draft_;  // none for what is written to at once: a device, a pipe, standard output
     int direct_ = -1;
 };
+
+/// Writes a file of a phone, in place of what may be there, and not through a link. Throws Unusable.
+void put(const std::filesystem::path& place, const std::string& contents);
+/// Makes a file of the user's equal to one of a phone, which may be missing; what has not changed is not
+/// touched. Throws Unusable.
+void take_back(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// A file that lies beside the command as it is installed, or as it is built. Throws Unusable, which calls it
+/// `what`.
+std::filesystem::path beside_the_command(const std::string& name, const std::string& what = "it");
 
 /// Makes the folder, and those above it, where they are missing. Throws Unusable.
 void make_folder(const std::string& folder);

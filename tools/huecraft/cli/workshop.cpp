@@ -111,13 +111,7 @@ class StayingToTidyUp {
 
 fs::path library(const std::string& named) {
     if (named == "-") throw Unusable("--library", "found -, expected a file");
-    if (!named.empty()) return named;
-    const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
-    fs::path installed = folder / "lib" / "huecraft" / "HuecraftiOS12.so";
-    if (fs::exists(installed)) return installed;
-    const fs::path built = folder / "lib" / "HuecraftiOS12.so";
-    if (fs::exists(built)) return built;
-    throw Unusable(installed, "the library is missing; install the command again");
+    return named.empty() ? beside_the_command("HuecraftiOS12.so", "the library") : fs::path(named);
 }
 
 fs::path data_folder() {

@@ -1,14 +1,12 @@
 // huecraft pane: the settings pane in the simulated Settings app, touched by a script.
 #include <cstdio>
-#include <map>
 
 #include "cli/command_line.h"
 #include "cli/files.h"
 #include "cli/terminal.h"
-#include "formats/value.h"
 #include "pane/pane_phone.h"
 #include "pane/pane_session.h"
-#include "support/phone.h"
+#include "scripts/script_options.h"
 #include "support/provenance.h"
 #include "themes/keyboard_picture.h"
 
@@ -17,10 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Kind = PaneEvent::Kind;
-
-/// The screens of phones with iOS 12, by width, and an iPad's.
-const std::map<std::string, tools::Screen> screens{
-    {"320", {320, 568, 2}}, {"375", {375, 667, 2}}, {"414", {414, 736, 3}}, {"768", {768, 1024, 2}}};
 
 const char* name_of(Kind kind) {
     switch (kind) {
@@ -33,16 +27,15 @@ const char* name_of(Kind kind) {
     __builtin_unreachable();
 }
 
-struct Pane {
-    std::string script, output, device, width = "375", language = "en", library, image;
+struct Pane : ScriptOptions {
+    std::string device, language = "en", image;
     std::vector<std::string> packages, photos;
-    double scale = 0;
-    bool right_to_left = false, save = false, force = false, json = false;
+    bool right_to_left = false;
 
     Status operator()() const {
         if (save && device.empty())
             throw Unusable("--save", "there is nothing to save to; it goes with --device");
-        const PaneScript played = read_script();
+        const PaneScript played = parse_pane_script(file(), text("pane"));
         if (output.empty()) {
             require_no_pictures(played);
             if (std::holds_alternative<say::Keyboard>(last_of(played)))
@@ -71,30 +64,13 @@ struct Pane {
     }
 
   private:
-    PaneScript read_script() const {
-        if (!script.empty()) return parse_pane_script(script, read_input(script, "script", largest_text));
-        // Nothing but the pane's first screen.
-        return parse_pane_script("the script", output.empty() ? "wait 1" : "wait 1\npicture pane");
-    }
-
     static const PaneInstruction& last_of(const PaneScript& played) {
         static const PaneInstruction nothing = say::Wait{0};
         return played.instructions.empty() ? nothing : played.instructions.back().what;
     }
 
     void boot(const Workshop& workshop, const char* executable) const {
-        const tools::Screen screen = screens.at(width);
-        const std::string root = workshop.device.string();
-        sim_options options{};
-        options.size = sizeof options;
-        options.root = root.c_str();
-        options.executable = executable;
-        options.screen_width = screen.width;
-        options.screen_height = screen.height;
-        options.screen_scale = screen.scale;
-        options.language = language.c_str();
-        options.right_to_left = right_to_left;
-        tools::require(sim_boot(&options), "switching the phone on");
+        tools::boot(workshop.device, executable, screen(), {language.c_str(), right_to_left});
     }
 
     Status show(const Workshop& workshop, const PaneScript& played, const fs::path& build,
@@ -105,15 +81,13 @@ struct Pane {
         fs::create_directories(setup.pictures);
         PaneRun run;
         on_the_phone(script.empty() ? "the settings pane" : script, [&] { run = play(played, setup); });
-        if (!run.pictures.empty()) make_folder(output);
-        for (const std::string& picture : run.pictures) protect(picture);
-        for (const std::string& picture : run.pictures)
-            write_output(fs::path(output) / picture,
-                         tools::with_provenance(
-                             read_input(setup.pictures / picture, "picture", largest_input), provenance));
+        write(run.pictures, inputs(), [&](const std::string& picture) {
+            return tools::with_provenance(read_input(setup.pictures / picture, "picture", largest_input),
+                                          provenance);
+        });
         if (const auto* keyboard = std::get_if<say::Keyboard>(&last_of(played)); keyboard && !run.raised())
             run.pictures.push_back(keyboard->name + ".png");
-        json ? print_json(workshop, played, run) : print(workshop, played, run);
+        json ? report_in_json(workshop, played, run) : report(workshop, played, run);
         return run.raised() ? Status::finding : Status::fine;
     }
 
@@ -124,18 +98,16 @@ struct Pane {
         tools::load(build);
         sim_keyboard keyboard{};
         keyboard.size = sizeof keyboard;
-        const std::string picture = wanted.name + ".png";
-        protect(picture);
-        make_folder(output);
-        write_output(fs::path(output) / picture, keyboard_picture(workshop, keyboard, scale, provenance));
+        write({wanted.name + ".png"}, inputs(),
+              [&](const std::string&) { return keyboard_picture(workshop, keyboard, scale, provenance); });
         return Status::fine;
     }
 
-    void protect(const std::string& picture) const {
-        std::vector<std::string> inputs{script, library, image};
-        inputs.insert(inputs.end(), packages.begin(), packages.end());
-        inputs.insert(inputs.end(), photos.begin(), photos.end());
-        if (!force) require_replaceable(fs::path(output) / picture, OutputKind::picture, inputs);
+    std::vector<std::string> inputs() const {
+        std::vector<std::string> all{script, library, image};
+        all.insert(all.end(), packages.begin(), packages.end());
+        all.insert(all.end(), photos.begin(), photos.end());
+        return all;
     }
 
     // ---- What is said of it
@@ -153,7 +125,7 @@ struct Pane {
         __builtin_unreachable();
     }
 
-    void print(const Workshop& workshop, const PaneScript& played, const PaneRun& run) const {
+    void report(const Workshop& workshop, const PaneScript& played, const PaneRun& run) const {
         for (const PaneEvent& event : run.events)
             std::printf("%s: %s\n",
                         one_line(event.line ? played.place(event.line) : "opening Settings", 4096).c_str(),
@@ -161,23 +133,20 @@ struct Pane {
         std::printf("preferences: %s\n", preferences_in_words(workshop).c_str());
         const auto themes = themes_of_user(workshop);
         std::printf("themes: %s\n", themes.empty() ? "none" : one_line(joined(themes), 4096).c_str());
-        for (const std::string& picture : run.pictures)
-            std::printf("picture: %s\n", one_line((fs::path(output) / picture).string(), 4096).c_str());
+        print(run.pictures);
     }
 
-    void print_json(const Workshop& workshop, const PaneScript& played, const PaneRun& run) const {
-        Json events = Json::array(), pictures = Json::array();
+    void report_in_json(const Workshop& workshop, const PaneScript& played, const PaneRun& run) const {
+        Json events = Json::array();
         for (const PaneEvent& event : run.events)
             events.push_back({{"event", name_of(event.kind)},
                               {"line", event.line ? Json(event.line) : Json(nullptr)},
                               {"what", event.what}});
-        for (const std::string& picture : run.pictures)
-            pictures.push_back((fs::path(output) / picture).string());
         std::fputs(printed({{"script", played.file},
                             {"events", events},
                             {"preferences", preferences_in_words(workshop)},
                             {"themes", themes_of_user(workshop)},
-                            {"pictures", pictures}})
+                            {"pictures", places_of(run.pictures)}})
                        .c_str(),
                    stdout);
     }
@@ -190,11 +159,7 @@ void add_pane(CLI::App& command, Request& request) {
     CLI::App* sub =
         add_subcommand(command, request, "pane",
                        "Open the settings pane in the simulated Settings and play a script on it", options);
-    sub->add_option("--script", options->script,
-                    "What to do with it, one instruction a line; - is standard input")
-        ->type_name("FILE");
-    sub->add_option("-o,--output", options->output, "The folder for pictures; it is made if it is missing")
-        ->type_name("DIR");
+    add_first_script_options(sub, *options);
     taking_one_of(
         sub->add_option("--width", options->width, "The screen's width in points; 768 is an iPad's"),
         {"320", "375", "414", "768"});
@@ -214,11 +179,7 @@ void add_pane(CLI::App& command, Request& request) {
     sub->add_option("--pane", options->image,
                     "The build of the pane that runs, ELF or Mach-O; the command's own without it")
         ->type_name("FILE");
-    taking_number(sub->add_option("--scale", options->scale, "Pixels per point; the screen's without it"),
-                  0.1, 8);
-    add_library(sub, options->library);
-    add_force(sub, options->force);
-    add_json(sub, options->json);
+    add_last_script_options(sub, *options);
     sub->footer(
         "Instructions:\n"
         "  tap \"LABEL\"|X Y      what VoiceOver calls it: a row's name, a button's; or a point\n"

@@ -1,9 +1,6 @@
 #include "pane/pane_phone.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 
 #include "cli/files.h"
 #include "cli/terminal.h"
@@ -24,24 +21,6 @@ constexpr const char *preferences = "var/mobile/Library/Preferences",
 const std::string preference_file = std::string(preferences) + "/com.quillmoth.huecraftios12.plist",
                   themes = std::string(preferences) + "/HuecraftConfiguration";
 
-/// A file beside the command: as it is installed, or as it is built.
-fs::path beside_the_command(const char* name) {
-    const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path().parent_path();
-    fs::path installed = folder / "lib" / "huecraft" / name;
-    if (fs::exists(installed)) return installed;
-    if (fs::path built = folder / "lib" / name; fs::exists(built)) return built;
-    throw Unusable(installed, "it is missing; install the command again");
-}
-
-void put(const fs::path& place, const std::string& contents) {
-    fs::create_directories(place.parent_path());
-    fs::remove_all(place);  // in place of what may be there, and not through a link
-    std::ofstream file(place, std::ios::binary);
-    file.write(contents.data(), static_cast<std::streamsize>(contents.size()));
-    file.close();
-    if (!file) throw Unusable(place, std::string("cannot be written: ") + std::strerror(errno));
-}
-
 /// The files of a folder, without what is in folders of its own; none when there is no folder.
 std::vector<fs::path> files_in(const fs::path& folder) {
     std::vector<fs::path> found;
@@ -50,18 +29,6 @@ std::vector<fs::path> files_in(const fs::path& folder) {
             if (entry.is_regular_file()) found.push_back(entry.path().filename());
     std::ranges::sort(found);
     return found;
-}
-
-/// Makes one file equal to another, which may be missing.
-void take_back(const fs::path& from, const fs::path& to) {
-    if (!fs::exists(from)) {
-        fs::remove(to);
-        return;
-    }
-    const std::string now = read_input(from);
-    if (fs::exists(to) && read_input(to) == now) return;
-    fs::create_directories(fs::absolute(to).parent_path());
-    write_output(to, now);
 }
 
 }  // namespace
@@ -98,10 +65,9 @@ void lend_device(const Workshop& workshop, const std::string& device) {
 
 void take_back_device(const Workshop& workshop, const std::string& device) {
     const fs::path to(device);
-    for (const fs::path& name : files_in(to / themes))
-        take_back(workshop.device / themes / name, to / themes / name);
-    for (const fs::path& name : files_in(workshop.device / themes))
-        take_back(workshop.device / themes / name, to / themes / name);
+    for (const fs::path& folder : {to, workshop.device})
+        for (const fs::path& name : files_in(folder / themes))
+            take_back(workshop.device / themes / name, to / themes / name);
     take_back(workshop.device / preference_file, to / preference_file);
 }
 

@@ -1,6 +1,5 @@
 // huecraft picker: the library's colour picker on a simulated phone, touched by a script.
 #include <cstdio>
-#include <map>
 
 #include "cli/command_line.h"
 #include "cli/files.h"
@@ -8,7 +7,7 @@
 #include "model/HCCITool.h"
 #include "picker/picker_files.h"
 #include "picker/picker_session.h"
-#include "support/phone.h"
+#include "scripts/script_options.h"
 #include "support/provenance.h"
 #include "support/text.h"
 
@@ -17,10 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Kind = PickerEvent::Kind;
-
-/// The widths that phones with iOS 12 have, and the rest of those screens.
-const std::map<std::string, tools::Screen> screens{
-    {"320", {320, 568, 2}}, {"375", {375, 667, 2}}, {"414", {414, 736, 3}}};
 
 const char* name_of(Kind kind) {
     switch (kind) {
@@ -33,17 +28,15 @@ const char* name_of(Kind kind) {
     __builtin_unreachable();
 }
 
-struct Picker {
-    std::string script, output, library, width = "375", palette = "light", colour, theme, key = "text";
+struct Picker : ScriptOptions {
+    std::string palette = "light", colour, theme, key = "text";
     PickerFiles files;
-    double scale = 0;
-    bool save = false, force = false, json = false;
 
     Status operator()() const {
         if (save && files.device.empty() && files.recent.empty() && theme.empty())
             throw Unusable("--save",
                            "there is nothing to save to; it goes with --device, --recent or --theme");
-        const PickerScript played = read_script();
+        const PickerScript played = parse_picker_script(file(), text("picker"));
         if (output.empty()) require_no_pictures(played);
         require_folder_or_nothing(output);
         return in_workshop([&](const Workshop& workshop) {
@@ -53,7 +46,7 @@ struct Picker {
             workshop.install_settings_pictures();
             files.lend(workshop);
             if (palette == "eclipse") install_eclipse(workshop);
-            tools::boot(workshop.device, tools::settings, screens.at(width));
+            tools::boot(workshop.device, tools::settings, screen());
             tools::load(build);
             Status status = Status::fine;
             on_the_phone(script.empty() ? "the picker" : script,
@@ -63,12 +56,6 @@ struct Picker {
     }
 
   private:
-    PickerScript read_script() const {
-        if (!script.empty()) return parse_picker_script(script, read_input(script, "script", largest_text));
-        // Nothing but the picker in its place.
-        return parse_picker_script("the script", output.empty() ? "wait 1" : "wait 1\npicture picker");
-    }
-
     Status show(const Workshop& workshop, const PickerScript& played,
                 const tools::Provenance& provenance) const {
         std::unique_ptr<EditedTheme> edited;
@@ -85,19 +72,14 @@ struct Picker {
         const PickerRun run = play(played, setup);
         const RecentColours recent = recent_colours(workshop, files.recent_file());
         // From here on the user's files are written, each of them whole.
-        if (!run.pictures.empty()) make_folder(output);
-        if (!force)
-            for (const std::string& picture : run.pictures)
-                require_replaceable(fs::path(output) / picture, OutputKind::picture,
-                                    {script, theme, files.recent, library});
-        for (const std::string& picture : run.pictures)
-            write_output(fs::path(output) / picture,
-                         tools::with_provenance(read_input(setup.pictures / picture, "picture"), provenance));
+        write(run.pictures, {script, theme, files.recent, library}, [&](const std::string& picture) {
+            return tools::with_provenance(read_input(setup.pictures / picture, "picture"), provenance);
+        });
         if (save) {
             if (!files.device.empty() || !files.recent.empty()) files.take_back(workshop);
             if (edited && edited->has_changed()) edited->save(workshop);
         }
-        json ? print_json(played, run, recent, edited.get()) : print(played, run, recent, edited.get());
+        json ? report_in_json(played, run, recent, edited.get()) : report(played, run, recent, edited.get());
         return run.raised() ? Status::finding : Status::fine;
     }
 
@@ -125,8 +107,8 @@ struct Picker {
         __builtin_unreachable();
     }
 
-    void print(const PickerScript& played, const PickerRun& run, const RecentColours& recent,
-               const EditedTheme* edited) const {
+    void report(const PickerScript& played, const PickerRun& run, const RecentColours& recent,
+                const EditedTheme* edited) const {
         for (const PickerEvent& event : run.events)
             std::printf("%s: at %.6g s %s\n", one_line(place(played, event), 4096).c_str(), event.time,
                         in_words(event).c_str());
@@ -137,8 +119,7 @@ struct Picker {
         if (edited)
             std::printf("theme: %s is %s\n", edited->key().c_str(),
                         command::in_words(edited->stored()).c_str());
-        for (const std::string& picture : run.pictures)
-            std::printf("picture: %s\n", one_line((fs::path(output) / picture).string(), 4096).c_str());
+        print(run.pictures);
     }
 
     static Json in_json(const PickerEvent& event) {
@@ -151,18 +132,16 @@ struct Picker {
         return json;
     }
 
-    void print_json(const PickerScript& played, const PickerRun& run, const RecentColours& recent,
-                    const EditedTheme* edited) const {
-        Json events = Json::array(), pictures = Json::array();
+    void report_in_json(const PickerScript& played, const PickerRun& run, const RecentColours& recent,
+                        const EditedTheme* edited) const {
+        Json events = Json::array();
         for (const PickerEvent& event : run.events) events.push_back(in_json(event));
-        for (const std::string& picture : run.pictures)
-            pictures.push_back((fs::path(output) / picture).string());
         Json all{{"script", played.file},
                  {"events", events},
                  {"recentColors", recent.json},
                  {"pasteboard", pasteboard()}};
         if (edited) all["theme"] = {{edited->key(), json_of(edited->stored())}};
-        all["pictures"] = pictures;
+        all["pictures"] = places_of(run.pictures);
         std::fputs(printed(all).c_str(), stdout);
     }
 };
@@ -174,11 +153,7 @@ void add_picker(CLI::App& command, Request& request) {
     CLI::App* sub =
         add_subcommand(command, request, "picker",
                        "Open the colour picker of the settings pane and play a script on it", options);
-    sub->add_option("--script", options->script,
-                    "What to do with it, one instruction a line; - is standard input")
-        ->type_name("FILE");
-    sub->add_option("-o,--output", options->output, "The folder for pictures; it is made if it is missing")
-        ->type_name("DIR");
+    add_first_script_options(sub, *options);
     taking_one_of(sub->add_option("--width", options->width, "The screen's width in points"),
                   {"320", "375", "414"});
     taking_one_of(sub->add_option("--palette", options->palette, "How the panel is painted"),
@@ -194,11 +169,7 @@ void add_picker(CLI::App& command, Request& request) {
     taking_one_of(sub->add_option("--key", options->key, "Which colour of the theme"), {"text", "highlight"})
         ->needs(theme);
     sub->add_flag("--save", options->save, "Write what has changed back to --recent, --device and --theme");
-    taking_number(sub->add_option("--scale", options->scale, "Pixels per point; the screen's without it"),
-                  0.1, 8);
-    add_library(sub, options->library);
-    add_force(sub, options->force);
-    add_json(sub, options->json);
+    add_last_script_options(sub, *options);
     sub->footer(
         "Instructions:\n"
         "  tap \"TEXT\"           what has the text on it: \"SELECT\", \"X\", \"Tap to Edit\"\n"

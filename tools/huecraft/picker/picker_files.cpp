@@ -1,9 +1,5 @@
 #include "picker/picker_files.h"
 
-#include <cerrno>
-#include <cstring>
-#include <fstream>
-
 #include "cli/files.h"
 #include "formats/moderation.h"
 #include "formats/property_list.h"
@@ -24,16 +20,6 @@ constexpr const char* eclipse_preferences = "var/mobile/Library/Preferences/com.
 constexpr const char* read_by_the_picker[] = {recent_place, eclipse_library, eclipse_preferences,
                                               "Library/PreferenceBundles/Huecraft.bundle/copy.png",
                                               "Library/PreferenceBundles/Huecraft.bundle/paste.png"};
-
-void put(const fs::path& place, const std::string& contents) {
-    fs::create_directories(place.parent_path());
-    // In place of what may be there, and not through a link.
-    fs::remove_all(place);
-    std::ofstream file(place, std::ios::binary);
-    file.write(contents.data(), static_cast<std::streamsize>(contents.size()));
-    file.close();
-    if (!file) throw Unusable(place, std::string("cannot be written: ") + std::strerror(errno));
-}
 
 }  // namespace
 
@@ -58,11 +44,7 @@ void PickerFiles::lend(const Workshop& workshop) const {
 
 void PickerFiles::take_back(const Workshop& workshop) const {
     const fs::path written = workshop.device / recent_place;
-    if (!fs::exists(written)) return;
-    const std::string now = read_input(written), file = recent_file();
-    if (fs::exists(file) && read_input(file) == now) return;
-    fs::create_directories(fs::absolute(file).parent_path());
-    write_output(file, now);
+    if (fs::exists(written)) command::take_back(written, recent_file());
 }
 
 RecentColours recent_colours(const Workshop& workshop, const std::string& name) {
