@@ -1,41 +1,18 @@
 // huecraft pane.
-#include <nlohmann/json.hpp>
-
-#include "animation.h"
-#include "command_run.h"
 #include "png.h"
+#include "script_run.h"
 
 namespace test {
 namespace {
 
-using Json = nlohmann::json;
-
-class PaneCommand : public Command {
+class PaneCommand : public ScriptCommand {
   protected:
+    PaneCommand() : ScriptCommand("pane") {}
+
     static constexpr const char* preferences =
         "phone/var/mobile/Library/Preferences/com.quillmoth.huecraftios12.plist";
     static constexpr const char* own_themes = "phone/var/mobile/Library/Preferences/HuecraftConfiguration/";
 
-    Outcome play(std::string_view script, std::vector<std::string> options = {}) const {
-        write("s", script);
-        options.insert(options.begin(), {"pane", "--script", "s"});
-        return run(options);
-    }
-    Json said(std::string_view script, std::vector<std::string> options = {}) const {
-        options.push_back("--json");
-        const Outcome outcome = play(script, options);
-        EXPECT_LE(outcome.status, 1) << outcome.err;
-        return Json::parse(outcome.out, nullptr, false);
-    }
-    /// The one line that is said of what cannot be played.
-    std::string complaint(std::string_view script, std::vector<std::string> options = {}) const {
-        const Outcome outcome = play(script, options);
-        EXPECT_EQ(outcome.status, 2) << script;
-        EXPECT_EQ(outcome.out, "") << script;
-        EXPECT_EQ(lines(outcome.err), 1u) << outcome.err;
-        EXPECT_TRUE(outcome.err.starts_with("huecraft: ")) << outcome.err;
-        return outcome.err.substr(std::min(size_t{10}, outcome.err.size()));
-    }
     void make_phone() const { std::filesystem::create_directories(path("phone")); }
 };
 
@@ -49,7 +26,7 @@ TEST_F(PaneCommand, WithoutAScriptTheFirstScreenIsDrawn) {
 }
 
 TEST_F(PaneCommand, AChosenThemeIsOnTheKeyboardOfWhatStartsNext) {
-    const Json all = said("tap \"Contrast\"\nwait 1\nkeyboard worn\n", {"-o", "out"});
+    const Json all = played("tap \"Contrast\"\nwait 1\nkeyboard worn\n", {"-o", "out"});
     EXPECT_EQ(all.at("preferences"), "on, Contrast.plist");
     EXPECT_EQ(all.at("themes"), Json({"Contrast.plist"}));
     EXPECT_EQ(all.at("pictures"), Json({"out/worn.png"}));
@@ -60,7 +37,7 @@ TEST_F(PaneCommand, AChosenThemeIsOnTheKeyboardOfWhatStartsNext) {
 }
 
 TEST_F(PaneCommand, TheRestartThatIsAskedForIsReportedAndNotDone) {
-    const Json all = said("tap \"Contrast\"\nwait 1\ntap \"Apply\"\nwait 1\ntap \"Restart\"\nwait 1\n");
+    const Json all = played("tap \"Contrast\"\nwait 1\ntap \"Apply\"\nwait 1\ntap \"Restart\"\nwait 1\n");
     ASSERT_FALSE(all.at("events").empty());
     EXPECT_EQ(all.at("events")[0].at("event"), "started");
     EXPECT_EQ(all.at("events")[0].at("line"), 5);
@@ -75,7 +52,7 @@ TEST_F(PaneCommand, WhatWasDoneStaysWithSaveAlone) {
     EXPECT_TRUE(exists(preferences));
     EXPECT_TRUE(exists(std::string(own_themes) + "Contrast.plist"));
     // And is what the next sitting finds.
-    const Json all = said("wait 1", {"--device", "phone"});
+    const Json all = played("wait 1", {"--device", "phone"});
     EXPECT_EQ(all.at("preferences"), "on, Contrast.plist");
 }
 
@@ -84,7 +61,7 @@ TEST_F(PaneCommand, ThemesOfTheDeviceAreListed) {
     std::filesystem::create_directories(path(own_themes));
     ASSERT_EQ(run({"new", "Mine", "--flat", "202080", "-o", std::string(own_themes) + "Mine.plist"}).status,
               0);
-    EXPECT_EQ(said("tap \"Mine\"\nwait 1\n", {"--device", "phone"}).at("preferences"), "on, Mine.plist");
+    EXPECT_EQ(played("tap \"Mine\"\nwait 1\n", {"--device", "phone"}).at("preferences"), "on, Mine.plist");
 }
 
 TEST_F(PaneCommand, WhatCannotBeTouchedIsNamedWithItsLine) {
@@ -135,14 +112,7 @@ TEST_F(PaneCommand, ThePicturesInTheDocsAreWhatTheDemosTouchesMake) {
     ASSERT_EQ(run({"pane", "--script", SOURCE_FOLDER "/tools/demo/pane/road.txt", "--scale", "1", "-o", "p"})
                   .status,
               0);
-    const Animation made = read_animation(path("p/pane.png")),
-                    shown = read_animation(SOURCE_FOLDER "/docs/pictures/pane.png");
-    ASSERT_EQ(made.frames.size(), shown.frames.size());
-    for (size_t i = 0; i < made.frames.size(); ++i) {
-        EXPECT_EQ(made.frames[i].seconds, shown.frames[i].seconds) << i;
-        ASSERT_EQ(made.frames[i].pixels.size(), shown.frames[i].pixels.size()) << i;
-        EXPECT_LT(strays(made.frames[i].pixels, shown.frames[i].pixels), 20) << i;
-    }
+    expect_documented("p/pane.png", "pane.png");
     EXPECT_TRUE(Png(path("p/pane-keyboard.png")).pixels ==
                 Png(SOURCE_FOLDER "/docs/pictures/pane-keyboard.png").pixels);
 }

@@ -1,33 +1,18 @@
 // huecraft picker.
-#include <algorithm>
-#include <nlohmann/json.hpp>
 
-#include "animation.h"
-#include "command_run.h"
 #include "png.h"
+#include "script_run.h"
 
 namespace test {
 namespace {
 
-using Json = nlohmann::json;
-
-class Picker : public Command {
+class Picker : public ScriptCommand {
   protected:
+    Picker() : ScriptCommand("picker") {}
+
     static constexpr const char* recent_place =
         "var/mobile/Library/Preferences/com.quillmoth.hcrecentcolors.plist";
 
-    Outcome play(std::string_view script, std::vector<std::string> options = {}) const {
-        write("s", script);
-        options.insert(options.begin(), {"picker", "--script", "s"});
-        return run(options);
-    }
-    /// What the script's run says in JSON.
-    Json played(std::string_view script, std::vector<std::string> options = {}) const {
-        options.push_back("--json");
-        const Outcome outcome = play(script, options);
-        EXPECT_LE(outcome.status, 1) << outcome.err;
-        return Json::parse(outcome.out, nullptr, false);
-    }
     /// Events as lines: "3 notified #FF0000 #FF0000".
     static std::vector<std::string> events(const Json& said) {
         std::vector<std::string> lines;
@@ -40,16 +25,6 @@ class Picker : public Command {
         return lines;
     }
     using Lines = std::vector<std::string>;
-
-    /// The one line that is said of a script that cannot be played.
-    std::string complaint(std::string_view script, std::vector<std::string> options = {}) const {
-        const Outcome outcome = play(script, options);
-        EXPECT_EQ(outcome.status, 2) << script;
-        EXPECT_EQ(outcome.out, "") << script;
-        EXPECT_EQ(lines(outcome.err), 1u) << outcome.err;
-        EXPECT_TRUE(outcome.err.starts_with("huecraft: ")) << outcome.err;
-        return outcome.err.substr(std::min(size_t{10}, outcome.err.size()));
-    }
 
     static std::string recent_file(const std::vector<std::string>& colours) {
         std::string list;
@@ -269,14 +244,7 @@ TEST_F(Picker, ThePictureInTheDocsIsWhatTheDemosTouchesMake) {
                    "dark", "--width", "320", "--scale", "1", "-o", "p"})
                   .status,
               0);
-    const Animation made = read_animation(path("p/picker.png")),
-                    shown = read_animation(SOURCE_FOLDER "/docs/pictures/picker.png");
-    ASSERT_EQ(made.frames.size(), shown.frames.size());
-    for (size_t i = 0; i < made.frames.size(); ++i) {
-        EXPECT_EQ(made.frames[i].seconds, shown.frames[i].seconds) << i;
-        ASSERT_EQ(made.frames[i].pixels.size(), shown.frames[i].pixels.size()) << i;
-        EXPECT_LT(strays(made.frames[i].pixels, shown.frames[i].pixels), 20) << i;
-    }
+    expect_documented("p/picker.png", "picker.png");
 }
 
 TEST_F(Picker, PicturesNeedAFolder) {
