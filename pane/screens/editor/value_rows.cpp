@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "pane/drawing/swatch.h"
+#include "pane/screens/plain_rows.h"
 #include "pane/texts.h"
 
 namespace pane {
@@ -11,41 +12,31 @@ namespace {
 using readability::Contrast;
 using readability::Demand;
 
-UITableViewCell* reused(UITableView* table, NSString* identifier, UITableViewCellStyle style) {
-    if (UITableViewCell* spare = table->dequeueReusableCell(identifier)) return spare;
-    return UITableViewCell::alloc()->initWithStyle(style, identifier).autoreleased();
-}
-
-UITableViewCell* cell_of(UITableView* table, NSString* title, NSString* value) {
-    UITableViewCell* cell = reused(table, "value"_ns, UITableViewCellStyleValue1);
+/// In the user's size of text.
+UITableViewCell* text_cell(UITableView* table, NSString* title, NSString* value) {
+    UITableViewCell* cell = value_row(table, title, value);
     UIFont* font = UIFont::preferredFontForTextStyle(UIFontTextStyleBody);
-    cell->textLabel()->setText(title);
     cell->textLabel()->setFont(font);
     cell->textLabel()->setTextColor(UIColor::blackColor());
-    cell->detailTextLabel()->setText(value);
     cell->detailTextLabel()->setFont(font);
     cell->detailTextLabel()->setTextColor(UIColor::colorWithWhite(0.43, 1));
     cell->imageView()->setImage(nullptr);
     cell->setSelectionStyle(UITableViewCellSelectionStyleDefault);
     cell->setIsAccessibilityElement(true);
-    cell->setAccessibilityLabel(title);
-    cell->setAccessibilityValue(value);
     cell->setAccessibilityTraits(UIAccessibilityTraitButton);
     return cell;
 }
 
 UITableViewCell* action_cell(UITableView* table, NSString* title) {
-    UITableViewCell* cell = reused(table, "action"_ns, UITableViewCellStyleDefault);
-    cell->textLabel()->setText(title);
+    UITableViewCell* cell = action_row(table, title);
     cell->textLabel()->setFont(UIFont::preferredFontForTextStyle(UIFontTextStyleBody));
     cell->textLabel()->setTextColor(table->tintColor());
-    cell->setAccessibilityTraits(UIAccessibilityTraitButton);
     return cell;
 }
 
 UITableViewCell* colour_cell(UITableView* table, NSString* title, UIColor* colour) {
     NSString* hex = colour ? HCCITool::hexStringFromColor(colour) : text<"not set">();
-    UITableViewCell* cell = title ? cell_of(table, title, hex) : cell_of(table, hex, nullptr);
+    UITableViewCell* cell = title ? text_cell(table, title, hex) : text_cell(table, hex, nullptr);
     cell->imageView()->setImage(swatch_of(colour));
     return cell;
 }
@@ -55,7 +46,7 @@ UITableViewCell* contrast_cell(UITableView* table, NSString* title, const Contra
     const bool fails = contrast.ratio < demand.error_below, weak = contrast.ratio < demand.warning_below;
     NSString* ratio = NSString::stringWithUTF8String(readability::ratio_text(contrast.ratio).c_str());
     NSString* verdict = fails ? text<"%1, too little">(ratio) : weak ? text<"%1, weak">(ratio) : ratio;
-    UITableViewCell* cell = cell_of(table, title, verdict);
+    UITableViewCell* cell = text_cell(table, title, verdict);
     cell->detailTextLabel()->setTextColor(fails  ? UIColor::colorWithRGB(0.8, 0.1, 0.1, 1)
                                           : weak ? UIColor::colorWithRGB(0.65, 0.4, 0, 1)
                                                  : UIColor::colorWithRGB(0.1, 0.5, 0.2, 1));
@@ -99,7 +90,7 @@ UITableViewCell* value_cell(UITableView* table, const Place& place, const Editin
                             const readability::Legibility& legibility) {
     HuecraftConfig* theme = editing.theme();
     switch (place.row) {
-        case Row::name: return cell_of(table, text<"Name">(), theme->getConfigName());
+        case Row::name: return text_cell(table, text<"Name">(), theme->getConfigName());
         case Row::text_colour: return colour_cell(table, text<"Text">(), theme->getTextColor());
         case Row::highlight_colour:
             return colour_cell(table, text<"Highlights">(), theme->getHighlightColor());
