@@ -2,6 +2,7 @@
 #include <atomic>
 #include <thread>
 
+#include "support/configuration.h"
 #include "support/runtime.h"
 #include "support/themes.h"
 
@@ -9,18 +10,11 @@ namespace test {
 namespace {
 
 /// The store by its selectors.
-struct Store {
-    id object = objc::send<"sharedInstance", id>(class_named("HCPreferences"));
+struct Store : ThemeValues {
+    Store(id of = objc::send<"sharedInstance", id>(class_named("HCPreferences"))) : ThemeValues(of) {}
 
     bool enabled() const { return objc::send<"isEnabled", bool>(object); }
     bool caps_enabled() const { return objc::send<"isCapsEnabled", bool>(object); }
-    UIColor* text_colour() const { return objc::send<"getTextColor", UIColor*>(object); }
-    UIColor* highlight_colour() const { return objc::send<"getHighlightColor", UIColor*>(object); }
-    NSUInteger background_type() const { return objc::send<"getBackgroundType", NSUInteger>(object); }
-    NSUInteger direction() const { return objc::send<"getGradientDirection", NSUInteger>(object); }
-    NSArray* colours() const { return objc::send<"getColors", NSArray*>(object); }
-    UIImage* image() const { return objc::send<"getImage", UIImage*>(object); }
-    double image_alpha() const { return objc::send<"getImageAlpha", double>(object); }
 
     void expect_nothing() const {
         EXPECT_FALSE(enabled());

@@ -4,10 +4,23 @@
 
 namespace test {
 
-/// HuecraftConfig by selectors alone. The object is not owned.
-struct Configuration {
+/// What a theme and the preference store both answer, by selectors alone. The object is not owned.
+struct ThemeValues {
     id object = nullptr;
+    ThemeValues(id of = nullptr) : object(of) {}
 
+    UIColor* text_colour() const { return objc::send<"getTextColor", UIColor*>(object); }
+    UIColor* highlight_colour() const { return objc::send<"getHighlightColor", UIColor*>(object); }
+    NSUInteger background_type() const { return objc::send<"getBackgroundType", NSUInteger>(object); }
+    NSUInteger direction() const { return objc::send<"getGradientDirection", NSUInteger>(object); }
+    NSArray* colours() const { return objc::send<"getColors", NSArray*>(object); }
+    UIImage* image() const { return objc::send<"getImage", UIImage*>(object); }
+    double image_alpha() const { return objc::send<"getImageAlpha", double>(object); }
+};
+
+/// HuecraftConfig.
+struct Configuration : ThemeValues {
+    using ThemeValues::ThemeValues;
     static Configuration made_default() {
         return {objc::send<"defaultConfig", id>(class_named("HuecraftConfig"))};
     }
@@ -22,14 +35,7 @@ struct Configuration {
     id stored(const char* key) const { return plist()->objectForKey(text(key)); }
 
     std::string name() const { return utf8(objc::send<"getConfigName", NSString*>(object)); }
-    UIColor* text_colour() const { return objc::send<"getTextColor", UIColor*>(object); }
-    UIColor* highlight_colour() const { return objc::send<"getHighlightColor", UIColor*>(object); }
-    NSUInteger background_type() const { return objc::send<"getBackgroundType", NSUInteger>(object); }
-    NSUInteger direction() const { return objc::send<"getGradientDirection", NSUInteger>(object); }
-    NSArray* colours() const { return objc::send<"getColors", NSArray*>(object); }
-    UIImage* image() const { return objc::send<"getImage", UIImage*>(object); }
     UIImage* image_cache() const { return objc::send<"getImageCache", UIImage*>(object); }
-    double image_alpha() const { return objc::send<"getImageAlpha", double>(object); }
     bool caps_visible() const { return objc::send<"getVisibleKeycaps", bool>(object); }
 
     void set_name(std::string_view name) const { objc::send<"setConfigName:">(object, text(name)); }
