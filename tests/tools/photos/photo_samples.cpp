@@ -25,6 +25,32 @@ std::vector<uint8_t> packed(const Sample& picture) {
     return bytes;
 }
 
+/// A JPEG file that is written into memory, of three colours or four inks.
+struct JpegWriter {
+    JpegWriter(int width, int height, bool inks) {
+        jpeg.err = jpeg_std_error(&errors);
+        jpeg_create_compress(&jpeg);
+        jpeg_mem_dest(&jpeg, &bytes, &length);
+        jpeg.image_width = static_cast<JDIMENSION>(width);
+        jpeg.image_height = static_cast<JDIMENSION>(height);
+        jpeg.input_components = inks ? 4 : 3;
+        jpeg.in_color_space = inks ? JCS_CMYK : JCS_RGB;
+        jpeg_set_defaults(&jpeg);
+    }
+    std::string file() {
+        jpeg_finish_compress(&jpeg);
+        jpeg_destroy_compress(&jpeg);
+        std::string written(reinterpret_cast<const char*>(bytes), length);
+        std::free(bytes);
+        return written;
+    }
+
+    jpeg_compress_struct jpeg{};
+    jpeg_error_mgr errors;
+    unsigned char* bytes = nullptr;
+    unsigned long length = 0;
+};
+
 }  // namespace
 
 Sample sample(int width, int height, const std::function<Rgb(int x, int y)>& colour) {
@@ -36,18 +62,8 @@ Sample sample(int width, int height, const std::function<Rgb(int x, int y)>& col
 }
 
 std::string jpeg_of(const Sample& picture, const JpegWish& wish) {
-    jpeg_compress_struct jpeg{};
-    jpeg_error_mgr errors;
-    jpeg.err = jpeg_std_error(&errors);
-    jpeg_create_compress(&jpeg);
-    unsigned char* bytes = nullptr;
-    unsigned long length = 0;
-    jpeg_mem_dest(&jpeg, &bytes, &length);
-    jpeg.image_width = static_cast<JDIMENSION>(picture.width);
-    jpeg.image_height = static_cast<JDIMENSION>(picture.height);
-    jpeg.input_components = wish.inks ? 4 : 3;
-    jpeg.in_color_space = wish.inks ? JCS_CMYK : JCS_RGB;
-    jpeg_set_defaults(&jpeg);
+    JpegWriter writer(picture.width, picture.height, wish.inks);
+    jpeg_compress_struct& jpeg = writer.jpeg;
     jpeg_set_quality(&jpeg, 95, TRUE);
     jpeg_start_compress(&jpeg, TRUE);
     if (wish.orientation) {
@@ -68,36 +84,17 @@ std::string jpeg_of(const Sample& picture, const JpegWish& wish) {
         JSAMPROW line = row.data();
         jpeg_write_scanlines(&jpeg, &line, 1);
     }
-    jpeg_finish_compress(&jpeg);
-    jpeg_destroy_compress(&jpeg);
-    std::string file(reinterpret_cast<const char*>(bytes), length);
-    std::free(bytes);
-    return file;
+    return writer.file();
 }
 
 std::string large_jpeg(int width, int height) {
     std::vector<uint8_t> row;
     for (int x = 0; x < width * 3; ++x) row.push_back(static_cast<uint8_t>(x / 3 * 255 / width));
-    jpeg_compress_struct jpeg{};
-    jpeg_error_mgr errors;
-    jpeg.err = jpeg_std_error(&errors);
-    jpeg_create_compress(&jpeg);
-    unsigned char* bytes = nullptr;
-    unsigned long length = 0;
-    jpeg_mem_dest(&jpeg, &bytes, &length);
-    jpeg.image_width = static_cast<JDIMENSION>(width);
-    jpeg.image_height = static_cast<JDIMENSION>(height);
-    jpeg.input_components = 3;
-    jpeg.in_color_space = JCS_RGB;
-    jpeg_set_defaults(&jpeg);
-    jpeg_start_compress(&jpeg, TRUE);
+    JpegWriter writer(width, height, false);
+    jpeg_start_compress(&writer.jpeg, TRUE);
     JSAMPROW line = row.data();
-    for (int y = 0; y < height; ++y) jpeg_write_scanlines(&jpeg, &line, 1);
-    jpeg_finish_compress(&jpeg);
-    jpeg_destroy_compress(&jpeg);
-    std::string file(reinterpret_cast<const char*>(bytes), length);
-    std::free(bytes);
-    return file;
+    for (int y = 0; y < height; ++y) jpeg_write_scanlines(&writer.jpeg, &line, 1);
+    return writer.file();
 }
 
 std::string png_of(const Sample& picture) {
