@@ -8,22 +8,16 @@
 #include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "pane/model/themes.h"
 #include "picture.h"
 #include "support/configuration.h"
+#include "support/contents.h"
 
 namespace test {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string contents_of(const fs::path& file) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(file, std::ios::binary).rdbuf();
-    return bytes.str();
-}
 
 bool is_rebaselining() {
     const char* wish = std::getenv("HUECRAFT_REBASELINE");

@@ -6,8 +6,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 namespace test {
 namespace {
@@ -38,19 +36,6 @@ Lines those(const Lines& lines, const std::string& part, bool holding) {
 }
 
 }  // namespace
-
-std::string contents_of(const std::string& file) {
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
-}
-
-Lines lines_of(const std::string& text) {
-    std::istringstream in(text);
-    Lines lines;
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    return lines;
-}
 
 Lines with(const Lines& lines, const std::string& part) { return those(lines, part, true); }
 Lines without(const Lines& lines, const std::string& part) { return those(lines, part, false); }

@@ -3,11 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "support/contents.h"
 #include "support/phone.h"
 
 namespace test {
-
-using Lines = std::vector<std::string>;
 
 /// A phone with huecraft-describe where its package puts it.
 class DescribedPhone : public testing::Test {
@@ -34,8 +33,6 @@ class DescribedPhone : public testing::Test {
     Phone phone;
 };
 
-std::string contents_of(const std::string& file);
-Lines lines_of(const std::string& text);
 /// Those that hold the text, or that do not.
 Lines with(const Lines& lines, const std::string& part);
 Lines without(const Lines& lines, const std::string& part);

@@ -4,17 +4,10 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 
 namespace test {
 
 namespace fs = std::filesystem;
-
-std::string contents_of(const fs::path& file) {
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
-}
 
 Snapshot snapshot_of(const fs::path& folder) {
     Snapshot found;

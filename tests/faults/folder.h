@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-namespace test {
+#include "support/contents.h"
 
-std::string contents_of(const std::filesystem::path& file);
+namespace test {
 
 /// All that lies under a folder, by its path from there: the contents of files, "folder", "link to …".
 using Snapshot = std::map<std::string, std::string>;

@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 
 #include <fstream>
-#include <sstream>
 
 #include "harness/fuzz.h"
 #include "pane/kept_files.h"
@@ -12,6 +11,7 @@
 #include "platform/controls.h"
 #include "platform/navigation.h"
 #include "platform/tables.h"
+#include "support/contents.h"
 
 namespace {
 
@@ -228,11 +228,8 @@ bool step(fuzz::Bytes& bytes) {
 }
 
 NSDictionary* dictionary_in(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream content;
-    content << stream.rdbuf();
     return as<NSDictionary>(NSPropertyListSerialization::propertyListWithData(
-        test::data(content.str()), NSPropertyListSerialization::immutable, nullptr, nullptr));
+        test::data(test::contents_of(file)), NSPropertyListSerialization::immutable, nullptr, nullptr));
 }
 
 /// Themes and preferences can be read, with the keys of others; the theme that is chosen is there; no draft

@@ -8,8 +8,9 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
+
+#include "support/contents.h"
 
 namespace test {
 namespace {
@@ -74,11 +75,7 @@ class Mutate : public testing::Test {
         fs::create_directories((root_ / name).parent_path());
         std::ofstream(root_ / name) << contents;
     }
-    std::string read(const std::string& name) const {
-        std::ostringstream text;
-        text << std::ifstream(root_ / name).rdbuf();
-        return text.str();
-    }
+    std::string read(const std::string& name) const { return contents_of(root_ / name); }
 
     Outcome run_shell(const std::string& command) const {
         const std::string whole = "cd '" + root_.string() + "' && " + command + " 2>&1";

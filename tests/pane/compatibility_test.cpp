@@ -4,31 +4,15 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 #include "settings_page.h"
+#include "support/contents.h"
 
 namespace test {
 namespace {
 
 using testing::Contains;
 using testing::HasSubstr;
-
-using Lines = std::vector<std::string>;
-
-std::string contents_of(const std::string& file) {
-    std::ostringstream all;
-    all << std::ifstream(file).rdbuf();
-    return all.str();
-}
-
-Lines lines_of(const std::string& text) {
-    std::istringstream in(text);
-    Lines lines;
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    return lines;
-}
 
 /// Without remarks, and hooks, and what only the home screen has.
 Lines facts(const std::string& text) {

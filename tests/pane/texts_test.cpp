@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <regex>
@@ -17,15 +16,13 @@
 
 #include "compatibility/effects.h"
 #include "compatibility/look_ups.h"
+#include "support/contents.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string contents(const fs::path& file) {
-    std::ifstream in(file);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
+using test::contents_of;
 
 /// As a literal has it, and a line of the bundle.
 std::string escaped(const std::string& text) { return std::regex_replace(text, std::regex("\""), "\\\""); }
@@ -37,7 +34,7 @@ std::set<std::string> texts_in_source() {
     const std::regex piece(R"re("((?:[^"\\]|\\.)*)")re");
     for (const auto& entry : fs::recursive_directory_iterator(PANE_SOURCES)) {
         if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h") continue;
-        const std::string source = contents(entry.path());
+        const std::string source = contents_of(entry.path());
         for (std::sregex_iterator found(source.begin(), source.end(), use), end; found != end; ++found) {
             const std::string literal = found->str(1);
             std::string text;
@@ -59,7 +56,7 @@ std::set<std::string> texts_in_source() {
 }
 
 std::map<std::string, std::string> texts_in_bundle(const std::string& language) {
-    const std::string lines = contents(fs::path(PANE_TABLES) / (language + ".lproj/Localizable.strings"));
+    const std::string lines = contents_of(fs::path(PANE_TABLES) / (language + ".lproj/Localizable.strings"));
     const std::regex line(R"re("((?:[^"\\]|\\.)*)" = "((?:[^"\\]|\\.)*)";\n)re");
     std::map<std::string, std::string> texts;
     size_t read = 0;
@@ -121,7 +118,7 @@ class WrittenTexts : public testing::Test {
         return {WEXITSTATUS(pclose(pipe.release())), said};
     }
     std::string table(const std::string& language) const {
-        return contents(folder_ / "tables" / (language + ".lproj") / "Localizable.strings");
+        return contents_of(folder_ / "tables" / (language + ".lproj") / "Localizable.strings");
     }
     bool has_tables() const { return fs::exists(folder_ / "tables/en.lproj/Localizable.strings"); }
 

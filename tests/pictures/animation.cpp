@@ -5,11 +5,12 @@
 
 #include <cstdint>
 #include <cstring>
-#include <fstream>
 #include <functional>
 #include <memory>
 #include <sstream>
 #include <string>
+
+#include "support/contents.h"
 
 namespace test {
 namespace {
@@ -79,12 +80,6 @@ Pixels decoded(const std::string& png) {
             pixels.colours.push_back(pixel & 0xffffff);
         }
     return pixels;
-}
-
-std::string contents(const std::filesystem::path& file) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(file, std::ios::binary).rdbuf();
-    return bytes.str();
 }
 
 /// The frames one after the other, as the chunks come.
@@ -166,7 +161,7 @@ const AnimationFrame& Animation::at(double seconds) const {
 }
 
 Animation read_animation(const std::filesystem::path& file) {
-    const std::string bytes = contents(file);
+    const std::string bytes = contents_of(file);
     EXPECT_TRUE(bytes.starts_with(signature)) << file;
     Reader reader;
     for_each_chunk(bytes, [&](const std::string& type, const std::string& data) { reader.take(type, data); });
@@ -174,6 +169,8 @@ Animation read_animation(const std::filesystem::path& file) {
     return std::move(reader.animation);
 }
 
-std::vector<unsigned> pixels_of(const std::filesystem::path& png) { return decoded(contents(png)).colours; }
+std::vector<unsigned> pixels_of(const std::filesystem::path& png) {
+    return decoded(contents_of(png)).colours;
+}
 
 }  // namespace test

@@ -4,7 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iterator>
+
+#include "support/contents.h"
 
 namespace test {
 namespace {
@@ -20,10 +21,7 @@ class FailedPictures : public testing::Test {
     ~FailedPictures() override { fs::remove_all(folder); }
 
     static void make(const fs::path& file) { std::ofstream(file) << "picture"; }
-    std::string page() const {
-        std::ifstream file(folder / "index.html");
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::string page() const { return contents_of(folder / "index.html"); }
     fs::path folder;
 };
 

@@ -1,9 +1,7 @@
 // How the colour picker looks, at rest and in its motions.
-#include <fstream>
-#include <sstream>
-
 #include "picture.h"
 #include "settings/color_picker.h"
+#include "support/contents.h"
 #include "support/themes.h"
 
 namespace test {
@@ -15,11 +13,9 @@ class PickerPicture : public ColorPicker {
     /// The phone has the icons that come with the settings pane.
     void start_with_icons(const Phone::Options& options) {
         start(options);
-        for (const char* icon : {"copy.png", "paste.png"}) {
-            std::ostringstream bytes;
-            bytes << std::ifstream(std::string(SETTINGS_PICTURES) + "/" + icon, std::ios::binary).rdbuf();
-            phone.write(std::string("/Library/PreferenceBundles/Huecraft.bundle/") + icon, bytes.str());
-        }
+        for (const std::string icon : {"/copy.png", "/paste.png"})
+            phone.write("/Library/PreferenceBundles/Huecraft.bundle" + icon,
+                        contents_of(SETTINGS_PICTURES + icon));
     }
     void write_recent_colours(const char* newest = "#00000000") const {
         std::string list;

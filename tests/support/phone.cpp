@@ -4,9 +4,9 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 
 #include "objc/exception.h"
+#include "support/contents.h"
 
 namespace test {
 
@@ -80,12 +80,7 @@ void Phone::write(std::string_view device_path, std::string_view bytes) const {
 
 void Phone::make_folder(std::string_view device_path) const { fs::create_directories(host(device_path)); }
 
-std::string Phone::read(std::string_view device_path) const {
-    std::ifstream file(host(device_path), std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-}
+std::string Phone::read(std::string_view device_path) const { return contents_of(host(device_path)); }
 
 static sim_injection injection_under_test() {
     const char* given = std::getenv("HUECRAFT_INJECTION");

@@ -8,7 +8,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
+
+#include "support/contents.h"
 
 namespace test {
 
@@ -48,14 +49,9 @@ Outcome Command::run(const std::vector<std::string>& arguments, std::string_view
     int status = 0;
     rusage usage{};
     EXPECT_EQ(wait4(child, &status, 0, &usage), child);
-    auto contents = [](const std::string& file) {
-        std::ostringstream text;
-        text << std::ifstream(file, std::ios::binary).rdbuf();
-        return text.str();
-    };
     auto seconds = [](const timeval& time) { return static_cast<double>(time.tv_sec) + time.tv_usec * 1e-6; };
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status), contents(out), contents(err),
-            seconds(usage.ru_utime) + seconds(usage.ru_stime), usage.ru_maxrss};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status), contents_of(out),
+            contents_of(err), seconds(usage.ru_utime) + seconds(usage.ru_stime), usage.ru_maxrss};
 }
 
 void Command::write(std::string_view name, std::string_view contents) const {
@@ -65,11 +61,7 @@ void Command::write(std::string_view name, std::string_view contents) const {
     ASSERT_TRUE(file.good()) << name;
 }
 
-std::string Command::read(std::string_view name) const {
-    std::ostringstream text;
-    text << std::ifstream(path(name), std::ios::binary).rdbuf();
-    return text.str();
-}
+std::string Command::read(std::string_view name) const { return contents_of(path(name)); }
 
 std::vector<std::string> Command::names() const {
     std::vector<std::string> found;

@@ -1,10 +1,9 @@
 // What the pane takes the library's classes for, against those that are loaded.
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <regex>
 
 #include "objc/descriptions/passed_types.h"
+#include "support/contents.h"
 #include "support/phone.h"
 
 namespace test {
@@ -47,8 +46,7 @@ std::string parameters(const std::string& list) {
 }
 
 std::vector<Declared> declared() {
-    std::ifstream in(PANE_HEADER);
-    const std::string header{std::istreambuf_iterator<char>(in), {}};
+    const std::string header = contents_of(PANE_HEADER);
     const std::regex piece(
         R"re(struct (\w+)\s*:|\(([^()]*)\)\s*\{\s*(?:return )?(class_)?send<"([^"]+)"(?:,\s*([^()]+?))?>\()re");
     std::vector<Declared> all;
@@ -89,9 +87,8 @@ TEST_F(PaneContract, TheLibraryHasEachOfThemWithItsTypes) {
 }
 
 TEST_F(PaneContract, EachOfThemIsLookedForBeforeTheLibraryIsUsed) {
-    const auto source = std::filesystem::path(PANE_HEADER).parent_path() / "model" / "library.cpp";
-    std::ifstream in(source);
-    const std::string looked_for{std::istreambuf_iterator<char>(in), {}};
+    const std::string looked_for =
+        contents_of(std::filesystem::path(PANE_HEADER).parent_path() / "model" / "library.cpp");
     for (const Declared& each : declared())
         EXPECT_NE(looked_for.find('"' + each.selector + '"'), std::string::npos)
             << each.owner << " " << each.selector;

@@ -1,9 +1,9 @@
 // Loading a library: the same in both builds.
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 
 #include "platform/keyboard.h"
+#include "support/contents.h"
 #include "support/phone.h"
 
 namespace test {
@@ -16,10 +16,7 @@ class Load : public testing::Test {
     void SetUp() override { phone.boot(); }
 
     static std::string path() { return std::getenv("HUECRAFT_LIBRARY"); }
-    static std::string contents() {
-        std::ifstream file(path(), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    static std::string contents() { return contents_of(path()); }
     /// A library file of other contents in the test's folder.
     std::string changed(std::string_view bytes) {
         phone.write("/changed", bytes);

@@ -1,11 +1,11 @@
 // huecraft completions and huecraft man, and the command as it is installed.
 #include <cstdlib>
-#include <fstream>
 #include <regex>
 #include <set>
 #include <sstream>
 
 #include "command_run.h"
+#include "support/contents.h"
 
 namespace test {
 namespace {
@@ -23,12 +23,6 @@ std::string lines_with(const std::string& text, const std::string& part) {
     for (std::string line; std::getline(all, line);)
         if (line.find(part) != line.npos) found += line + "\n";
     return found;
-}
-
-std::string contents_of(const std::string& file) {
-    std::ostringstream text;
-    text << std::ifstream(file).rdbuf();
-    return text.str();
 }
 
 /// Without what roff and zsh write with a backslash: before a dash, and for a typeface.

@@ -1,21 +1,15 @@
 // huecraft doctor on the real systems whose descriptions come along, and on types.
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "command_run.h"
 #include "hooks/hook_count.h"
+#include "support/contents.h"
 
 namespace test {
 namespace {
 
 using Targets = std::vector<std::string>;
-
-std::string contents(const std::filesystem::path& file) {
-    std::ostringstream text;
-    text << std::ifstream(file).rdbuf();
-    return text.str();
-}
 
 std::string replaced(std::string text, const std::string& part, const std::string& by) {
     size_t at = text.find(part);
@@ -35,7 +29,7 @@ nlohmann::json row(const nlohmann::json& report, const std::string& target) {
 class DoctorOfSystems : public Command {
   protected:
     static std::string described(const std::string& system) {
-        return contents(BUILD_FOLDER "/share/huecraft/devices/" + system + ".txt");
+        return contents_of(BUILD_FOLDER "/share/huecraft/devices/" + system + ".txt");
     }
     nlohmann::json json_of(const std::vector<std::string>& arguments) const {
         std::vector<std::string> all{"doctor", "--json"};
@@ -285,8 +279,8 @@ TEST_F(DoctorOfSystems, ThePageOfRealSystemsShowsWhatIsPrinted) {
     const std::string writing =
         SOURCE_FOLDER "/tools/huecraft/doctor/write_page " HUECRAFT_COMMAND " " + page + " > " + again;
     ASSERT_EQ(std::system(writing.c_str()), 0);
-    EXPECT_EQ(contents(again), contents(page)) << "write it again, as the page says";
-    EXPECT_GT(lines(contents(page)), 100u);
+    EXPECT_EQ(contents_of(again), contents_of(page)) << "write it again, as the page says";
+    EXPECT_GT(lines(contents_of(page)), 100u);
 }
 
 TEST_F(DoctorOfSystems, AnEightfoldDescriptionTakesNoMoreThanItsShare) {

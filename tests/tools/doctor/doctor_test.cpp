@@ -1,10 +1,10 @@
 // huecraft doctor.
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "command_run.h"
 #include "hooks/hook_count.h"
+#include "support/contents.h"
 
 namespace test {
 namespace {
@@ -12,9 +12,7 @@ namespace {
 class Doctor : public Command {
   protected:
     static std::string simulated() {
-        std::ostringstream text;
-        text << std::ifstream(BUILD_FOLDER "/share/huecraft/devices/simulated-12.4.txt").rdbuf();
-        return text.str();
+        return contents_of(BUILD_FOLDER "/share/huecraft/devices/simulated-12.4.txt");
     }
     /// The description without the lines that hold one of these texts.
     static std::string without(const std::vector<std::string>& parts) {
@@ -161,9 +159,7 @@ TEST_F(Doctor, AVariableOfAMissingClassIsNotMissedBesides) {
 }
 
 TEST_F(Doctor, WhatIsLookedUpIsNamedInTheLibrary) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(BUILD_FOLDER "/lib/HuecraftiOS12.so", std::ios::binary).rdbuf();
-    const std::string library = bytes.str();
+    const std::string library = contents_of(BUILD_FOLDER "/lib/HuecraftiOS12.so");
     ASSERT_GT(library.size(), 10000u);
     const auto report = json_of(simulated());
     for (const auto& one : report.at("lookUps")) {

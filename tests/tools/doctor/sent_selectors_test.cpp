@@ -2,11 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <regex>
 #include <set>
 #include <sstream>
+
+#include "support/contents.h"
 
 namespace test {
 namespace {
@@ -16,12 +17,6 @@ struct Declared {
     std::set<std::string> methods;
     size_t sends = 0;
 };
-
-std::string contents(const std::filesystem::path& file) {
-    std::ostringstream text;
-    text << std::ifstream(file).rdbuf();
-    return text.str();
-}
 
 size_t occurrences(const std::string& text, const std::string& part) {
     size_t count = 0;
@@ -53,7 +48,7 @@ Declared declared_in_platform() {
         R"re(objc::(?:Protocol)?Interface<(?:\s*\w+,)?\s*"(\w+)"|\b(class_)?send<\s*("[^"]+"(?:\s*"[^"]+")*)\s*[,>])re");
     Declared all;
     for (const auto& entry : std::filesystem::directory_iterator(SOURCE_FOLDER "/platform")) {
-        const std::string text = contents(entry.path());
+        const std::string text = contents_of(entry.path());
         all.sends += occurrences(text, "send<");
         std::string owner;
         size_t found = 0;
@@ -80,7 +75,7 @@ struct Described {
     std::set<std::string> methods;
 
     explicit Described(const std::string& system) {
-        std::istringstream lines(contents(SOURCE_FOLDER "/resources/devices/" + system + ".txt"));
+        std::istringstream lines(contents_of(SOURCE_FOLDER "/resources/devices/" + system + ".txt"));
         for (std::string line; std::getline(lines, line);) {
             std::istringstream words(line);
             std::string first, name, colon, superclass;
@@ -156,7 +151,7 @@ TEST(SentSelectors, WhatTheModelAloneSendsIsNotInTheDylib) {
     const Declared declared = declared_in_platform();
     std::map<std::string, int> owners;
     for (const std::string& method : declared.methods) ++owners[selector_of(method)];
-    const std::string dylib = contents(BUILD_FOLDER "/device/HuecraftiOS12.dylib");
+    const std::string dylib = contents_of(BUILD_FOLDER "/device/HuecraftiOS12.dylib");
     const auto is_sent = [&](const std::string& selector) {
         return dylib.find('\0' + selector + '\0') != dylib.npos;
     };
