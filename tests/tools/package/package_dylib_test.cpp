@@ -40,13 +40,9 @@ TEST_F(PackageCheck, AWrongHashInEitherListIsFound) {
         std::string bytes = whole;
         bytes[list + 200] ^= 1;
         write(dylib, bytes);
-        const Outcome run = checked();
-        EXPECT_EQ(run.status, 1);
-        EXPECT_NE(run.out.find("not ok signature: found LC_CODE_SIGNATURE: 1 of "), run.out.npos) << run.out;
-        EXPECT_NE(
-            run.out.find(std::string(" pages have another ") + name + " than signed (found the first at "),
-            run.out.npos)
-            << run.out;
+        expect_found(checked(),
+                     {"not ok signature: found LC_CODE_SIGNATURE: 1 of ",
+                      std::string(" pages have another ") + name + " than signed (found the first at "});
     }
 }
 
@@ -63,13 +59,9 @@ TEST_F(PackageCheck, ChangedRequirementsAreFound) {
     std::string bytes = read(dylib);
     bytes.at(bytes.find("\xfa\xde\x0c\x01") + 11) = 1;
     write(dylib, bytes);
-    const Outcome run = checked();
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(
-        run.out.find("not ok signature: found LC_CODE_SIGNATURE: the requirements have another SHA-1 than "
-                     "signed"),
-        run.out.npos)
-        << run.out;
+    expect_found(checked(),
+                 {"not ok signature: found LC_CODE_SIGNATURE: the requirements have another SHA-1 than "
+                  "signed"});
 }
 
 TEST_F(PackageCheck, TheLinkersOwnSignatureIsFound) {
@@ -115,24 +107,16 @@ TEST_F(PackageCheck, NoChangedByteOfTheDylibGoesUnnoticed) {
 TEST_F(PackageCheck, TheSliceForSimulatorsIsRefused) {
     unpack();
     shell("cp '" BUILD_FOLDER "/device/x86_64/HuecraftiOS12.dylib' " + std::string(libraries));
-    const Outcome run = checked();
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(
-        run.out.find("not ok slice: found built for another processor (found x86_64, expected arm64)\n"),
-        run.out.npos)
-        << run.out;
-    EXPECT_NE(run.out.find("not ok signature: not checked, since the dylib cannot be read\n"), run.out.npos)
-        << run.out;
+    expect_found(checked(),
+                 {"not ok slice: found built for another processor (found x86_64, expected arm64)\n",
+                  "not ok signature: not checked, since the dylib cannot be read\n"});
 }
 
 TEST_F(PackageCheck, TheJoinedDylibIsRefused) {
     unpack();
     shell("cp '" BUILD_FOLDER "/device/HuecraftiOS12.dylib' " + std::string(libraries));
-    const Outcome run = checked();
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.out.find("not ok slice: found a file of several slices, expected the arm64 slice alone\n"),
-              run.out.npos)
-        << run.out;
+    expect_found(checked(),
+                 {"not ok slice: found a file of several slices, expected the arm64 slice alone\n"});
 }
 
 TEST_F(PackageCheck, ASliceInABadPlaceIsFound) {
@@ -141,9 +125,7 @@ TEST_F(PackageCheck, ASliceInABadPlaceIsFound) {
     std::string joined = read(dylib);
     joined[8 + 19] = 20;  // the first fat_arch's align
     write(dylib, joined);
-    const Outcome run = checked();
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.out.find("): align (found 2^20, expected at most 2^15)"), run.out.npos) << run.out;
+    expect_found(checked(), {"): align (found 2^20, expected at most 2^15)"});
 }
 
 TEST_F(PackageCheck, ASmallDylibWithTheSamePromisesPasses) {
@@ -209,10 +191,8 @@ TEST_F(PackageCheck, ALibraryMayBeAskedForInAnOlderVersion) {
 TEST_F(PackageCheck, ChainedFixUpsAreFound) {
     unpack();
     build({.minimum = "13.4", .fix_ups = "-fixup_chains"});
-    const Outcome run = checked();
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.out.find("not ok fix-ups: found linked with chained fix-ups"), run.out.npos) << run.out;
-    EXPECT_NE(run.out.find("not ok exports: not checked"), run.out.npos) << run.out;
+    expect_found(checked(),
+                 {"not ok fix-ups: found linked with chained fix-ups", "not ok exports: not checked"});
 }
 
 TEST_F(PackageCheck, ANewerSystemThanTwelveIsFound) {
@@ -244,13 +224,10 @@ TEST_F(PackageCheck, ABindWithoutATypeIsFound) {
         using namespace std::string_view_literals;
         image[place_of("_objc_release\0\x51"sv, image) + 14] = 0x50;
     }});
-    const Outcome run = checked();
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.out.find("not ok imports: found BIND_OPCODE_DO_BIND"), run.out.npos) << run.out;
-    EXPECT_NE(run.out.find(" in the bind table: unsupported fix-up type (found 0, no type was set, expected "
-                           "1, a pointer), at the symbol objc_release\n"),
-              run.out.npos)
-        << run.out;
+    expect_found(checked(),
+                 {"not ok imports: found BIND_OPCODE_DO_BIND",
+                  " in the bind table: unsupported fix-up type (found 0, no type was set, expected "
+                  "1, a pointer), at the symbol objc_release\n"});
 }
 
 TEST_F(PackageCheck, ARebaseWithoutATypeIsFound) {
@@ -263,14 +240,10 @@ TEST_F(PackageCheck, ARebaseWithoutATypeIsFound) {
                EXPECT_EQ(image.at(rebase_off), 0x11);
                image[rebase_off] = 0x10;
            }});
-    const Outcome run = checked();
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.out.find("not ok fix-ups: found REBASE_OPCODE_DO_REBASE"), run.out.npos) << run.out;
-    EXPECT_NE(
-        run.out.find(" in the rebase table: unsupported fix-up type (found 0, no type was set, expected "
-                     "1, a pointer)\n"),
-        run.out.npos)
-        << run.out;
+    expect_found(checked(),
+                 {"not ok fix-ups: found REBASE_OPCODE_DO_REBASE",
+                  " in the rebase table: unsupported fix-up type (found 0, no type was set, expected "
+                  "1, a pointer)\n"});
 }
 
 TEST_F(PackageCheck, AWeakLibraryVersionThatTheSystemHasNotIsFound) {
@@ -312,9 +285,7 @@ TEST_F(PackageCheck, ADylibThatIsTooLargeIsFound) {
 TEST_F(PackageCheck, WhatIsNoDylibIsFound) {
     unpack();
     write(dylib, "#!/bin/sh\n");
-    const Outcome run = checked();
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.out.find("not ok slice: found not a Mach-O file"), run.out.npos) << run.out;
+    expect_found(checked(), {"not ok slice: found not a Mach-O file"});
 }
 
 }  // namespace

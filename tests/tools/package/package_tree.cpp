@@ -3,19 +3,11 @@
 #include <sys/stat.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 
+#include "support/contents.h"
+
 namespace test {
-namespace {
-
-std::string contents_of(const std::string& file) {
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
-}
-
-}  // namespace
 
 // What a test adds to the tree has the modes that the package's files have.
 PackageTree::PackageTree() { umask(022); }
@@ -81,6 +73,12 @@ void expect_only(const Outcome& run, const std::string& line) {
     for (std::string one; std::getline(lines, one);)
         if (one.starts_with("  not ok ")) failed += one.substr(9) + "\n";
     EXPECT_EQ(failed, line + "\n") << run.out;
+}
+
+void expect_found(const Outcome& run, const std::vector<std::string>& parts) {
+    EXPECT_EQ(run.status, 1);
+    for (const std::string& part : parts)
+        EXPECT_NE(run.out.find(part), run.out.npos) << part << "\nin\n" << run.out;
 }
 
 }  // namespace test

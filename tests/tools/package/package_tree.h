@@ -48,5 +48,7 @@ class PackageTree : public Command {
 
 /// Expects that the check found this and nothing else.
 void expect_only(const Outcome& run, const std::string& line);
+/// Expects that it found these, among others.
+void expect_found(const Outcome& run, const std::vector<std::string>& parts);
 
 }  // namespace test
