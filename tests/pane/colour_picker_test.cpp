@@ -1,6 +1,7 @@
 // The library's colour picker as the pane shows it.
 #include "platform/scrolling.h"
 #include "settings_page.h"
+#include "support/runtime.h"
 
 namespace test {
 namespace {
@@ -42,14 +43,10 @@ class PickerOfThePane : public SettingsPage {
 
   private:
     static const char* listener_class() {
-        constexpr const char* name = "ListenerOfThePicker";
-        if (objc_getClass(name)) return name;
-        Class made = objc_allocateClassPair(objc_getClass("NSObject"), name, 0);
         const auto hear = [](id, SEL, id, NSString* hex) { heard.push_back(utf8(hex)); };
-        class_addMethod(made, sel_registerName("colorPickerReturnedWithColor:andHexString:"),
-                        reinterpret_cast<IMP>(+hear), "v@:@@");
-        objc_registerClassPair(made);
-        return name;
+        return class_getName(
+            class_with("ListenerOfThePicker", "NSObject",
+                       {own_method("colorPickerReturnedWithColor:andHexString:", hear, "v@:@@")}));
     }
     objc::strong<NSObject> listener_;
 };

@@ -95,11 +95,11 @@ class ColorPicker : public testing::Test {
 
     void set_delegate(id delegate) const { picker->send<"setDelegate:">(delegate); }
     static id noting_delegate() {
-        noting_class("NotingPickerDelegate", {{"colorPickerReturnedWithColor:andHexString:",
-                                               reinterpret_cast<IMP>(+[](id, SEL, id color, id hex) {
-                                                   notices.push_back({rgba(color), utf8(hex)});
-                                               }),
-                                               "v@:@@"}});
+        class_with(
+            "NotingPickerDelegate", "NSObject",
+            {own_method(
+                "colorPickerReturnedWithColor:andHexString:",
+                [](id, SEL, id color, id hex) { notices.push_back({rgba(color), utf8(hex)}); }, "v@:@@")});
         return made("NotingPickerDelegate");
     }
 

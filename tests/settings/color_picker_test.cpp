@@ -336,10 +336,8 @@ TEST_F(ColorPicker, ADelegateThatGoesWhileThePickerIsShownIsNotTold) {
 
 TEST_F(ColorPicker, ADelegateThatSaysItDoesNotRespondIsNotTold) {
     noting_delegate();
-    noting_class(
-        "RefusingPickerDelegate",
-        {{"respondsToSelector:", reinterpret_cast<IMP>(+[](id, SEL, SEL) { return BOOL{}; }), "c@::"}},
-        "NotingPickerDelegate");
+    class_with("RefusingPickerDelegate", "NotingPickerDelegate",
+               {own_method("respondsToSelector:", [](id, SEL, SEL) { return BOOL{}; }, "c@::")});
     id delegate = made("RefusingPickerDelegate");
     set_delegate(delegate);
     show();
@@ -358,12 +356,11 @@ TEST_F(ColorPicker, ASubclassMayReplaceItsIcons) {
 
 TEST_F(ColorPicker, ASubclassMayReplaceItsParts) {
     const auto noted = reinterpret_cast<IMP>(note_selector);
-    Class own = noting_class("OwnPicker",
-                             {{"applyColor", noted, "v@:"},
-                              {"updateToColor:", noted, "v@:@"},
-                              {"grabRecentColorData", noted, "v@:"},
-                              {"shakeWrong", noted, "v@:"}},
-                             "HCColorPickerController");
+    Class own = class_with("OwnPicker", "HCColorPickerController",
+                           {{"applyColor", noted, "v@:"},
+                            {"updateToColor:", noted, "v@:@"},
+                            {"grabRecentColorData", noted, "v@:"},
+                            {"shakeWrong", noted, "v@:"}});
     picker = static_cast<UIViewController*>(made(class_getName(own)));
     picker->view();
     picker->send<"pasteColor">();

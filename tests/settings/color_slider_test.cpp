@@ -34,13 +34,14 @@ class ColorSlider : public testing::Test {
     }
     /// An object that counts `changed:`.
     static id counting_target() {
-        Class type = objc_allocateClassPair(NSObject::class_object(), "CountingTarget", 0);
-        class_addMethod(type, sel_registerName("changed:"), reinterpret_cast<IMP>(+[](id, SEL, id sender) {
-                            ++actions.count;
-                            actions.sender = sender;
-                        }),
-                        "v@:@");
-        objc_registerClassPair(type);
+        class_with("CountingTarget", "NSObject",
+                   {own_method(
+                       "changed:",
+                       [](id, SEL, id sender) {
+                           ++actions.count;
+                           actions.sender = sender;
+                       },
+                       "v@:@")});
         return made("CountingTarget");
     }
 
@@ -190,12 +191,10 @@ TEST_F(ColorSlider, AColourGoesToTheKnobAndThenToTheTrackByMessage) {
 
 TEST_F(ColorSlider, ASubclassMayPaintTheTrack) {
     static Track asked_for;
-    Class own = objc_allocateClassPair(objc_getClass("HCColorSlider"), "OwnSlider", 0);
-    class_addMethod(
-        own, sel_registerName("setStartColor:andEndColor:"),
-        reinterpret_cast<IMP>(+[](id, SEL, id start, id end) { asked_for = {rgba(start), rgba(end)}; }),
-        "v@:@@");
-    objc_registerClassPair(own);
+    class_with("OwnSlider", "HCColorSlider",
+               {own_method(
+                   "setStartColor:andEndColor:",
+                   [](id, SEL, id start, id end) { asked_for = {rgba(start), rgba(end)}; }, "v@:@@")});
     id control = made<"initWithFrame:withType:">("OwnSlider", CGRect{{0, 0}, {300, 30}}, NSUInteger{3});
     show_colour(control, color(1, 0, 0.5));
     EXPECT_EQ(asked_for, (Track{{1, 0, 0, 1}, {1, 0, 1, 1}}));

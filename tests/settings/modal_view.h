@@ -41,9 +41,9 @@ class ModalView : public testing::Test {
 
     /// A delegate that notes both messages.
     static id noting_delegate() {
-        noting_class("NotingDelegate",
-                     {{"closeButtonPressed", reinterpret_cast<IMP>(note_selector), "v@:"},
-                      {"selectButtonPressed", reinterpret_cast<IMP>(note_selector), "v@:"}});
+        class_with("NotingDelegate", "NSObject",
+                   {own_method("closeButtonPressed", note_selector, "v@:"),
+                    own_method("selectButtonPressed", note_selector, "v@:")});
         return made("NotingDelegate");
     }
 

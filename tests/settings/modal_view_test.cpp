@@ -306,7 +306,7 @@ TEST_F(ModalView, IsBuiltInFourStepsByMessage) {
 }
 
 TEST_F(ModalView, ASubclassMayReplaceAStep) {
-    noting_class("OwnPanel", {{"applyColor", reinterpret_cast<IMP>(note_selector), "v@:"}}, "HCModalView");
+    class_with("OwnPanel", "HCModalView", {own_method("applyColor", note_selector, "v@:")});
     id own =
         made<"initWithFrame:modalOptions:">("OwnPanel", CGRect{{0, 0}, {375, 667}}, options(nullptr, true));
     EXPECT_EQ(heard, (Selectors{"applyColor"}));

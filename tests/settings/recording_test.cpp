@@ -215,11 +215,11 @@ TEST_F(Recording, TheFileIsWrittenBeforeTheDelegateIsTold) {
     static const Phone* the_phone = nullptr;
     static bool was_written = false;
     the_phone = &phone;
-    id asking = reinterpret_cast<id>(noting_class(
-        "AskingDelegate",
-        {{"colorPickerReturnedWithColor:andHexString:",
-          reinterpret_cast<IMP>(+[](id, SEL, id, id) { was_written = the_phone->exists(recent_file); }),
-          "v@:@@"}}));
+    id asking = reinterpret_cast<id>(
+        class_with("AskingDelegate", "NSObject",
+                   {own_method(
+                       "colorPickerReturnedWithColor:andHexString:",
+                       [](id, SEL, id, id) { was_written = the_phone->exists(recent_file); }, "v@:@@")}));
     id delegate_that_looks = objc_autorelease(objc::send<"new", id>(asking));
     set_delegate(delegate_that_looks);
     picker->view();

@@ -14,22 +14,6 @@ namespace test {
 
 using Selectors = std::vector<std::string>;
 
-struct NotedMethod {
-    const char* selector;
-    IMP function;
-    const char* types;
-};
-/// A class of that name with these methods, made when it is first asked for.
-inline Class noting_class(const char* name, const std::vector<NotedMethod>& methods,
-                          const char* superclass = "NSObject") {
-    if (Class known = objc_getClass(name)) return known;
-    Class type = objc_allocateClassPair(objc_getClass(superclass), name, 0);
-    for (const NotedMethod& method : methods)
-        class_addMethod(type, sel_registerName(method.selector), method.function, method.types);
-    objc_registerClassPair(type);
-    return type;
-}
-
 /// Notes its selector.
 inline void note_selector(id, SEL selector) { heard.emplace_back(sel_getName(selector)); }
 

@@ -1,10 +1,31 @@
-// What tests reach of objects beside their selectors: methods that they stand in for, and instance variables.
+// What tests reach of objects beside their selectors: classes of their own, methods that they stand in for,
+// and instance variables.
 #pragma once
 #include "objc/instance_variable.h"
 #include "platform/substrate.h"
 #include "support/phone.h"
 
 namespace test {
+
+/// A method for a class of a test's own: "v@:@" are its types.
+struct OwnMethod {
+    const char* selector;
+    IMP function;
+    const char* types;
+};
+template <class Function>
+OwnMethod own_method(const char* selector, Function function, const char* types) {
+    return {selector, reinterpret_cast<IMP>(+function), types};
+}
+/// A class of that name with these methods, made when it is first asked for.
+inline Class class_with(const char* name, const char* superclass, const std::vector<OwnMethod>& methods) {
+    if (Class known = objc_getClass(name)) return known;
+    Class made = objc_allocateClassPair(objc_getClass(superclass), name, 0);
+    for (const OwnMethod& method : methods)
+        class_addMethod(made, sel_registerName(method.selector), method.function, method.types);
+    objc_registerClassPair(made);
+    return made;
+}
 
 using objc::Side;
 

@@ -102,13 +102,13 @@ TEST_F(Animations, ThatStayShowTheirLastValue) {
 }
 
 TEST_F(Animations, TellTheirDelegateOfBeginningAndEnd) {
-    Class made = recording_class(
+    Class made = class_with(
         "AnimationDelegate", "NSObject",
-        {recorded(
-             "animationDidStart:", +[](id, SEL, id) { heard().push_back("started"); }, "v@:@"),
-         recorded(
+        {own_method(
+             "animationDidStart:", [](id, SEL, id) { heard().push_back("started"); }, "v@:@"),
+         own_method(
              "animationDidStop:finished:",
-             +[](id, SEL, id, int finished) { heard().push_back(finished & 0xff ? "finished" : "stopped"); },
+             [](id, SEL, id, int finished) { heard().push_back(finished & 0xff ? "finished" : "stopped"); },
              "v@:@B")});
     auto delegate = objc::adopt(objc::send<"new", NSObject*>(reinterpret_cast<id>(made)));
     auto* animation = position_animation({0, 0}, {100, 0}, 1);

@@ -23,36 +23,36 @@ class CollectionViews : public Screen {
         const auto made_view = UICollectionView::alloc()->initWithFrame({{100, 100}, {215, 40}}, layout);
         view = made_view;
         root->addSubview(view);
-        Class made = recording_class(
+        Class made = class_with(
             "Collector", "NSObject",
-            {recorded(
+            {own_method(
                  "collectionView:numberOfItemsInSection:",
-                 +[](id, SEL, id, NSInteger) { return static_cast<NSInteger>(item_count); }, "q@:@q"),
-             recorded(
+                 [](id, SEL, id, NSInteger) { return static_cast<NSInteger>(item_count); }, "q@:@q"),
+             own_method(
                  "collectionView:cellForItemAtIndexPath:",
-                 +[](id, SEL, UICollectionView* view, NSIndexPath* path) {
+                 [](id, SEL, UICollectionView* view, NSIndexPath* path) {
                      auto* cell = view->dequeueReusableCell(text("Cell"), path);
                      cell->setTag(path->item());
                      heard().push_back("cell " + std::to_string(path->item()));
                      return cell;
                  },
                  "@@:@@"),
-             recorded(
+             own_method(
                  "collectionView:layout:sizeForItemAtIndexPath:",
-                 +[](id, SEL, id, id, id) { return item_size; }, "{CGSize=dd}@:@@@"),
-             recorded(
+                 [](id, SEL, id, id, id) { return item_size; }, "{CGSize=dd}@:@@@"),
+             own_method(
                  "collectionView:layout:insetForSectionAtIndex:",
-                 +[](id, SEL, id, id, NSInteger) { return section_inset; }, "{UIEdgeInsets=dddd}@:@@q"),
-             recorded(
+                 [](id, SEL, id, id, NSInteger) { return section_inset; }, "{UIEdgeInsets=dddd}@:@@q"),
+             own_method(
                  "collectionView:didSelectItemAtIndexPath:",
-                 +[](id, SEL, id, NSIndexPath* path) {
+                 [](id, SEL, id, NSIndexPath* path) {
                      heard().push_back("selected " + std::to_string(path->section()) + "." +
                                        std::to_string(path->item()));
                  },
                  "v@:@@"),
-             recorded(
+             own_method(
                  "collectionView:didDeselectItemAtIndexPath:",
-                 +[](id, SEL, id, NSIndexPath* path) {
+                 [](id, SEL, id, NSIndexPath* path) {
                      heard().push_back("deselected " + std::to_string(path->item()));
                  },
                  "v@:@@")});

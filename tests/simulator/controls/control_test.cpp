@@ -27,12 +27,12 @@ class Controls : public Screen {
             {UIControlEventTouchUpInside, "upInside"},
             {UIControlEventTouchUpOutside, "upOutside"},
             {UIControlEventTouchCancel, "cancel"}};
-        std::vector<RecordedMethod> methods;
+        std::vector<OwnMethod> methods;
         for (const auto& [event, name] : events)
             methods.push_back(
-                recorded(name, +[](id, SEL command) { heard().push_back(sel_getName(command)); }, "v@:"));
+                own_method(name, +[](id, SEL command) { heard().push_back(sel_getName(command)); }, "v@:"));
         listener = objc::adopt(objc::send<"new", NSObject*>(
-            reinterpret_cast<id>(recording_class("EventListener", "NSObject", methods))));
+            reinterpret_cast<id>(class_with("EventListener", "NSObject", methods))));
         for (const auto& [event, name] : events) control->addTarget(listener, sel(name), event);
     }
 
@@ -59,8 +59,8 @@ TEST_F(Controls, OnlyTheEventsAskedForAreTold) {
 
 TEST_F(Controls, ATargetThatIsGoneMakesNothingHappen) {
     // A responder that could act, if it were asked instead.
-    Class made = recording_class("PressedView", "UIView",
-                                 {recorded("pressed", +[](id, SEL) { heard().push_back("asked"); }, "v@:")});
+    Class made = class_with("PressedView", "UIView",
+                            {own_method("pressed", [](id, SEL) { heard().push_back("asked"); }, "v@:")});
     auto view = objc::send<"alloc", UIView*>(reinterpret_cast<id>(made))->initWithFrame(root->bounds());
     root->addSubview(view);
     view->addSubview(control);
@@ -78,14 +78,14 @@ TEST_F(Controls, ATargetIsNotRetained) {
 }
 
 TEST_F(Controls, WithoutATargetTheRespondersAreAsked) {
-    Class made = recording_class(
-        "AnsweringView", "UIView",
-        {recorded(
-            "chosenBy:",
-            +[](id self, SEL, UIView*) {
-                heard().push_back("chosen " + std::to_string(static_cast<UIView*>(self)->tag()));
-            },
-            "v@:@")});
+    Class made =
+        class_with("AnsweringView", "UIView",
+                   {own_method(
+                       "chosenBy:",
+                       [](id self, SEL, UIView*) {
+                           heard().push_back("chosen " + std::to_string(static_cast<UIView*>(self)->tag()));
+                       },
+                       "v@:@")});
     auto view =
         objc::send<"alloc", UIView*>(reinterpret_cast<id>(made))->initWithFrame({{0, 200}, {100, 100}});
     view->setTag(3);
@@ -200,8 +200,8 @@ TEST_F(Controls, TheStateIsMadeOfItsParts) {
 TEST_F(Controls, AnActionMayTakeTheControlAway) {
     static UIControl* leaving;
     leaving = control;
-    Class made = recording_class(
-        "Remover", "NSObject", {recorded("remove", +[](id, SEL) { leaving->removeFromSuperview(); }, "v@:")});
+    Class made = class_with("Remover", "NSObject",
+                            {own_method("remove", [](id, SEL) { leaving->removeFromSuperview(); }, "v@:")});
     auto remover = objc::adopt(objc::send<"new", NSObject*>(reinterpret_cast<id>(made)));
     control->addTarget(remover, sel("remove"), UIControlEventTouchUpInside);
     control->addTarget(target, sel("pressed"), UIControlEventTouchUpInside);

@@ -8,11 +8,11 @@ class FirstResponder : public Screen {
   protected:
     /// A view that can become it; with `clinging` it does not give it up.
     UIView* add_willing(NSInteger tag, bool clinging = false) {
-        std::vector<RecordedMethod> methods = {
-            recorded("canBecomeFirstResponder", +[](id, SEL) { return 1; }, "B@:")};
+        std::vector<OwnMethod> methods = {
+            own_method("canBecomeFirstResponder", [](id, SEL) { return 1; }, "B@:")};
         if (clinging)
-            methods.push_back(recorded("canResignFirstResponder", +[](id, SEL) { return 0; }, "B@:"));
-        Class made = recording_class(clinging ? "ClingingView" : "WillingView", "UIView", methods);
+            methods.push_back(own_method("canResignFirstResponder", [](id, SEL) { return 0; }, "B@:"));
+        Class made = class_with(clinging ? "ClingingView" : "WillingView", "UIView", methods);
         auto view = objc::send<"alloc", UIView*>(reinterpret_cast<id>(made))->initWithFrame({});
         view->setTag(tag);
         root->addSubview(view);
@@ -64,10 +64,10 @@ TEST_F(FirstResponder, MayGoAway) {
 }
 
 TEST_F(FirstResponder, IsAskedFirstForAnActionWithoutATarget) {
-    Class made = recording_class("ActingView", "UIView",
-                                 {recorded(
-                                      "canBecomeFirstResponder", +[](id, SEL) { return 1; }, "B@:"),
-                                  recorded("act", +[](id, SEL) { heard().push_back("acted"); }, "v@:")});
+    Class made = class_with("ActingView", "UIView",
+                            {own_method(
+                                 "canBecomeFirstResponder", [](id, SEL) { return 1; }, "B@:"),
+                             own_method("act", [](id, SEL) { heard().push_back("acted"); }, "v@:")});
     auto view = objc::send<"alloc", UIView*>(reinterpret_cast<id>(made))->initWithFrame({});
     root->addSubview(view);
     auto* control = add<UIControl>({});

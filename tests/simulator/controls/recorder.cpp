@@ -11,15 +11,6 @@ std::vector<std::string>& heard() {
 
 std::vector<std::string> just_heard() { return std::exchange(heard(), {}); }
 
-Class recording_class(const char* name, const char* superclass, const std::vector<RecordedMethod>& methods) {
-    if (Class known = objc_getClass(name)) return known;
-    Class made = objc_allocateClassPair(objc_getClass(superclass), name, 0);
-    for (const auto& method : methods)
-        class_addMethod(made, sel_registerName(method.selector), method.function, method.types);
-    objc_registerClassPair(made);
-    return made;
-}
-
 SEL sel(const char* name) { return sel_registerName(name); }
 
 namespace {
@@ -43,31 +34,30 @@ void note_touch(id self, SEL, NSSet* touches, UIEvent*) {
 }  // namespace
 
 objc::strong<NSObject> recording_target() {
-    Class made = recording_class("RecordingTarget", "NSObject",
-                                 {recorded(
-                                      "pressed", +[](id, SEL) { heard().push_back("pressed"); }, "v@:"),
-                                  recorded(
-                                      "pressedBy:",
-                                      +[](id, SEL, UIView* sender) {
-                                          heard().push_back("pressedBy " + std::to_string(sender->tag()));
-                                      },
-                                      "v@:@"),
-                                  recorded(
-                                      "pressedBy:event:",
-                                      +[](id, SEL, UIView* sender, UIEvent* event) {
-                                          heard().push_back("pressedBy " + std::to_string(sender->tag()) +
-                                                            (event ? " with an event" : " without an event"));
-                                      },
-                                      "v@:@@")});
+    Class made = class_with(
+        "RecordingTarget", "NSObject",
+        {own_method(
+             "pressed", [](id, SEL) { heard().push_back("pressed"); }, "v@:"),
+         own_method(
+             "pressedBy:",
+             [](id, SEL, UIView* sender) { heard().push_back("pressedBy " + std::to_string(sender->tag())); },
+             "v@:@"),
+         own_method(
+             "pressedBy:event:",
+             [](id, SEL, UIView* sender, UIEvent* event) {
+                 heard().push_back("pressedBy " + std::to_string(sender->tag()) +
+                                   (event ? " with an event" : " without an event"));
+             },
+             "v@:@@")});
     return objc::adopt(objc::send<"new", NSObject*>(reinterpret_cast<id>(made)));
 }
 
 objc::strong<UIView> touch_recording_view(CGRect frame, NSInteger tag) {
-    Class made = recording_class("TouchRecordingView", "UIView",
-                                 {recorded("touchesBegan:withEvent:", note_touch<"began">, "v@:@@"),
-                                  recorded("touchesMoved:withEvent:", note_touch<"moved">, "v@:@@"),
-                                  recorded("touchesEnded:withEvent:", note_touch<"ended">, "v@:@@"),
-                                  recorded("touchesCancelled:withEvent:", note_touch<"cancelled">, "v@:@@")});
+    Class made = class_with("TouchRecordingView", "UIView",
+                            {own_method("touchesBegan:withEvent:", note_touch<"began">, "v@:@@"),
+                             own_method("touchesMoved:withEvent:", note_touch<"moved">, "v@:@@"),
+                             own_method("touchesEnded:withEvent:", note_touch<"ended">, "v@:@@"),
+                             own_method("touchesCancelled:withEvent:", note_touch<"cancelled">, "v@:@@")});
     auto view = objc::send<"alloc", UIView*>(reinterpret_cast<id>(made))->initWithFrame(frame);
     view->setTag(tag);
     return view;

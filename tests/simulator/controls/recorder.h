@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/controls.h"
+#include "support/runtime.h"
 
 namespace test {
 
@@ -12,20 +13,6 @@ std::vector<std::string>& heard();
 /// The same, and forgets it.
 std::vector<std::string> just_heard();
 using Heard = std::vector<std::string>;
-
-/// A class that writes down the messages it is sent, made when it is first asked for. `name` begins every
-/// line. The types are those of methods: "v@:@".
-struct RecordedMethod {
-    const char* selector;
-    IMP function;
-    const char* types;
-};
-Class recording_class(const char* name, const char* superclass, const std::vector<RecordedMethod>& methods);
-
-template <class Function>
-RecordedMethod recorded(const char* selector, Function* function, const char* types) {
-    return {selector, reinterpret_cast<IMP>(function), types};
-}
 
 /// A new target: pressed, pressedBy: and pressedBy:event: are written down, the sender by its tag.
 objc::strong<NSObject> recording_target();

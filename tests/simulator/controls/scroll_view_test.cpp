@@ -114,12 +114,12 @@ TEST_F(ScrollViews, ClipAndAreTouchedWhereTheyHaveScrolledTo) {
 
 TEST_F(ScrollViews, TellTheirDelegate) {
     auto note = +[](id, SEL message, id) { heard().push_back(sel_getName(message)); };
-    Class made = recording_class("ScrollDelegate", "NSObject",
-                                 {recorded("scrollViewDidScroll:", note, "v@:@"),
-                                  recorded("scrollViewWillBeginDragging:", note, "v@:@"),
-                                  recorded(
-                                      "scrollViewDidEndDragging:willDecelerate:",
-                                      +[](id, SEL, id, int) { heard().push_back("end"); }, "v@:@B")});
+    Class made = class_with("ScrollDelegate", "NSObject",
+                            {own_method("scrollViewDidScroll:", note, "v@:@"),
+                             own_method("scrollViewWillBeginDragging:", note, "v@:@"),
+                             own_method(
+                                 "scrollViewDidEndDragging:willDecelerate:",
+                                 [](id, SEL, id, int) { heard().push_back("end"); }, "v@:@B")});
     auto delegate = objc::adopt(objc::send<"new", NSObject*>(reinterpret_cast<id>(made)));
     scroll_view->setDelegate(delegate);
     press(100, 250);

@@ -11,25 +11,22 @@ std::vector<NSInteger> asked_for;
 
 /// A data source of three rows; as a delegate, it makes the second one higher.
 id three_rows() {
-    static Class type = [] {
-        Class made = objc_allocateClassPair(objc_getClass("NSObject"), "HCThreeRows", 0);
-        class_addMethod(made, sel_registerName("tableView:numberOfRowsInSection:"),
-                        reinterpret_cast<IMP>(+[](id, SEL, id, NSInteger) -> NSInteger { return 3; }),
-                        "q32@0:8@16q24");
-        class_addMethod(made, sel_registerName("tableView:cellForRowAtIndexPath:"),
-                        reinterpret_cast<IMP>(+[](id, SEL, id, NSIndexPath* path) -> id {
-                            asked_for.push_back(path->item());
-                            return UITableViewCell::alloc()->initWithStyle(0, nullptr).autoreleased();
-                        }),
-                        "@32@0:8@16@24");
-        class_addMethod(made, sel_registerName("tableView:heightForRowAtIndexPath:"),
-                        reinterpret_cast<IMP>(+[](id, SEL, id, NSIndexPath* path) -> CGFloat {
-                            return path->item() == 1 ? 60 : 30;
-                        }),
-                        "d32@0:8@16@24");
-        objc_registerClassPair(made);
-        return made;
-    }();
+    Class type = class_with(
+        "HCThreeRows", "NSObject",
+        {own_method(
+             "tableView:numberOfRowsInSection:", [](id, SEL, id, NSInteger) -> NSInteger { return 3; },
+             "q32@0:8@16q24"),
+         own_method(
+             "tableView:cellForRowAtIndexPath:",
+             [](id, SEL, id, NSIndexPath* path) -> id {
+                 asked_for.push_back(path->item());
+                 return UITableViewCell::alloc()->initWithStyle(0, nullptr).autoreleased();
+             },
+             "@32@0:8@16@24"),
+         own_method(
+             "tableView:heightForRowAtIndexPath:",
+             [](id, SEL, id, NSIndexPath* path) -> CGFloat { return path->item() == 1 ? 60 : 30; },
+             "d32@0:8@16@24")});
     asked_for.clear();
     return objc::send<"new", objc::strong<NSObject>>(reinterpret_cast<id>(type)).autoreleased();
 }

@@ -20,23 +20,23 @@ class TextFields : public Screen {
         Screen::SetUp();
         allows_beginning = allows_ending = allows_change = true;
         field = add<UITextField>({{50, 100}, {250, 40}});
-        Class made = recording_class(
+        Class made = class_with(
             "FieldDelegate", "NSObject",
-            {recorded("textFieldShouldBeginEditing:", ask<&allows_beginning>, "B@:@"),
-             recorded("textFieldDidBeginEditing:", hear, "v@:@"),
-             recorded("textFieldShouldEndEditing:", ask<&allows_ending>, "B@:@"),
-             recorded("textFieldDidEndEditing:", hear, "v@:@"),
-             recorded(
+            {own_method("textFieldShouldBeginEditing:", ask<&allows_beginning>, "B@:@"),
+             own_method("textFieldDidBeginEditing:", hear, "v@:@"),
+             own_method("textFieldShouldEndEditing:", ask<&allows_ending>, "B@:@"),
+             own_method("textFieldDidEndEditing:", hear, "v@:@"),
+             own_method(
                  "textFieldShouldReturn:",
-                 +[](id, SEL, UITextField* field) {
+                 [](id, SEL, UITextField* field) {
                      heard().push_back("return");
                      field->resignFirstResponder();
                      return 1;
                  },
                  "B@:@"),
-             recorded(
+             own_method(
                  "textField:shouldChangeCharactersInRange:replacementString:",
-                 +[](id, SEL, UITextField* field, NSRange range, NSString* replacement) {
+                 [](id, SEL, UITextField* field, NSRange range, NSString* replacement) {
                      heard().push_back(utf8(field->text()) + " " + std::to_string(range.location) + "+" +
                                        std::to_string(range.length) + " '" + utf8(replacement) + "'");
                      return static_cast<int>(allows_change);
@@ -158,14 +158,14 @@ TEST_F(TextFields, SettingTheTextPutsTheCaretAtTheEndAndAsksNobody) {
 }
 
 TEST_F(TextFields, ADelegateThatSetsTheTextAndRefusesHasItsText) {
-    Class made = recording_class("InsertingDelegate", "NSObject",
-                                 {recorded(
-                                     "textField:shouldChangeCharactersInRange:replacementString:",
-                                     +[](id, SEL, UITextField* field, NSRange, NSString* replacement) {
-                                         field->setText(text("#")->stringByAppendingString(replacement));
-                                         return 0;
-                                     },
-                                     "B@:@{_NSRange=QQ}@")});
+    Class made = class_with("InsertingDelegate", "NSObject",
+                            {own_method(
+                                "textField:shouldChangeCharactersInRange:replacementString:",
+                                [](id, SEL, UITextField* field, NSRange, NSString* replacement) {
+                                    field->setText(text("#")->stringByAppendingString(replacement));
+                                    return 0;
+                                },
+                                "B@:@{_NSRange=QQ}@")});
     auto inserting = objc::adopt(objc::send<"new", NSObject*>(reinterpret_cast<id>(made)));
     edit();
     field->setDelegate(inserting);

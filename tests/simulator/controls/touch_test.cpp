@@ -83,9 +83,9 @@ TEST_F(Touches, AMovedViewIsTouchedWhereItIsShown) {
 TEST_F(Touches, ViewsAreLaidOutBeforeTheyAreTouched) {
     static UIView* placed;
     placed = add_recorder({{0, 0}, {10, 10}}, 1);
-    Class made = recording_class(
+    Class made = class_with(
         "PlacingView", "UIView",
-        {recorded("layoutSubviews", +[](id, SEL) { placed->setFrame({{100, 100}, {10, 10}}); }, "v@:")});
+        {own_method("layoutSubviews", [](id, SEL) { placed->setFrame({{100, 100}, {10, 10}}); }, "v@:")});
     root->addSubview(
         objc::send<"alloc", UIView*>(reinterpret_cast<id>(made))->initWithFrame({{0, 0}, {1, 1}}));
     tap(105, 105);
@@ -97,23 +97,23 @@ TEST_F(Touches, TheTouchSaysWhereItWasAndWhatItIsIn) {
     static CGPoint now, before;
     static UIView* view;
     static UIWindow* window;
-    Class made = recording_class("TouchReadingView", "UIView",
-                                 {recorded(
-                                      "touchesBegan:withEvent:", +[](id, SEL, NSSet*, UIEvent*) {}, "v@:@@"),
-                                  recorded(
-                                      "touchesMoved:withEvent:",
-                                      +[](id, SEL, NSSet* touches, UIEvent* event) {
-                                          EXPECT_EQ(touches->count(), 1u);
-                                          seen = static_cast<UITouch*>(touches->anyObject());
-                                          EXPECT_TRUE(event->allTouches()->containsObject(seen));
-                                          EXPECT_EQ(seen->phase(), UITouchPhaseMoved);
-                                          EXPECT_EQ(seen->tapCount(), 1u);
-                                          view = seen->view();
-                                          window = seen->window();
-                                          now = seen->locationInView(nullptr);
-                                          before = seen->previousLocationInView(nullptr);
-                                      },
-                                      "v@:@@")});
+    Class made = class_with("TouchReadingView", "UIView",
+                            {own_method(
+                                 "touchesBegan:withEvent:", [](id, SEL, NSSet*, UIEvent*) {}, "v@:@@"),
+                             own_method(
+                                 "touchesMoved:withEvent:",
+                                 [](id, SEL, NSSet* touches, UIEvent* event) {
+                                     EXPECT_EQ(touches->count(), 1u);
+                                     seen = static_cast<UITouch*>(touches->anyObject());
+                                     EXPECT_TRUE(event->allTouches()->containsObject(seen));
+                                     EXPECT_EQ(seen->phase(), UITouchPhaseMoved);
+                                     EXPECT_EQ(seen->tapCount(), 1u);
+                                     view = seen->view();
+                                     window = seen->window();
+                                     now = seen->locationInView(nullptr);
+                                     before = seen->previousLocationInView(nullptr);
+                                 },
+                                 "v@:@@")});
     auto added =
         objc::send<"alloc", UIView*>(reinterpret_cast<id>(made))->initWithFrame({{0, 0}, {100, 100}});
     root->addSubview(added);
@@ -165,11 +165,11 @@ TEST_F(Touches, AreTakenBackWhenSomethingElseIsShown) {
 }
 
 TEST_F(Touches, AnExceptionInAHandlerIsAnsweredAndTheFingerIsLifted) {
-    Class made = recording_class(
+    Class made = class_with(
         "RaisingView", "UIView",
-        {recorded(
+        {own_method(
             "touchesEnded:withEvent:",
-            +[](id, SEL, NSSet*, UIEvent*) { NSArray::class_send<"array", NSArray*>()->objectAtIndex(0); },
+            [](id, SEL, NSSet*, UIEvent*) { NSArray::class_send<"array", NSArray*>()->objectAtIndex(0); },
             "v@:@@")});
     root->addSubview(
         objc::send<"alloc", UIView*>(reinterpret_cast<id>(made))->initWithFrame({{0, 0}, {100, 100}}));

@@ -19,15 +19,15 @@ void note_animated(id self, SEL, int animated) {
 }
 
 strong<UIViewController> recording_controller(const char* title) {
-    Class made = recording_class(
-        "RecordingController", "UIViewController",
-        {recorded("loadView", note<"loadView">, "v@:"), recorded("viewDidLoad", note<"viewDidLoad">, "v@:"),
-         recorded("viewWillAppear:", note_animated<"viewWillAppear:">, "v@:B"),
-         recorded("viewDidAppear:", note_animated<"viewDidAppear:">, "v@:B"),
-         recorded("viewWillDisappear:", note_animated<"viewWillDisappear:">, "v@:B"),
-         recorded("viewDidDisappear:", note_animated<"viewDidDisappear:">, "v@:B"),
-         recorded("viewWillLayoutSubviews", note<"viewWillLayoutSubviews">, "v@:"),
-         recorded("viewDidLayoutSubviews", note<"viewDidLayoutSubviews">, "v@:")});
+    Class made = class_with("RecordingController", "UIViewController",
+                            {own_method("loadView", note<"loadView">, "v@:"),
+                             own_method("viewDidLoad", note<"viewDidLoad">, "v@:"),
+                             own_method("viewWillAppear:", note_animated<"viewWillAppear:">, "v@:B"),
+                             own_method("viewDidAppear:", note_animated<"viewDidAppear:">, "v@:B"),
+                             own_method("viewWillDisappear:", note_animated<"viewWillDisappear:">, "v@:B"),
+                             own_method("viewDidDisappear:", note_animated<"viewDidDisappear:">, "v@:B"),
+                             own_method("viewWillLayoutSubviews", note<"viewWillLayoutSubviews">, "v@:"),
+                             own_method("viewDidLayoutSubviews", note<"viewDidLayoutSubviews">, "v@:")});
     auto controller = objc::adopt(objc::send<"new", UIViewController*>(reinterpret_cast<id>(made)));
     controller->send<"setTitle:">(text(title));
     return controller;

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "drawing_test.h"
+#include "support/runtime.h"
 
 namespace test {
 namespace {
@@ -453,15 +454,6 @@ TEST_F(LayerDrawing, NullAndEmptyAreHarmless) {
     EXPECT_EQ(picture.at(1, 1).red, 0);
 }
 
-/// A class of views with one method of its own.
-template <class Function>
-Class view_class(const char* name, const char* selector, Function* function, const char* types) {
-    Class made = objc_allocateClassPair(UIView::class_object(), name, 0);
-    class_addMethod(made, sel_registerName(selector), reinterpret_cast<IMP>(function), types);
-    objc_registerClassPair(made);
-    return made;
-}
-
 strong<UIView> view_of(Class made, CGRect frame) {
     return objc::send<"alloc", UIView*>(reinterpret_cast<id>(made))->initWithFrame(frame);
 }
@@ -474,9 +466,10 @@ void draw_half(id self, SEL, CGRect rect) {
     UIColor::redColor()->setFill();
     CGContextFillRect(UIGraphicsGetCurrentContext(), {{0, 0}, {rect.size.width / 2, rect.size.height}});
 }
+const OwnMethod draws_half = own_method("drawRect:", draw_half, "v@:{CGRect={CGPoint=dd}{CGSize=dd}}");
 
 TEST_F(Display, AViewDrawsItselfOnceIntoItsContents) {
-    Class drawing = view_class("DrawingView", "drawRect:", draw_half, "v@:{CGRect={CGPoint=dd}{CGSize=dd}}");
+    Class drawing = class_with("DrawingView", "UIView", {draws_half});
     auto view = view_of(drawing, {{3, 3}, {4, 2}});
     EXPECT_TRUE(view->layer()->needsDisplay());
     const Picture picture = photographed(view, 2);
@@ -492,8 +485,7 @@ TEST_F(Display, AViewDrawsItselfOnceIntoItsContents) {
 }
 
 TEST_F(Display, DrawingIsStretchedUntilItIsDoneAgain) {
-    Class drawing =
-        view_class("StretchedView", "drawRect:", draw_half, "v@:{CGRect={CGPoint=dd}{CGSize=dd}}");
+    Class drawing = class_with("StretchedView", "UIView", {draws_half});
     auto view = view_of(drawing, {{0, 0}, {4, 2}});
     photographed(view);
     const int before = times_drawn;
@@ -517,7 +509,8 @@ TEST_F(Display, AViewWithoutDrawingGetsNoBitmap) {
 void display_layer(id, SEL, CALayer* layer) { layer->setBackgroundColor(UIColor::greenColor()->CGColor()); }
 
 TEST_F(Display, AViewMayDisplayItsLayerItself) {
-    Class displaying = view_class("DisplayingView", "displayLayer:", display_layer, "v@:@");
+    Class displaying =
+        class_with("DisplayingView", "UIView", {own_method("displayLayer:", display_layer, "v@:@")});
     auto view = view_of(displaying, {{0, 0}, {2, 2}});
     EXPECT_EQ(photographed(view).at(0, 0), green);
     EXPECT_EQ(view->layer()->contents(), nullptr);
@@ -529,10 +522,8 @@ void draw_layer(id, SEL, CALayer*, CGContextRef context) {
 }
 
 TEST_F(Display, ADelegateDrawsIntoItsLayer) {
-    Class made = objc_allocateClassPair(NSObject::class_object(), "LayerDelegate", 0);
-    class_addMethod(made, sel_registerName("drawLayer:inContext:"), reinterpret_cast<IMP>(draw_layer),
-                    "v@:@^{CGContext=}");
-    objc_registerClassPair(made);
+    Class made = class_with("LayerDelegate", "NSObject",
+                            {own_method("drawLayer:inContext:", draw_layer, "v@:@^{CGContext=}")});
     auto delegate = objc::adopt(objc::send<"new", NSObject*>(reinterpret_cast<id>(made)));
     CALayer* layer = layer_with({{0, 0}, {2, 2}});
     layer->setDelegate(delegate);
@@ -542,7 +533,7 @@ TEST_F(Display, ADelegateDrawsIntoItsLayer) {
 }
 
 TEST_F(Display, AnEmptyViewIsDisplayedWithoutContents) {
-    Class drawing = view_class("EmptyView", "drawRect:", draw_half, "v@:{CGRect={CGPoint=dd}{CGSize=dd}}");
+    Class drawing = class_with("EmptyView", "UIView", {draws_half});
     auto view = view_of(drawing, {});
     view->layer()->displayIfNeeded();
     EXPECT_EQ(view->layer()->contents(), nullptr);

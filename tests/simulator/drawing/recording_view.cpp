@@ -1,5 +1,7 @@
 #include "recording_view.h"
 
+#include "support/runtime.h"
+
 namespace test {
 namespace {
 
@@ -17,22 +19,14 @@ void note_view(id self, SEL, UIView*) {
     record(self, Selector.text);
 }
 
-template <class Function>
-void add(Class made, const char* selector, Function* function, const char* types) {
-    class_addMethod(made, sel_registerName(selector), reinterpret_cast<IMP>(function), types);
-}
-
-Class recording_class() {
-    if (Class known = objc_getClass("RecordingView")) return known;
-    Class made = objc_allocateClassPair(UIView::class_object(), "RecordingView", 0);
-    add(made, "willMoveToSuperview:", note_view<"willMoveToSuperview:">, "v@:@");
-    add(made, "didMoveToSuperview", note<"didMoveToSuperview">, "v@:");
-    add(made, "didAddSubview:", note_view<"didAddSubview:">, "v@:@");
-    add(made, "willRemoveSubview:", note_view<"willRemoveSubview:">, "v@:@");
-    add(made, "layoutSubviews", note<"layoutSubviews">, "v@:");
-    add(made, "tintColorDidChange", note<"tintColorDidChange">, "v@:");
-    objc_registerClassPair(made);
-    return made;
+Class class_that_records() {
+    return class_with("RecordingView", "UIView",
+                      {own_method("willMoveToSuperview:", note_view<"willMoveToSuperview:">, "v@:@"),
+                       own_method("didMoveToSuperview", note<"didMoveToSuperview">, "v@:"),
+                       own_method("didAddSubview:", note_view<"didAddSubview:">, "v@:@"),
+                       own_method("willRemoveSubview:", note_view<"willRemoveSubview:">, "v@:@"),
+                       own_method("layoutSubviews", note<"layoutSubviews">, "v@:"),
+                       own_method("tintColorDidChange", note<"tintColorDidChange">, "v@:")});
 }
 
 }  // namespace
@@ -43,7 +37,8 @@ std::vector<std::string>& messages() {
 }
 
 objc::strong<UIView> recording_view(CGRect frame, NSInteger tag) {
-    auto view = objc::send<"alloc", UIView*>(reinterpret_cast<id>(recording_class()))->initWithFrame(frame);
+    auto view =
+        objc::send<"alloc", UIView*>(reinterpret_cast<id>(class_that_records()))->initWithFrame(frame);
     view->setTag(tag);
     messages().clear();
     return view;

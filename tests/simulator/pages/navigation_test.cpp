@@ -17,11 +17,11 @@ void note(id self, SEL, int animated) {
 class Navigation : public Pages {
   protected:
     strong<UIViewController> noting(const char* title) {
-        Class made = recording_class("NotingPage", "UIViewController",
-                                     {recorded("viewWillAppear:", note<"viewWillAppear:">, "v@:B"),
-                                      recorded("viewDidAppear:", note<"viewDidAppear:">, "v@:B"),
-                                      recorded("viewWillDisappear:", note<"viewWillDisappear:">, "v@:B"),
-                                      recorded("viewDidDisappear:", note<"viewDidDisappear:">, "v@:B")});
+        Class made = class_with("NotingPage", "UIViewController",
+                                {own_method("viewWillAppear:", note<"viewWillAppear:">, "v@:B"),
+                                 own_method("viewDidAppear:", note<"viewDidAppear:">, "v@:B"),
+                                 own_method("viewWillDisappear:", note<"viewWillDisappear:">, "v@:B"),
+                                 own_method("viewDidDisappear:", note<"viewDidDisappear:">, "v@:B")});
         auto page = objc::adopt(objc::send<"new", UIViewController*>(reinterpret_cast<id>(made)));
         page->setTitle(text(title));
         page->view()->setBackgroundColor(UIColor::whiteColor());

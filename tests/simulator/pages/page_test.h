@@ -19,14 +19,14 @@ inline void touch(sim_touch_phase phase, double x, double y) {
 
 /// A class made here, with methods that are lambdas: `made_class("Rows", "NSObject", {method(…)})`.
 template <class Function>
-RecordedMethod method(const char* selector, const char* types, Function function) {
-    return recorded(selector, +function, types);
+OwnMethod method(const char* selector, const char* types, Function function) {
+    return own_method(selector, function, types);
 }
 
 inline objc::strong<NSObject> object_of(const char* name, const char* superclass,
-                                        const std::vector<RecordedMethod>& methods) {
+                                        const std::vector<OwnMethod>& methods) {
     return objc::adopt(
-        objc::send<"new", NSObject*>(reinterpret_cast<id>(recording_class(name, superclass, methods))));
+        objc::send<"new", NSObject*>(reinterpret_cast<id>(class_with(name, superclass, methods))));
 }
 
 class Pages : public testing::Test {

@@ -38,7 +38,7 @@ class PagePictures : public Pages {
             {method("numberOfSectionsInTableView:", "q@:@", [](id, SEL, id) -> NSInteger { return 2; }),
              method("tableView:numberOfRowsInSection:", "q@:@q",
                     [](id, SEL, id, NSInteger) -> NSInteger { return 3; }),
-             recorded("tableView:cellForRowAtIndexPath:", sample_cell, "@@:@@"),
+             own_method("tableView:cellForRowAtIndexPath:", sample_cell, "@@:@@"),
              method("tableView:commitEditingStyle:forRowAtIndexPath:", "v@:@q@",
                     [](id, SEL, id, NSInteger, id) {}),
              method("tableView:moveRowAtIndexPath:toIndexPath:", "v@:@@@", [](id, SEL, id, id, id) {}),

@@ -68,12 +68,12 @@ class Tables : public Pages {
                     [](id, SEL, id, NSInteger section) {
                         return static_cast<NSInteger>(rows()[static_cast<size_t>(section)].size());
                     }),
-             recorded("tableView:cellForRowAtIndexPath:", cell_for, "@@:@@"),
-             recorded("tableView:commitEditingStyle:forRowAtIndexPath:", commit, "v@:@q@"),
-             recorded("tableView:moveRowAtIndexPath:toIndexPath:", move_row, "v@:@@@"),
-             recorded("tableView:didSelectRowAtIndexPath:", note_row<"select">, "v@:@@"),
-             recorded("tableView:didDeselectRowAtIndexPath:", note_row<"deselect">, "v@:@@"),
-             recorded("tableView:accessoryButtonTappedForRowWithIndexPath:", note_row<"detail">, "v@:@@"),
+             own_method("tableView:cellForRowAtIndexPath:", cell_for, "@@:@@"),
+             own_method("tableView:commitEditingStyle:forRowAtIndexPath:", commit, "v@:@q@"),
+             own_method("tableView:moveRowAtIndexPath:toIndexPath:", move_row, "v@:@@@"),
+             own_method("tableView:didSelectRowAtIndexPath:", note_row<"select">, "v@:@@"),
+             own_method("tableView:didDeselectRowAtIndexPath:", note_row<"deselect">, "v@:@@"),
+             own_method("tableView:accessoryButtonTappedForRowWithIndexPath:", note_row<"detail">, "v@:@@"),
              method("tableView:titleForHeaderInSection:", "@@:@q", [](id, SEL, id, NSInteger section) -> id {
                  return text("Section " + std::to_string(section));
              })});
