@@ -54,6 +54,15 @@ TEST_F(LayoutTest, SegmentsSectionsAndLibrariesAreThoseOfTheFile) {
     EXPECT_EQ(layout.build_versions[0].minimum_system, 0x000c0000u);
 }
 
+TEST_F(LayoutTest, AnImageIsPositionIndependentIfItsFlagsSaySo) {
+    constexpr size_t flags = 24;
+    constexpr uint32_t position_independent = 0x200000;
+    draft.set32(flags, draft.u32(flags) & ~position_independent);
+    EXPECT_FALSE(draft.load().layout().position_independent);
+    draft.set32(flags, draft.u32(flags) | position_independent);
+    EXPECT_TRUE(draft.load().layout().position_independent);
+}
+
 TEST_F(LayoutTest, TheErrorNamesTheFile) {
     draft.set32(0, 0x464c457f);
     EXPECT_EQ(draft.load_error(),

@@ -40,6 +40,7 @@ TEST(RebaseTest, EveryOpcodeMovesOn) {
     EXPECT_THAT(rebases(joined({kPointer, kData, {0x52}})), ElementsAre(0x1010, 0x1018));
     EXPECT_THAT(rebases(joined({kPointer, kData, {0x60, 0x03}})), ElementsAre(0x1010, 0x1018, 0x1020));
     EXPECT_THAT(rebases(joined({kPointer, kData, {0x30, 0x08, 0x51}})), ElementsAre(0x1018));
+    EXPECT_THAT(rebases(joined({kPointer, kData, {0x31, 0x08, 0x51}})), ElementsAre(0x1018));
     EXPECT_THAT(rebases(joined({kPointer, kData, {0x42, 0x51}})), ElementsAre(0x1020));
     EXPECT_THAT(rebases(joined({kPointer, kData, {0x70, 0x10, 0x51}})), ElementsAre(0x1010, 0x1028));
     EXPECT_THAT(rebases(joined({kPointer, kData, {0x80, 0x03, 0x08}})), ElementsAre(0x1010, 0x1020, 0x1030));

@@ -97,6 +97,13 @@ TEST_F(StructureRules, UnknownAccessIsRefused) {
     EXPECT_EQ(refusal(), "LC_SEGMENT_64 __DATA: maxprot (found 0x13, expected at most 0x7)");
 }
 
+TEST_F(StructureRules, WhatMayBeWrittenAndNotReadIsRefused) {
+    draft.set32(data + kAccess, 2);
+    EXPECT_EQ(
+        draft.load_error({.signature = false}),
+        "plain.dylib: cannot load: LC_SEGMENT_64 __DATA: initprot (found 0x2, expected a readable segment)");
+}
+
 TEST_F(StructureRules, CodeThatMayNotRunIsRefused) {
     draft.set32(text + kAccess, 1);
     EXPECT_EQ(draft.load_error({.signature = false}),

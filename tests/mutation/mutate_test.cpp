@@ -221,6 +221,26 @@ TEST_F(Mutate, OfManyMutantsEachIsJudgedByTheSuitesThatReachItsLine) {
     EXPECT_EQ(asked.rfind("Limit"), 0u) << asked;
 }
 
+TEST_F(Mutate, WhatTheReachingSuitesLetLiveIsJudgedByAll) {
+    // Only the other suite runs the line, and does not look at what comes of it: the first has it from the
+    // compiler.
+    write("build/bin/limit_tests",
+          "#!/bin/sh\n"
+          "case \"$*\" in\n"
+          "*--gtest_list_tests*) echo Limit.; echo '  Keeps'; echo Sum.; echo '  Adds' ;;\n"
+          "*Sum.*) \"$LIMIT\" 1 2; exit 0 ;;\n"
+          "*) \"$LIMIT\"; [ $? = 10 ] || { echo FAILED: Limit.Keeps; exit 1; } ;;\n"
+          "esac\n");
+    write("source/limit.cpp",
+          "constexpr int sum(int less) { return 1 + 2 + 3 + 4 + 5 + 6 + 7 - less; }\n"
+          "constexpr int largest = sum(18);\n"
+          "int main(int count, char**) { return count > 2 ? sum(count) : largest; }\n");
+    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    const Outcome outcome = mutate("source/limit.cpp:1");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, AllOf(HasSubstr("by limit_tests Limit.Keeps\n"), HasSubstr(" 0 survived")));
+}
+
 TEST_F(Mutate, AHeaderIsJudgedThroughOneFromElsewhereThatIncludesIt) {
     write("other/limits.h", "#include \"" + (root_ / "source/limit.h").string() + "\"\n");
     write("source/limit.cpp", "#include \"../other/limits.h\"\n" + std::string(limit_source));
@@ -233,6 +253,61 @@ TEST_F(Mutate, HeadersFromElsewhereAreThereAsBefore) {
     write("source/limit.cpp", "#include \"../other/words.h\"\n" + std::string(limit_source));
     EXPECT_EQ(run_shell("ninja -C build").status, 0);
     EXPECT_THAT(mutate("source/limit.cpp:6").output, HasSubstr("1 tried, 1 killed"));
+}
+
+TEST_F(Mutate, WhatTheBuildReadsOnceIsReadAgain) {
+    write("build/build.ninja",
+          "rule read\n"
+          "  command = " COMPILER
+          " -x c++-header -o $out $in\n"
+          "rule compile\n"
+          "  command = env CCACHE_DISABLE=1 ccache " COMPILER
+          " -Xclang -include-pch -Xclang limit.pch -Xclang -include -Xclang ../source/limit.h"
+          " -MD -MT $out -MF $out.d -o $out -c $in\n"
+          "  depfile = $out.d\n"
+          "  deps = gcc\n"
+          "rule link\n"
+          "  command = : && " COMPILER
+          " -o $out $in && :\n"
+          "build limit.pch: read ../source/limit.h\n"
+          "build limit.o: compile ../source/limit.cpp | limit.pch\n"
+          "build lib/limit: link limit.o\n");
+    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    EXPECT_THAT(mutate("source/limit.h").output, HasSubstr("2 tried, 2 killed"));
+}
+
+TEST_F(Mutate, AnArchiveIsJudgedByTheProgramThatHoldsIt) {
+    write("source/limit.cpp",
+          "int limited(int value) {\n    if (value > 10) return 10;\n    return value;\n}\n");
+    write("tests/limit_tests.cpp",
+          "#include <cstdio>\n"
+          "int limited(int);\n"
+          "int main() {\n"
+          "    if (limited(5) == 5 && limited(50) == 10) return 0;\n"
+          "    std::puts(\"FAILED: Limit.IsKept\");\n"
+          "    return 1;\n"
+          "}\n");
+    write("build/build.ninja",
+          "rule compile\n"
+          "  command = " COMPILER
+          " -MD -MT $out -MF $out.d -o $out -c $in\n"
+          "  depfile = $out.d\n"
+          "  deps = gcc\n"
+          "rule archive\n"
+          "  command = : && rm -f $out && ar qc $out $in && :\n"
+          "rule link\n"
+          "  command = : && " COMPILER
+          " -o $out $in && :\n"
+          "build limit.o: compile ../source/limit.cpp\n"
+          "build tests.o: compile ../tests/limit_tests.cpp\n"
+          "build limit.a: archive limit.o\n"
+          "build bin/limit_tests: link tests.o limit.a\n");
+    write("tests/mutation/judges.txt", "source bin/limit_tests limit_tests\n");
+    fs::remove(root_ / "build/bin/limit_tests");
+    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    EXPECT_THAT(mutate("source/limit.cpp:3").output,
+                AllOf(HasSubstr("killed: source/limit.cpp:3 by limit_tests Limit.IsKept\n"),
+                      HasSubstr("1 tried, 1 killed")));
 }
 
 TEST_F(Mutate, TheSourcesAndTheBuildStayAsTheyAre) {

@@ -8,9 +8,9 @@ usage: ./dev mutate [<file or folder>[:<line>]...] [--sample <number>] [--seed <
 Builds the release preset and changes the sources, library/ unless some are named, one place at a time: comparisons are
 flipped, conditions negated, constants shifted, literals changed, results emptied, calls and assignments removed. Each such
 mutant is linked beside the build, and the suites that reach its line judge it until a case fails: those of the test programs
-that tests/mutation/judges.txt lists, the nearest first. One that none of them kills is printed with its place. What does not
-compile, or compiles to the same code, is counted apart, and tests/mutation/explained.txt has those that change nothing, with
-the reason. The tree and the build stay as they are.
+that tests/mutation/judges.txt lists, the nearest first, for library/, objc/, pane/, loader/ and simulator/. One that none of
+them kills is printed with its place. What does not compile, or compiles to the same code, is counted apart, and
+tests/mutation/explained.txt has those that change nothing, with the reason. The tree and the build stay as they are.
   <file>:<line>      only the mutants of one line
   --sample <number>  so many, taken at random
   --seed <number>    what decides the sample: 1 unless given
@@ -22,7 +22,7 @@ END
 command_mutate() {
     local programs temporary=/tmp
     setup
-    mapfile -t programs < <(grep -v '^#' "$root/tests/mutation/judges.txt" | tr ' ' '\n' | grep '_tests$' | sort -u)
+    mapfile -t programs < <(grep -v '^#' "$root/tests/mutation/judges.txt" | tr ' ' '\n' | grep -x '[a-z_]*_tests' | sort -u)
     configure release
     cmake --build "$root/build/release" --target huecraft_mutate huecraft "${programs[@]}" ||
         fail "building the preset 'release' failed"

@@ -45,10 +45,16 @@ std::string Cases::settings(const Judges& judges) const {
     return settings;
 }
 
+/// A program may be the image itself.
+std::string Cases::path_of(const Judges& judges, const std::string& program) const {
+    const std::string built = "bin/" + program;
+    return built == judges.image ? quoted(made_.image()) : built;
+}
+
 /// A suite's name stands at the beginning of a line, and ends in a point.
 std::vector<Cases::Suite> Cases::suites_of(const Judges& judges, const std::string& program) const {
-    const Ended listed =
-        run(settings(judges) + " bin/" + program + " --gtest_list_tests", build_, program_patience);
+    const Ended listed = run(settings(judges) + " " + path_of(judges, program) + " --gtest_list_tests",
+                             build_, program_patience);
     if (!listed.well) throw Failure(program + " does not say what its cases are: " + listed.output);
     std::vector<Suite> suites;
     std::istringstream lines(listed.output);
@@ -61,8 +67,8 @@ std::vector<Cases::Suite> Cases::suites_of(const Judges& judges, const std::stri
 std::string Cases::first_that_fails(const Judges& judges, const Asked& asked, const std::string& also_set) {
     fs::remove_all(temporary_);
     fs::create_directories(temporary_);
-    const std::string command = memory_limit + settings(judges) + " " + also_set + " exec bin/" +
-                                asked.program + case_limit +
+    const std::string command = memory_limit + settings(judges) + " " + also_set + " exec " +
+                                path_of(judges, asked.program) + case_limit +
                                 (asked.filter.empty() ? "" : " --gtest_filter=" + quoted(asked.filter));
     // The first case that fails is enough.
     const Ended ended = run(command, build_, program_patience,
@@ -86,14 +92,14 @@ void Cases::learn_reach(const Judges& judges, const std::string& program) {
     }
 }
 
-void Cases::prepare(const Judges& judges, bool learn) {
+void Cases::prepare(const Judges& judges, const std::set<fs::path>& files) {
     bool made = false;
     for (const std::string& program : judges.programs) {
         if (!suites_.try_emplace(program).second) continue;
-        if (!made && !(learn ? made_.make_counting() : made_.make_unchanged()))
+        if (!made && !(files.empty() ? made_.make_unchanged() : made_.make_counting(files)))
             throw Failure(judges.image + " cannot be made again without any change");
         made = true;
-        if (learn)
+        if (!files.empty())
             learn_reach(judges, program);
         else if (const std::string failing = first_that_fails(judges, {program, ""}); !failing.empty())
             throw Failure("without any change the tests fail: " + failing);
@@ -101,14 +107,18 @@ void Cases::prepare(const Judges& judges, bool learn) {
 }
 
 std::string Cases::first_that_fails(const Judges& judges, const fs::path& file, size_t line) {
-    std::vector<Asked> all(failed_lately_.begin(), failed_lately_.end());
+    std::vector<Asked> reaching(failed_lately_.begin(), failed_lately_.end()), all;
     for (const std::string& program : judges.programs)
         for (const Suite& suite : suites_[program])
             if (const auto found = suite.reached.find(file);
                 found != suite.reached.end() && found->second.contains(line))
-                all.push_back({program, suite.name + ".*"});
-    if (all.size() == failed_lately_.size())
-        for (const std::string& program : judges.programs) all.push_back({program, ""});
+                reaching.push_back({program, suite.name + ".*"});
+    for (const std::string& program : judges.programs) all.push_back({program, ""});
+    const std::string failing = first_that_fails(judges, reaching);
+    return failing.empty() ? first_that_fails(judges, all) : failing;
+}
+
+std::string Cases::first_that_fails(const Judges& judges, const std::vector<Asked>& all) {
     for (auto next = all.begin(); next != all.end();) {
         // One start of a program is enough for what follows one another.
         Asked asked = *next;

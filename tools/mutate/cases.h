@@ -16,12 +16,13 @@ class Cases {
     Cases(fs::path build, ScratchBuild& made, const fs::path& scratch);
 
     /// Sees that every case passes without any change, each once, and throws when one fails: then there is
-    /// nothing to judge by. If asked to, it learns what each suite reaches, with an image that counts.
-    void prepare(const Judges& judges, bool learn_reach);
+    /// nothing to judge by. Of these files, if there are any, it learns what each suite reaches, with an
+    /// image that counts.
+    void prepare(const Judges& judges, const std::set<fs::path>& files);
 
-    /// The program and the case that fails with the image as it was made last, or "". It asks the suites that
-    /// reach the line; and all of them where none is seen to, for what the compiler computes or lays out is
-    /// not counted. Before these it asks the cases that failed lately.
+    /// The program and the case that fails with the image as it was made last, or "". It asks the cases that
+    /// failed lately, then the suites that reach the line, and at last all: what the compiler computes or
+    /// lays out is not counted.
     std::string first_that_fails(const Judges& judges, const fs::path& file, size_t line);
 
   private:
@@ -35,7 +36,9 @@ class Cases {
     std::vector<Suite> suites_of(const Judges& judges, const std::string& program) const;
     void learn_reach(const Judges& judges, const std::string& program);
     std::string first_that_fails(const Judges& judges, const Asked& asked, const std::string& also_set = "");
+    std::string first_that_fails(const Judges& judges, const std::vector<Asked>& all);
     std::string settings(const Judges& judges) const;
+    std::string path_of(const Judges& judges, const std::string& program) const;
 
     fs::path build_, temporary_, profiles_;
     ScratchBuild& made_;

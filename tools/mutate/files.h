@@ -32,6 +32,8 @@ class ScratchFolder {
         std::string pattern = (fs::temp_directory_path() / "huecraft-mutants-XXXXXX").string();
         if (!mkdtemp(pattern.data())) throw Failure("no folder can be made as " + pattern);
         path_ = pattern;
+        // For cases that give up their rights.
+        fs::permissions(path_, fs::perms::group_exec | fs::perms::others_exec, fs::perm_options::add);
     }
     ~ScratchFolder() {
         std::error_code ignored;

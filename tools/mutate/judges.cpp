@@ -20,9 +20,9 @@ std::vector<Judges> read_judges(const fs::path& list) {
             else
                 judges.variables.emplace_back(word.substr(0, equals), word.substr(equals + 1));
         }
-        if (judges.programs.empty() || judges.variables.empty())
+        if (judges.programs.empty())
             throw Failure(list.string() + ":" + std::to_string(number) +
-                          ": expected <folder> <image> <variable>=<path>... <program>..., found '" + line +
+                          ": expected <folder> <image> [<variable>=<path>]... <program>..., found '" + line +
                           "'");
         all.push_back(std::move(judges));
     }

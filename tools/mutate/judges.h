@@ -12,11 +12,11 @@ struct Judges {
     std::string folder;  // or a file, from the root
     std::string image;   // what is linked again, from the build's folder
     std::vector<std::pair<std::string, std::string>> variables;  // where a program finds the images
-    std::vector<std::string> programs;                           // the nearest first
+    std::vector<std::string> programs;                           // the nearest first; the image may be one
 };
 
-/// "<folder> <image> <variable>=<path>... <program>..." a line; empty lines and those that begin with "#" are
-/// none.
+/// "<folder> <image> [<variable>=<path>]... <program>..." a line; empty lines and those that begin with "#"
+/// are none.
 std::vector<Judges> read_judges(const std::filesystem::path& list);
 
 /// Those of the longest folder that holds the file. Throws when there are none.

@@ -111,7 +111,7 @@ int try_mutants(const Request& request) {
     std::vector<Candidate> all = candidates(request, trial);
     const size_t found = all.size();
     take_sample(all, request.sample, request.seed);
-    trial.expect(all.size());
+    trial.expect(all);
 
     size_t killed = 0, survived = 0, known = 0, not_compiled = 0, same_code = 0, tried = 0;
     for (const Candidate& one : all) {

@@ -55,38 +55,63 @@ ScratchBuild::ScratchBuild(const fs::path& build, const std::string& image, cons
     if (all.empty()) throw Failure(build.string() + ": the build says nothing of how " + image + " is made");
     link_ = all.back() + " ";
     all.pop_back();
-    for (std::string& command : all) take_unit(std::move(command));
-    if (units_.empty()) throw Failure(build.string() + ": no C++ source is a part of " + image);
+    std::string members = link_;
+    for (const std::string& command : all)
+        if (const std::string archive = after(words_of(command), "qc");
+            !archive.empty() && link_.find(" " + archive + " ") != link_.npos)
+            members += command + " ";
+    for (std::string& command : all) take_unit(std::move(command), members);
     take_dependencies();
+    if (units_.empty()) throw Failure(build.string() + ": no C++ source is a part of " + image);
     fs::create_directories(scratch_ / "image");
 }
 
-void ScratchBuild::take_unit(std::string command) {
+void ScratchBuild::take_unit(std::string command, const std::string& members) {
     std::vector<std::string> words = words_of(command);
     const std::string object = after(words, "-o"), source = after(words, "-c");
-    if (source.empty() || !source.ends_with(".cpp") || link_.find(" " + object + " ") == link_.npos) return;
-    // A cache in front cannot know of the change, and what the file includes is known.
+    if (!source.ends_with(".cpp") || members.find(" " + object + " ") == members.npos) return;
+    // A cache in front cannot know of the change, and what the file includes is known. The build's own
+    // headers that are read once were read with optimisation, and hold what changes.
+    const auto cache =
+        std::ranges::find_if(words, [](const std::string& word) { return word.ends_with("ccache"); });
+    if (cache != words.end()) words.erase(words.begin(), cache + 1);
     command.clear();
-    for (size_t i = words.front().ends_with("ccache") ? 1 : 0; i < words.size(); ++i) {
+    for (size_t i = 0; i < words.size(); ++i) {
         if (words[i] == "-MT" || words[i] == "-MF")
             ++i;
+        else if (words[i] == "-Xclang" && i + 3 < words.size() && words[i + 1].starts_with("-include"))
+            i += 3;
         else if (words[i] != "-MD" && words[i] != "-g1" && words[i] != "-g")
             command += words[i] + " ";
     }
     units_.push_back({.object = object, .command = command, .source = (build_ / source).lexically_normal()});
 }
 
+/// Leaves the units that have to do with what changes, its own before others.
 void ScratchBuild::take_dependencies() {
+    std::map<std::string, std::vector<fs::path>> included;  // by object
     std::istringstream dependencies(ask_ninja(build_, "deps"));
-    const Unit* unit = nullptr;
-    for (std::string line; std::getline(dependencies, line);) {
-        if (line.starts_with("    ")) {
-            if (unit) includers_[(build_ / line.substr(4)).lexically_normal()].push_back(unit);
-            continue;
-        }
-        const auto found = std::ranges::find(units_, line.substr(0, line.find(": #deps")), &Unit::object);
-        unit = found == units_.end() ? nullptr : &*found;
-    }
+    std::vector<fs::path>* files = nullptr;
+    for (std::string line; std::getline(dependencies, line);)
+        if (!line.starts_with("    "))
+            files = &included[line.substr(0, line.find(": #deps"))];
+        else if (files)
+            files->push_back((build_ / line.substr(4)).lexically_normal());
+    const auto changes = [&](const fs::path& file) { return is_in(file, changing_); };
+    std::erase_if(units_, [&](const Unit& unit) {
+        return !changes(unit.source) && std::ranges::none_of(included[unit.object], changes);
+    });
+    std::ranges::partition(units_, changes, &Unit::source);
+    for (const Unit& unit : units_)
+        for (const fs::path& file : included[unit.object]) includers_[file].push_back(&unit);
+}
+
+std::string ScratchBuild::command_for(const Unit& unit, const fs::path& source,
+                                      const fs::path& object) const {
+    std::string command = unit.command;
+    replace_word(command, unit.object, object);
+    replace_word(command, after(words_of(command), "-c"), source);
+    return command + quickly;
 }
 
 std::vector<const ScratchBuild::Unit*> ScratchBuild::units_of(const fs::path& file) const {
@@ -107,12 +132,10 @@ const std::string& ScratchBuild::headers_read_once() {
             includes += "#include \"" + file.string() + "\"\n";
     if (includes.empty()) return *headers_read_once_;
     write_file(together, includes);
-    const Unit& unit = units_.front();
     const fs::path read = scratch_ / "headers.pch", listed = scratch_ / "headers.d";
-    std::string command = unit.command + quickly + " -fpch-instantiate-templates -MD -MF " + listed.string();
-    replace_word(command, after(words_of(command), "-c"), together);
+    std::string command = command_for(units_.front(), together, read) +
+                          " -fpch-instantiate-templates -MD -MF " + listed.string();
     replace_word(command, "-c", "-x c++-header");
-    replace_word(command, unit.object, read);
     if (run(command, build_, patience).well &&
         read_file(listed).find(" " + changing_.string() + "/") == std::string::npos)
         headers_read_once_ = " -include-pch " + quoted(read);
@@ -122,21 +145,27 @@ const std::string& ScratchBuild::headers_read_once() {
 ScratchBuild::Objects ScratchBuild::compile(const std::vector<const Unit*>& units,
                                             const std::string& options) {
     Objects objects;
+    const auto kind = [&](const Unit& unit) { return command_for(unit, "source", "object"); };
     for (const Unit* unit : units) {
         const fs::path object = scratch_ / ("unit" + std::to_string(objects.size()) + ".o");
-        std::string command = unit->command;
-        replace_word(command, unit->object, object);
-        if (!run(command + quickly + headers_read_once() + options, build_, patience).well) return {};
+        std::string command = command_for(*unit, unit->source, object);
+        // They were read as the first unit reads them.
+        if (kind(*unit) == kind(units_.front())) command += headers_read_once();
+        if (!run(command + options, build_, patience).well) return {};
         objects[unit] = object;
     }
     return objects;
 }
 
 bool ScratchBuild::link(const Objects& objects, const std::string& options) const {
-    std::string command = link_;
-    for (const auto& [unit, object] : objects) replace_word(command, unit->object, object);
+    std::string command = link_, members;
+    for (const auto& [unit, object] : objects)
+        if (link_.find(" " + unit->object + " ") == link_.npos)
+            members += object.string() + " ";  // before its archive, which then has nothing to add
+        else
+            replace_word(command, unit->object, object);
     replace_word(command, image_, image());
-    replace_word(command, "-o", options + " -o");
+    replace_word(command, "-o", options + " " + members + "-o");
     return !objects.empty() && run(command, build_, patience).well;
 }
 
@@ -161,10 +190,11 @@ Made ScratchBuild::make(const fs::path& file, const std::string& contents) {
     return link(objects) ? Made::changed : Made::not_compiled;
 }
 
-bool ScratchBuild::make_counting() {
-    std::vector<const Unit*> all;
-    for (const Unit& unit : units_) all.push_back(&unit);
-    return link(compile(all, counting), "-fprofile-instr-generate " COUNTING);
+bool ScratchBuild::make_counting(const std::set<fs::path>& files) {
+    std::set<const Unit*> all;
+    for (const fs::path& file : files)
+        for (const Unit* unit : units_of(file)) all.insert(unit);
+    return link(compile({all.begin(), all.end()}, counting), "-fprofile-instr-generate " COUNTING);
 }
 
 /// The compiler's neighbour, of its version.

@@ -2,6 +2,7 @@
 #pragma once
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,8 +14,9 @@ enum class Made { not_compiled, same_code, changed };
 
 class ScratchBuild {
   public:
-    /// Asks ninja how the image is made. Headers that do not include anything in `changing`, a folder, are
-    /// read once for all that is made. Throws when the build knows nothing of the image.
+    /// Asks ninja how the image is made, of which units that are or include something in `changing`, a
+    /// folder; archives that are a part of it count as their members. Headers that do not include anything in
+    /// `changing` are read once for all that is made. Throws when the build knows nothing of the image.
     ScratchBuild(const fs::path& build, const std::string& image, const fs::path& changing,
                  const fs::path& scratch);
 
@@ -28,8 +30,9 @@ class ScratchBuild {
     /// Makes the image as it is; a false answer says that this way of making it does not work.
     bool make_unchanged() { return link(compile({&units_.front()}, "")); }
 
-    /// Makes the image as it is, but so that it counts in a profile how often each line is reached.
-    bool make_counting();
+    /// Makes the image as it is, but so that it counts in a profile how often each line of these files is
+    /// reached.
+    bool make_counting(const std::set<fs::path>& files);
 
     /// What the profiles in a folder say, by file: how often each line was reached, of those that can be.
     std::map<fs::path, std::map<size_t, unsigned long>> counts_in(const fs::path& profiles) const;
@@ -41,8 +44,9 @@ class ScratchBuild {
         std::string object, command;
         fs::path source;
     };
-    void take_unit(std::string command);
+    void take_unit(std::string command, const std::string& members);
     void take_dependencies();
+    std::string command_for(const Unit& unit, const fs::path& source, const fs::path& object) const;
     std::vector<const Unit*> units_of(const fs::path& file) const;
     const std::string& headers_read_once();
     /// Units and their objects; one that does not compile has none.

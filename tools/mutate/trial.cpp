@@ -12,10 +12,15 @@ Trial::Place& Trial::place_of(const Judges& judges) {
         .first->second;
 }
 
+void Trial::expect(const std::vector<Candidate>& candidates) {
+    if (candidates.size() < 20) return;
+    for (const Candidate& one : candidates) asked_about_.insert(root_ / one.file);
+}
+
 Verdict Trial::judge(const Candidate& candidate) {
     const Judges& judges = judges_of(judges_, candidate.file);
     Place& place = place_of(judges);
-    place.cases.prepare(judges, many_);
+    place.cases.prepare(judges, asked_about_);
     const fs::path file = root_ / candidate.file;
     switch (place.made.make(file, with(read_file(file), candidate.mutant))) {
         case Made::not_compiled: return {Fate::not_compiled, ""};

@@ -1,6 +1,7 @@
 // What becomes of mutants: each is built and judged by the tests that reach it.
 #pragma once
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -34,8 +35,8 @@ class Trial {
     /// Whether an image that is judged holds the file.
     bool holds(const std::string& file);
 
-    /// So many will be judged. It is worth asking first which cases reach what, unless they are few.
-    void expect(size_t count) { many_ = count >= 20; }
+    /// These will be judged. It is worth asking first which cases reach what, unless they are few.
+    void expect(const std::vector<Candidate>& candidates);
 
     /// Throws when the tests fail without any change, of which each program is asked once.
     Verdict judge(const Candidate& candidate);
@@ -54,7 +55,7 @@ class Trial {
     fs::path root_, build_;
     const std::vector<Judges>& judges_;
     std::map<std::pair<std::string, std::string>, Place> places_;  // by image and outermost folder
-    bool many_ = false;
+    std::set<fs::path> asked_about_;                               // the files of many
 };
 
 }  // namespace mutate

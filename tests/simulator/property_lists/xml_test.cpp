@@ -91,6 +91,13 @@ TEST_F(PropertyListReading, XmlMustMatch) {
     expect_refused("<!DOCTYPE plist");
 }
 
+TEST_F(PropertyListReading, XmlTagsThatDoNotEndAreNamed) {
+    for (const char* wrong : {"<string>a</array>", "<string>a</string", "<string>a"}) {
+        expect_refused(plist(wrong));
+        EXPECT_NE(reason().find("no end tag for <string>"), std::string::npos) << reason();
+    }
+}
+
 TEST_F(PropertyListReading, XmlUnknownTagsAreNamedInWholeCharacters) {
     for (size_t before : {37, 38, 39, 40})
         expect_refused("<" + std::string(before, '1') + "\u2028" + std::string(20, '1') + ">");
