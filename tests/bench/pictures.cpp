@@ -3,6 +3,7 @@
 // The layers are what the simulator's own pictures differ in: the page with the keyboard's background, then a
 // file for each key cap, label and glyph. ImageMagick reads them and lays them over each other, where the
 // simulator has a system to boot and a keyboard to lay out; both write the same pixels as PNG.
+#include <fontconfig/fontconfig.h>
 #include <png.h>
 
 #include <cstdlib>
@@ -79,6 +80,21 @@ class Compression {
     std::vector<uint8_t> pixels_;
 };
 
+/// The file that the system's font is in.
+std::string font_of_labels() {
+    FcPattern* wanted = FcNameParse(reinterpret_cast<const FcChar8*>("Inter"));
+    FcConfigSubstitute(nullptr, wanted, FcMatchPattern);
+    FcDefaultSubstitute(wanted);
+    FcResult result;
+    FcPattern* found = FcFontMatch(nullptr, wanted, &result);
+    FcChar8* file = nullptr;
+    check(found && FcPatternGetString(found, FC_FILE, 0, &file) == FcResultMatch, "the labels have a font");
+    const std::string path = reinterpret_cast<const char*>(file);
+    FcPatternDestroy(found);
+    FcPatternDestroy(wanted);
+    return path;
+}
+
 }  // namespace
 
 void measure_keyboard_pictures(std::vector<Ratio>& ratios) {
@@ -99,7 +115,10 @@ void measure_keyboard_pictures(std::vector<Ratio>& ratios) {
         Command command;
         std::vector<double> wall = {}, processor = {};
     };
+    const std::filesystem::path pixels = whole.beside("layers"), least = whole.beside("least.png");
+    write_pixels(background.picture(), layers, pixels);
     Way simulator{whole.command()}, boots{only_boots}, starts{only_starts},
+        does_the_least{{HUECRAFT_LEAST_PICTURE, pixels.string(), font_of_labels(), least.string()}},
         composes{compose(background.picture(), layers, quick_png, composed)},
         composes_small{compose(background.picture(), layers, {}, composed)};
     for (const Way* way : {&composes, &composes_small}) {
@@ -107,11 +126,14 @@ void measure_keyboard_pictures(std::vector<Ratio>& ratios) {
         check(look_alike(whole.picture(), composed), "ImageMagick composes the simulator's picture");
     }
 
+    run(does_the_least.command);
+    check(look_alike(whole.picture(), least), "the least comes to the simulator's picture");
+
     const Compression compression(whole.picture());
     std::vector<double> compressing;
     constexpr int rounds = 21;
     for (int round = 0; round < rounds; ++round) {
-        for (Way* way : {&simulator, &composes, &composes_small, &boots, &starts}) {
+        for (Way* way : {&simulator, &composes, &composes_small, &boots, &starts, &does_the_least}) {
             const Spent spent = run(way->command);
             way->wall.push_back(spent.wall);
             way->processor.push_back(spent.processor);
@@ -143,6 +165,8 @@ void measure_keyboard_pictures(std::vector<Ratio>& ratios) {
     rows(what, against, half, simulator, composes);
     rows("  loading the system's libraries alone", against, std::nullopt, starts, composes);
     rows("  that, booting and loading the library", against, std::nullopt, boots, composes);
+    rows("  the least: the libraries, the labels, finished layers, the PNG", against, std::nullopt,
+         does_the_least, composes);
     ratios.push_back({.what = "  compressing the PNG alone, processor time",
                       .against = against,
                       .cost = undisturbed(compressing),

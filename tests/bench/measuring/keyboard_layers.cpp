@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <fstream>
 #include <memory>
 
 #include "measuring/check.h"
@@ -23,12 +24,13 @@ class Picture {
         return {cairo_image_surface_get_width(surface_.get()),
                 cairo_image_surface_get_height(surface_.get())};
     }
-    /// Opaque.
-    uint32_t pixel(int x, int y) const {
+    uint32_t stored(int x, int y) const {
         const unsigned char* row =
             cairo_image_surface_get_data(surface_.get()) + y * cairo_image_surface_get_stride(surface_.get());
-        return reinterpret_cast<const uint32_t*>(row)[x] | 0xff000000;
+        return reinterpret_cast<const uint32_t*>(row)[x];
     }
+    /// Opaque.
+    uint32_t pixel(int x, int y) const { return stored(x, y) | 0xff000000; }
 
   private:
     std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface_;
@@ -115,6 +117,25 @@ std::vector<Layer> write_layers(const std::filesystem::path& without, const std:
     for (const Box& box : difference.boxes(gap))
         layers.push_back(difference.write(box, name.string() + std::to_string(layers.size()) + ".png"));
     return layers;
+}
+
+void write_pixels(const std::filesystem::path& background, const std::vector<Layer>& layers,
+                  const std::filesystem::path& file) {
+    std::ofstream out(file, std::ios::binary);
+    const auto write = [&](const Layer& layer, uint32_t also) {
+        const Picture picture(layer.file);
+        const auto [width, height] = picture.size();
+        const int32_t place[] = {layer.left, layer.top, width, height};
+        out.write(reinterpret_cast<const char*>(place), sizeof place);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) {
+                const uint32_t pixel = picture.stored(x, y) | also;
+                out.write(reinterpret_cast<const char*>(&pixel), sizeof pixel);
+            }
+    };
+    write({background}, 0xff000000);
+    for (const Layer& layer : layers) write(layer, 0);
+    check(out.flush().good(), "the layers' pixels can be written");
 }
 
 void keep_lowest(const std::filesystem::path& png, int rows) {

@@ -23,6 +23,11 @@ Size size_of(const std::filesystem::path& png);
 std::vector<Layer> write_layers(const std::filesystem::path& without, const std::filesystem::path& with,
                                 const std::filesystem::path& name, int gap);
 
+/// Writes the background and the layers into one file, as pixels: of each its place and size, as four 32-bit
+/// numbers, and 32 bits a pixel, those of the background opaque.
+void write_pixels(const std::filesystem::path& background, const std::vector<Layer>& layers,
+                  const std::filesystem::path& file);
+
 /// Cuts off what is above the lowest rows of a picture.
 void keep_lowest(const std::filesystem::path& png, int rows);
 
