@@ -129,6 +129,11 @@ typedef struct sim_options {
 /* Switches the phone on: once per process. */
 SIM_API sim_status sim_boot(const sim_options* options);
 
+/* Does in advance what no option decides of sim_boot, and registers the system's classes, but for those kept
+ * back (ends with NULL; NULL for none) and their subclasses. The others can no longer be left out. A process
+ * that forks others, each to be a phone, does it once for them all. */
+SIM_API sim_status sim_prepare(const char* const* kept_back);
+
 /* ---- The library ------------------------------------------------------------------------------------- */
 
 typedef struct sim_library sim_library;

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "foundation/bundles.h"
 #include "foundation/corrections.h"
@@ -29,7 +30,15 @@ namespace {
 // The one thing that happens before boot: constant strings must be objects whenever code runs that uses them.
 [[gnu::constructor]] void adopt_constant_strings() { objc::adopt_strings(); }
 
-bool booted = false;
+constexpr std::string_view home_screen = "SpringBoard";
+
+bool booted = false, is_ready = false;
+
+/// The names of the system's classes that are registered before boot.
+std::set<std::string, std::less<>>& prepared_classes() {
+    static std::set<std::string, std::less<>> names;
+    return names;
+}
 
 Device& booted_device() {
     static Device device;
@@ -109,7 +118,7 @@ void check_method(const std::string& name) {
 
 bool is_wanted(const BootOptions& options, std::string_view class_name) {
     // The home screen's class is part of its executable, and so of no other process.
-    if (class_name == "SpringBoard" && !options.executable.ends_with("/SpringBoard")) return false;
+    if (class_name == home_screen && !options.executable.ends_with("/SpringBoard")) return false;
     return !options.left_out_classes.contains(class_name);
 }
 
@@ -119,10 +128,13 @@ void check(const BootOptions& options) {
                                       "\"; it is a path of the device and begins with /");
     check(options.device);
     check_process(options);
-    for (const std::string& name : options.left_out_classes)
+    for (const std::string& name : options.left_out_classes) {
         if (!is_platform_class(name))
             throw Refusal(SIM_NOT_FOUND,
                           "cannot leave out " + name + ": the model has no class of this name");
+        if (prepared_classes().contains(name))
+            throw Refusal(SIM_MISUSE, "cannot leave out " + name + ": it is prepared, and was not kept back");
+    }
     const HookLimits& limits = options.hook_limits;
     for (const Names* names : {&limits.unfound_methods, &limits.methods_without_previous})
         for (const std::string& name : *names) check_method(name);
@@ -137,10 +149,21 @@ void check(const BootOptions& options) {
                                              " from being patched: the model has no function of this name "
                                              "that can be");
     for (auto* record = __start_objc_classes; record != __stop_objc_classes; ++record)
-        if (is_wanted(options, (*record)->name) && objc_lookUpClass((*record)->name))
+        if (is_wanted(options, (*record)->name) && !prepared_classes().contains((*record)->name) &&
+            objc_lookUpClass((*record)->name))
             throw Refusal(SIM_MISUSE,
                           std::string("the class ") + (*record)->name +
                               " exists already; a class that the caller brings is to be left out");
+}
+
+/// What no option decides of a boot: what the runtime and Foundation lack, and differ in.
+void get_ready() {
+    if (std::exchange(is_ready, true)) return;
+    install_reference_counting();
+    correct_foundation();
+    add_geometry_to_values();
+    add_items_to_index_paths();
+    add_accessibility_to_objects();
 }
 
 }  // namespace
@@ -148,6 +171,20 @@ void check(const BootOptions& options) {
 const Device& device() { return booted_device(); }
 
 bool is_booted() { return booted; }
+
+void prepare(const std::set<std::string, std::less<>>& kept_back) {
+    if (booted || is_ready) throw Refusal(SIM_MISUSE, "the phone is prepared once, and before it is on");
+    for (const std::string& name : kept_back)
+        if (!is_platform_class(name))
+            throw Refusal(SIM_NOT_FOUND,
+                          "cannot keep back " + name + ": the model has no class of this name");
+    LeakCheckingOff off;
+    get_ready();
+    objc::register_classes(
+        [&](std::string_view name) { return name != home_screen && !kept_back.contains(name); });
+    for (auto* record = __start_objc_classes; record != __stop_objc_classes; ++record)
+        if (objc_lookUpClass((*record)->name)) prepared_classes().insert((*record)->name);
+}
 
 // The order matters: Foundation first, then what the runtime lacks, before objects are made that need it; the
 // corrections before anything reads a file; the system's classes last.
@@ -160,21 +197,19 @@ void boot(const BootOptions& options) {
     LeakCheckingOff off;
     booted_device() = options.device;
     start_foundation(options.executable, options.arguments);
-    install_reference_counting();
     limit_hooks(options.hook_limits);
     if (options.device.process == Process::arm64e) authenticate_addresses(options.unsigned_answers);
     mount_root(root);
     deny_folders(options.denied_folders);
     objc_autoreleasePoolPush();  // the main thread's outermost pool, which is never drained
-    correct_foundation();
+    get_ready();
     correct_bundles(options.device.language);
-    add_geometry_to_values();
-    add_items_to_index_paths();
-    add_accessibility_to_objects();
     // Foundation looks for its settings when they are first wanted, in many places; now these are the
     // phone's.
     objc::send<"standardUserDefaults", id>(reinterpret_cast<id>(objc_getClass("NSUserDefaults")));
-    objc::register_classes([&](std::string_view name) { return is_wanted(options, name); });
+    objc::register_classes([&](std::string_view name) {
+        return is_wanted(options, name) && !prepared_classes().contains(name);
+    });
 }
 
 }  // namespace sim

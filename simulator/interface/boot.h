@@ -26,6 +26,11 @@ struct BootOptions {
     std::vector<std::string> denied_folders;
 };
 
+/// Does in advance what no option decides, and registers all classes but the home screen's and those kept
+/// back, with their subclasses. The others can then no longer be left out. Once per process; throws a
+/// Refusal.
+void prepare(const std::set<std::string, std::less<>>& kept_back);
+
 /// Once per process. Throws a Refusal before anything has been done, if the options cannot be met.
 void boot(const BootOptions&);
 

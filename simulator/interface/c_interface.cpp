@@ -175,6 +175,14 @@ void press(const char* function, Key key) {
 
 const char* sim_last_error() { return last_error().c_str(); }
 
+sim_status sim_prepare(const char* const* kept_back) {
+    return answer([&] {
+        std::set<std::string, std::less<>> names;
+        insert_all(names, kept_back);
+        sim::prepare(names);
+    });
+}
+
 sim_status sim_boot(const sim_options* options) {
     return answer([&] {
         require(options, "sim_boot", "options");

@@ -178,4 +178,7 @@ TEST_F(Describe, AnArgumentThatItDoesNotKnowIsNamed) {
 TEST_F(Describe, AsWithoutAPathIsMisuse) { EXPECT_EQ(run({"--as"}).exit_status, 2); }
 
 }  // namespace
+
+void prepare_phones() { prepare_phones_that_may_lack({"UIKBEdgeEffect"}); }
+
 }  // namespace test

@@ -246,4 +246,7 @@ INSTANTIATE_TEST_SUITE_P(, NothingBehindTheHook, testing::ValuesIn(replaced_rows
                          [](const auto& info) { return test_name(info.param); });
 
 }  // namespace
+
+void prepare_phones() { prepare_phones_that_may_lack(every_class()); }
+
 }  // namespace test

@@ -337,4 +337,7 @@ TEST(ThemeWithoutKeyboard, TheImageIsScaledToNothingAndDropped) {
 }
 
 }  // namespace
+
+void prepare_phones() { prepare_phones_that_may_lack({"UIKeyboardImpl"}); }
+
 }  // namespace test

@@ -214,4 +214,7 @@ TEST_F(Compatibility, LooksAsExpectedOnAnIPad) {
 }
 
 }  // namespace
+
+void prepare_phones() { prepare_phones_that_may_lack({"CAFilter", "UIKBEdgeEffect", "UIKBRenderFactory"}); }
+
 }  // namespace test

@@ -13,6 +13,15 @@ namespace test {
 using namespace objc::literals;
 namespace fs = std::filesystem;
 
+void prepare_phones_that_may_lack(const std::vector<std::string>& classes) {
+    std::vector<const char*> names;
+    for (const std::string& name : classes) names.push_back(name.c_str());
+    names.push_back(nullptr);
+    if (sim_prepare(names.data()) == SIM_OK) return;
+    std::fprintf(stderr, "%s\n", sim_last_error());
+    std::exit(2);
+}
+
 id class_named(const char* name) {
     auto found = reinterpret_cast<id>(objc_getClass(name));
     EXPECT_NE(found, nullptr) << "no class " << name;

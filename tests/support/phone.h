@@ -14,6 +14,11 @@
 
 namespace test {
 
+/// What the phones of a program have in common, done once, before its cases part. A program with phones that
+/// lack classes defines it; otherwise none may.
+void prepare_phones();
+void prepare_phones_that_may_lack(const std::vector<std::string>& classes);
+
 /// The class of that name; fails the test when there is none.
 id class_named(const char* name);
 

@@ -282,4 +282,7 @@ TEST(BackdropWithoutASystemBackdrop, OnlyTheThreeClassesAreMissing) {
 }
 
 }  // namespace
+
+void prepare_phones() { prepare_phones_that_may_lack({"UIKeyboardImpl", "_UIBackdropView"}); }
+
 }  // namespace test

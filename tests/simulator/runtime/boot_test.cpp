@@ -308,5 +308,58 @@ TEST_F(Boot, RaisedExceptionsAreNamed) {
         << sim_last_error();
 }
 
+// ---- Prepared phones -------------------------------------------------------------------------------------
+
+TEST_F(Boot, MayHaveBeenPrepared) {
+    ASSERT_EQ(sim_prepare(nullptr), SIM_OK) << sim_last_error();
+    const Class view = objc_getClass("UIView");
+    EXPECT_NE(view, nullptr);
+    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    EXPECT_EQ(objc_getClass("UIView"), view);
+    EXPECT_EQ(objc_getClass("SpringBoard"), nullptr);
+    objc::AutoreleasePool pool;
+    EXPECT_EQ(first_argument(), "/Applications/Notes.app/Notes");
+}
+
+TEST_F(Boot, OfAPreparedPhoneMayBeTheHomeScreens) {
+    ASSERT_EQ(sim_prepare(nullptr), SIM_OK) << sim_last_error();
+    options.executable = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
+    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    EXPECT_NE(objc_getClass("SpringBoard"), nullptr);
+}
+
+TEST_F(Boot, LeavesOutOfAPreparedPhoneWhatWasKeptBack) {
+    const char* kept_back[] = {"CALayer", "UIDevice", nullptr};
+    ASSERT_EQ(sim_prepare(kept_back), SIM_OK) << sim_last_error();
+    EXPECT_EQ(objc_getClass("CAGradientLayer"), nullptr);
+    const char* left_out[] = {"CALayer", nullptr};
+    options.left_out_classes = left_out;
+    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    EXPECT_EQ(objc_getClass("CALayer"), nullptr);
+    EXPECT_EQ(objc_getClass("CAGradientLayer"), nullptr);
+    EXPECT_NE(objc_getClass("UIDevice"), nullptr);
+}
+
+TEST_F(Boot, RefusesToLeaveOutWhatIsPrepared) {
+    ASSERT_EQ(sim_prepare(nullptr), SIM_OK) << sim_last_error();
+    const char* left_out[] = {"UIDevice", nullptr};
+    options.left_out_classes = left_out;
+    expect_refused(SIM_MISUSE, "UIDevice: it is prepared");
+}
+
+TEST_F(Boot, IsPreparedOnceAndBefore) {
+    const char* misspelt[] = {"UIDevise", nullptr};
+    EXPECT_EQ(sim_prepare(misspelt), SIM_NOT_FOUND);
+    EXPECT_NE(std::string(sim_last_error()).find("UIDevise"), std::string::npos) << sim_last_error();
+    ASSERT_EQ(sim_prepare(nullptr), SIM_OK) << sim_last_error();
+    EXPECT_EQ(sim_prepare(nullptr), SIM_MISUSE);
+    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    EXPECT_EQ(sim_prepare(nullptr), SIM_MISUSE);
+}
+
 }  // namespace
+
+/// Boot is under test itself.
+void prepare_phones() {}
+
 }  // namespace test
