@@ -8,6 +8,14 @@
 namespace test {
 namespace {
 
+// What is drawn is decided by the same sources on both processors: arm64, emulated, draws images and
+// gradients.
+#ifdef __aarch64__
+constexpr NSUInteger background_types[] = {3, 2};
+#else
+constexpr NSUInteger background_types[] = {2, 1, 3, 0};
+#endif
+
 void expect_drawn(const Phone& phone, const std::string& what) {
     const std::string picture = phone.host("picture.png");
     EXPECT_EQ(sim_take_picture(picture.c_str(), 0.125), SIM_OK) << what << ": " << sim_last_error();
@@ -38,7 +46,7 @@ void expect_nothing_raised(Action action, const std::string& what) {
 }  // namespace
 
 void show_every_keyboard(const Phone& phone) {
-    for (NSUInteger type : {2, 1, 3, 0}) {
+    for (NSUInteger type : background_types) {
         objc::send<"setBackgroundType:">(active_theme(), type);
         const std::string theme = " of background " + std::to_string(type);
         show(phone, "letters, switcher and accessory" + theme,
@@ -70,7 +78,7 @@ void show_every_surface(const Phone& phone) {
     id preview = nullptr;
     expect_nothing_raised([&] { preview = objc::send<"sharedInstance", id>(class_named("HCPreview")); },
                           "the preview");
-    for (NSUInteger type : {2, 1, 3, 0}) {
+    for (NSUInteger type : background_types) {
         UIView* view = nullptr;
         expect_nothing_raised(
             [&] {
