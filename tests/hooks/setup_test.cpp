@@ -30,6 +30,18 @@ TEST_F(Setup, SpringBoardGetsTheCacheRowAndTheWholeTable) {
     EXPECT_EQ(installed_rows(), joined({cache_rows, caps_rows, themed_rows, {named_colour_row}}));
 }
 
+TEST_F(Setup, SlashesAfterSpringBoardDoNotCount) {
+    arrange_theme(phone);
+    phone.start({.executable = "/usr/libexec/SpringBoard//"});
+    EXPECT_EQ(installed_rows().size(), std::size(hooks::row_list) + 1);
+}
+
+TEST_F(Setup, SlashesAloneGetTheNamedColoursOnly) {
+    arrange_theme(phone);
+    phone.start({.executable = "//"});
+    EXPECT_EQ(installed_rows(), Rows{named_colour_row});
+}
+
 TEST_F(Setup, AnInstalledApplicationQualifiesByItsContainer) {
     arrange_theme(phone);
     phone.start({.executable = "/var/containers/Bundle/Application/0A1B2C/Game.app/Game"});

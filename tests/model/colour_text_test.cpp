@@ -198,6 +198,7 @@ TEST_F(ColourText, NothingIsClamped) {
 TEST_F(ColourText, BeyondTheRangeTheNearestIntegerIsWritten) {
     EXPECT_EQ(written(color(1e12, 0, 0)), "#7FFFFFFF0000");
     EXPECT_EQ(written(color(-1e12, 0, 0)), "#800000000000");
+    EXPECT_EQ(written(color(-1e12, -1e12, -1e12, -1e12)), "#80000000800000008000000080000000");
 }
 
 TEST_F(ColourText, AnAlphaThatIsNoNumberIsWritten) { EXPECT_EQ(written(color(1, 0, 0, NAN)), "#FF000000"); }
@@ -254,6 +255,11 @@ TEST_F(ColourText, GreyAndRgbWhiteAreEqual) {
     EXPECT_TRUE(equal(UIColor::whiteColor(), color(1, 1, 1)));
     EXPECT_TRUE(equal(color(1, 1, 1), UIColor::whiteColor()));
     EXPECT_TRUE(equal(UIColor::whiteColor(), UIColor::whiteColor()));
+}
+
+TEST_F(ColourText, TranslucentGreyAndItsRgbFormAreEqual) {
+    EXPECT_TRUE(equal(UIColor::whiteColor()->colorWithAlphaComponent(0.25), color(1, 1, 1, 0.25)));
+    EXPECT_TRUE(equal(color(0, 0, 0, 0.75), UIColor::blackColor()->colorWithAlphaComponent(0.75)));
 }
 
 TEST_F(ColourText, ColoursThatDifferInTheLeastBitAreNotEqual) {

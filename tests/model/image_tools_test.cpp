@@ -201,6 +201,13 @@ TEST_F(ImageTools, TheAverageWithAlphaHasEachComponentInItsPlace) {
     EXPECT_NEAR(mean.blue, 204 / 255.0, 1e-9);
 }
 
+TEST_F(ImageTools, TheAverageWithAlphaOfTwoHalvesLiesBetweenThem) {
+    const Rgba mean = average_with_alpha(halves(color(1, 0, 0), color(0, 0, 1), 300, 200));
+    EXPECT_NEAR(mean.red, 0.5, 2 / 255.0);
+    EXPECT_NEAR(mean.blue, 0.5, 2 / 255.0);
+    EXPECT_EQ(mean.alpha, 1);
+}
+
 TEST_F(ImageTools, TheFaintestAverageWithAlphaIsDarkenedTwiceAsWell) {
     const Rgba mean = average_with_alpha(filled_image(color(1, 1, 1, 1 / 255.0), 4, 4));
     EXPECT_NEAR(mean.alpha, 1 / 255.0, 1e-9);

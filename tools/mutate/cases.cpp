@@ -8,9 +8,9 @@ namespace mutate {
 namespace {
 
 constexpr int program_patience = 900;  // seconds, of a machine that is busy
-// A case that takes more processor time hangs, and so does one that fills the memory: none takes a tenth of
-// this.
-constexpr const char* case_limit = " --limit=5";
+// A case that takes more processor time hangs, and so do one that fills the memory and one that waits for
+// minutes: none takes a tenth of this.
+constexpr const char* case_limit = " --limit=5 --patience=300";
 constexpr const char* memory_limit = "ulimit -v 8000000; ";
 constexpr std::string_view failed_case = "FAILED: ";
 constexpr size_t remembered = 6;  // that many failed lately
