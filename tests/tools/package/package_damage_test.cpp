@@ -57,6 +57,27 @@ TEST_F(PackageDamage, ASizeThatIsNoNumberIsFound) {
         "expected digits\n");
 }
 
+TEST_F(PackageDamage, APathThatLeadsOutOfThePackageIsRefused) {
+    unpack();
+    pack();
+    write("escaped.txt", "escaped");
+    write("wait.txt", "wait 1\n");
+    for (const std::string path :
+         {"../escaped.txt", "./../../escaped.txt", "/Library/../../escaped.txt", "//escaped.txt",
+          "./Library//escaped.txt", "Library/./escaped.txt", "Library/.."}) {
+        shell("tar -czPf data.tar.gz --transform 's,^escaped.txt," + path +
+              ",' escaped.txt && '" AR "' r changed.deb data.tar.gz");
+        for (const std::vector<std::string>& command :
+             {std::vector<std::string>{"package-check", "changed.deb"},
+              {"pane", "--package", "changed.deb", "wait.txt"}}) {
+            const Outcome run = this->run(command);
+            EXPECT_EQ(run.status, 2) << path;
+            EXPECT_EQ(run.err, "huecraft: changed.deb: it is a damaged package: found the path \"" + path +
+                                   "\", expected one of names alone\n");
+        }
+    }
+}
+
 TEST_F(PackageDamage, APartThatIsCutShortIsFound) {
     const std::string whole = built();
     write("changed.deb", whole.substr(0, whole.size() - 500));

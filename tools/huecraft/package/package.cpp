@@ -10,6 +10,7 @@
 #include <cstring>
 #include <functional>
 #include <memory>
+#include <string_view>
 
 #include "cli/files.h"
 #include "cli/terminal.h"
@@ -157,12 +158,21 @@ class Unpacking {
     size_t unpacked_ = 0, entries_ = 0;
 };
 
-std::string path_of(archive_entry* entry) {
+/// Whoever lays a package out below a folder relies on it that nothing leads out of there.
+std::string path_of(archive_entry* entry, const std::string& file) {
     const char* name = archive_entry_pathname(entry);
     std::string path = name ? name : "";
     if (path.starts_with("./")) path.erase(0, 1);
     while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-    return path.starts_with('/') ? path : "/" + (path == "." ? "" : path);
+    path = path.starts_with('/') ? path : "/" + (path == "." ? "" : path);
+    for (size_t begin = 1; begin < path.size();) {
+        const size_t end = std::min(path.find('/', begin), path.size());
+        const std::string_view part(path.data() + begin, end - begin);
+        if (part.empty() || part == "." || part == "..")
+            damaged(file, "found the path " + in_quotes(name) + ", expected one of names alone");
+        begin = end + 1;
+    }
+    return path;
 }
 
 PackagedFile::Kind kind_of(archive_entry* entry) {
@@ -174,10 +184,10 @@ PackagedFile::Kind kind_of(archive_entry* entry) {
     }
 }
 
-std::vector<PackagedFile> files_in(Unpacking& unpacking, const std::string& bytes) {
+std::vector<PackagedFile> files_in(Unpacking& unpacking, const std::string& bytes, const std::string& file) {
     std::vector<PackagedFile> files;
     unpacking.each(bytes, [&](archive_entry* entry, std::string contents) {
-        files.push_back({.path = path_of(entry),
+        files.push_back({.path = path_of(entry, file),
                          .kind = kind_of(entry),
                          .mode = static_cast<unsigned>(archive_entry_perm(entry)),
                          .of_root = archive_entry_uid(entry) == 0 && archive_entry_gid(entry) == 0,
@@ -249,8 +259,8 @@ Package open_package(const std::string& bytes, const std::string& file) {
         if (part->empty())
             throw Unusable(file, std::string("it is not a whole package: expected ") + name +
                                      ", found only " + listed(package.members));
-    package.control = files_in(unpacking, control);
-    package.data = files_in(unpacking, data);
+    package.control = files_in(unpacking, control, file);
+    package.data = files_in(unpacking, data, file);
 
     if (package.is_of_describe() || package.is_of_settings()) {
         const char* path = package.is_of_describe() ? describe_path : settings_path;
