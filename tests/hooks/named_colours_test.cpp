@@ -39,6 +39,13 @@ TEST_F(NamedColours, ClearIsFullyTransparent) {
     EXPECT_EQ(clear.components[1], 0.0);
 }
 
+TEST_F(NamedColours, ClearIsUIColorsAndNotTheSystemsNamedOne) {
+    arrange_theme(phone);
+    phone.start();
+    stand_in("UIColor", "clearColor", [](id, SEL) -> id { return color(1, 0, 0); }, Side::on_class);
+    EXPECT_EQ(rgb(named("UIKBColorClear")), (Rgba{1, 0, 0, 1}));
+}
+
 TEST_F(NamedColours, AnyOtherNameIsTheSystems) {
     arrange_theme(phone);
     phone.boot();

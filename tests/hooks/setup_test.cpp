@@ -32,7 +32,7 @@ TEST_F(Setup, SpringBoardGetsTheCacheRowAndTheWholeTable) {
 
 TEST_F(Setup, SlashesAfterSpringBoardDoNotCount) {
     arrange_theme(phone);
-    phone.start({.executable = "/usr/libexec/SpringBoard//"});
+    phone.start({.executable = "/usr/libexec/SpringBoard///"});
     EXPECT_EQ(installed_rows().size(), std::size(hooks::row_list) + 1);
 }
 

@@ -48,6 +48,13 @@ class ThemeFile : public testing::Test {
     Phone phone;
 };
 
+TEST_F(ThemeFile, NilReadsAFileNamedNull) {
+    phone.write(in_folder("(null)"), theme());
+    NSError* error = nullptr;
+    EXPECT_NE((made<"initWithFilename:error:">("HuecraftConfig", id{}, &error)), nullptr);
+    EXPECT_EQ(error, nullptr);
+}
+
 TEST_F(ThemeFile, LoadsWhatItsKeysSay) {
     phone.write(in_folder("Meadow.plist"), theme());
     auto loaded = Configuration::from_file("Meadow.plist");

@@ -260,6 +260,7 @@ TEST_F(Theme, NineCharactersAreTakenOutOfFileNames) {
         return utf8(objc::send<"_sanitizeFileNameString:", NSString*>(theme.object, text(name)));
     };
     EXPECT_EQ(sanitized("a/b"), "ab");
+    EXPECT_EQ(sanitized("~a"), "~a");
     EXPECT_EQ(sanitized("/\\?%*|\"<>"), "");
     EXPECT_EQ(sanitized("..\\x:y'z"), "..x:y'z");
     EXPECT_EQ(sanitized("Gr\u00fcn \U0001F600?"), "Gr\u00fcn \U0001F600");

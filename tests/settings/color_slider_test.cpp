@@ -256,7 +256,7 @@ TEST_F(ColorSlider, WithoutAChannelAColourIsLoggedAndRaises) {
         inner(control)->setValue(0.5f);
         testing::internal::CaptureStderr();
         EXPECT_EQ(raised_by([&] { show_colour(control, color(1, 0, 0)); }), "NSInvalidArgumentException");
-        EXPECT_NE(testing::internal::GetCapturedStderr().find("Error no type declared."), std::string::npos);
+        EXPECT_NE(testing::internal::GetCapturedStderr().find(" Error no type declared."), std::string::npos);
         EXPECT_EQ(value(control), 0.5) << "the knob stays";
     }
 }

@@ -133,6 +133,15 @@ TEST_F(ImageBackdrop, BakingKeepsTheImageTheRightWayUp) {
     EXPECT_NEAR(alpha_of(top), 0.5, 0.05) << "the edge between the halves is soft at the new scale";
 }
 
+TEST_F(ImageBackdrop, BakingShowsTheWholeImage) {
+    UIGraphicsBeginImageContextWithOptions({8, 8}, false, 1.0);
+    color(1, 0, 0)->setFill();
+    CGContextFillRect(UIGraphicsGetCurrentContext(), {{0, 0}, {4, 4}});
+    UIImage* quarter = UIGraphicsGetImageFromCurrentImageContext();
+    UIGraphicsEndImageContext();
+    EXPECT_NEAR(alpha_of(shown(showing(quarter, 0.5))), 0.125, 0.02);
+}
+
 TEST_F(ImageBackdrop, TheInitialiserSendsItsPublicOperations) {
     static int images = 0, alphas = 0;
     stand_in("_UIBackdropImageView", "setImage:", [](id, SEL, id) { ++images; });

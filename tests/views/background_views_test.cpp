@@ -45,6 +45,11 @@ TEST_F(ColourView, ABlurIsShownBelowTheThresholdOnly) {
         EXPECT_FALSE(has_blur(made(color(1, 0, 0, alpha)))) << alpha;
 }
 
+TEST_F(ColourView, AColourThatTellsNoAlphaIsOpaque) {
+    stand_in("UIColor", "getWhite:alpha:", [](id, SEL, CGFloat*, CGFloat*) { return 0; });
+    EXPECT_FALSE(has_blur(made(color(1, 0, 0, 0.5))));
+}
+
 TEST_F(ColourView, GreyColoursTellTheirAlphaToo) {
     EXPECT_TRUE(has_blur(made(UIColor::colorWithWhite(0.3, 0.5))));
     EXPECT_FALSE(has_blur(made(UIColor::blackColor())));
