@@ -1,5 +1,6 @@
 #include "cli/describe.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <set>
 #include <sstream>
@@ -36,6 +37,53 @@ std::string all_dashed_names(const CLI::App& command) {
         for (const std::string& name : dashed_names(option)) names.push_back(name);
     return joined(names, " ");
 }
+
+/// What a subcommand cannot do without, as its synopsis has it: "THEME -o FILE", "[SUBCOMMAND]", "THEMES...".
+std::string synopsis(const CLI::App& subcommand) {
+    std::string words;
+    for (const CLI::Option* option : options_of(subcommand, true)) {
+        const std::string name = option->get_name() + (option->get_items_expected_max() > 1 ? "..." : "");
+        words += (words.empty() ? "" : " ") + (option->get_required() ? name : "[" + name + "]");
+    }
+    for (const CLI::Option* option : options_of(subcommand, false))
+        if (option->get_required())
+            words += " " + dashed_names(option).front() + " " + option->get_type_name();
+    return words;
+}
+
+/// The option's description, with what it goes with and what not.
+std::string whole_description(const CLI::Option& option) {
+    const auto listed = [](const std::set<CLI::Option*>& options) {
+        std::vector<std::string> names;
+        for (const CLI::Option* one : options) names.push_back(one->get_name());
+        std::ranges::sort(names);
+        return joined(names);
+    };
+    std::string words = option.get_description();
+    if (!option.get_needs().empty()) words += " (with " + listed(option.get_needs()) + ")";
+    if (!option.get_excludes().empty()) words += " (not with " + listed(option.get_excludes()) + ")";
+    return words;
+}
+
+/// What is required stands in the usage, and what excludes what behind the descriptions.
+class Formatter : public CLI::Formatter {
+    std::string make_usage(const CLI::App* app, std::string name) const override {
+        if (!app->get_parent()) return CLI::Formatter::make_usage(app, std::move(name));
+        const std::string words = synopsis(*app);
+        return "Usage: " + name + " [OPTIONS]" + (words.empty() ? "" : " " + words) + "\n";
+    }
+
+    std::string make_option_opts(const CLI::Option* option) const override {
+        if (option->get_items_expected_max() == 0) return "";
+        const std::string type = option->get_type_name();
+        if (option->get_positional()) return option->get_items_expected_max() > 1 ? "..." : "";
+        return type.empty() ? "" : " " + type;
+    }
+
+    std::string make_option_desc(const CLI::Option* option) const override {
+        return whole_description(*option);
+    }
+};
 
 /// For zsh, which reads brackets and colons in a description.
 std::string zsh_text(const std::string& text) {
@@ -79,29 +127,17 @@ std::string name_with_value(const CLI::Option& option) {
     return option.get_positional() || !takes_a_value(&option) ? name : name + " " + option.get_type_name();
 }
 
-std::string synopsis(const CLI::App& subcommand) {
-    std::string words;
-    for (const CLI::Option* option : options_of(subcommand, true)) {
-        const std::string name = option->get_name() + (option->get_items_expected_max() > 1 ? "..." : "");
-        words += (words.empty() ? "" : " ") + (option->get_required() ? name : "[" + name + "]");
-    }
-    for (const CLI::Option* option : options_of(subcommand, false))
-        if (option->get_required())
-            words += " " + dashed_names(option).front() + " " + option->get_type_name();
-    return words;
+std::shared_ptr<CLI::FormatterBase> formatter_of_help() { return std::make_shared<Formatter>(); }
+
+std::string help(const CLI::App& command) {
+    // Its own help() would be that of the subcommand that was called.
+    return command.get_formatter()->make_help(&command, command.get_name(), CLI::AppFormatMode::Normal);
 }
 
-std::string whole_description(const CLI::Option& option) {
-    const auto listed = [](const std::set<CLI::Option*>& options) {
-        std::vector<std::string> names;
-        for (const CLI::Option* one : options) names.push_back(one->get_name());
-        std::ranges::sort(names);
-        return joined(names);
-    };
-    std::string words = option.get_description();
-    if (!option.get_needs().empty()) words += " (with " + listed(option.get_needs()) + ")";
-    if (!option.get_excludes().empty()) words += " (not with " + listed(option.get_excludes()) + ")";
-    return words;
+std::optional<std::string> help_of_subcommand(const CLI::App& command, const std::string& name) {
+    for (const CLI::App* one : subcommands_of(command))
+        if (one->get_name() == name) return one->help("huecraft");
+    return std::nullopt;
 }
 
 std::string bash_completion(const CLI::App& command) {

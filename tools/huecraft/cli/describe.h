@@ -1,8 +1,16 @@
-// The command's description in other forms: completions of shells, and the manual page.
+// The command's description in the forms that it is read in: the help, completions of shells, the manual
+// page.
 #pragma once
-#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "cli/options.h"
+
+namespace CLI {
+class FormatterBase;
+}
 
 namespace command {
 
@@ -10,10 +18,13 @@ namespace command {
 std::vector<std::string> choices_of(const CLI::Option& option);
 /// "--output FILE", "THEMES".
 std::string name_with_value(const CLI::Option& option);
-/// What a subcommand cannot do without, as its synopsis has it: "THEME -o FILE", "[SUBCOMMAND]", "THEMES...".
-std::string synopsis(const CLI::App& subcommand);
-/// The option's description, with what it goes with and what not.
-std::string whole_description(const CLI::Option& option);
+
+/// Words the help of the command and of its subcommands.
+std::shared_ptr<CLI::FormatterBase> formatter_of_help();
+/// The help, of the command whatever was called.
+std::string help(const CLI::App& command);
+/// Nothing where there is no such subcommand.
+std::optional<std::string> help_of_subcommand(const CLI::App& command, const std::string& name);
 
 // Made of the description that the parser works with, so they are never behind it.
 std::string bash_completion(const CLI::App& command);

@@ -1,5 +1,6 @@
 #include "cli/misuse.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cctype>
 

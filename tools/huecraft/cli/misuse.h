@@ -1,7 +1,12 @@
 // What is wrong with a command line, in the command's own words.
 #pragma once
-#include <CLI/CLI.hpp>
 #include <string>
+
+#include "cli/options.h"
+
+namespace CLI {
+class ParseError;
+}
 
 namespace command {
 

@@ -1,5 +1,6 @@
 #include "cli/run.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
 #include <exception>

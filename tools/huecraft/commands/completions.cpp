@@ -30,12 +30,8 @@ struct Help {
     std::string subcommand;
 
     Status operator()() const {
-        // Its own help() would be that of the subcommand that was called, which is this one.
-        if (subcommand.empty())
-            return print(command->get_formatter()->make_help(command, command->get_name(),
-                                                             CLI::AppFormatMode::Normal));
-        for (const CLI::App* one : command->get_subcommands([](const CLI::App*) { return true; }))
-            if (one->get_name() == subcommand) return print(one->help("huecraft"));
+        if (subcommand.empty()) return print(help(*command));
+        if (const auto text = help_of_subcommand(*command, subcommand)) return print(*text);
         throw Unusable("help",
                        "there is no subcommand " + in_quotes(subcommand) + "; huecraft --help lists them");
     }
@@ -50,25 +46,24 @@ struct Manual {
 
 void add_completions(CLI::App& command, Request& request) {
     auto completions = std::make_shared<Completions>(&command, "");
-    CLI::App* sub = add_subcommand(command, request, "completions",
-                                   "Print what a shell completes the command with", completions);
-    taking_one_of(sub->add_option("SHELL", completions->shell, "The shell")->required(),
-                  {"bash", "zsh", "fish"});
-    sub->footer(
+    const Subcommand sub = add_subcommand(command, request, "completions",
+                                          "Print what a shell completes the command with", completions);
+    sub.add_option("SHELL", completions->shell, "The shell").required().takes_one_of({"bash", "zsh", "fish"});
+    sub.footer(
         "Example:\n"
         "  huecraft completions bash > ~/.local/share/bash-completion/completions/huecraft");
     add_subcommand(command, request, "man", "Print the manual page", std::make_shared<Manual>(&command))
-        ->footer(
+        .footer(
             "Example:\n"
             "  huecraft man | man -l -");
 }
 
 void add_help(CLI::App& command, Request& request) {
     auto help = std::make_shared<Help>(&command, "");
-    CLI::App* sub =
+    const Subcommand sub =
         add_subcommand(command, request, "help", "Print the help of the command or of a subcommand", help);
-    sub->add_option("SUBCOMMAND", help->subcommand, "The subcommand")->type_name("");
-    sub->footer(
+    sub.add_option("SUBCOMMAND", help->subcommand, "The subcommand").type_name("");
+    sub.footer(
         "Example:\n"
         "  huecraft help lint");
 }

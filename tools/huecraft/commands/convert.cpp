@@ -66,19 +66,18 @@ struct Convert {
 
 void add_convert(CLI::App& command, Request& request) {
     auto options = std::make_shared<Convert>();
-    CLI::App* sub =
+    const Subcommand sub =
         add_subcommand(command, request, "convert", "Write a property list in another form", options);
-    sub->add_option("FILE", options->file, "A theme, or any property list; - is standard input")
-        ->required()
-        ->type_name("");
-    sub->add_option("-o,--output", options->output, "The file to write; - is standard output")
-        ->required()
-        ->type_name("FILE");
-    taking_one_of(sub->add_option("--to", options->to, "The form")->required(),
-                  {"xml", "binary", "openstep"});
+    sub.add_option("FILE", options->file, "A theme, or any property list; - is standard input")
+        .required()
+        .type_name("");
+    sub.add_option("-o,--output", options->output, "The file to write; - is standard output")
+        .required()
+        .type_name("FILE");
+    sub.add_option("--to", options->to, "The form").required().takes_one_of({"xml", "binary", "openstep"});
     add_force(sub, options->force);
     add_json(sub, options->json);
-    sub->footer(
+    sub.footer(
         "Every key and value is kept, unknown ones too. The openstep form has no numbers, booleans and "
         "dates: they\n"
         "become texts, which the library reads as well, and each is listed (exit status 1).\n\n"

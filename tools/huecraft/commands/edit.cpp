@@ -76,17 +76,17 @@ struct Edit {
 
 void add_edit(CLI::App& command, Request& request) {
     auto options = std::make_shared<Edit>();
-    CLI::App* sub =
+    const Subcommand sub =
         add_subcommand(command, request, "edit", "Change a theme, and keep the rest as it is", options);
-    sub->add_option("THEME", options->file, "The theme; - is standard input")->required()->type_name("");
-    sub->add_option("--name", options->name, "Its new name; the file keeps its own")->type_name("NAME");
+    sub.add_option("THEME", options->file, "The theme; - is standard input").required().type_name("");
+    sub.add_option("--name", options->name, "Its new name; the file keeps its own").type_name("NAME");
     add_theme_options(sub, options->theme, true);
-    sub->add_option("-o,--output", options->output,
-                    "The file to write, in place of the theme; - is standard output")
-        ->type_name("FILE");
+    sub.add_option("-o,--output", options->output,
+                   "The file to write, in place of the theme; - is standard output")
+        .type_name("FILE");
     add_force(sub, options->force);
     add_json(sub, options->json);
-    sub->footer(
+    sub.footer(
         "The file keeps its form (XML, binary, openstep) and the keys that the library does not know. --dim "
         "and --blur "
         "change\n"

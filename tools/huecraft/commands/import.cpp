@@ -105,21 +105,21 @@ struct Import {
 
 void add_import(CLI::App& command, Request& request) {
     auto options = std::make_shared<Import>();
-    CLI::App* sub =
+    const Subcommand sub =
         add_subcommand(command, request, "import",
                        "Make a theme from a base16 scheme (YAML) or a linear-gradient of CSS", options);
-    sub->add_option("FILE", options->file, "The scheme or the CSS; - is standard input")
-        ->required()
-        ->type_name("");
-    sub->add_option("--name", options->destination.name,
-                    "The theme's name; the scheme's or the file's without it")
-        ->type_name("NAME");
-    sub->add_option("-o,--output", options->destination.output,
-                    "The file to write; NAME.plist without it, - is standard output")
-        ->type_name("FILE");
-    sub->add_flag("--force", options->destination.force, "Replace a file that exists");
+    sub.add_option("FILE", options->file, "The scheme or the CSS; - is standard input")
+        .required()
+        .type_name("");
+    sub.add_option("--name", options->destination.name,
+                   "The theme's name; the scheme's or the file's without it")
+        .type_name("NAME");
+    sub.add_option("-o,--output", options->destination.output,
+                   "The file to write; NAME.plist without it, - is standard output")
+        .type_name("FILE");
+    sub.add_flag("--force", options->destination.force, "Replace a file that exists");
     add_json(sub, options->json);
-    sub->footer(
+    sub.footer(
         "Of a base16 scheme, base00 is the background, base05 the labels and base0D the highlight. Of a "
         "gradient,\n"
         "the direction and the colours are taken. What is not carried over is listed (exit status 1), and so "

@@ -62,22 +62,22 @@ struct Keyboard {
 
 void add_keyboard(CLI::App& command, Request& request) {
     auto options = std::make_shared<Keyboard>();
-    CLI::App* sub =
+    const Subcommand sub =
         add_subcommand(command, request, "keyboard", "Draw the simulated keyboard in a theme", options);
     add_theme_picture(sub, options->picture, "the screen's without it");
     std::vector<std::string> devices;
     for (const auto& [name, screen] : screens) devices.push_back(name);
-    taking_one_of(sub->add_option("--state", options->state, "What is on the keys"),
-                  {"letters", "shifted", "numbers", "symbols", "emoji"});
-    sub->add_option("--press", options->press,
-                    "The key that is held down, by its text (g, return) or name (shift)")
-        ->type_name("KEY");
-    taking_one_of(sub->add_option("--orientation", options->orientation, "How the phone is held"),
-                  {"portrait", "landscape"});
-    taking_one_of(sub->add_option("--device", options->device, "The phone, for its screen"), devices);
-    taking_one_of(sub->add_option("--background", options->background, "The application's page behind it"),
-                  {"notes", "light", "busy"});
-    sub->footer(
+    sub.add_option("--state", options->state, "What is on the keys")
+        .takes_one_of({"letters", "shifted", "numbers", "symbols", "emoji"});
+    sub.add_option("--press", options->press,
+                   "The key that is held down, by its text (g, return) or name (shift)")
+        .type_name("KEY");
+    sub.add_option("--orientation", options->orientation, "How the phone is held")
+        .takes_one_of({"portrait", "landscape"});
+    sub.add_option("--device", options->device, "The phone, for its screen").takes_one_of(devices);
+    sub.add_option("--background", options->background, "The application's page behind it")
+        .takes_one_of({"notes", "light", "busy"});
+    sub.footer(
         "Examples:\n"
         "  huecraft keyboard Midnight.plist -o midnight.png\n"
         "  huecraft keyboard Midnight.plist -o midnight.png --watch    # and open midnight.html\n"

@@ -253,13 +253,13 @@ struct Lint {
 
 void add_lint(CLI::App& command, Request& request) {
     auto options = std::make_shared<Lint>();
-    CLI::App* sub =
+    const Subcommand sub =
         add_subcommand(command, request, "lint", "Say what is wrong with themes, and how to fix it", options);
-    sub->add_option("THEMES", options->files, "The themes")->required()->type_name("FILE");
-    sub->add_flag("--fix", options->fixing,
-                  "Follow the advice, and write the themes in place of what they were");
+    sub.add_option("THEMES", options->files, "The themes").required().type_name("FILE");
+    sub.add_flag("--fix", options->fixing,
+                 "Follow the advice, and write the themes in place of what they were");
     add_json(sub, options->json);
-    sub->footer(
+    sub.footer(
         "Contrast is WCAG 2's, of the simulated keyboard over a plain light page. Of labels it is an error "
         "below "
         "3 and\n"

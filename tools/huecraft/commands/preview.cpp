@@ -45,10 +45,10 @@ struct Preview {
 
 void add_preview(CLI::App& command, Request& request) {
     auto options = std::make_shared<Preview>();
-    CLI::App* sub = add_subcommand(command, request, "preview",
-                                   "Draw the preview of a theme that the settings pane shows", options);
+    const Subcommand sub = add_subcommand(
+        command, request, "preview", "Draw the preview of a theme that the settings pane shows", options);
     add_theme_picture(sub, options->picture, "2 without it");
-    sub->footer(
+    sub.footer(
         "Examples:\n"
         "  huecraft preview Midnight.plist -o midnight.png\n"
         "  huecraft preview Midnight.plist -o small.png --scale 0.5");

@@ -142,12 +142,12 @@ struct Show {
 
 void add_show(CLI::App& command, Request& request) {
     auto options = std::make_shared<Show>();
-    CLI::App* sub =
+    const Subcommand sub =
         add_subcommand(command, request, "show",
                        "Show what a theme's file holds, and what the library reads from it", options);
-    sub->add_option("THEMES", options->files, "The themes")->required()->type_name("FILE");
+    sub.add_option("THEMES", options->files, "The themes").required().type_name("FILE");
     add_json(sub, options->json);
-    sub->footer(
+    sub.footer(
         "Examples:\n"
         "  huecraft show Midnight.plist\n"
         "  huecraft show --json *.plist");

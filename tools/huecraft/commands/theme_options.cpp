@@ -131,44 +131,42 @@ std::string doubts_about(HuecraftConfig* config, const BackdropSampler& sampler)
            " (huecraft lint says more, --fix changes it)";
 }
 
-void add_theme_options(CLI::App* sub, ThemeOptions& options, bool editing) {
-    taking_colour(sub->add_option("--text", options.text, "Colour of the keys' labels"));
-    taking_colour(sub->add_option("--highlight", options.highlight, "Colour of pressed keys"));
-    auto* flat = taking_colour(sub->add_option("--flat", options.flat, "Background of one colour"));
-    auto* gradient = taking_colours(sub->add_option("--gradient", options.gradient,
-                                                    "Background that runs through colours: COLOR,COLOR,…"))
-                         ->excludes(flat);
-    auto* direction = taking_direction(
-        sub->add_option("--direction", options.direction, "Where the gradient runs; also as 1 to 8"));
-    if (!editing) direction->needs(gradient);
-    auto* image = sub->add_option("--image", options.image, "Background photo: PNG, JPEG, WebP or HEIC")
-                      ->type_name("FILE")
-                      ->excludes(flat)
-                      ->excludes(gradient);
-    sub->add_option("--from-image", options.from_image,
-                    "The same, and the colours of labels and highlights are found in it")
-        ->type_name("FILE")
-        ->excludes(image)
-        ->excludes(flat)
-        ->excludes(gradient);
-    if (editing) sub->add_flag("--no-image", options.no_image, "Take the picture away")->excludes(image);
-    sub->add_option("--crop", options.crop, "The part of the photo to take, in its pixels")
-        ->type_name("X,Y,W,H")
-        ->check(
-            [](const std::string& text) {
-                return region_of(text) ? ""
-                                       : in_quotes(text) + " is not a region; expected four numbers: X,Y,W,H";
-            },
-            "", "region");
-    taking_one_of(sub->add_option("--fit", options.fit, "How it comes to the keyboard's shape"),
-                  {"fill", "inside", "stretch"});
-    taking_number(sub->add_option("--dim", options.dim, "Black over the picture, from 0 to 1"), 0, 1);
-    taking_number(sub->add_option("--blur", options.blur, "Blur of the picture, in points"), 0, 50);
-    auto take_alpha = [&options](double alpha) { options.alpha = alpha; };
-    taking_number(
-        sub->add_option_function<double>("--alpha", take_alpha, "The picture's opacity, from 0 to 1"), 0, 1);
-    auto* caps = sub->add_flag("--caps", options.caps, "Leave the key caps visible");
-    if (editing) sub->add_flag("--no-caps", options.no_caps, "Hide the key caps")->excludes(caps);
+void add_theme_options(Subcommand sub, ThemeOptions& options, bool editing) {
+    sub.add_option("--text", options.text, "Colour of the keys' labels").takes_colour();
+    sub.add_option("--highlight", options.highlight, "Colour of pressed keys").takes_colour();
+    const Option flat = sub.add_option("--flat", options.flat, "Background of one colour").takes_colour();
+    const Option gradient =
+        sub.add_option("--gradient", options.gradient, "Background that runs through colours: COLOR,COLOR,…")
+            .takes_colours()
+            .excludes(flat);
+    const Option direction =
+        sub.add_option("--direction", options.direction, "Where the gradient runs; also as 1 to 8")
+            .takes_direction();
+    if (!editing) direction.needs(gradient);
+    const Option image = sub.add_option("--image", options.image, "Background photo: PNG, JPEG, WebP or HEIC")
+                             .type_name("FILE")
+                             .excludes(flat)
+                             .excludes(gradient);
+    sub.add_option("--from-image", options.from_image,
+                   "The same, and the colours of labels and highlights are found in it")
+        .type_name("FILE")
+        .excludes(image)
+        .excludes(flat)
+        .excludes(gradient);
+    if (editing) sub.add_flag("--no-image", options.no_image, "Take the picture away").excludes(image);
+    sub.add_option("--crop", options.crop, "The part of the photo to take, in its pixels")
+        .type_name("X,Y,W,H")
+        .check([](const std::string& text) {
+            return region_of(text) ? ""
+                                   : in_quotes(text) + " is not a region; expected four numbers: X,Y,W,H";
+        });
+    sub.add_option("--fit", options.fit, "How it comes to the keyboard's shape")
+        .takes_one_of({"fill", "inside", "stretch"});
+    sub.add_option("--dim", options.dim, "Black over the picture, from 0 to 1").takes_number(0, 1);
+    sub.add_option("--blur", options.blur, "Blur of the picture, in points").takes_number(0, 50);
+    sub.add_option("--alpha", options.alpha, "The picture's opacity, from 0 to 1").takes_number(0, 1);
+    const Option caps = sub.add_flag("--caps", options.caps, "Leave the key caps visible");
+    if (editing) sub.add_flag("--no-caps", options.no_caps, "Hide the key caps").excludes(caps);
 }
 
 }  // namespace command

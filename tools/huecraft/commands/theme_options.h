@@ -1,10 +1,10 @@
 // What `new` and `edit` can set of a theme.
 #pragma once
-#include <CLI/CLI.hpp>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "cli/options.h"
 #include "model/HuecraftConfig.h"
 #include "photos/photo.h"
 #include "themes/backdrop.h"
@@ -34,7 +34,7 @@ struct ThemeOptions {
 };
 
 /// Adds the options; those of `edit` can also take something away.
-void add_theme_options(CLI::App* subcommand, ThemeOptions& options, bool editing);
+void add_theme_options(Subcommand subcommand, ThemeOptions& options, bool editing);
 
 /// What can be said against the contrasts of a theme, and the advice; empty for a fine one.
 std::string doubts_about(HuecraftConfig* config, const BackdropSampler& sampler);

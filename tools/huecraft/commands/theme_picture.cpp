@@ -25,14 +25,14 @@ Status ThemePicture::run(const Draw& draw) const {
     return watch({file, output, force}, [&] { return draw_once(draw); });
 }
 
-void add_theme_picture(CLI::App* sub, ThemePicture& picture, const std::string& scale_without) {
-    sub->add_option("THEME", picture.file, "The theme; - is standard input")->required()->type_name("");
-    sub->add_option("-o,--output", picture.output, "The picture to write, as PNG; - is standard output")
-        ->required()
-        ->type_name("FILE");
-    taking_number(sub->add_option("--scale", picture.scale, "Pixels per point; " + scale_without), 0.1, 8);
-    sub->add_flag("--watch", picture.watching,
-                  "Draw again on every save, and keep a page beside the picture in step; ^C ends it");
+void add_theme_picture(Subcommand sub, ThemePicture& picture, const std::string& scale_without) {
+    sub.add_option("THEME", picture.file, "The theme; - is standard input").required().type_name("");
+    sub.add_option("-o,--output", picture.output, "The picture to write, as PNG; - is standard output")
+        .required()
+        .type_name("FILE");
+    sub.add_option("--scale", picture.scale, "Pixels per point; " + scale_without).takes_number(0.1, 8);
+    sub.add_flag("--watch", picture.watching,
+                 "Draw again on every save, and keep a page beside the picture in step; ^C ends it");
     add_library(sub, picture.library);
     add_force(sub, picture.force);
     add_json(sub, picture.json);

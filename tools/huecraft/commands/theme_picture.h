@@ -1,10 +1,10 @@
 // What `keyboard` and `preview` share: one theme, one picture of it.
 #pragma once
-#include <CLI/CLI.hpp>
 #include <filesystem>
 #include <functional>
 #include <string>
 
+#include "cli/options.h"
 #include "cli/workshop.h"
 #include "support/provenance.h"
 
@@ -31,6 +31,6 @@ struct ThemePicture {
 };
 
 /// Adds the options; `scale_without` says what the scale is when nobody does.
-void add_theme_picture(CLI::App* subcommand, ThemePicture& picture, const std::string& scale_without);
+void add_theme_picture(Subcommand subcommand, ThemePicture& picture, const std::string& scale_without);
 
 }  // namespace command

@@ -197,31 +197,30 @@ struct Doctor {
 
 void add_doctor(CLI::App& command, Request& request) {
     auto options = std::make_shared<Doctor>();
-    CLI::App* sub = add_subcommand(
+    const Subcommand sub = add_subcommand(
         command, request, "doctor",
         "Say which hooks would be installed on a system, and what would stay unthemed", options);
-    CLI::Option* file = sub->add_option("FILE", options->file,
-                                        "A system's description; all of iOS 12 that is known without it")
-                            ->type_name("");
-    CLI::Option* system =
-        sub->add_option("--system", options->systems,
-                        "A system whose description comes along, such as 12.4; may be repeated")
-            ->type_name("VERSION")
-            ->allow_extra_args(false);
-    CLI::Option* against = sub->add_option("--against", options->against,
-                                           "Say what differs from that system, or from another file's")
-                               ->type_name("VERSION");
-    CLI::Option* describe =
-        sub->add_flag("--describe", options->describe, "Print the description of the simulated system");
-    CLI::Option* model =
-        sub->add_flag("--model", options->model,
-                      "Print what the simulator's classes have otherwise than those of the real iOS 12.4");
-    add_json(sub, options->json);
-    describe->excludes(file)->excludes(system)->excludes(against)->excludes(sub->get_option("--json"));
-    model->excludes(file)->excludes(system)->excludes(against)->excludes(describe);
-    model->excludes(sub->get_option("--json"));
-    system->excludes(file);
-    sub->footer(
+    const Option file = sub.add_option("FILE", options->file,
+                                       "A system's description; all of iOS 12 that is known without it")
+                            .type_name("");
+    const Option system =
+        sub.add_option("--system", options->systems,
+                       "A system whose description comes along, such as 12.4; may be repeated")
+            .type_name("VERSION")
+            .allow_extra_args(false);
+    const Option against = sub.add_option("--against", options->against,
+                                          "Say what differs from that system, or from another file's")
+                               .type_name("VERSION");
+    const Option describe =
+        sub.add_flag("--describe", options->describe, "Print the description of the simulated system");
+    const Option model =
+        sub.add_flag("--model", options->model,
+                     "Print what the simulator's classes have otherwise than those of the real iOS 12.4");
+    const Option json = add_json(sub, options->json);
+    describe.excludes(file).excludes(system).excludes(against).excludes(json);
+    model.excludes(file).excludes(system).excludes(against).excludes(describe).excludes(json);
+    system.excludes(file);
+    sub.footer(
         "A description has a fact to a line, in any order; \"#\" begins a remark:\n"
         "  system 12.4\n"
         "  class UIKBEdgeEffect : NSObject\n"

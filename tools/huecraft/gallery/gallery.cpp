@@ -227,16 +227,16 @@ struct Gallery {
 
 void add_gallery(CLI::App& command, Request& request) {
     auto options = std::make_shared<Gallery>();
-    CLI::App* sub =
+    const Subcommand sub =
         add_subcommand(command, request, "gallery", "Write a page with the keyboard in each theme", options);
-    sub->add_option("THEMES", options->files, "The themes")->required()->type_name("FILE");
-    sub->add_option("-o,--output", options->output, "The page to write, as HTML; - is standard output")
-        ->required()
-        ->type_name("FILE");
+    sub.add_option("THEMES", options->files, "The themes").required().type_name("FILE");
+    sub.add_option("-o,--output", options->output, "The page to write, as HTML; - is standard output")
+        .required()
+        .type_name("FILE");
     add_library(sub, options->library);
     add_force(sub, options->force);
     add_json(sub, options->json);
-    sub->footer(
+    sub.footer(
         "The page is one file, with the pictures and the smaller themes in it. To others, those with images, "
         "it\n"
         "links where they lie from where it lies: keep them together.\n\n"

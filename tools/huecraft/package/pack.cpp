@@ -91,36 +91,36 @@ struct Pack {
     }
 };
 
-CLI::Option* taking(CLI::Option* option, const char* type, std::string (*fault)(const std::string&)) {
-    return option->type_name(type)->check(fault, "", "");
-}
-
 }  // namespace
 
 void add_pack(CLI::App& command, Request& request) {
     auto options = std::make_shared<Pack>();
-    CLI::App* sub = add_subcommand(command, request, "pack",
-                                   "Make a package of themes for the phone's package manager", options);
-    sub->add_option("THEMES", options->files, "The themes")->required()->type_name("FILE");
-    sub->add_option("-o,--output", options->output, "The package to write; - is standard output")
-        ->required()
-        ->type_name("FILE");
+    const Subcommand sub = add_subcommand(
+        command, request, "pack", "Make a package of themes for the phone's package manager", options);
+    sub.add_option("THEMES", options->files, "The themes").required().type_name("FILE");
+    sub.add_option("-o,--output", options->output, "The package to write; - is standard output")
+        .required()
+        .type_name("FILE");
     ThemePackage& package = options->package;
-    taking(sub->add_option("--id", package.id,
-                           "What installers know it by; huecraft-theme. and the output's name without it"),
-           "ID", fault_of_id);
-    taking(sub->add_option("--version", package.version, "Its version; 1.0 without it"), "VERSION",
-           fault_of_version);
-    taking(sub->add_option("--name", package.name, "Its name for people; the theme's without it"), "NAME",
-           fault_of_line);
-    taking(sub->add_option("--maintainer", package.maintainer, "Who answers for it: \"Name <address>\""),
-           "NAME", fault_of_line);
-    taking(
-        sub->add_option("--description", package.description, "A line about it; lists the themes without it"),
-        "TEXT", fault_of_line);
+    sub.add_option("--id", package.id,
+                   "What installers know it by; huecraft-theme. and the output's name without it")
+        .type_name("ID")
+        .check(fault_of_id);
+    sub.add_option("--version", package.version, "Its version; 1.0 without it")
+        .type_name("VERSION")
+        .check(fault_of_version);
+    sub.add_option("--name", package.name, "Its name for people; the theme's without it")
+        .type_name("NAME")
+        .check(fault_of_line);
+    sub.add_option("--maintainer", package.maintainer, "Who answers for it: \"Name <address>\"")
+        .type_name("NAME")
+        .check(fault_of_line);
+    sub.add_option("--description", package.description, "A line about it; lists the themes without it")
+        .type_name("TEXT")
+        .check(fault_of_line);
     add_force(sub, options->force);
     add_json(sub, options->json);
-    sub->footer(
+    sub.footer(
         "The package keeps its themes in a folder of its own. Installing copies those whose place among the "
         "user's themes\n"
         "is free; removing and updating take away the copies that nobody has changed. The same themes give "

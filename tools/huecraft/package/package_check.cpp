@@ -86,11 +86,11 @@ struct PackageCheck {
 
 void add_package_check(CLI::App& command, Request& request) {
     auto options = std::make_shared<PackageCheck>();
-    CLI::App* sub = add_subcommand(command, request, "package-check",
-                                   "Open packages for the device and verify what is inside", options);
-    sub->add_option("PACKAGES", options->files, "The packages")->required()->type_name("FILE");
+    const Subcommand sub = add_subcommand(command, request, "package-check",
+                                          "Open packages for the device and verify what is inside", options);
+    sub.add_option("PACKAGES", options->files, "The packages").required().type_name("FILE");
     add_json(sub, options->json);
-    sub->footer(
+    sub.footer(
         "Held against the lists of exports and imports that the command was built with. Nothing is "
         "installed\n"
         "or run.\n\n"

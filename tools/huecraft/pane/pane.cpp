@@ -156,31 +156,30 @@ struct Pane : ScriptOptions {
 
 void add_pane(CLI::App& command, Request& request) {
     auto options = std::make_shared<Pane>();
-    CLI::App* sub =
+    const Subcommand sub =
         add_subcommand(command, request, "pane",
                        "Open the settings pane in the simulated Settings and play a script on it", options);
     add_first_script_options(sub, *options);
-    taking_one_of(
-        sub->add_option("--width", options->width, "The screen's width in points; 768 is an iPad's"),
-        {"320", "375", "414", "768"});
-    taking_one_of(sub->add_option("--language", options->language, "The phone's language"),
-                  {"de", "en", "es", "fr", "ja", "zh-Hans"});
-    sub->add_flag("--right-to-left", options->right_to_left, "Lay the screens out from right to left");
-    sub->add_option(
+    sub.add_option("--width", options->width, "The screen's width in points; 768 is an iPad's")
+        .takes_one_of({"320", "375", "414", "768"});
+    sub.add_option("--language", options->language, "The phone's language")
+        .takes_one_of({"de", "en", "es", "fr", "ja", "zh-Hans"});
+    sub.add_flag("--right-to-left", options->right_to_left, "Lay the screens out from right to left");
+    sub.add_option(
            "--device", options->device,
            "A folder that plays a device's file system; themes, preferences and photos are copied from there")
-        ->type_name("DIR");
-    sub->add_option("--photo", options->photos, "A picture in the phone's photo library; may be repeated")
-        ->type_name("FILE");
-    sub->add_flag("--save", options->save, "Write themes and preferences back to --device");
-    sub->add_option("--package", options->packages,
-                    "A package that is installed on the phone; the command's own two without it")
-        ->type_name("FILE");
-    sub->add_option("--pane", options->image,
-                    "The build of the pane that runs, ELF or Mach-O; the command's own without it")
-        ->type_name("FILE");
+        .type_name("DIR");
+    sub.add_option("--photo", options->photos, "A picture in the phone's photo library; may be repeated")
+        .type_name("FILE");
+    sub.add_flag("--save", options->save, "Write themes and preferences back to --device");
+    sub.add_option("--package", options->packages,
+                   "A package that is installed on the phone; the command's own two without it")
+        .type_name("FILE");
+    sub.add_option("--pane", options->image,
+                   "The build of the pane that runs, ELF or Mach-O; the command's own without it")
+        .type_name("FILE");
     add_last_script_options(sub, *options);
-    sub->footer(
+    sub.footer(
         "Instructions:\n"
         "  tap \"LABEL\"|X Y      what VoiceOver calls it: a row's name, a button's; or a point\n"
         "  drag X Y X Y [STEPS] a finger from one point to another\n"

@@ -201,22 +201,21 @@ struct Send {
 
 void add_send(CLI::App& command, Request& request) {
     auto options = std::make_shared<Send>();
-    CLI::App* sub = add_subcommand(command, request, "send",
-                                   "Bring themes to a phone, over your own ssh and scp", options);
-    sub->add_option("THEMES", options->words,
-                    "The themes, and last the phone, as USER@HOST; an address with colons stands in brackets")
-        ->required()
-        ->type_name("FILE");
-    sub->add_option("--choose", options->choice,
-                    "The theme that the phone wears from now on, one of those sent")
-        ->type_name("NAME");
-    taking_whole_number(
-        sub->add_option("--port", options->port, "The port of ssh, where its configuration does not say"), 1,
-        65535);
-    sub->add_flag("--restart", options->restart, "Restart SpringBoard, so that the theme is read");
-    sub->add_flag("--dry-run", options->dry, "Print the commands, and run none");
+    const Subcommand sub = add_subcommand(command, request, "send",
+                                          "Bring themes to a phone, over your own ssh and scp", options);
+    sub.add_option("THEMES", options->words,
+                   "The themes, and last the phone, as USER@HOST; an address with colons stands in brackets")
+        .required()
+        .type_name("FILE");
+    sub.add_option("--choose", options->choice,
+                   "The theme that the phone wears from now on, one of those sent")
+        .type_name("NAME");
+    sub.add_option("--port", options->port, "The port of ssh, where its configuration does not say")
+        .takes_whole_number(1, 65535);
+    sub.add_flag("--restart", options->restart, "Restart SpringBoard, so that the theme is read");
+    sub.add_flag("--dry-run", options->dry, "Print the commands, and run none");
     add_json(sub, options->json);
-    sub->footer(
+    sub.footer(
         "Themes are checked first; where one has an error, nothing is sent. A theme of the same name is "
         "replaced.\n"
         "The phone's preferences keep the keys of others, and as they were they lie beside them, with "

@@ -150,27 +150,28 @@ struct Picker : ScriptOptions {
 
 void add_picker(CLI::App& command, Request& request) {
     auto options = std::make_shared<Picker>();
-    CLI::App* sub =
+    const Subcommand sub =
         add_subcommand(command, request, "picker",
                        "Open the colour picker of the settings pane and play a script on it", options);
     add_first_script_options(sub, *options);
-    taking_one_of(sub->add_option("--width", options->width, "The screen's width in points"),
-                  {"320", "375", "414"});
-    taking_one_of(sub->add_option("--palette", options->palette, "How the panel is painted"),
-                  {"light", "dark", "eclipse"});
-    taking_colour(sub->add_option("--color", options->colour, "The colour that is to be changed"));
-    sub->add_option("--device", options->files.device,
-                    "A folder that plays a device's file system; what the picker reads is copied from there")
-        ->type_name("DIR");
-    sub->add_option("--recent", options->files.recent, "The recent colours' file, in place of the device's")
-        ->type_name("FILE");
-    auto* theme =
-        sub->add_option("--theme", options->theme, "A theme of which a colour is changed")->type_name("FILE");
-    taking_one_of(sub->add_option("--key", options->key, "Which colour of the theme"), {"text", "highlight"})
-        ->needs(theme);
-    sub->add_flag("--save", options->save, "Write what has changed back to --recent, --device and --theme");
+    sub.add_option("--width", options->width, "The screen's width in points")
+        .takes_one_of({"320", "375", "414"});
+    sub.add_option("--palette", options->palette, "How the panel is painted")
+        .takes_one_of({"light", "dark", "eclipse"});
+    sub.add_option("--color", options->colour, "The colour that is to be changed").takes_colour();
+    sub.add_option("--device", options->files.device,
+                   "A folder that plays a device's file system; what the picker reads is copied from there")
+        .type_name("DIR");
+    sub.add_option("--recent", options->files.recent, "The recent colours' file, in place of the device's")
+        .type_name("FILE");
+    const Option theme =
+        sub.add_option("--theme", options->theme, "A theme of which a colour is changed").type_name("FILE");
+    sub.add_option("--key", options->key, "Which colour of the theme")
+        .takes_one_of({"text", "highlight"})
+        .needs(theme);
+    sub.add_flag("--save", options->save, "Write what has changed back to --recent, --device and --theme");
     add_last_script_options(sub, *options);
-    sub->footer(
+    sub.footer(
         "Instructions:\n"
         "  tap \"TEXT\"           what has the text on it: \"SELECT\", \"X\", \"Tap to Edit\"\n"
         "  tap field|copy|paste the hex field, the two buttons in it\n"

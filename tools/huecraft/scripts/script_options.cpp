@@ -44,17 +44,17 @@ Json ScriptOptions::places_of(const std::vector<std::string>& pictures) const {
     return places;
 }
 
-void add_first_script_options(CLI::App* sub, ScriptOptions& options) {
-    sub->add_option("--script", options.script,
-                    "What to do with it, one instruction a line; - is standard input")
-        ->type_name("FILE");
-    sub->add_option("-o,--output", options.output, "The folder for pictures; it is made if it is missing")
-        ->type_name("DIR");
+void add_first_script_options(Subcommand sub, ScriptOptions& options) {
+    sub.add_option("--script", options.script,
+                   "What to do with it, one instruction a line; - is standard input")
+        .type_name("FILE");
+    sub.add_option("-o,--output", options.output, "The folder for pictures; it is made if it is missing")
+        .type_name("DIR");
 }
 
-void add_last_script_options(CLI::App* sub, ScriptOptions& options) {
-    taking_number(sub->add_option("--scale", options.scale, "Pixels per point; the screen's without it"), 0.1,
-                  8);
+void add_last_script_options(Subcommand sub, ScriptOptions& options) {
+    sub.add_option("--scale", options.scale, "Pixels per point; the screen's without it")
+        .takes_number(0.1, 8);
     add_library(sub, options.library);
     add_force(sub, options.force);
     add_json(sub, options.json);

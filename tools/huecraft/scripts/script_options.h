@@ -1,10 +1,10 @@
 // What everything that plays a script is asked for, and the pictures that come of it.
 #pragma once
-#include <CLI/CLI.hpp>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "cli/options.h"
 #include "formats/value.h"
 #include "support/phone.h"
 
@@ -30,7 +30,7 @@ struct ScriptOptions {
 };
 
 // A subcommand's own options stand between these.
-void add_first_script_options(CLI::App* subcommand, ScriptOptions& options);
-void add_last_script_options(CLI::App* subcommand, ScriptOptions& options);
+void add_first_script_options(Subcommand subcommand, ScriptOptions& options);
+void add_last_script_options(Subcommand subcommand, ScriptOptions& options);
 
 }  // namespace command
