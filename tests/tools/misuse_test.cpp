@@ -70,6 +70,20 @@ TEST_F(Misuse, AnOptionWithTooMuchOrTooLittle) {
         {{"new", "N", "--direction", "up"},
          "found --direction without --gradient, expected both (see huecraft new --help)"},
         {{"new", "N", "--fit", "fill"}, "--fit: goes with --image or --from-image"},
+        // One mention of a system is one system; what follows it is the file.
+        {{"doctor", "--system", "12.4", "12.1.1"},
+         "found FILE and --system, expected one of them (see huecraft doctor --help)"},
+    });
+}
+
+TEST_F(Misuse, ANumberBeyondEitherEnd) {
+    const std::string scale = " is not a number from 0.1 to 8 (see huecraft preview --help)",
+                      dim = " is not a number from 0 to 1 (see huecraft new --help)";
+    expect({
+        {{"preview", "t.plist", "-o", "a.png", "--scale", "0.09"}, "--scale: \"0.09\"" + scale},
+        {{"preview", "t.plist", "-o", "a.png", "--scale", "8.1"}, "--scale: \"8.1\"" + scale},
+        {{"new", "N", "--dim", "-0.1"}, "--dim: \"-0.1\"" + dim},
+        {{"new", "N", "--dim", "1.01"}, "--dim: \"1.01\"" + dim},
     });
 }
 
