@@ -1,10 +1,10 @@
-# add_device_package(<target> CONTROL <template> DEPENDS <target>... FILES [<mode> <file> <folder on the device>]...)
+# add_device_package(<target> CONTROL <template> FILES [<mode> <file> <folder on the device>]...)
 # Makes package/<name>_<version>_iphoneos-arm.deb in the current binary directory, whose path is the target's PACKAGE_FILE. The
 # name is that of the template's field Package.
 set(DEVICE_PACKAGE_BUILDER ${CMAKE_CURRENT_LIST_DIR}/../device/package/build_package)
 
 function(add_device_package target)
-    cmake_parse_arguments(PARSE_ARGV 1 package "" CONTROL "DEPENDS;FILES")
+    cmake_parse_arguments(PARSE_ARGV 1 package "" CONTROL FILES)
     file(STRINGS ${package_CONTROL} name REGEX "^Package: ")
     string(REPLACE "Package: " "" name "${name}")
     set(name ${name}_${PROJECT_VERSION}_iphoneos-arm.deb)
@@ -27,7 +27,6 @@ function(add_device_package target)
         COMMENT "Packing ${name}"
         VERBATIM)
     add_custom_target(${target} ALL DEPENDS ${folder}/${name})
-    add_dependencies(${target} ${package_DEPENDS})
     set_target_properties(${target} PROPERTIES PACKAGE_FILE ${folder}/${name})
     install(FILES ${folder}/${name} DESTINATION . COMPONENT package)
 endfunction()

@@ -7,7 +7,7 @@
 namespace macho {
 namespace {
 
-enum Opcode : uint8_t {
+enum BindOpcode : uint8_t {
     BIND_OPCODE_DONE = 0x00,
     BIND_OPCODE_SET_DYLIB_ORDINAL_IMM = 0x10,
     BIND_OPCODE_SET_DYLIB_ORDINAL_ULEB = 0x20,
@@ -24,7 +24,7 @@ enum Opcode : uint8_t {
 };
 constexpr uint8_t BIND_SYMBOL_FLAGS_WEAK_IMPORT = 0x1;
 
-constexpr OpcodeNames kNames = {
+constexpr OpcodeNames kBindNames = {
     "BIND_OPCODE_DONE",
     "BIND_OPCODE_SET_DYLIB_ORDINAL_IMM",
     "BIND_OPCODE_SET_DYLIB_ORDINAL_ULEB",
@@ -54,7 +54,7 @@ class BindOpcodes {
     BindOpcodes(const Bytes& opcodes, BindTable table, const Layout& layout)
         : table_(table),
           layout_(layout),
-          opcodes_(opcodes, layout, name_of(table), kNames) {
+          opcodes_(opcodes, layout, name_of(table), kBindNames) {
         if (table == BindTable::weak) state_.ordinal = BIND_SPECIAL_DYLIB_WEAK_LOOKUP;
         // Linkers set no type there.
         if (table == BindTable::lazy) opcodes_.set_type(FixupOpcodes::kTypePointer);

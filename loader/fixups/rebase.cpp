@@ -5,7 +5,7 @@
 namespace macho {
 namespace {
 
-enum Opcode : uint8_t {
+enum RebaseOpcode : uint8_t {
     REBASE_OPCODE_DONE = 0x00,
     REBASE_OPCODE_SET_TYPE_IMM = 0x10,
     REBASE_OPCODE_SET_SEGMENT_AND_OFFSET_ULEB = 0x20,
@@ -17,7 +17,7 @@ enum Opcode : uint8_t {
     REBASE_OPCODE_DO_REBASE_ULEB_TIMES_SKIPPING_ULEB = 0x80,
 };
 
-constexpr OpcodeNames kNames = {
+constexpr OpcodeNames kRebaseNames = {
     "REBASE_OPCODE_DONE",
     "REBASE_OPCODE_SET_TYPE_IMM",
     "REBASE_OPCODE_SET_SEGMENT_AND_OFFSET_ULEB",
@@ -33,7 +33,7 @@ constexpr OpcodeNames kNames = {
 
 std::vector<uint64_t> read_rebases(const Bytes& opcodes, const Layout& layout) {
     std::vector<uint64_t> found;
-    FixupOpcodes table(opcodes, layout, "the rebase table", kNames);
+    FixupOpcodes table(opcodes, layout, "the rebase table", kRebaseNames);
     Cursor& operands = table.operands();
     const auto rebase = [&](uint64_t times, uint64_t skip = 0) {
         for (; times > 0; --times) {

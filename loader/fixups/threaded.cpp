@@ -11,7 +11,7 @@
 namespace macho {
 namespace {
 
-enum Opcode : uint8_t {
+enum ThreadedOpcode : uint8_t {
     kDone = 0x00,
     kSetLibrary = 0x10,
     kSetLibraryLarge = 0x20,
@@ -22,7 +22,7 @@ enum Opcode : uint8_t {
     kBind = 0x90,
     kThreaded = 0xd0,
 };
-enum ThreadedOpcode : uint8_t { kTableSize = 0, kApply = 1 };
+enum ThreadedKind : uint8_t { kTableSize = 0, kApply = 1 };
 constexpr uint8_t kTypePointer = 1, kWeakImport = 1;
 constexpr uint8_t kBegin = 0xd0;  // kThreaded with kTableSize
 constexpr uint64_t kMostRows = 0x10000;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "objc/fast_enumeration.h"
+#include "pane/drawing/fill.h"
 
 namespace pane {
 namespace {
@@ -19,12 +20,6 @@ constexpr Points points_of_directions[] = {
     {{0.5, 1}, {0.5, 0}}, {{0.5, 0}, {0.5, 1}}, {{1, 0.5}, {0, 0.5}}, {{0, 0.5}, {1, 0.5}},
     {{1, 1}, {0, 0}},     {{0, 1}, {1, 0}},     {{1, 0}, {0, 1}},     {{0, 0}, {1, 1}},
 };
-
-void fill(UIColor* color, CGRect rect) {
-    CGContextRef context = UIGraphicsGetCurrentContext();
-    CGContextSetFillColorWithColor(context, color->CGColor());
-    CGContextFillRect(context, rect);
-}
 
 void draw_gradient(NSArray* colors, NSUInteger direction, CGRect rect) {
     NSMutableArray* list = NSMutableArray::arrayWithCapacity(colors->count());

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "pane/drawing/fill.h"
 #include "platform/imageio.h"
 
 namespace pane {
@@ -101,9 +102,7 @@ UIImage* dimmed(UIImage* photo) {
     const CGRect all{{0, 0}, photo->size()};
     UIGraphicsBeginImageContextWithOptions(all.size, false, 1);
     photo->drawInRect(all);
-    CGContextRef context = UIGraphicsGetCurrentContext();
-    CGContextSetFillColorWithColor(context, UIColor::colorWithWhite(0, dimming)->CGColor());
-    CGContextFillRect(context, all);
+    fill(UIColor::colorWithWhite(0, dimming), all);
     UIImage* picture = UIGraphicsGetImageFromCurrentImageContext();
     UIGraphicsEndImageContext();
     return picture;

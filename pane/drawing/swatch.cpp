@@ -1,19 +1,11 @@
 #include "pane/drawing/swatch.h"
 
+#include "pane/drawing/fill.h"
+
 namespace pane {
-namespace {
-
-constexpr CGFloat side = 28, corner = 6, ring = 1;
-
-void fill(UIColor* colour, CGRect rect) {
-    CGContextRef context = UIGraphicsGetCurrentContext();
-    CGContextSetFillColorWithColor(context, colour->CGColor());
-    CGContextFillRect(context, rect);
-}
-
-}  // namespace
 
 UIImage* swatch_of(UIColor* colour) {
+    constexpr CGFloat side = 28, corner = 6, ring = 1;
     constexpr CGRect all{{0, 0}, {side, side}};
     constexpr CGRect inner{{ring, ring}, {side - 2 * ring, side - 2 * ring}};
     UIGraphicsBeginImageContextWithOptions(all.size, false, 0);

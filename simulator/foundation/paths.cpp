@@ -15,7 +15,7 @@ constinit thread_local LastLink last_link = LastLink::follow;
 
 constinit IMP previous_next_object = nullptr;
 
-struct Manager : NSFileManager {
+struct PathManager : NSFileManager {
     // What has no place on the host is given the empty path, which no operation finds anything at.
     const char* fileSystemRepresentation(NSString* path) {
         const std::string host = host_path_of(path, last_link).value_or("");
@@ -58,9 +58,9 @@ KeepLinks::~KeepLinks() { last_link = before_; }
 
 void correct_paths() {
     Class manager = NSFileManager::class_object();
-    redefine<"fileSystemRepresentationWithPath:", &Manager::fileSystemRepresentation>(manager);
-    redefine<"currentDirectoryPath", &Manager::currentDirectoryPath>(manager);
-    redefine<"changeCurrentDirectoryPath:", &Manager::changeCurrentDirectoryPath>(manager);
+    redefine<"fileSystemRepresentationWithPath:", &PathManager::fileSystemRepresentation>(manager);
+    redefine<"currentDirectoryPath", &PathManager::currentDirectoryPath>(manager);
+    redefine<"changeCurrentDirectoryPath:", &PathManager::changeCurrentDirectoryPath>(manager);
     redefine<"stringByResolvingSymlinksInPath", &Path::resolved>(NSString::class_object());
     previous_next_object =
         redefine<"nextObject", &Enumerator::nextObject>(objc_getClass("NSDirectoryEnumerator"));

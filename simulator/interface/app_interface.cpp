@@ -6,6 +6,7 @@
 #include "foundation/bundles.h"
 #include "interface/answer.h"
 #include "interface/library.h"
+#include "interface/touch_phase.h"
 #include "phone/file_system.h"
 #include "phone/notes.h"
 #include "screen/labels.h"
@@ -55,14 +56,6 @@ std::vector<std::string>& rows() {
     return *labels;
 }
 
-UITouchPhase phase_of(int phase) {
-    constexpr UITouchPhase phases[] = {UITouchPhaseBegan, UITouchPhaseMoved, UITouchPhaseEnded,
-                                       UITouchPhaseCancelled};
-    if (phase < 0 || phase > SIM_TOUCH_CANCELLED)
-        throw Refusal(SIM_MISUSE, "sim_touch_two: there is no phase " + std::to_string(phase));
-    return phases[phase];
-}
-
 }  // namespace
 
 sim_status sim_open_settings() {
@@ -81,7 +74,8 @@ sim_status sim_touch_two(int phase, double first_x, double first_y, double secon
     return answer([&] {
         require_boot("sim_touch_two");
         std::string error;
-        if (!move_fingers(phase_of(phase), {{first_x, first_y}, {second_x, second_y}}, error))
+        if (!move_fingers(touch_phase(phase, "sim_touch_two"), {{first_x, first_y}, {second_x, second_y}},
+                          error))
             throw Refusal(SIM_MISUSE, "sim_touch_two: " + error);
     });
 }

@@ -10,6 +10,7 @@
 #include "interface/executable.h"
 #include "interface/library.h"
 #include "interface/refusal.h"
+#include "interface/touch_phase.h"
 #include "platform/keyboard.h"
 #include "runtime/injection/installing_calls.h"
 #include "screen/picture.h"
@@ -33,6 +34,7 @@ using sim::object_of;
 using sim::Refusal;
 using sim::require;
 using sim::require_boot;
+using sim::touch_phase;
 
 /// Kept for good, like what is loaded.
 std::vector<std::unique_ptr<sim_library>>& libraries() {
@@ -146,16 +148,6 @@ sim_colour colour_of(CGColorRef color) {
 
 /// A picture is drawn for every frame, so a slip of the pen would keep the phone busy for days.
 constexpr double longest_recorded_step = 600;
-
-UITouchPhase phase_of(int phase) {
-    switch (phase) {
-        case SIM_TOUCH_BEGAN: return UITouchPhaseBegan;
-        case SIM_TOUCH_MOVED: return UITouchPhaseMoved;
-        case SIM_TOUCH_ENDED: return UITouchPhaseEnded;
-        case SIM_TOUCH_CANCELLED: return UITouchPhaseCancelled;
-    }
-    throw Refusal(SIM_MISUSE, "sim_touch: there is no phase " + std::to_string(phase));
-}
 
 void touch(const char* function, UITouchPhase phase, double x, double y) {
     require_boot(function);
@@ -300,7 +292,7 @@ sim_status sim_presented(void** controller) {
 }
 
 sim_status sim_touch(int phase, double x, double y) {
-    return answer([&] { touch("sim_touch", phase_of(phase), x, y); });
+    return answer([&] { touch("sim_touch", touch_phase(phase, "sim_touch"), x, y); });
 }
 
 sim_status sim_tap(double x, double y) {

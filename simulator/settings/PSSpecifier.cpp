@@ -50,16 +50,15 @@ struct Specifier : objc::Implements<Specifier, PSSpecifier> {
 }  // namespace
 
 using namespace objc::definition;
-using Ivars = Specifier::Ivars;
 
 OBJC_CLASS(PSSpecifier, NSObject, Specifier,
            class_method<"preferenceSpecifierNamed:target:set:get:detail:cell:edit:", &Specifier::named>,
            method<"init", &Specifier::init>,
-           property<"name", &Ivars::name>,
-           ivar<"_properties", &Ivars::properties>,
-           property<"target", &Ivars::target>,
-           property<"cellType", &Ivars::cellType>,
-           property<"detailControllerClass", &Ivars::detailControllerClass>,
+           property<"name", &Specifier::Ivars::name>,
+           ivar<"_properties", &Specifier::Ivars::properties>,
+           property<"target", &Specifier::Ivars::target>,
+           property<"cellType", &Specifier::Ivars::cellType>,
+           property<"detailControllerClass", &Specifier::Ivars::detailControllerClass>,
            method<"identifier", &Specifier::identifier>,
            method<"propertyForKey:", &Specifier::propertyForKey>,
            method<"setProperty:forKey:", &Specifier::setProperty>,

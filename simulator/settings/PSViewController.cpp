@@ -46,12 +46,11 @@ struct Page : objc::Implements<Page, PSViewController> {
 }  // namespace
 
 using namespace objc::definition;
-using Ivars = Page::Ivars;
 
 OBJC_CLASS(PSViewController, UIViewController, Page,
-           property<"parentController", &Ivars::parentController>,
-           property<"rootController", &Ivars::rootController>,
-           property<"specifier", &Ivars::specifier>,
+           property<"parentController", &Page::Ivars::parentController>,
+           property<"rootController", &Page::Ivars::rootController>,
+           property<"specifier", &Page::Ivars::specifier>,
            method<"navigationItemLargeTitleDisplayMode", &Page::navigationItemLargeTitleDisplayMode>,
            method<"canBeShownFromSuspendedState", &Page::canBeShownFromSuspendedState>,
            method<"showController:", &Page::showController>,

@@ -156,6 +156,9 @@ struct View : objc::Implements<View, UIView> {
     void detach(UIView* view);
 };
 
+/// What layout by constraints keeps of the view.
+inline LayoutState& layout_state_of(UIView* view) { return static_cast<View*>(view)->ivars().layout; }
+
 /// Gives a view that comes into a window what its class's appearance says, unless it has its own.
 void apply_appearance(UIView*);
 

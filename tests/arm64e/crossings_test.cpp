@@ -16,8 +16,6 @@ void _Block_release(const void*);
 namespace test {
 namespace {
 
-constexpr const char* springboard = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
-
 class Crossings : public testing::Test {
   protected:
     void start(Phone::Options options) {

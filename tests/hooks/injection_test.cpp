@@ -6,8 +6,6 @@
 namespace test {
 namespace {
 
-constexpr const char* springboard = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
-
 class Frameworks : public testing::Test {
   protected:
     void SetUp() override { arrange_theme(phone); }

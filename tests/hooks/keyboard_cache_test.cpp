@@ -5,7 +5,6 @@
 namespace test {
 namespace {
 
-constexpr const char* springboard = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
 constexpr const char* cache_folder = "/var/mobile/Library/Caches/com.apple.keyboards";
 
 class KeyboardCache : public testing::Test {

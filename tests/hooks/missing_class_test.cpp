@@ -12,8 +12,6 @@
 namespace test {
 namespace {
 
-constexpr const char* springboard = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
-
 std::string without_types(const std::string& row) { return row.substr(0, row.find(" added as ")); }
 
 /// "UIKBGradient_gradientWithName"

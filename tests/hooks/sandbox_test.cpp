@@ -7,8 +7,6 @@
 namespace test {
 namespace {
 
-constexpr const char* springboard = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
-
 class DeniedPreferences : public testing::TestWithParam<const char*> {
   protected:
     void SetUp() override {

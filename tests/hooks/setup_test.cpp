@@ -9,7 +9,6 @@
 namespace test {
 namespace {
 
-constexpr const char* springboard = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
 constexpr const char* daemon_path = "/usr/libexec/keyboardd";
 
 class Setup : public testing::Test {

@@ -34,7 +34,7 @@ std::vector<std::string> binds(const Opcodes& opcodes, BindTable table = BindTab
     return found;
 }
 
-std::string refusal(const Opcodes& opcodes, BindTable table = BindTable::regular) {
+std::string bind_refusal(const Opcodes& opcodes, BindTable table = BindTable::regular) {
     return message_of<macho::Fault>([&] { binds(opcodes, table); });
 }
 
@@ -79,17 +79,17 @@ TEST(BindOpcodesTest, ADefinitionThatNothingReplacesBindsNothing) {
 }
 
 TEST(BindOpcodesTest, AnotherTypeThanAPointerIsRefused) {
-    EXPECT_EQ(refusal(joined({kFoo, {0x53}, kData, {0x90}})),
+    EXPECT_EQ(bind_refusal(joined({kFoo, {0x53}, kData, {0x90}})),
               "BIND_OPCODE_DO_BIND at 0x8 in the bind table: unsupported fix-up type (found 3, expected 1, a "
               "pointer), at the symbol f");
 }
 
 TEST(BindOpcodesTest, ABindWithoutATypeIsRefused) {
     const Opcodes untyped = joined({kUntypedFoo, kData, {0x90}});
-    EXPECT_EQ(refusal(untyped),
+    EXPECT_EQ(bind_refusal(untyped),
               "BIND_OPCODE_DO_BIND at 0x6 in the bind table: unsupported fix-up type (found 0, no type was "
               "set, expected 1, a pointer), at the symbol f");
-    EXPECT_THAT(refusal(untyped, BindTable::weak),
+    EXPECT_THAT(bind_refusal(untyped, BindTable::weak),
                 HasSubstr("in the weak bind table: unsupported fix-up type"));
 }
 
@@ -98,56 +98,58 @@ TEST(BindOpcodesTest, ALazyBindWithoutATypeIsAPointer) {
 }
 
 TEST(BindOpcodesTest, AnUnknownOpcodeIsRefused) {
-    EXPECT_EQ(refusal({0xd0}), "0xd0 at 0x0 in the bind table: unknown opcode");
-    EXPECT_EQ(refusal({0xd0}, BindTable::lazy), "0xd0 at 0x0 in the lazy bind table: unknown opcode");
-    EXPECT_EQ(refusal({0xd0}, BindTable::weak), "0xd0 at 0x0 in the weak bind table: unknown opcode");
+    EXPECT_EQ(bind_refusal({0xd0}), "0xd0 at 0x0 in the bind table: unknown opcode");
+    EXPECT_EQ(bind_refusal({0xd0}, BindTable::lazy), "0xd0 at 0x0 in the lazy bind table: unknown opcode");
+    EXPECT_EQ(bind_refusal({0xd0}, BindTable::weak), "0xd0 at 0x0 in the weak bind table: unknown opcode");
 }
 
 TEST(BindOpcodesTest, ALibraryThatDoesNotExistIsRefused) {
-    EXPECT_EQ(refusal({0x13}),
+    EXPECT_EQ(bind_refusal({0x13}),
               "BIND_OPCODE_SET_DYLIB_ORDINAL_IMM at 0x0 in the bind table: no such library (found ordinal 3, "
               "expected at most 2)");
-    EXPECT_EQ(refusal(joined({{0x20}, huge})),
+    EXPECT_EQ(bind_refusal(joined({{0x20}, huge})),
               "BIND_OPCODE_SET_DYLIB_ORDINAL_ULEB at 0x0 in the bind table: no such library (found ordinal "
               "1152921504606846976, expected at most 2)");
 }
 
 TEST(BindOpcodesTest, AnUnknownSpecialOrdinalIsRefused) {
     EXPECT_EQ(
-        refusal({0x3c}),
+        bind_refusal({0x3c}),
         "BIND_OPCODE_SET_DYLIB_SPECIAL_IMM at 0x0 in the bind table: unknown special ordinal (found -4, "
         "expected -2 to 0)");
 }
 
 TEST(BindOpcodesTest, APointerBeforeAnySymbolIsRefused) {
-    EXPECT_EQ(refusal(joined({kData, {0x90}})),
+    EXPECT_EQ(bind_refusal(joined({kData, {0x90}})),
               "BIND_OPCODE_DO_BIND at 0x2 in the bind table: no symbol was set");
 }
 
 TEST(BindOpcodesTest, APointerBeforeAnySegmentIsRefused) {
-    EXPECT_EQ(refusal(joined({kFoo, {0x90}})),
+    EXPECT_EQ(bind_refusal(joined({kFoo, {0x90}})),
               "BIND_OPCODE_DO_BIND at 0x5 in the bind table: no segment was set, at the symbol f");
 }
 
 TEST(BindOpcodesTest, APointerInAReadOnlySegmentIsRefused) {
     EXPECT_EQ(
-        refusal(joined({kFoo, {0x70, 0x00, 0x90}})),
+        bind_refusal(joined({kFoo, {0x70, 0x00, 0x90}})),
         "BIND_OPCODE_DO_BIND at 0x7 in the bind table: segment __TEXT is not writable, at the symbol f");
 }
 
 TEST(BindOpcodesTest, ACountBeyondTheSegmentIsRefused) {
-    EXPECT_THAT(refusal(joined({kFoo, kData, {0xc0}, huge, {0x00}})), HasSubstr("leaves segment __DATA"));
+    EXPECT_THAT(bind_refusal(joined({kFoo, kData, {0xc0}, huge, {0x00}})),
+                HasSubstr("leaves segment __DATA"));
 }
 
 TEST(BindOpcodesTest, ACountWithoutEndInOnePlaceIsRefused) {
     EXPECT_EQ(
-        refusal(joined({kFoo, kData, {0xc0}, huge, back})),
+        bind_refusal(joined({kFoo, kData, {0xc0}, huge, back})),
         "BIND_OPCODE_DO_BIND_ULEB_TIMES_SKIPPING_ULEB at 0x7 in the bind table: more fix-ups than the image "
         "has pointers, at the symbol f");
 }
 
 TEST(BindOpcodesTest, ASymbolThatDoesNotEndIsRefused) {
-    EXPECT_EQ(refusal({0x40, '_', 'f'}), "a text in the table does not end (found its start at offset 0x1)");
+    EXPECT_EQ(bind_refusal({0x40, '_', 'f'}),
+              "a text in the table does not end (found its start at offset 0x1)");
 }
 
 }  // namespace

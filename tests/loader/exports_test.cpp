@@ -26,7 +26,7 @@ std::vector<std::string> exports(const Trie& trie) {
     return found;
 }
 
-std::string refusal(const Trie& trie) {
+std::string trie_refusal(const Trie& trie) {
     return message_of<macho::Fault>([&] { exports(trie); });
 }
 
@@ -62,36 +62,37 @@ TEST(ExportsTest, UnsupportedKindsAreRefused) {
         {0x10, "a function with a resolver"},
     };
     for (const auto& [flags, what] : kinds)
-        EXPECT_EQ(refusal(one_export(flags)), std::string("the export _f is ") + what +
-                                                  ", which is not supported (found flags " +
-                                                  macho::hex(flags) + ")");
+        EXPECT_EQ(trie_refusal(one_export(flags)), std::string("the export _f is ") + what +
+                                                       ", which is not supported (found flags " +
+                                                       macho::hex(flags) + ")");
 }
 
 TEST(ExportsTest, ANodeThatLeadsBackIsRefused) {
-    EXPECT_EQ(refusal({0, 1, 'a', 0, 0}),
+    EXPECT_EQ(trie_refusal({0, 1, 'a', 0, 0}),
               "the export trie has nodes that overlap or lead back to each other");
-    EXPECT_EQ(refusal({0, 1, 'a', 0, 5, 0, 1, 'b', 0, 0}),
+    EXPECT_EQ(trie_refusal({0, 1, 'a', 0, 5, 0, 1, 'b', 0, 0}),
               "the export trie has nodes that overlap or lead back to each other");
 }
 
 TEST(ExportsTest, ManyEdgesToOneNodeAreRefused) {
     Trie trie = {0, 200};
     for (int i = 0; i < 200; ++i) trie.insert(trie.end(), {0, 0x80, 0x80, 0x00});
-    EXPECT_EQ(refusal(trie), "the export trie has nodes that overlap or lead back to each other");
+    EXPECT_EQ(trie_refusal(trie), "the export trie has nodes that overlap or lead back to each other");
 }
 
 TEST(ExportsTest, ANodeOutsideTheTrieIsRefused) {
-    EXPECT_EQ(refusal({0, 1, 'a', 0, 0x70}),
+    EXPECT_EQ(trie_refusal({0, 1, 'a', 0, 0x70}),
               "a read leaves the export trie (found 5 bytes, expected 1 more at offset 0x70)");
 }
 
 TEST(ExportsTest, AnEdgeThatDoesNotEndIsRefused) {
-    EXPECT_EQ(refusal({0, 1, 'a'}), "a text in the export trie does not end (found its start at offset 0x2)");
+    EXPECT_EQ(trie_refusal({0, 1, 'a'}),
+              "a text in the export trie does not end (found its start at offset 0x2)");
 }
 
 TEST(ExportsTest, ExportInformationOutsideItsNodeIsRefused) {
-    EXPECT_THAT(refusal({0x70, 0, 0}), HasSubstr("a read leaves the export trie"));
-    EXPECT_THAT(refusal({1, 0, 0x20, 0}), HasSubstr("a read leaves the export trie"));
+    EXPECT_THAT(trie_refusal({0x70, 0, 0}), HasSubstr("a read leaves the export trie"));
+    EXPECT_THAT(trie_refusal({1, 0, 0x20, 0}), HasSubstr("a read leaves the export trie"));
 }
 
 TEST(ExportsTest, AVeryLongNameIsRefused) {
@@ -104,7 +105,7 @@ TEST(ExportsTest, AVeryLongNameIsRefused) {
         return trie;
     };
     EXPECT_EQ(exports(one_export_named(4096)).size(), 1u);
-    EXPECT_EQ(refusal(one_export_named(4097)), "the export trie has a name of more than 4096 bytes");
+    EXPECT_EQ(trie_refusal(one_export_named(4097)), "the export trie has a name of more than 4096 bytes");
 }
 
 TEST(ExportsTest, AnExportOutsideTheImageIsRefused) {

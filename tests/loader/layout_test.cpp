@@ -5,21 +5,17 @@
 #include <gtest/gtest.h>
 
 #include "draft.h"
+#include "fields.h"
 #include "host.h"
 
 namespace {
 
-using loader_test::Draft;
+using namespace loader_test;
 using macho::Command;
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-// Offsets of fields in a segment's load command and in a section's row.
-constexpr size_t kAddress = 24, kSize = 32, kFileOffset = 40, kFileSize = 48, kProtection = 60,
-                 kSectionCount = 64;
-constexpr size_t kSectionAddress = 32, kSectionSize = 40, kSectionFlags = 64;
 
 class LayoutTest : public testing::Test {
   protected:
@@ -178,7 +174,7 @@ TEST_F(LayoutTest, ASegmentLargerInTheFileThanInMemoryIsRefused) {
 }
 
 TEST_F(LayoutTest, ASegmentThatIsWritableAndExecutableIsRefused) {
-    draft.set32(draft.segment("__DATA") + kProtection, 7);
+    draft.set32(draft.segment("__DATA") + kAccess, 7);
     EXPECT_THAT(draft.load_error(), HasSubstr("segment __DATA is both writable and executable"));
 }
 

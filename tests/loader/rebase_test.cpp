@@ -21,13 +21,13 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 const Opcodes kPointer = {0x11};
-const Opcodes kData = {0x21, 0x10};  // segment 1, offset 0x10
+const Opcodes kSecondSegment = {0x21, 0x10};  // segment 1, offset 0x10
 
 std::vector<uint64_t> rebases(const Opcodes& opcodes) {
     return macho::read_rebases(macho::Bytes(opcodes, "the rebase table"), loader_test::two_segments());
 }
 
-std::string refusal(const Opcodes& opcodes) {
+std::string rebase_refusal(const Opcodes& opcodes) {
     return message_of<macho::Fault>([&] { rebases(opcodes); });
 }
 
@@ -37,77 +37,80 @@ TEST(RebaseTest, AnEmptyTableRebasesNothing) {
 }
 
 TEST(RebaseTest, EveryOpcodeMovesOn) {
-    EXPECT_THAT(rebases(joined({kPointer, kData, {0x52}})), ElementsAre(0x1010, 0x1018));
-    EXPECT_THAT(rebases(joined({kPointer, kData, {0x60, 0x03}})), ElementsAre(0x1010, 0x1018, 0x1020));
-    EXPECT_THAT(rebases(joined({kPointer, kData, {0x30, 0x08, 0x51}})), ElementsAre(0x1018));
-    EXPECT_THAT(rebases(joined({kPointer, kData, {0x31, 0x08, 0x51}})), ElementsAre(0x1018));
-    EXPECT_THAT(rebases(joined({kPointer, kData, {0x42, 0x51}})), ElementsAre(0x1020));
-    EXPECT_THAT(rebases(joined({kPointer, kData, {0x70, 0x10, 0x51}})), ElementsAre(0x1010, 0x1028));
-    EXPECT_THAT(rebases(joined({kPointer, kData, {0x80, 0x03, 0x08}})), ElementsAre(0x1010, 0x1020, 0x1030));
+    EXPECT_THAT(rebases(joined({kPointer, kSecondSegment, {0x52}})), ElementsAre(0x1010, 0x1018));
+    EXPECT_THAT(rebases(joined({kPointer, kSecondSegment, {0x60, 0x03}})),
+                ElementsAre(0x1010, 0x1018, 0x1020));
+    EXPECT_THAT(rebases(joined({kPointer, kSecondSegment, {0x30, 0x08, 0x51}})), ElementsAre(0x1018));
+    EXPECT_THAT(rebases(joined({kPointer, kSecondSegment, {0x31, 0x08, 0x51}})), ElementsAre(0x1018));
+    EXPECT_THAT(rebases(joined({kPointer, kSecondSegment, {0x42, 0x51}})), ElementsAre(0x1020));
+    EXPECT_THAT(rebases(joined({kPointer, kSecondSegment, {0x70, 0x10, 0x51}})), ElementsAre(0x1010, 0x1028));
+    EXPECT_THAT(rebases(joined({kPointer, kSecondSegment, {0x80, 0x03, 0x08}})),
+                ElementsAre(0x1010, 0x1020, 0x1030));
 }
 
 TEST(RebaseTest, APlaceMayBeReachedBackwards) {
-    EXPECT_THAT(rebases(joined({kPointer, kData, {0x30}, back, {0x51}})), ElementsAre(0x1008));
+    EXPECT_THAT(rebases(joined({kPointer, kSecondSegment, {0x30}, back, {0x51}})), ElementsAre(0x1008));
 }
 
 TEST(RebaseTest, AnotherTypeThanAPointerIsRefused) {
     EXPECT_EQ(
-        refusal(joined({{0x12}, kData, {0x51}})),
+        rebase_refusal(joined({{0x12}, kSecondSegment, {0x51}})),
         "REBASE_OPCODE_DO_REBASE_IMM_TIMES at 0x3 in the rebase table: unsupported fix-up type (found 2, "
         "expected 1, a pointer)");
 }
 
 TEST(RebaseTest, ARebaseWithoutATypeIsRefused) {
     EXPECT_EQ(
-        refusal(joined({kData, {0x51}})),
+        rebase_refusal(joined({kSecondSegment, {0x51}})),
         "REBASE_OPCODE_DO_REBASE_IMM_TIMES at 0x2 in the rebase table: unsupported fix-up type (found 0, "
         "no type was set, expected 1, a pointer)");
 }
 
 TEST(RebaseTest, AnUnknownOpcodeIsRefused) {
-    EXPECT_EQ(refusal({0x93}), "0x93 at 0x0 in the rebase table: unknown opcode");
+    EXPECT_EQ(rebase_refusal({0x93}), "0x93 at 0x0 in the rebase table: unknown opcode");
 }
 
 TEST(RebaseTest, ASegmentThatDoesNotExistIsRefused) {
     EXPECT_EQ(
-        refusal({0x22, 0x00}),
+        rebase_refusal({0x22, 0x00}),
         "REBASE_OPCODE_SET_SEGMENT_AND_OFFSET_ULEB at 0x0 in the rebase table: no such segment (found 2, "
         "expected less than 2)");
 }
 
 TEST(RebaseTest, APointerBeforeAnySegmentIsRefused) {
-    EXPECT_EQ(refusal(joined({kPointer, {0x51}})),
+    EXPECT_EQ(rebase_refusal(joined({kPointer, {0x51}})),
               "REBASE_OPCODE_DO_REBASE_IMM_TIMES at 0x1 in the rebase table: no segment was set");
 }
 
 TEST(RebaseTest, APointerInAReadOnlySegmentIsRefused) {
-    EXPECT_EQ(refusal({0x11, 0x20, 0x10, 0x51}),
+    EXPECT_EQ(rebase_refusal({0x11, 0x20, 0x10, 0x51}),
               "REBASE_OPCODE_DO_REBASE_IMM_TIMES at 0x3 in the rebase table: segment __TEXT is not writable");
 }
 
 TEST(RebaseTest, APointerAcrossTheSegmentsEndInTheFileIsRefused) {
     EXPECT_THAT(rebases({0x11, 0x21, 0xf8, 0x01, 0x51}), ElementsAre(0x10f8));
-    EXPECT_EQ(refusal({0x11, 0x21, 0xf9, 0x01, 0x51}),
+    EXPECT_EQ(rebase_refusal({0x11, 0x21, 0xf9, 0x01, 0x51}),
               "REBASE_OPCODE_DO_REBASE_IMM_TIMES at 0x4 in the rebase table: the pointer leaves segment "
               "__DATA (found "
               "offset 0xf9, expected a pointer within 0x100 bytes)");
-    EXPECT_THAT(refusal(joined({kPointer, kData, {0x30}, huge, {0x51}})), HasSubstr("leaves segment __DATA"));
+    EXPECT_THAT(rebase_refusal(joined({kPointer, kSecondSegment, {0x30}, huge, {0x51}})),
+                HasSubstr("leaves segment __DATA"));
 }
 
 TEST(RebaseTest, ACountBeyondTheSegmentIsRefused) {
-    EXPECT_THAT(refusal(joined({kPointer, kData, {0x60}, huge})),
+    EXPECT_THAT(rebase_refusal(joined({kPointer, kSecondSegment, {0x60}, huge})),
                 HasSubstr("leaves segment __DATA (found offset 0x100,"));
 }
 
 TEST(RebaseTest, ACountWithoutEndInOnePlaceIsRefused) {
     EXPECT_EQ(
-        refusal(joined({kPointer, kData, {0x80}, huge, back})),
+        rebase_refusal(joined({kPointer, kSecondSegment, {0x80}, huge, back})),
         "REBASE_OPCODE_DO_REBASE_ULEB_TIMES_SKIPPING_ULEB at 0x3 in the rebase table: more fix-ups than the "
         "image has pointers");
 }
 
 TEST(RebaseTest, ATableCutShortIsRefused) {
-    EXPECT_EQ(refusal({0x21}),
+    EXPECT_EQ(rebase_refusal({0x21}),
               "a read leaves the rebase table (found 1 bytes, expected 1 more at offset 0x1)");
 }
 

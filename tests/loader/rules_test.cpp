@@ -5,12 +5,13 @@
 #include <gtest/gtest.h>
 
 #include "draft.h"
+#include "fields.h"
 #include "host.h"
 #include "loader/format/versions.h"
 
 namespace {
 
-using loader_test::Draft;
+using namespace loader_test;
 using macho::Rules;
 using testing::AllOf;
 using testing::ElementsAre;
@@ -18,10 +19,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
-// Offsets of fields in load commands and in a section's row.
-constexpr size_t kCommandSize = 4;
-constexpr size_t kAddress = 24, kSize = 32, kFileOffset = 40, kFileSize = 48, kMostAccess = 56, kAccess = 60;
-constexpr size_t kSectionOffset = 48;
+/// Of a table's place, in the load command that names it.
 constexpr size_t kOffset = 8;
 
 const std::string page = macho::kThisCpu == macho::Cpu::arm64 ? "0x4000" : "0x1000";

@@ -14,6 +14,9 @@
 
 namespace test {
 
+/// The executable of the home screen.
+inline constexpr const char* springboard = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
+
 /// What the phones of a program have in common, done once, before its cases part. A program with phones that
 /// lack classes defines it; otherwise none may.
 void prepare_phones();

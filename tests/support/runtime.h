@@ -7,6 +7,12 @@
 
 namespace test {
 
+/// A function, or a lambda that captures nothing, as a method.
+template <class Function>
+IMP as_method(Function function) {
+    return reinterpret_cast<IMP>(+function);
+}
+
 /// A method for a class of a test's own: "v@:@" are its types.
 struct OwnMethod {
     const char* selector;
@@ -15,7 +21,7 @@ struct OwnMethod {
 };
 template <class Function>
 OwnMethod own_method(const char* selector, Function function, const char* types) {
-    return {selector, reinterpret_cast<IMP>(+function), types};
+    return {selector, as_method(function), types};
 }
 /// A class of that name with these methods, made when it is first asked for.
 inline Class class_with(const char* name, const char* superclass, const std::vector<OwnMethod>& methods) {
@@ -38,7 +44,7 @@ IMP stand_in(const char* class_name, const char* selector, Function function, Si
     EXPECT_NE(target, nullptr) << "no class " << class_name;
     IMP previous = nullptr;
     MSHookMessageEx(side == Side::on_class ? object_getClass(reinterpret_cast<id>(target)) : target,
-                    sel_registerName(selector), reinterpret_cast<IMP>(+function), &previous);
+                    sel_registerName(selector), as_method(function), &previous);
     EXPECT_NE(previous, nullptr) << class_name << " has no " << selector;
     return previous;
 }

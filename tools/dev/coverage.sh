@@ -38,7 +38,7 @@ command_coverage() {
     mkdir -p "$built/reached"
     read_counts "$built" huecraft lib/HuecraftiOS12.so
     read_counts "$built" huecraft_pane lib/HuecraftSettings.so
-    read_counts "$built" pane_model_tests bin/pane_model_tests
+    read_counts "$built" pane_model bin/pane_model_tests
     find "$built/reached" -name "*.lcov" -exec cat {} + | added_up >"$built/reached/lines"
     [[ -s $built/reached/lines ]] || fail "the tests that ran load neither the library nor the settings pane"
     shares_that_ran <"$built/reached/lines"

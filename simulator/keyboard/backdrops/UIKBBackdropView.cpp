@@ -7,7 +7,7 @@
 
 namespace {
 
-struct BackdropView : objc::Implements<BackdropView, UIKBBackdropView> {
+struct KeyboardBackdropView : objc::Implements<KeyboardBackdropView, UIKBBackdropView> {
     using Ivars = objc::NoIvars;
 
     objc::strong<UIKBBackdropView> initWithFrame(CGRect frame, NSInteger style) {
@@ -23,6 +23,6 @@ struct BackdropView : objc::Implements<BackdropView, UIKBBackdropView> {
 
 using namespace objc::definition;
 
-OBJC_CLASS(UIKBBackdropView, UIVisualEffectView, BackdropView,
-           method<"initWithFrame:style:", &BackdropView::initWithFrame>,
-           method<"transitionToStyle:", &BackdropView::transitionToStyle>)
+OBJC_CLASS(UIKBBackdropView, UIVisualEffectView, KeyboardBackdropView,
+           method<"initWithFrame:style:", &KeyboardBackdropView::initWithFrame>,
+           method<"transitionToStyle:", &KeyboardBackdropView::transitionToStyle>)

@@ -74,22 +74,21 @@ struct InputBackdropView : objc::Implements<InputBackdropView, UIKBInputBackdrop
 }  // namespace
 
 using namespace objc::definition;
-using Backdrop = InputBackdropView;
 
 OBJC_CLASS(UIKBInputBackdropView, UIView, InputBackdropView,
-           ivar<"_style", &Backdrop::Ivars::style>,
-           ivar<"_inputBackdropFullView", &Backdrop::Ivars::full>,
-           ivar<"_inputBackdropLeftView", &Backdrop::Ivars::left>,
-           ivar<"_inputBackdropRightView", &Backdrop::Ivars::right>,
-           method<"initWithFrame:", &Backdrop::initWithFrame>,
-           method<"style", &Backdrop::style>,
-           method<"transitionToStyle:isSplit:", &Backdrop::transitionToStyle>,
-           method<"layoutInputBackdropToFullWithRect:", &Backdrop::layoutToFull>,
+           ivar<"_style", &InputBackdropView::Ivars::style>,
+           ivar<"_inputBackdropFullView", &InputBackdropView::Ivars::full>,
+           ivar<"_inputBackdropLeftView", &InputBackdropView::Ivars::left>,
+           ivar<"_inputBackdropRightView", &InputBackdropView::Ivars::right>,
+           method<"initWithFrame:", &InputBackdropView::initWithFrame>,
+           method<"style", &InputBackdropView::style>,
+           method<"transitionToStyle:isSplit:", &InputBackdropView::transitionToStyle>,
+           method<"layoutInputBackdropToFullWithRect:", &InputBackdropView::layoutToFull>,
            method<"layoutInputBackdropToSplitWithLeftViewRect:andRightViewRect:innerCorners:",
-                  &Backdrop::layoutToSplit>,
-           method<"inputBackdropFullView", &Backdrop::inputBackdropFullView>,
-           method<"setInputBackdropFullView:", &Backdrop::setInputBackdropFullView>,
-           method<"inputBackdropLeftView", &Backdrop::inputBackdropLeftView>,
-           method<"setInputBackdropLeftView:", &Backdrop::setInputBackdropLeftView>,
-           method<"inputBackdropRightView", &Backdrop::inputBackdropRightView>,
-           method<"setInputBackdropRightView:", &Backdrop::setInputBackdropRightView>)
+                  &InputBackdropView::layoutToSplit>,
+           method<"inputBackdropFullView", &InputBackdropView::inputBackdropFullView>,
+           method<"setInputBackdropFullView:", &InputBackdropView::setInputBackdropFullView>,
+           method<"inputBackdropLeftView", &InputBackdropView::inputBackdropLeftView>,
+           method<"setInputBackdropLeftView:", &InputBackdropView::setInputBackdropLeftView>,
+           method<"inputBackdropRightView", &InputBackdropView::inputBackdropRightView>,
+           method<"setInputBackdropRightView:", &InputBackdropView::setInputBackdropRightView>)

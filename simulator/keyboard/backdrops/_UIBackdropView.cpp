@@ -80,17 +80,16 @@ void round_blur(_UIBackdropView* view, CGFloat corner_radius) {
 }  // namespace sim
 
 using namespace objc::definition;
-using Backdrop = BackdropView;
 
 OBJC_CLASS(_UIBackdropView, UIView, BackdropView,
-           class_method<"layerClass", &Backdrop::layerClass>,
-           ivar<"_style", &Backdrop::Ivars::style>,
-           ivar<"_backdropEffectView", &Backdrop::Ivars::backdropEffectView>,
-           ivar<"_colorTintView", &Backdrop::Ivars::colorTintView>,
-           ivar<"_contentView", &Backdrop::Ivars::contentView>,
-           method<"initWithStyle:", &Backdrop::initWithStyle>,
-           method<"style", &Backdrop::style>,
-           method<"backdropEffectView", &Backdrop::backdropEffectView>,
-           method<"colorTintView", &Backdrop::colorTintView>,
-           method<"contentView", &Backdrop::contentView>,
-           method<"didMoveToSuperview", &Backdrop::didMoveToSuperview>)
+           class_method<"layerClass", &BackdropView::layerClass>,
+           ivar<"_style", &BackdropView::Ivars::style>,
+           ivar<"_backdropEffectView", &BackdropView::Ivars::backdropEffectView>,
+           ivar<"_colorTintView", &BackdropView::Ivars::colorTintView>,
+           ivar<"_contentView", &BackdropView::Ivars::contentView>,
+           method<"initWithStyle:", &BackdropView::initWithStyle>,
+           method<"style", &BackdropView::style>,
+           method<"backdropEffectView", &BackdropView::backdropEffectView>,
+           method<"colorTintView", &BackdropView::colorTintView>,
+           method<"contentView", &BackdropView::contentView>,
+           method<"didMoveToSuperview", &BackdropView::didMoveToSuperview>)

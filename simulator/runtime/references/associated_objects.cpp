@@ -56,12 +56,12 @@ class Association {
 using Associations = std::unordered_map<const void*, Association>;
 
 // Never destroyed: objects go until the very end of the process.
-struct Table {
+struct AssociationTable {
     std::mutex lock;
     std::unordered_map<id, Associations> by_owner;
 
-    static Table& get() {
-        static auto* table = new Table;
+    static AssociationTable& get() {
+        static auto* table = new AssociationTable;
         return *table;
     }
 };
@@ -69,7 +69,7 @@ struct Table {
 }  // namespace
 
 void drop_associated_objects(id owner) {
-    Table& table = Table::get();
+    AssociationTable& table = AssociationTable::get();
     Associations dropped;
     {
         std::lock_guard guard(table.lock);
@@ -85,7 +85,7 @@ void drop_associated_objects(id owner) {
 
 SIM_EXPORTED void objc_setAssociatedObject(id owner, const void* key, id value, uintptr_t policy) {
     if (!owner) return;
-    auto& table = sim::Table::get();
+    auto& table = sim::AssociationTable::get();
     sim::Association association(value, policy);
     std::lock_guard guard(table.lock);
     auto owned = table.by_owner.try_emplace(owner).first;
@@ -96,7 +96,7 @@ SIM_EXPORTED void objc_setAssociatedObject(id owner, const void* key, id value, 
 }
 
 SIM_EXPORTED id objc_getAssociatedObject(id owner, const void* key) {
-    auto& table = sim::Table::get();
+    auto& table = sim::AssociationTable::get();
     id value;
     bool retained;
     {

@@ -19,14 +19,14 @@ namespace sim {
 namespace {
 
 // Recursive, because -retain is sent under it. Never destroyed: objects go until the very end of the process.
-struct Table {
+struct WeakReferences {
     std::recursive_mutex lock;
     std::unordered_map<id, std::vector<id*>> variables;
     /// Those whose last reference is gone, the latest last: as many as deallocations are nested.
     std::vector<id> dying;
 
-    static Table& get() {
-        static auto* table = new Table;
+    static WeakReferences& get() {
+        static auto* table = new WeakReferences;
         return *table;
     }
 
@@ -57,7 +57,7 @@ struct Table {
 }  // namespace
 
 bool drop_reference(id object) {
-    Table& table = Table::get();
+    WeakReferences& table = WeakReferences::get();
     std::lock_guard guard(table.lock);
     const bool last = NSDecrementExtraRefCountWasZero(object);
     if (last) {
@@ -68,13 +68,13 @@ bool drop_reference(id object) {
 }
 
 void clear_weak_references(id object) {
-    Table& table = Table::get();
+    WeakReferences& table = WeakReferences::get();
     std::lock_guard guard(table.lock);
     table.clear(object);
 }
 
 void end_deallocation(id object) {
-    Table& table = Table::get();
+    WeakReferences& table = WeakReferences::get();
     std::lock_guard guard(table.lock);
     const auto found = std::ranges::find(table.dying.rbegin(), table.dying.rend(), object);
     if (found != table.dying.rend()) table.dying.erase(std::next(found).base());
@@ -85,7 +85,7 @@ void end_deallocation(id object) {
 // As on the device, a weak reference to an object that is being deallocated is an error that ends the
 // process, unless the caller is content with nil.
 SIM_EXPORTED id objc_storeWeak(id* slot, id value) {
-    auto& table = sim::Table::get();
+    auto& table = sim::WeakReferences::get();
     std::lock_guard guard(table.lock);
     if (table.is_dying(value)) {
         std::fprintf(
@@ -100,7 +100,7 @@ SIM_EXPORTED id objc_storeWeak(id* slot, id value) {
 }
 
 SIM_EXPORTED id objc_storeWeakOrNil(id* slot, id value) {
-    auto& table = sim::Table::get();
+    auto& table = sim::WeakReferences::get();
     std::lock_guard guard(table.lock);
     if (table.is_dying(value)) value = nullptr;
     table.store(slot, value);
@@ -120,6 +120,6 @@ SIM_EXPORTED id objc_initWeakOrNil(id* slot, id value) {
 SIM_EXPORTED void objc_destroyWeak(id* slot) { objc_storeWeak(slot, nullptr); }
 
 SIM_EXPORTED id objc_loadWeakRetained(id* slot) {
-    std::lock_guard guard(sim::Table::get().lock);
+    std::lock_guard guard(sim::WeakReferences::get().lock);
     return objc_retain(*slot);
 }

@@ -27,15 +27,14 @@ void AlertAction::perform() { call_block(ivars().handler, static_cast<id>(self()
 
 using namespace objc::definition;
 using sim::AlertAction;
-using Ivars = AlertAction::Ivars;
 
 OBJC_CLASS(UIAlertAction, NSObject, AlertAction,
            class_method<"actionWithTitle:style:handler:", &AlertAction::action>,
-           ivar<"_title", &Ivars::title>,
-           ivar<"_style", &Ivars::style>,
-           ivar<"_enabled", &Ivars::enabled>,
-           ivar<"_handler", &Ivars::handler>,
-           ivar<"_alertController", &Ivars::alert>,
+           ivar<"_title", &AlertAction::Ivars::title>,
+           ivar<"_style", &AlertAction::Ivars::style>,
+           ivar<"_enabled", &AlertAction::Ivars::enabled>,
+           ivar<"_handler", &AlertAction::Ivars::handler>,
+           ivar<"_alertController", &AlertAction::Ivars::alert>,
            method<"title", &AlertAction::title>,
            method<"style", &AlertAction::style>,
            method<"isEnabled", &AlertAction::isEnabled>,

@@ -293,19 +293,18 @@ struct AlertController : objc::Implements<AlertController, UIAlertController> {
 }  // namespace
 
 using namespace objc::definition;
-using Ivars = AlertController::Ivars;
 
 OBJC_CLASS(UIAlertController, UIViewController, AlertController,
            class_method<"alertControllerWithTitle:message:preferredStyle:", &AlertController::alertController>,
-           ivar<"_message", &Ivars::message>,
-           ivar<"_preferredStyle", &Ivars::preferredStyle>,
-           ivar<"_actions", &Ivars::actions>,
-           ivar<"_preferredAction", &Ivars::preferredAction>,
-           ivar<"_textFields", &Ivars::fields>,
-           ivar<"_card", &Ivars::card>,
-           ivar<"_cancelCard", &Ivars::cancelCard>,
-           ivar<"_buttons", &Ivars::buttons>,
-           ivar<"_isBuilt", &Ivars::is_built>,
+           ivar<"_message", &AlertController::Ivars::message>,
+           ivar<"_preferredStyle", &AlertController::Ivars::preferredStyle>,
+           ivar<"_actions", &AlertController::Ivars::actions>,
+           ivar<"_preferredAction", &AlertController::Ivars::preferredAction>,
+           ivar<"_textFields", &AlertController::Ivars::fields>,
+           ivar<"_card", &AlertController::Ivars::card>,
+           ivar<"_cancelCard", &AlertController::Ivars::cancelCard>,
+           ivar<"_buttons", &AlertController::Ivars::buttons>,
+           ivar<"_isBuilt", &AlertController::Ivars::is_built>,
            method<"setTitle:", &AlertController::setTitle>,
            method<"message", &AlertController::message>,
            method<"setMessage:", &AlertController::setMessage>,

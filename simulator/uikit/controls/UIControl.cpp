@@ -186,15 +186,14 @@ void Control::touchesCancelled(NSSet*, UIEvent* event) {
 
 using namespace objc::definition;
 using sim::Control;
-using Ivars = sim::Control::Ivars;
 
 OBJC_CLASS(UIControl, UIView, Control,
-           ivar<"_actions", &Ivars::actions>,
-           ivar<"_enabled", &Ivars::enabled>,
-           ivar<"_selected", &Ivars::selected>,
-           ivar<"_highlighted", &Ivars::highlighted>,
-           ivar<"_tracking", &Ivars::tracking>,
-           ivar<"_touchInside", &Ivars::touchInside>,
+           ivar<"_actions", &sim::Control::Ivars::actions>,
+           ivar<"_enabled", &sim::Control::Ivars::enabled>,
+           ivar<"_selected", &sim::Control::Ivars::selected>,
+           ivar<"_highlighted", &sim::Control::Ivars::highlighted>,
+           ivar<"_tracking", &sim::Control::Ivars::tracking>,
+           ivar<"_touchInside", &sim::Control::Ivars::touchInside>,
            method<"addTarget:action:forControlEvents:", &Control::addTarget>,
            method<"removeTarget:action:forControlEvents:", &Control::removeTarget>,
            method<"allTargets", &Control::allTargets>,

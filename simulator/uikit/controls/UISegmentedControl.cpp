@@ -220,16 +220,15 @@ struct SegmentedControl : objc::Implements<SegmentedControl, UISegmentedControl>
 }  // namespace
 
 using namespace objc::definition;
-using Ivars = SegmentedControl::Ivars;
 
 OBJC_CLASS(UISegmentedControl, UIControl, SegmentedControl,
            method<"initWithItems:", &SegmentedControl::initWithItems>,
            method<"initWithFrame:", &SegmentedControl::initWithFrame>,
-           ivar<"_segments", &Ivars::segments>,
-           ivar<"_selectedSegmentIndex", &Ivars::selectedSegmentIndex>,
-           ivar<"_touchedSegment", &Ivars::touched>,
-           ivar<"_momentary", &Ivars::momentary>,
-           ivar<"_parts", &Ivars::parts>,
+           ivar<"_segments", &SegmentedControl::Ivars::segments>,
+           ivar<"_selectedSegmentIndex", &SegmentedControl::Ivars::selectedSegmentIndex>,
+           ivar<"_touchedSegment", &SegmentedControl::Ivars::touched>,
+           ivar<"_momentary", &SegmentedControl::Ivars::momentary>,
+           ivar<"_parts", &SegmentedControl::Ivars::parts>,
            method<"isMomentary", &SegmentedControl::isMomentary>,
            method<"setMomentary:", &SegmentedControl::setMomentary>,
            method<"numberOfSegments", &SegmentedControl::numberOfSegments>,

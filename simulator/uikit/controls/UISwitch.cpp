@@ -81,25 +81,24 @@ struct Switch : objc::Implements<Switch, UISwitch> {
 }  // namespace
 
 using namespace objc::definition;
-using Ivars = Switch::Ivars;
 
 OBJC_CLASS(UISwitch, UIControl, Switch,
            method<"initWithFrame:", &Switch::initWithFrame>,
-           ivar<"_on", &Ivars::on>,
-           ivar<"_onTintColor", &Ivars::onTintColor>,
-           ivar<"_thumbTintColor", &Ivars::thumbTintColor>,
-           ivar<"_track", &Ivars::track>,
-           ivar<"_knob", &Ivars::knob>,
+           ivar<"_on", &Switch::Ivars::on>,
+           ivar<"_onTintColor", &Switch::Ivars::onTintColor>,
+           ivar<"_thumbTintColor", &Switch::Ivars::thumbTintColor>,
+           ivar<"_track", &Switch::Ivars::track>,
+           ivar<"_knob", &Switch::Ivars::knob>,
            method<"setFrame:", &Switch::setFrame>,
            method<"sizeThatFits:", &Switch::sizeThatFits>,
            method<"intrinsicContentSize", &Switch::intrinsicContentSize>,
            method<"isOn", &Switch::isOn>,
            method<"setOn:", &Switch::setOn>,
            method<"setOn:animated:", &Switch::setOnAnimated>,
-           method<"onTintColor", &Switch::colour<&Ivars::onTintColor>>,
-           method<"setOnTintColor:", &Switch::set_colour<&Ivars::onTintColor>>,
-           method<"thumbTintColor", &Switch::colour<&Ivars::thumbTintColor>>,
-           method<"setThumbTintColor:", &Switch::set_colour<&Ivars::thumbTintColor>>,
+           method<"onTintColor", &Switch::colour<&Switch::Ivars::onTintColor>>,
+           method<"setOnTintColor:", &Switch::set_colour<&Switch::Ivars::onTintColor>>,
+           method<"thumbTintColor", &Switch::colour<&Switch::Ivars::thumbTintColor>>,
+           method<"setThumbTintColor:", &Switch::set_colour<&Switch::Ivars::thumbTintColor>>,
            method<"setEnabled:", &Switch::setEnabled>,
            method<"accessibilityValue", &Switch::accessibilityValue>,
            method<"endTrackingWithTouch:withEvent:", &Switch::endTracking>)

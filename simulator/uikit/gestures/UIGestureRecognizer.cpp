@@ -111,16 +111,15 @@ void View::removeGestureRecognizer(UIGestureRecognizer* recogniser) {
 
 using namespace objc::definition;
 using sim::GestureRecognizer;
-using Ivars = GestureRecognizer::Ivars;
 
 OBJC_CLASS(UIGestureRecognizer, NSObject, GestureRecognizer,
-           ivar<"_targets", &Ivars::actions>,
-           ivar<"_view", &Ivars::view>,
-           ivar<"_state", &Ivars::state>,
-           ivar<"_enabled", &Ivars::enabled>,
-           property<"cancelsTouchesInView", &Ivars::cancelsTouchesInView>,
-           property<"delegate", &Ivars::delegate>,
-           ivar<"_touches", &Ivars::touches>,
+           ivar<"_targets", &GestureRecognizer::Ivars::actions>,
+           ivar<"_view", &GestureRecognizer::Ivars::view>,
+           ivar<"_state", &GestureRecognizer::Ivars::state>,
+           ivar<"_enabled", &GestureRecognizer::Ivars::enabled>,
+           property<"cancelsTouchesInView", &GestureRecognizer::Ivars::cancelsTouchesInView>,
+           property<"delegate", &GestureRecognizer::Ivars::delegate>,
+           ivar<"_touches", &GestureRecognizer::Ivars::touches>,
            method<"init", &GestureRecognizer::init>,
            method<"initWithTarget:action:", &GestureRecognizer::initWithTarget>,
            method<"addTarget:action:", &GestureRecognizer::addTarget>,

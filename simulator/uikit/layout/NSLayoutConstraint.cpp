@@ -124,20 +124,19 @@ bool Constraint::names(UIView* view) {
 
 using namespace objc::definition;
 using sim::Constraint;
-using Ivars = sim::Constraint::Ivars;
 
 OBJC_CLASS(NSLayoutConstraint, NSObject, Constraint,
-           ivar<"_firstItem", &Ivars::firstItem>,
-           ivar<"_secondItem", &Ivars::secondItem>,
-           ivar<"_firstAttribute", &Ivars::firstAttribute>,
-           ivar<"_secondAttribute", &Ivars::secondAttribute>,
-           ivar<"_relation", &Ivars::relation>,
-           ivar<"_multiplier", &Ivars::multiplier>,
-           ivar<"_constant", &Ivars::constant>,
-           ivar<"_priority", &Ivars::priority>,
-           property<"identifier", &Ivars::identifier>,
-           ivar<"_holder", &Ivars::holder>,
-           ivar<"_turn", &Ivars::turn>,
+           ivar<"_firstItem", &sim::Constraint::Ivars::firstItem>,
+           ivar<"_secondItem", &sim::Constraint::Ivars::secondItem>,
+           ivar<"_firstAttribute", &sim::Constraint::Ivars::firstAttribute>,
+           ivar<"_secondAttribute", &sim::Constraint::Ivars::secondAttribute>,
+           ivar<"_relation", &sim::Constraint::Ivars::relation>,
+           ivar<"_multiplier", &sim::Constraint::Ivars::multiplier>,
+           ivar<"_constant", &sim::Constraint::Ivars::constant>,
+           ivar<"_priority", &sim::Constraint::Ivars::priority>,
+           property<"identifier", &sim::Constraint::Ivars::identifier>,
+           ivar<"_holder", &sim::Constraint::Ivars::holder>,
+           ivar<"_turn", &sim::Constraint::Ivars::turn>,
            class_method<"constraintWithItem:attribute:relatedBy:toItem:attribute:multiplier:constant:",
                         &Constraint::between>,
            class_method<"activateConstraints:", &Constraint::activateConstraints>,

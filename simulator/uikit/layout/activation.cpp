@@ -17,8 +17,6 @@ namespace {
 
 size_t active_count = 0;
 
-LayoutState& state_of(UIView* view) { return static_cast<View*>(view)->ivars().layout; }
-
 UIView* common_ancestor(UIView* a, UIView* b) {
     for (UIView* above = a; above; above = above->superview())
         if (b->isDescendantOfView(above)) return above;
@@ -27,7 +25,7 @@ UIView* common_ancestor(UIView* a, UIView* b) {
 
 void count_naming(Constraint* constraint, int change) {
     for (auto* item : {&constraint->ivars().firstItem, &constraint->ivars().secondItem})
-        if (const strong<UIView> view = item->get()) state_of(view).naming += change;
+        if (const strong<UIView> view = item->get()) layout_state_of(view).naming += change;
 }
 
 /// Everything but taking it from its holder's list.
@@ -53,7 +51,7 @@ void activate(Constraint* constraint) {
     static size_t turns = 0;
     ivars.turn = ++turns;
     ivars.holder = holder;
-    state_of(holder).constraints.emplace_back(constraint);
+    layout_state_of(holder).constraints.emplace_back(constraint);
     ++active_count;
     count_naming(constraint, +1);
     layout_changed(holder);
@@ -63,14 +61,15 @@ void deactivate(Constraint* constraint) {
     UIView* holder = constraint->ivars().holder;
     if (!holder) return;
     layout_changed(holder);
-    const auto taken = taken_from(state_of(holder).constraints, static_cast<NSLayoutConstraint*>(constraint));
+    const auto taken =
+        taken_from(layout_state_of(holder).constraints, static_cast<NSLayoutConstraint*>(constraint));
     released_by_holder(constraint);
 }
 
 void drop_constraints_across(UIView* leaving) {
     if (!active_count) return;
     for (UIView* above = leaving->superview(); above; above = above->superview()) {
-        const auto held = state_of(above).constraints;
+        const auto held = layout_state_of(above).constraints;
         for (NSLayoutConstraint* each : held) {
             auto* constraint = static_cast<Constraint*>(each);
             const strong<UIView> first = constraint->ivars().firstItem.get(),
@@ -82,7 +81,7 @@ void drop_constraints_across(UIView* leaving) {
 }
 
 void drop_constraints_of(UIView* dying) {
-    for (NSLayoutConstraint* each : std::exchange(state_of(dying).constraints, {}))
+    for (NSLayoutConstraint* each : std::exchange(layout_state_of(dying).constraints, {}))
         released_by_holder(static_cast<Constraint*>(each));
 }
 

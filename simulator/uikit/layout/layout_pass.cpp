@@ -13,8 +13,6 @@ namespace {
 /// How many moves to solutions are under way: frames that they set need no new solution.
 int placing = 0;
 
-LayoutState& state_of(UIView* view) { return static_cast<View*>(view)->ivars().layout; }
-
 UIView* topmost(UIView* view) {
     while (UIView* above = view->superview()) view = above;
     return view;
@@ -30,7 +28,7 @@ Place place_now(UIView* view) { return {view->bounds(), view->center()}; }
 
 /// Where the solution has it; what scrolls and transforms it stays. Nothing moves the topmost view.
 Place place_wanted(UIView* view) {
-    const auto [origin, size] = state_of(view).solution;
+    const auto [origin, size] = layout_state_of(view).solution;
     const CGPoint anchor = view->layer()->anchorPoint();
     if (!view->superview()) return {{view->bounds().origin, size}, view->center()};
     return {{view->bounds().origin, size},
@@ -38,7 +36,7 @@ Place place_wanted(UIView* view) {
 }
 
 void move_to_solution(UIView* view) {
-    if (!state_of(view).has_solution) return;
+    if (!layout_state_of(view).has_solution) return;
     const Place wanted = place_wanted(view);
     if (place_now(view) == wanted) return;
     struct Placing {
@@ -53,7 +51,7 @@ void demand_layout_where_views_move(UIView* view) {
     const auto subviews = static_cast<View*>(view)->ivars().subviews;
     bool one_moves = false;
     for (UIView* subview : subviews) {
-        const LayoutState& state = state_of(subview);
+        const LayoutState& state = layout_state_of(subview);
         if (!state.takes_part) continue;
         one_moves = one_moves || (state.has_solution && place_now(subview) != place_wanted(subview));
         demand_layout_where_views_move(subview);
@@ -64,23 +62,23 @@ void demand_layout_where_views_move(UIView* view) {
 }  // namespace
 
 void layout_changed(UIView* view) {
-    if (active_constraint_count()) state_of(topmost(view)).is_outdated = true;
+    if (active_constraint_count()) layout_state_of(topmost(view)).is_outdated = true;
 }
 
 void layout_changed_by_frame(UIView* view) {
     if (placing || !active_constraint_count()) return;
-    const LayoutState& state = state_of(view);
+    const LayoutState& state = layout_state_of(view);
     if (state.takes_part && (!state.has_solution || !view->superview())) layout_changed(view);
 }
 
 void layout_changed_by_content(UIView* view) {
-    if (!state_of(view).translates_mask) layout_changed(view);
+    if (!layout_state_of(view).translates_mask) layout_changed(view);
 }
 
 void bring_layout_up_to_date(UIView* view) {
     UIView* top = topmost(view);
-    if (!state_of(top).is_outdated) return;
-    state_of(top).is_outdated = false;
+    if (!layout_state_of(top).is_outdated) return;
+    layout_state_of(top).is_outdated = false;
     solve_layout(top);
     move_to_solution(top);
     demand_layout_where_views_move(top);

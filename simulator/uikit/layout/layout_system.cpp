@@ -17,8 +17,6 @@ namespace {
 
 using objc::strong;
 
-LayoutState& state_of(UIView* view) { return static_cast<View*>(view)->ivars().layout; }
-
 /// A stretch of a view along one axis. Places are measured from the topmost view's corner.
 struct Stretch {
     Expression start, length;
@@ -64,9 +62,9 @@ class LayoutSystem {
     void solve() {
         list(top_, none);
         mark_who_takes_part();
-        if (!has_constraints()) return state_of(top_).reported.clear();
+        if (!has_constraints()) return layout_state_of(top_).reported.clear();
         for (Node& node : nodes_)
-            if (state_of(node.view).takes_part) {
+            if (layout_state_of(node.view).takes_part) {
                 place(node);
                 place_content(node);
             }
@@ -90,25 +88,26 @@ class LayoutSystem {
     // Those that constraints are about or that wait for some, and the superviews between them and the top.
     void mark_who_takes_part() {
         for (Node& node : nodes_) {
-            LayoutState& state = state_of(node.view);
+            LayoutState& state = layout_state_of(node.view);
             state.takes_part = state.naming || !state.translates_mask;
             state.has_solution = state.is_ambiguous = false;
         }
         for (size_t i = nodes_.size(); i-- > 1;)
-            if (state_of(nodes_[i].view).takes_part) state_of(nodes_[nodes_[i].above].view).takes_part = true;
+            if (layout_state_of(nodes_[i].view).takes_part)
+                layout_state_of(nodes_[nodes_[i].above].view).takes_part = true;
     }
 
     // A tree without constraints is not laid out by any: views in it that wait for some keep their frames.
     bool has_constraints() const {
         return std::any_of(nodes_.begin(), nodes_.end(),
-                           [](const Node& node) { return !state_of(node.view).constraints.empty(); });
+                           [](const Node& node) { return !layout_state_of(node.view).constraints.empty(); });
     }
 
     // ---- Where each view is, in variables or numbers
 
     void place(Node& node) {
         const bool is_top = node.above == none;
-        const LayoutState& state = state_of(node.view);
+        const LayoutState& state = layout_state_of(node.view);
         const CGSize size = node.view->bounds().size;
         if (is_top) {
             // Its place is nobody's business here. A size that constraints may say is as it is otherwise.
@@ -167,7 +166,7 @@ class LayoutSystem {
         Stretch& stretch = node.stretch[axis];
         stretch = {variable(0), variable(has_content ? content : 0)};
         if (!has_content) return;
-        const LayoutState& state = state_of(node.view);
+        const LayoutState& state = layout_state_of(node.view);
         demands_.push_back({.expression = stretch.length - content,
                             .relation = Relation::at_least,
                             .priority = state.compression[axis],
@@ -227,7 +226,7 @@ class LayoutSystem {
     }
 
     void demand_constraints(UIView* view) {
-        for (NSLayoutConstraint* each : state_of(view).constraints) {
+        for (NSLayoutConstraint* each : layout_state_of(view).constraints) {
             auto* constraint = static_cast<Constraint*>(each);
             auto& ivars = constraint->ivars();
             const strong<UIView> first = ivars.firstItem.get(), second = ivars.secondItem.get();
@@ -282,7 +281,7 @@ class LayoutSystem {
             solver_.hold(towards_zero, Relation::equal, Solver::Importance::optional, source++);
         };
         for (Node& node : nodes_) {
-            LayoutState& state = state_of(node.view);
+            LayoutState& state = layout_state_of(node.view);
             if (!state.takes_part) continue;
             if (node.scrolls)
                 for (const Expression& length : node.content)
@@ -323,7 +322,7 @@ class LayoutSystem {
             return std::round(solver_.value(place) * scale) / scale;
         };
         for (const Node& node : nodes_) {
-            LayoutState& state = state_of(node.view);
+            LayoutState& state = layout_state_of(node.view);
             if (!state.takes_part || state.translates_mask) continue;
             CGFloat start[2], length[2];
             for (size_t axis : {0, 1}) {
@@ -339,7 +338,7 @@ class LayoutSystem {
 
     void report() {
         std::vector<std::string> lines;
-        auto& before = state_of(top_).reported;
+        auto& before = layout_state_of(top_).reported;
         for (LayoutReport& each : reports_) {
             lines.push_back(each.line);
             if (std::find(before.begin(), before.end(), each.line) == before.end())

@@ -8,8 +8,7 @@ namespace {
 
 using Eigen::Index, Eigen::MatrixXd, Eigen::VectorXd;
 
-constexpr double negligible = 1e-9;
-constexpr Index none = -1;
+constexpr Index nothing = -1;
 
 /// At first every slack is basic and every variable non-basic. Variables have no sign to keep, and never
 /// leave the basis once they are in it.
@@ -21,22 +20,22 @@ class Tableau {
           rows_(constraints_ + variables_ + 1, variables_),
           slacks_(std::move(slacks)),
           step_(VectorXd::Zero(variables_)),
-          slack_of_(static_cast<size_t>(variables_), none) {
+          slack_of_(static_cast<size_t>(variables_), nothing) {
         rows_ << constraints, MatrixXd::Identity(variables_, variables_), objective.transpose();
     }
 
     SimplexResult raise(double goal) {
         while (goal > 0) {
             const Index entering = entering_column();
-            if (entering == none) break;
+            if (entering == nothing) break;
             const double cost = reduced_cost(entering);
             const VectorXd direction = rows_.col(entering) * (cost < 0 ? -1 : 1);
             double length = goal / std::fabs(cost);
             const Index leaving = leaving_slack(direction, length);
             slacks_ = (slacks_ + length * direction.head(constraints_)).cwiseMax(0);
             step_ += length * direction.segment(constraints_, variables_);
-            goal = leaving == none ? 0 : goal - length * std::fabs(cost);
-            if (leaving != none) pivot(leaving, entering);
+            goal = leaving == nothing ? 0 : goal - length * std::fabs(cost);
+            if (leaving != nothing) pivot(leaving, entering);
         }
         return {step_, goal, goal > 0 ? binding_constraints() : std::vector<size_t>{}};
     }
@@ -48,22 +47,22 @@ class Tableau {
     // A variable, by the largest coefficient and the last of equals, as long as there is one; each enters
     // once. After that the first slack that raises the objective, by Bland's rule: so no basis comes twice.
     Index entering_column() const {
-        Index variable = none, slack = none;
+        Index variable = nothing, slack = nothing;
         for (Index each = 0; each < variables_; ++each) {
             const double cost = reduced_cost(each);
-            if (slack_of(each) == none) {
-                const double best = variable == none ? negligible : std::fabs(reduced_cost(variable));
+            if (slack_of(each) == nothing) {
+                const double best = variable == nothing ? negligible : std::fabs(reduced_cost(variable));
                 if (std::fabs(cost) > negligible && std::fabs(cost) >= best) variable = each;
-            } else if (cost > negligible && (slack == none || slack_of(each) < slack_of(slack))) {
+            } else if (cost > negligible && (slack == nothing || slack_of(each) < slack_of(slack))) {
                 slack = each;
             }
         }
-        return variable != none ? variable : slack;
+        return variable != nothing ? variable : slack;
     }
 
     // The ratio test: the slack that reaches zero first, the first of equals. Shortens the step to that.
     Index leaving_slack(const VectorXd& direction, double& length) const {
-        Index leaving = none;
+        Index leaving = nothing;
         for (Index slack = 0; slack < constraints_; ++slack) {
             if (direction(slack) >= -negligible || slacks_(slack) >= -direction(slack) * length) continue;
             length = slacks_(slack) / -direction(slack);
@@ -85,7 +84,7 @@ class Tableau {
     std::vector<size_t> binding_constraints() const {
         std::vector<size_t> binding;
         for (Index each = 0; each < variables_; ++each)
-            if (slack_of(each) != none && reduced_cost(each) < -negligible)
+            if (slack_of(each) != nothing && reduced_cost(each) < -negligible)
                 binding.push_back(static_cast<size_t>(slack_of(each)));
         return binding;
     }

@@ -5,6 +5,9 @@
 
 namespace sim {
 
+/// Where a coefficient counts as zero.
+inline constexpr double negligible = 1e-9;
+
 struct SimplexResult {
     /// How far each variable has moved.
     Eigen::VectorXd step;

@@ -12,7 +12,6 @@ namespace {
 
 /// Points: less than this is rounding.
 constexpr double tolerance = 1e-6;
-constexpr double negligible = 1e-9;
 
 /// The variable that is eliminated, or moved, for an expression's sake: the last of the largest coefficients.
 Expression::Term pivot_of(const Expression& expression) {

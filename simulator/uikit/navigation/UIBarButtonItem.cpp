@@ -13,7 +13,7 @@ using namespace objc::literals;
 
 namespace {
 
-constexpr CGFloat least_width = 30, height = 44, text_size = 17;
+constexpr CGFloat least_width = 30, height = 44, title_size = 17;
 
 /// What the system's items say, which follows the application's language on the device.
 NSString* system_title(UIBarButtonSystemItem item) {
@@ -176,7 +176,7 @@ strong<UIView> BarButtonItem::make_view(UIView* bar) {
     }
     UIButton* button = UIButton::buttonWithType(UIButtonTypeSystem);
     button->titleLabel()->setFont(UIFont::systemFontOfSize(
-        text_size, self->style() == UIBarButtonItemStyleDone ? UIFontWeightSemibold : UIFontWeightRegular));
+        title_size, self->style() == UIBarButtonItemStyleDone ? UIFontWeightSemibold : UIFontWeightRegular));
     if (self->image())
         button->setImage(self->image(), UIControlStateNormal);
     else
@@ -197,20 +197,19 @@ strong<UIView> BarButtonItem::make_view(UIView* bar) {
 
 using namespace objc::definition;
 using sim::BarButtonItem;
-using Ivars = BarButtonItem::Ivars;
 
 OBJC_CLASS(UIBarButtonItem, UIBarItem, BarButtonItem,
-           ivar<"_title", &Ivars::title>,
-           ivar<"_image", &Ivars::image>,
-           ivar<"_style", &Ivars::style>,
-           property<"target", &Ivars::target>,
-           property<"action", &Ivars::action>,
-           ivar<"_customView", &Ivars::customView>,
-           ivar<"_tintColor", &Ivars::tintColor>,
-           ivar<"_systemItem", &Ivars::systemItem>,
-           ivar<"_enabled", &Ivars::enabled>,
-           property<"width", &Ivars::width>,
-           ivar<"_bar", &Ivars::bar>,
+           ivar<"_title", &BarButtonItem::Ivars::title>,
+           ivar<"_image", &BarButtonItem::Ivars::image>,
+           ivar<"_style", &BarButtonItem::Ivars::style>,
+           property<"target", &BarButtonItem::Ivars::target>,
+           property<"action", &BarButtonItem::Ivars::action>,
+           ivar<"_customView", &BarButtonItem::Ivars::customView>,
+           ivar<"_tintColor", &BarButtonItem::Ivars::tintColor>,
+           ivar<"_systemItem", &BarButtonItem::Ivars::systemItem>,
+           ivar<"_enabled", &BarButtonItem::Ivars::enabled>,
+           property<"width", &BarButtonItem::Ivars::width>,
+           ivar<"_bar", &BarButtonItem::Ivars::bar>,
            method<"init", &BarButtonItem::init>,
            method<"initWithTitle:style:target:action:", &BarButtonItem::initWithTitle>,
            method<"initWithImage:style:target:action:", &BarButtonItem::initWithImage>,

@@ -199,19 +199,18 @@ void NavigationBar::layoutSubviews() {
 
 using namespace objc::definition;
 using sim::NavigationBar;
-using Ivars = NavigationBar::Ivars;
 
 OBJC_CLASS(UINavigationBar, UIView, NavigationBar,
            method<"initWithFrame:", &NavigationBar::initWithFrame>,
-           ivar<"_itemStack", &Ivars::items>,
-           ivar<"_barBackgroundView", &Ivars::background>,
-           ivar<"_shadowView", &Ivars::shadow>,
-           ivar<"_leftViews", &Ivars::left>,
-           ivar<"_rightViews", &Ivars::right>,
-           ivar<"_titleView", &Ivars::title>,
-           ivar<"_translucent", &Ivars::translucent>,
-           ivar<"_isBuilt", &Ivars::is_built>,
-           ivar<"_navigationController", &Ivars::controller>,
+           ivar<"_itemStack", &NavigationBar::Ivars::items>,
+           ivar<"_barBackgroundView", &NavigationBar::Ivars::background>,
+           ivar<"_shadowView", &NavigationBar::Ivars::shadow>,
+           ivar<"_leftViews", &NavigationBar::Ivars::left>,
+           ivar<"_rightViews", &NavigationBar::Ivars::right>,
+           ivar<"_titleView", &NavigationBar::Ivars::title>,
+           ivar<"_translucent", &NavigationBar::Ivars::translucent>,
+           ivar<"_isBuilt", &NavigationBar::Ivars::is_built>,
+           ivar<"_navigationController", &NavigationBar::Ivars::controller>,
            method<"topItem", &NavigationBar::topItem>,
            method<"backItem", &NavigationBar::backItem>,
            method<"items", &NavigationBar::items>,

@@ -231,14 +231,13 @@ CGFloat bar_bottom_above(UIView* view) {
 
 using namespace objc::definition;
 using sim::NavigationController;
-using Ivars = NavigationController::Ivars;
 
 OBJC_CLASS(UINavigationController, UIViewController, NavigationController,
-           ivar<"_stack", &Ivars::stack>,
-           ivar<"_navigationBar", &Ivars::bar>,
-           ivar<"_navigationBarHidden", &Ivars::bar_hidden>,
-           ivar<"_isShown", &Ivars::is_shown>,
-           property<"delegate", &Ivars::delegate>,
+           ivar<"_stack", &NavigationController::Ivars::stack>,
+           ivar<"_navigationBar", &NavigationController::Ivars::bar>,
+           ivar<"_navigationBarHidden", &NavigationController::Ivars::bar_hidden>,
+           ivar<"_isShown", &NavigationController::Ivars::is_shown>,
+           property<"delegate", &NavigationController::Ivars::delegate>,
            method<"initWithNibName:bundle:", &NavigationController::initWithNibName>,
            method<"initWithRootViewController:", &NavigationController::initWithRootViewController>,
            method<"loadView", &NavigationController::loadView>,

@@ -81,21 +81,20 @@ struct Item : objc::Implements<Item, UINavigationItem> {
 }  // namespace
 
 using namespace objc::definition;
-using Ivars = Item::Ivars;
-constexpr auto left = &Ivars::leftBarButtonItems;
-constexpr auto right = &Ivars::rightBarButtonItems;
+constexpr auto left = &Item::Ivars::leftBarButtonItems;
+constexpr auto right = &Item::Ivars::rightBarButtonItems;
 
 OBJC_CLASS(UINavigationItem, NSObject, Item,
-           ivar<"_title", &Ivars::title>,
-           ivar<"_titleView", &Ivars::titleView>,
+           ivar<"_title", &Item::Ivars::title>,
+           ivar<"_titleView", &Item::Ivars::titleView>,
            ivar<"_leftBarButtonItems", left>,
            ivar<"_rightBarButtonItems", right>,
-           ivar<"_backBarButtonItem", &Ivars::backBarButtonItem>,
-           ivar<"_hidesBackButton", &Ivars::hidesBackButton>,
-           property<"leftItemsSupplementBackButton", &Ivars::leftItemsSupplementBackButton>,
-           property<"largeTitleDisplayMode", &Ivars::largeTitleDisplayMode>,
-           property<"prompt", &Ivars::prompt>,
-           ivar<"_navigationBar", &Ivars::bar>,
+           ivar<"_backBarButtonItem", &Item::Ivars::backBarButtonItem>,
+           ivar<"_hidesBackButton", &Item::Ivars::hidesBackButton>,
+           property<"leftItemsSupplementBackButton", &Item::Ivars::leftItemsSupplementBackButton>,
+           property<"largeTitleDisplayMode", &Item::Ivars::largeTitleDisplayMode>,
+           property<"prompt", &Item::Ivars::prompt>,
+           ivar<"_navigationBar", &Item::Ivars::bar>,
            method<"initWithTitle:", &Item::initWithTitle>,
            method<"title", &Item::title>,
            method<"setTitle:", &Item::setTitle>,

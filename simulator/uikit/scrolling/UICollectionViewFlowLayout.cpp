@@ -25,18 +25,17 @@ struct FlowLayout : objc::Implements<FlowLayout, UICollectionViewFlowLayout> {
 }  // namespace
 
 using namespace objc::definition;
-using Ivars = FlowLayout::Ivars;
 
 OBJC_CLASS(UICollectionViewFlowLayout, UICollectionViewLayout, FlowLayout,
-           ivar<"_minimumInteritemSpacing", &Ivars::minimumInteritemSpacing>,
-           ivar<"_minimumLineSpacing", &Ivars::minimumLineSpacing>,
-           ivar<"_itemSize", &Ivars::itemSize>,
-           ivar<"_sectionInset", &Ivars::sectionInset>,
-           method<"minimumInteritemSpacing", &FlowLayout::get<&Ivars::minimumInteritemSpacing>>,
-           method<"setMinimumInteritemSpacing:", &FlowLayout::set<&Ivars::minimumInteritemSpacing>>,
-           method<"minimumLineSpacing", &FlowLayout::get<&Ivars::minimumLineSpacing>>,
-           method<"setMinimumLineSpacing:", &FlowLayout::set<&Ivars::minimumLineSpacing>>,
-           method<"itemSize", &FlowLayout::get<&Ivars::itemSize>>,
-           method<"setItemSize:", &FlowLayout::set<&Ivars::itemSize>>,
-           method<"sectionInset", &FlowLayout::get<&Ivars::sectionInset>>,
-           method<"setSectionInset:", &FlowLayout::set<&Ivars::sectionInset>>)
+           ivar<"_minimumInteritemSpacing", &FlowLayout::Ivars::minimumInteritemSpacing>,
+           ivar<"_minimumLineSpacing", &FlowLayout::Ivars::minimumLineSpacing>,
+           ivar<"_itemSize", &FlowLayout::Ivars::itemSize>,
+           ivar<"_sectionInset", &FlowLayout::Ivars::sectionInset>,
+           method<"minimumInteritemSpacing", &FlowLayout::get<&FlowLayout::Ivars::minimumInteritemSpacing>>,
+           method<"setMinimumInteritemSpacing:", &FlowLayout::set<&FlowLayout::Ivars::minimumInteritemSpacing>>,
+           method<"minimumLineSpacing", &FlowLayout::get<&FlowLayout::Ivars::minimumLineSpacing>>,
+           method<"setMinimumLineSpacing:", &FlowLayout::set<&FlowLayout::Ivars::minimumLineSpacing>>,
+           method<"itemSize", &FlowLayout::get<&FlowLayout::Ivars::itemSize>>,
+           method<"setItemSize:", &FlowLayout::set<&FlowLayout::Ivars::itemSize>>,
+           method<"sectionInset", &FlowLayout::get<&FlowLayout::Ivars::sectionInset>>,
+           method<"setSectionInset:", &FlowLayout::set<&FlowLayout::Ivars::sectionInset>>)

@@ -126,14 +126,13 @@ struct ActivityController : objc::Implements<ActivityController, UIActivityViewC
 }  // namespace
 
 using namespace objc::definition;
-using Ivars = ActivityController::Ivars;
 
 OBJC_CLASS(UIActivityViewController, UIViewController, ActivityController,
            method<"initWithActivityItems:applicationActivities:", &ActivityController::initWithActivityItems>,
-           ivar<"_activityItems", &Ivars::activityItems>,
-           ivar<"_completionWithItemsHandler", &Ivars::completionWithItemsHandler>,
-           property<"excludedActivityTypes", &Ivars::excludedActivityTypes>,
-           ivar<"_sheet", &Ivars::sheet>,
+           ivar<"_activityItems", &ActivityController::Ivars::activityItems>,
+           ivar<"_completionWithItemsHandler", &ActivityController::Ivars::completionWithItemsHandler>,
+           property<"excludedActivityTypes", &ActivityController::Ivars::excludedActivityTypes>,
+           ivar<"_sheet", &ActivityController::Ivars::sheet>,
            method<"completionWithItemsHandler", &ActivityController::completionWithItemsHandler>,
            method<"setCompletionWithItemsHandler:", &ActivityController::setCompletionWithItemsHandler>,
            method<"viewDidLoad", &ActivityController::viewDidLoad>,

@@ -34,15 +34,15 @@ class BitmapContext : public Drawing {
     size_t row_bytes = 0;
 };
 
-constexpr CGBitmapInfo rgba = kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big;
-constexpr CGBitmapInfo bgra = kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Little;
+constexpr CGBitmapInfo in_rgba = kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big;
+constexpr CGBitmapInfo in_bgra = kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Little;
 
 TEST_F(BitmapContext, BytesLieInTheOrderAskedFor) {
     const UIColor* colour = color(1, 0.6, 0.2);
     const std::pair<CGBitmapInfo, Bytes> rows[] = {
-        {rgba, {255, 153, 51, 255}},
+        {in_rgba, {255, 153, 51, 255}},
         {kCGImageAlphaPremultipliedLast, {255, 153, 51, 255}},
-        {bgra, {51, 153, 255, 255}},
+        {in_bgra, {51, 153, 255, 255}},
         {kCGImageAlphaPremultipliedFirst | kCGBitmapByteOrder32Big, {255, 255, 153, 51}},
         {kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Little, {255, 51, 153, 255}},
     };
@@ -55,7 +55,7 @@ TEST_F(BitmapContext, BytesLieInTheOrderAskedFor) {
 }
 
 TEST_F(BitmapContext, ColoursAreMultipliedByAlpha) {
-    context_over(1, 1, rgba);
+    context_over(1, 1, in_rgba);
     fill(color(1, 0.5, 0, 0.4), {{0, 0}, {1, 1}});
     EXPECT_EQ(bytes_at(0, 0), (Bytes{102, 51, 0, 102}));
 }
@@ -68,14 +68,14 @@ TEST_F(BitmapContext, ASkippedByteIsLeftAlone) {
 }
 
 TEST_F(BitmapContext, TheOriginIsTheLowerLeftCorner) {
-    context_over(4, 3, rgba);
+    context_over(4, 3, in_rgba);
     fill(UIColor::redColor(), {{0, 0}, {1, 1}});
     EXPECT_EQ(bytes_at(0, 2), (Bytes{255, 0, 0, 255}));
     EXPECT_EQ(bytes_at(0, 0), (Bytes{0, 0, 0, 0}));
 }
 
 TEST_F(BitmapContext, RowsMayBeLongerThanTheirPixels) {
-    for (CGBitmapInfo info : {rgba, bgra}) {
+    for (CGBitmapInfo info : {in_rgba, in_bgra}) {
         context_over(2, 2, info, 8);
         fill(UIColor::whiteColor(), {{1, 0}, {1, 1}});
         EXPECT_EQ(bytes_at(1, 1), (Bytes{255, 255, 255, 255}));
@@ -85,7 +85,7 @@ TEST_F(BitmapContext, RowsMayBeLongerThanTheirPixels) {
 }
 
 TEST_F(BitmapContext, WhatTheCallerWritesIsDrawnOver) {
-    for (CGBitmapInfo info : {rgba, bgra}) {
+    for (CGBitmapInfo info : {in_rgba, in_bgra}) {
         context_over(1, 1, info);
         fill(UIColor::blackColor(), {{0, 0}, {1, 1}});
         memory = {0, 0, 0, 0};
@@ -96,7 +96,7 @@ TEST_F(BitmapContext, WhatTheCallerWritesIsDrawnOver) {
 }
 
 TEST_F(BitmapContext, AnswersItsOwnDescription) {
-    context_over(5, 3, rgba, 4);
+    context_over(5, 3, in_rgba, 4);
     EXPECT_EQ(CGBitmapContextGetData(context), memory.data());
     EXPECT_EQ(CGBitmapContextGetWidth(context), 5u);
     EXPECT_EQ(CGBitmapContextGetHeight(context), 3u);
@@ -106,7 +106,7 @@ TEST_F(BitmapContext, AnswersItsOwnDescription) {
 
 TEST_F(BitmapContext, BringsItsOwnMemoryWhenGivenNone) {
     CGColorSpaceRef rgb = CGColorSpaceCreateDeviceRGB();
-    context = CGBitmapContextCreate(nullptr, 2, 2, 8, 0, rgb, rgba);
+    context = CGBitmapContextCreate(nullptr, 2, 2, 8, 0, rgb, in_rgba);
     CGColorSpaceRelease(rgb);
     fill(UIColor::redColor(), {{0, 0}, {2, 2}});
     auto* data = static_cast<uint8_t*>(CGBitmapContextGetData(context));
@@ -116,19 +116,19 @@ TEST_F(BitmapContext, BringsItsOwnMemoryWhenGivenNone) {
 TEST_F(BitmapContext, WhatCannotBeDrawnIntoIsRefused) {
     CGColorSpaceRef rgb = CGColorSpaceCreateDeviceRGB();
     uint8_t pixel[4] = {};
-    EXPECT_EQ(CGBitmapContextCreate(pixel, 0, 1, 8, 4, rgb, rgba), nullptr);
-    EXPECT_EQ(CGBitmapContextCreate(pixel, 1, 0, 8, 4, rgb, rgba), nullptr);
-    EXPECT_EQ(CGBitmapContextCreate(pixel, 2, 1, 8, 4, rgb, rgba), nullptr) << "the row is too short";
-    EXPECT_EQ(CGBitmapContextCreate(pixel, 1, 1, 16, 8, rgb, rgba), nullptr);
-    EXPECT_EQ(CGBitmapContextCreate(pixel, 1, 1, 8, 4, nullptr, rgba), nullptr);
+    EXPECT_EQ(CGBitmapContextCreate(pixel, 0, 1, 8, 4, rgb, in_rgba), nullptr);
+    EXPECT_EQ(CGBitmapContextCreate(pixel, 1, 0, 8, 4, rgb, in_rgba), nullptr);
+    EXPECT_EQ(CGBitmapContextCreate(pixel, 2, 1, 8, 4, rgb, in_rgba), nullptr) << "the row is too short";
+    EXPECT_EQ(CGBitmapContextCreate(pixel, 1, 1, 16, 8, rgb, in_rgba), nullptr);
+    EXPECT_EQ(CGBitmapContextCreate(pixel, 1, 1, 8, 4, nullptr, in_rgba), nullptr);
     EXPECT_EQ(CGBitmapContextCreate(pixel, 1, 1, 8, 4, rgb, kCGImageAlphaLast), nullptr) << "not multiplied";
-    EXPECT_EQ(CGBitmapContextCreate(nullptr, SIZE_MAX, SIZE_MAX, 8, 0, rgb, rgba), nullptr);
-    EXPECT_EQ(CGBitmapContextCreate(nullptr, 100000, 100000, 8, 400000, rgb, rgba), nullptr);
+    EXPECT_EQ(CGBitmapContextCreate(nullptr, SIZE_MAX, SIZE_MAX, 8, 0, rgb, in_rgba), nullptr);
+    EXPECT_EQ(CGBitmapContextCreate(nullptr, 100000, 100000, 8, 400000, rgb, in_rgba), nullptr);
     CGColorSpaceRelease(rgb);
 }
 
 TEST_F(BitmapContext, RestoringBringsBackWhatWasSaved) {
-    context_over(4, 1, rgba);
+    context_over(4, 1, in_rgba);
     CGContextSetFillColorWithColor(context, UIColor::redColor()->CGColor());
     CGContextSaveGState(context);
     CGContextSetFillColorWithColor(context, UIColor::greenColor()->CGColor());
@@ -141,7 +141,7 @@ TEST_F(BitmapContext, RestoringBringsBackWhatWasSaved) {
 }
 
 TEST_F(BitmapContext, RestoringTooOftenIsHarmless) {
-    context_over(1, 1, rgba);
+    context_over(1, 1, in_rgba);
     CGContextSaveGState(context);
     for (int i = 0; i < 3; ++i) CGContextRestoreGState(context);
     fill(UIColor::redColor(), {{0, 0}, {1, 1}});
@@ -149,7 +149,7 @@ TEST_F(BitmapContext, RestoringTooOftenIsHarmless) {
 }
 
 TEST_F(BitmapContext, TransformationsApplyToWhatFollowsThem) {
-    context_over(8, 8, rgba);
+    context_over(8, 8, in_rgba);
     CGContextTranslateCTM(context, 2, 4);
     CGContextScaleCTM(context, 2, 3);
     EXPECT_EQ(CGContextGetCTM(context), (CGAffineTransform{2, 0, 0, 3, 2, 4}));
@@ -161,7 +161,7 @@ TEST_F(BitmapContext, TransformationsApplyToWhatFollowsThem) {
 }
 
 TEST_F(BitmapContext, TurningIsCounterClockwise) {
-    context_over(4, 4, rgba);
+    context_over(4, 4, in_rgba);
     CGContextTranslateCTM(context, 2, 2);
     CGContextRotateCTM(context, M_PI / 2);
     fill(UIColor::redColor(), {{0, 0}, {2, 2}});  // the upper right quarter becomes the upper left one
@@ -171,7 +171,7 @@ TEST_F(BitmapContext, TurningIsCounterClockwise) {
 }
 
 TEST_F(BitmapContext, AFlatTransformationDrawsNothingUntilItIsRestored) {
-    context_over(2, 2, rgba);
+    context_over(2, 2, in_rgba);
     CGContextSaveGState(context);
     CGContextScaleCTM(context, 0, 1);
     fill(UIColor::redColor(), {{0, 0}, {2, 2}});
@@ -184,7 +184,7 @@ TEST_F(BitmapContext, AFlatTransformationDrawsNothingUntilItIsRestored) {
 }
 
 TEST_F(BitmapContext, WhatIsNotANumberDrawsNothing) {
-    context_over(2, 2, rgba);
+    context_over(2, 2, in_rgba);
     fill(UIColor::redColor(), {{NAN, 0}, {2, 2}});
     fill(UIColor::redColor(), {{0, 0}, {2, NAN}});
     CGContextSaveGState(context);
@@ -198,13 +198,13 @@ TEST_F(BitmapContext, WhatIsNotANumberDrawsNothing) {
 }
 
 TEST_F(BitmapContext, EndlessRectanglesFillEverything) {
-    context_over(3, 3, rgba);
+    context_over(3, 3, in_rgba);
     fill(UIColor::redColor(), {{-1e12, -1e12}, {2e12, 2e12}});
     for (size_t i : {0, 1, 2}) EXPECT_EQ(bytes_at(i, i), (Bytes{255, 0, 0, 255}));
 }
 
 TEST_F(BitmapContext, WhatLiesFarAwayIsNotSeen) {
-    context_over(3, 3, rgba);
+    context_over(3, 3, in_rgba);
     for (CGFloat distance : {0x1p23, 0x1p24, 0x1p25, 0x1p31, 0x1p32}) {
         fill(UIColor::redColor(), {{distance, 0}, {3, 3}});
         fill(UIColor::redColor(), {{0, -distance}, {3, 3}});
@@ -213,14 +213,14 @@ TEST_F(BitmapContext, WhatLiesFarAwayIsNotSeen) {
 }
 
 TEST_F(BitmapContext, ANegativeSizeReachesTheOtherWay) {
-    context_over(3, 1, rgba);
+    context_over(3, 1, in_rgba);
     fill(UIColor::redColor(), {{2, 1}, {-1, -1}});
     EXPECT_EQ(bytes_at(1, 0), (Bytes{255, 0, 0, 255}));
     EXPECT_EQ(bytes_at(2, 0), (Bytes{0, 0, 0, 0}));
 }
 
 TEST_F(BitmapContext, ClearingTakesAwayWhatWasDrawn) {
-    context_over(2, 1, rgba);
+    context_over(2, 1, in_rgba);
     fill(UIColor::redColor(), {{0, 0}, {2, 1}});
     CGContextClearRect(context, {{0, 0}, {1, 1}});
     EXPECT_EQ(bytes_at(0, 0), (Bytes{0, 0, 0, 0}));
@@ -228,7 +228,7 @@ TEST_F(BitmapContext, ClearingTakesAwayWhatWasDrawn) {
 }
 
 TEST_F(BitmapContext, APictureOfItDoesNotChangeAfterwards) {
-    context_over(1, 1, rgba);
+    context_over(1, 1, in_rgba);
     fill(UIColor::redColor(), {{0, 0}, {1, 1}});
     CGImageRef image = CGBitmapContextCreateImage(context);
     fill(UIColor::greenColor(), {{0, 0}, {1, 1}});
@@ -237,7 +237,7 @@ TEST_F(BitmapContext, APictureOfItDoesNotChangeAfterwards) {
 }
 
 TEST_F(BitmapContext, ALayerIsCompositedAsOne) {
-    context_over(3, 1, rgba);
+    context_over(3, 1, in_rgba);
     CGContextSetAlpha(context, 0.5);
     CGContextBeginTransparencyLayer(context, nullptr);
     fill(UIColor::blueColor(), {{0, 0}, {2, 1}});
@@ -249,7 +249,7 @@ TEST_F(BitmapContext, ALayerIsCompositedAsOne) {
 }
 
 TEST_F(BitmapContext, UnevenNestingOfLayersAndStatesIsHarmless) {
-    context_over(1, 1, rgba);
+    context_over(1, 1, in_rgba);
     CGContextEndTransparencyLayer(context);
     CGContextBeginTransparencyLayer(context, nullptr);
     CGContextSaveGState(context);
@@ -273,7 +273,7 @@ TEST_F(BitmapContext, ANullContextIsHarmless) {
     CGContextRelease(nullptr);
     EXPECT_EQ(CGBitmapContextGetData(nullptr), nullptr);
     EXPECT_EQ(CGBitmapContextCreateImage(nullptr), nullptr);
-    context_over(1, 1, rgba);
+    context_over(1, 1, in_rgba);
     CGContextDrawImage(context, {{0, 0}, {1, 1}}, nullptr);
     CGContextClipToMask(context, {{0, 0}, {1, 1}}, nullptr);
     CGContextSetFillColorWithColor(context, nullptr);

@@ -19,7 +19,7 @@ void fill(UIColor* color, CGRect rect) {
 }
 
 /// Opaque in the top left quarter, half opaque in the top right one.
-UIImage* shape() {
+UIImage* quartered_shape() {
     return drawn({4, 4}, 1, [](CGContextRef) {
         fill(UIColor::blackColor(), {{0, 0}, {2, 2}});
         fill(UIColor::colorWithWhite(0, 0.5), {{2, 0}, {2, 2}});
@@ -52,7 +52,7 @@ TEST_F(Clipping, ClipsIntersect) {
 TEST_F(Clipping, AMaskShowsWhereItsImageIsOpaque) {
     const Picture picture(drawn({4, 4}, 1, [](CGContextRef context) {
         flip(context, 4);
-        CGContextClipToMask(context, {{0, 0}, {4, 4}}, shape()->CGImage());
+        CGContextClipToMask(context, {{0, 0}, {4, 4}}, quartered_shape()->CGImage());
         fill(color(1, 0, 0), {{0, 0}, {4, 4}});
     }));
     EXPECT_EQ(picture.at(0, 0), red);
@@ -63,7 +63,7 @@ TEST_F(Clipping, AMaskShowsWhereItsImageIsOpaque) {
 
 TEST_F(Clipping, AMaskIsUpsideDownWithoutFlipping) {
     const Picture picture(drawn({4, 4}, 1, [](CGContextRef context) {
-        CGContextClipToMask(context, {{0, 0}, {4, 4}}, shape()->CGImage());
+        CGContextClipToMask(context, {{0, 0}, {4, 4}}, quartered_shape()->CGImage());
         fill(color(1, 0, 0), {{0, 0}, {4, 4}});
     }));
     EXPECT_EQ(picture.at(0, 3), red);
@@ -73,7 +73,7 @@ TEST_F(Clipping, AMaskIsUpsideDownWithoutFlipping) {
 TEST_F(Clipping, AMaskFollowsTheScaleOfTheContext) {
     const Picture picture(drawn({4, 4}, 3, [](CGContextRef context) {
         flip(context, 4);
-        CGContextClipToMask(context, {{0, 0}, {4, 4}}, shape()->CGImage());
+        CGContextClipToMask(context, {{0, 0}, {4, 4}}, quartered_shape()->CGImage());
         fill(color(1, 0, 0), {{0, 0}, {4, 4}});
     }));
     EXPECT_EQ(picture.at(2, 2), red);
@@ -129,7 +129,7 @@ TEST_F(Clipping, AMaskMixesAColourIntoWhatIsThere) {
 TEST_F(Clipping, AMaskEndsWithItsState) {
     const Picture picture(drawn({4, 4}, 1, [](CGContextRef context) {
         CGContextSaveGState(context);
-        CGContextClipToMask(context, {{0, 0}, {4, 4}}, shape()->CGImage());
+        CGContextClipToMask(context, {{0, 0}, {4, 4}}, quartered_shape()->CGImage());
         CGContextRestoreGState(context);
         fill(color(1, 0, 0), {{0, 0}, {4, 4}});
     }));
@@ -162,7 +162,7 @@ TEST_F(Clipping, AnOpaqueColouredImageMasksNothing) {
 TEST_F(Clipping, ImagesAreMaskedAsFillsAre) {
     const Picture picture(drawn({4, 4}, 1, [](CGContextRef context) {
         flip(context, 4);
-        CGContextClipToMask(context, {{0, 0}, {4, 4}}, shape()->CGImage());
+        CGContextClipToMask(context, {{0, 0}, {4, 4}}, quartered_shape()->CGImage());
         CGContextDrawImage(context, {{0, 0}, {4, 4}}, filled_image(color(0, 0, 1), 4, 4)->CGImage());
     }));
     EXPECT_EQ(picture.at(0, 0), blue);

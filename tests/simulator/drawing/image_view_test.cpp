@@ -13,7 +13,7 @@ strong<UIImageView> view_of(UIImage* image) {
 }
 
 /// Two by one: opaque black, then half opaque black.
-UIImage* shape() {
+UIImage* halved_shape() {
     return drawn({2, 1}, 1, [](CGContextRef context) {
         CGContextFillRect(context, {{0, 0}, {1, 1}});
         UIColor::colorWithWhite(0, 0.4)->setFill();
@@ -42,12 +42,12 @@ TEST_F(ImageView, ShowsItsImage) {
 }
 
 TEST_F(ImageView, AnswersTheImageItWasGiven) {
-    UIImage* image = as_template(shape());
+    UIImage* image = as_template(halved_shape());
     EXPECT_EQ(view_of(image)->image(), image);
 }
 
 TEST_F(ImageView, ATemplateIsShownInTheTintColour) {
-    auto view = view_of(as_template(shape()));
+    auto view = view_of(as_template(halved_shape()));
     view->setTintColor(UIColor::redColor());
     EXPECT_EQ(photographed(view).at(0, 0), red);
     EXPECT_TRUE(near(photographed(view).at(1, 0), {102, 0, 0, 102}));
@@ -55,7 +55,7 @@ TEST_F(ImageView, ATemplateIsShownInTheTintColour) {
 
 TEST_F(ImageView, ATemplateFollowsAnInheritedTint) {
     auto root = view_with({{0, 0}, {2, 1}}), other = view_with({{0, 0}, {2, 1}});
-    auto view = view_of(as_template(shape()));
+    auto view = view_of(as_template(halved_shape()));
     root->addSubview(view);
     EXPECT_EQ(photographed(root).at(0, 0), (Pixel{0, 122, 255, 255}));
     root->setTintColor(UIColor::greenColor());

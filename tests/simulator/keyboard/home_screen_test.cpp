@@ -6,7 +6,7 @@ namespace {
 
 TEST(HomeScreen, HasItsClassAndCanFinishLaunching) {
     Phone phone;
-    phone.boot({.executable = "/System/Library/CoreServices/SpringBoard.app/SpringBoard"});
+    phone.boot({.executable = springboard});
     auto home_screen = objc::send<"new", objc::strong<NSObject>>(class_named("SpringBoard"));
     EXPECT_FALSE((home_screen->send<"launched", bool>()));
     home_screen->send<"applicationDidFinishLaunching:">(id{nullptr});

@@ -59,7 +59,7 @@ TEST_F(Boot, MayBeTriedAgainAfterARefusal) {
 }
 
 TEST_F(Boot, ClaimsTheExecutable) {
-    options.executable = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
+    options.executable = springboard;
     ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
     objc::AutoreleasePool pool;
     NSArray* arguments = NSProcessInfo::processInfo()->arguments();
@@ -113,7 +113,7 @@ TEST_F(Boot, LeavesOutClassesAndTheirSubclasses) {
 }
 
 TEST_F(Boot, HasTheHomeScreensClassOnlyThere) {
-    options.executable = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
+    options.executable = springboard;
     ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
     EXPECT_NE(objc_getClass("SpringBoard"), nullptr);
 }
@@ -323,7 +323,7 @@ TEST_F(Boot, MayHaveBeenPrepared) {
 
 TEST_F(Boot, OfAPreparedPhoneMayBeTheHomeScreens) {
     ASSERT_EQ(sim_prepare(nullptr), SIM_OK) << sim_last_error();
-    options.executable = "/System/Library/CoreServices/SpringBoard.app/SpringBoard";
+    options.executable = springboard;
     ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
     EXPECT_NE(objc_getClass("SpringBoard"), nullptr);
 }

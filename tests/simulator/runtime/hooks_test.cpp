@@ -2,7 +2,7 @@
 #include "objc/class.h"
 #include "platform/keyboard.h"
 #include "platform/substrate.h"
-#include "support/phone.h"
+#include "support/runtime.h"
 
 struct TSTAnimal : objc::Interface<TSTAnimal, "TSTAnimal", NSObject> {
     int legs() { return send<"legs", int>(); }
@@ -45,8 +45,6 @@ namespace {
 using Count = int (*)(id, SEL);
 Count previous = nullptr;
 int one_more(id self, SEL selector) { return previous(self, selector) + 1; }
-
-IMP as_method(Count function) { return reinterpret_cast<IMP>(function); }
 
 class Hooks : public testing::Test {
   protected:

@@ -6,7 +6,7 @@
 
 #include "platform/keyboard.h"
 #include "platform/substrate.h"
-#include "support/phone.h"
+#include "support/runtime.h"
 
 extern "C" void objc_thread_add();
 
@@ -14,7 +14,6 @@ namespace test {
 namespace {
 
 using Count = int (*)(id, SEL);
-IMP as_method(Count function) { return reinterpret_cast<IMP>(function); }
 IMP anything() {
     return as_method([](id, SEL) { return 55; });
 }
