@@ -57,6 +57,19 @@ TEST_F(PackageDamage, ASizeThatIsNoNumberIsFound) {
         "expected digits\n");
 }
 
+TEST_F(PackageDamage, OfManyPartsTheFirstAreNamed) {
+    std::string package = "!<arch>\n";
+    for (int i = 0; i < 50; ++i)
+        package +=
+            "part" + std::to_string(10 + i) + "          0           0     0     100644  0         `\n";
+    write("changed.deb", package);
+    const Outcome run = this->run({"package-check", "changed.deb"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err,
+              "huecraft: changed.deb: it is not a whole package: expected control.tar.gz, found only part10, "
+              "part11, part12 and 47 more\n");
+}
+
 TEST_F(PackageDamage, APathThatLeadsOutOfThePackageIsRefused) {
     unpack();
     pack();

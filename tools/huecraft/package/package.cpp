@@ -196,9 +196,13 @@ std::vector<PackagedFile> files_in(Unpacking& unpacking, const std::string& byte
     return files;
 }
 
+/// Of many the first ones, each at a length that a line can hold.
 std::string listed(const std::vector<std::string>& names) {
+    constexpr size_t most = 3, longest = 70;
     std::string all;
-    for (const std::string& name : names) all += (all.empty() ? "" : ", ") + one_line(name);
+    for (size_t i = 0; i < names.size() && i < most; ++i)
+        all += (all.empty() ? "" : ", ") + one_line(names[i], longest);
+    if (names.size() > most) all += " and " + std::to_string(names.size() - most) + " more";
     return all.empty() ? "nothing" : all;
 }
 
