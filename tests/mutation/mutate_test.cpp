@@ -67,7 +67,7 @@ class Mutate : public testing::Test {
         fs::permissions(root_ / "build/bin/limit_tests", fs::perms::owner_all);
         write("tests/mutation/judges.txt", "# judges\nsource lib/limit LIMIT=lib/limit limit_tests\n");
         write("tests/mutation/explained.txt", "# none\n");
-        EXPECT_EQ(run_shell("ninja -C build").status, 0);
+        build();
     }
     ~Mutate() override { fs::remove_all(root_); }
 
@@ -87,6 +87,19 @@ class Mutate : public testing::Test {
         const int status = pclose(pipe);
         if (WIFEXITED(status)) outcome.status = WEXITSTATUS(status);
         return outcome;
+    }
+    void build() const {
+        const Outcome outcome = run_shell("ninja -C build");
+        EXPECT_EQ(outcome.status, 0) << outcome.output;
+    }
+    /// Tests of two suites, Limit.Keeps and Sum.Adds; the shell's branches say what each does when it is
+    /// asked for.
+    void write_two_suites(const std::string& branches) const {
+        write("build/bin/limit_tests",
+              "#!/bin/sh\n"
+              "case \"$*\" in\n"
+              "*--gtest_list_tests*) echo Limit.; echo '  Keeps'; echo Sum.; echo '  Adds' ;;\n" +
+                  branches + "esac\n");
     }
     Outcome mutate(const std::string& arguments) const {
         return run_shell("'" MUTATE "' --root . --build build " + arguments);
@@ -174,7 +187,7 @@ TEST_F(Mutate, WhatDoesNotCompileIsCountedApart) {
     write("source/limit.cpp", std::string(limit_source) +
                                   "constexpr int few[1] = {};\nint last = few[0];\n"
                                   "static_assert(sizeof few == sizeof(int));\n");
-    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    build();
     const Outcome outcome = mutate("source/limit.cpp:10");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("2 tried, 0 killed, 0 survived, 0 explained, 2 not compiled"));
@@ -182,7 +195,7 @@ TEST_F(Mutate, WhatDoesNotCompileIsCountedApart) {
 
 TEST_F(Mutate, WhatIsLeftOutOnThisProcessorIsCountedApart) {
     write("source/limit.cpp", std::string(limit_source) + "#if 0\nint left_out = 1;\n#endif\n");
-    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    build();
     const Outcome outcome = mutate("source/limit.cpp:11");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("2 tried, 0 killed, 0 survived, 0 explained, 0 not compiled, 2 the "
@@ -197,22 +210,18 @@ TEST_F(Mutate, AHeaderIsJudgedByWhatIncludesIt) {
 
 TEST_F(Mutate, OfManyMutantsEachIsJudgedByTheSuitesThatReachItsLine) {
     // What is asked is written down, but for the cases that failed lately: they are asked for by name.
-    write(
-        "build/bin/limit_tests",
-        "#!/bin/sh\n"
-        "case \"$*\" in\n"
-        "*--gtest_list_tests*) echo Limit.; echo '  Keeps'; echo Sum.; echo '  Adds' ;;\n"
+    write_two_suites(
         "*Limit.*) echo Limit >>../asked; \"$LIMIT\" 5; [ $? = 5 ] || { echo FAILED: Limit.Keeps; exit 1; } "
         ";;\n"
-        "*Sum.*) echo Sum >>../asked; \"$LIMIT\" 1 2; [ $? = 28 ] || { echo FAILED: Sum.Adds; exit 1; } ;;\n"
-        "esac\n");
+        "*Sum.*) echo Sum >>../asked; \"$LIMIT\" 1 2; [ $? = 28 ] || { echo FAILED: Sum.Adds; exit 1; } "
+        ";;\n");
     write("source/limit.cpp",
           "int limited(int value) {\n"
           "    return value;\n"
           "}\n"
           "int sum() { return 1 + 2 + 3 + 4 + 5 + 6 + 7; }\n"
           "int main(int count, char** words) { return count > 2 ? sum() : limited(*words[1] - '0'); }\n");
-    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    build();
     const Outcome outcome = mutate("source/limit.cpp:4");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("21 tried, 21 killed")) << outcome.output;
@@ -224,18 +233,14 @@ TEST_F(Mutate, OfManyMutantsEachIsJudgedByTheSuitesThatReachItsLine) {
 TEST_F(Mutate, WhatTheReachingSuitesLetLiveIsJudgedByAll) {
     // Only the other suite runs the line, and does not look at what comes of it: the first has it from the
     // compiler.
-    write("build/bin/limit_tests",
-          "#!/bin/sh\n"
-          "case \"$*\" in\n"
-          "*--gtest_list_tests*) echo Limit.; echo '  Keeps'; echo Sum.; echo '  Adds' ;;\n"
-          "*Sum.*) \"$LIMIT\" 1 2; exit 0 ;;\n"
-          "*) \"$LIMIT\"; [ $? = 10 ] || { echo FAILED: Limit.Keeps; exit 1; } ;;\n"
-          "esac\n");
+    write_two_suites(
+        "*Sum.*) \"$LIMIT\" 1 2; exit 0 ;;\n"
+        "*) \"$LIMIT\"; [ $? = 10 ] || { echo FAILED: Limit.Keeps; exit 1; } ;;\n");
     write("source/limit.cpp",
           "constexpr int sum(int less) { return 1 + 2 + 3 + 4 + 5 + 6 + 7 - less; }\n"
           "constexpr int largest = sum(18);\n"
           "int main(int count, char**) { return count > 2 ? sum(count) : largest; }\n");
-    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    build();
     const Outcome outcome = mutate("source/limit.cpp:1");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, AllOf(HasSubstr("by limit_tests Limit.Keeps\n"), HasSubstr(" 0 survived")));
@@ -244,14 +249,14 @@ TEST_F(Mutate, WhatTheReachingSuitesLetLiveIsJudgedByAll) {
 TEST_F(Mutate, AHeaderIsJudgedThroughOneFromElsewhereThatIncludesIt) {
     write("other/limits.h", "#include \"" + (root_ / "source/limit.h").string() + "\"\n");
     write("source/limit.cpp", "#include \"../other/limits.h\"\n" + std::string(limit_source));
-    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    build();
     EXPECT_THAT(mutate("source/limit.h").output, HasSubstr("2 tried, 2 killed"));
 }
 
 TEST_F(Mutate, HeadersFromElsewhereAreThereAsBefore) {
     write("other/words.h", "#pragma once\ninline const char* word() { return \"\"; }\n");
     write("source/limit.cpp", "#include \"../other/words.h\"\n" + std::string(limit_source));
-    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    build();
     EXPECT_THAT(mutate("source/limit.cpp:6").output, HasSubstr("1 tried, 1 killed"));
 }
 
@@ -272,7 +277,7 @@ TEST_F(Mutate, WhatTheBuildReadsOnceIsReadAgain) {
           "build limit.pch: read ../source/limit.h\n"
           "build limit.o: compile ../source/limit.cpp | limit.pch\n"
           "build lib/limit: link limit.o\n");
-    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    build();
     EXPECT_THAT(mutate("source/limit.h").output, HasSubstr("2 tried, 2 killed"));
 }
 
@@ -304,7 +309,7 @@ TEST_F(Mutate, AnArchiveIsJudgedByTheProgramThatHoldsIt) {
           "build bin/limit_tests: link tests.o limit.a\n");
     write("tests/mutation/judges.txt", "source bin/limit_tests limit_tests\n");
     fs::remove(root_ / "build/bin/limit_tests");
-    EXPECT_EQ(run_shell("ninja -C build").status, 0);
+    build();
     EXPECT_THAT(mutate("source/limit.cpp:3").output,
                 AllOf(HasSubstr("killed: source/limit.cpp:3 by limit_tests Limit.IsKept\n"),
                       HasSubstr("1 tried, 1 killed")));
