@@ -22,9 +22,14 @@ class Boot : public testing::Test {
     }
     ~Boot() override { fs::remove_all(root); }
 
-    void expect_refused(sim_status status, const std::string& part_of_line) {
-        EXPECT_EQ(sim_boot(&options), status);
+    void boot() const { ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error(); }
+
+    static void expect_said(const std::string& part_of_line) {
         EXPECT_NE(std::string(sim_last_error()).find(part_of_line), std::string::npos) << sim_last_error();
+    }
+    void expect_refused(sim_status status, const std::string& part_of_line) const {
+        EXPECT_EQ(sim_boot(&options), status);
+        expect_said(part_of_line);
         EXPECT_EQ(std::string(sim_last_error()).find('\n'), std::string::npos);
     }
 
@@ -38,7 +43,7 @@ std::string first_argument() {
 }
 
 TEST_F(Boot, NeedsNothingButARoot) {
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     EXPECT_STREQ(sim_last_error(), "");
     objc::AutoreleasePool pool;
     EXPECT_EQ(utf8(UIDevice::currentDevice()->systemVersion()), "12.4");
@@ -46,7 +51,7 @@ TEST_F(Boot, NeedsNothingButARoot) {
 }
 
 TEST_F(Boot, HappensOnce) {
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     expect_refused(SIM_MISUSE, "on already");
 }
 
@@ -54,13 +59,13 @@ TEST_F(Boot, MayBeTriedAgainAfterARefusal) {
     options.root = "/nowhere/at/all";
     expect_refused(SIM_NOT_FOUND, "/nowhere/at/all");
     options.root = root.c_str();
-    EXPECT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     EXPECT_STREQ(sim_last_error(), "");
 }
 
 TEST_F(Boot, ClaimsTheExecutable) {
     options.executable = springboard;
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     objc::AutoreleasePool pool;
     NSArray* arguments = NSProcessInfo::processInfo()->arguments();
     EXPECT_EQ(arguments->count(), 1u);
@@ -69,20 +74,20 @@ TEST_F(Boot, ClaimsTheExecutable) {
 
 TEST_F(Boot, TheEnvironmentMayHoldAnyBytes) {
     setenv("HUECRAFT_TEST", "caf\xe9", 1);
-    EXPECT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     unsetenv("HUECRAFT_TEST");
 }
 
 TEST_F(Boot, CanClaimNoArguments) {
     options.arguments = SIM_ARGUMENTS_NONE;
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     objc::AutoreleasePool pool;
     EXPECT_EQ(NSProcessInfo::processInfo()->arguments()->count(), 0u);
 }
 
 TEST_F(Boot, CanClaimAFirstArgumentOfNil) {
     options.arguments = SIM_ARGUMENTS_NIL;
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     objc::AutoreleasePool pool;
     NSArray* arguments = NSProcessInfo::processInfo()->arguments();
     EXPECT_EQ(arguments->count(), 1u);
@@ -95,7 +100,7 @@ TEST_F(Boot, TakesSystemVersionAndScreen) {
     options.screen_width = 320;
     options.screen_height = 568;
     options.screen_scale = 3;
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     objc::AutoreleasePool pool;
     EXPECT_EQ(utf8(UIDevice::currentDevice()->systemVersion()), "10.3.3");
     id screen = objc::send<"mainScreen", id>(class_named("UIScreen"));
@@ -106,7 +111,7 @@ TEST_F(Boot, TakesSystemVersionAndScreen) {
 TEST_F(Boot, LeavesOutClassesAndTheirSubclasses) {
     const char* left_out[] = {"CALayer", nullptr};
     options.left_out_classes = left_out;
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     EXPECT_NE(objc_getClass("UIView"), nullptr);
     EXPECT_EQ(objc_getClass("CALayer"), nullptr);
     EXPECT_EQ(objc_getClass("CAGradientLayer"), nullptr);
@@ -114,12 +119,12 @@ TEST_F(Boot, LeavesOutClassesAndTheirSubclasses) {
 
 TEST_F(Boot, HasTheHomeScreensClassOnlyThere) {
     options.executable = springboard;
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     EXPECT_NE(objc_getClass("SpringBoard"), nullptr);
 }
 
 TEST_F(Boot, LacksTheHomeScreensClassElsewhere) {
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     EXPECT_EQ(objc_getClass("SpringBoard"), nullptr);
 }
 
@@ -128,7 +133,7 @@ TEST_F(Boot, LetsTheCallerBringAClassThatIsLeftOut) {
     options.left_out_classes = left_out;
     Class mine = objc_allocateClassPair(objc_getClass("NSObject"), "UIDevice", 0);
     objc_registerClassPair(mine);
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     EXPECT_EQ(objc_getClass("UIDevice"), mine);
 }
 
@@ -164,7 +169,7 @@ TEST_F(Boot, RefusesToHideMethodsOfAClassThatTheModelLacks) {
 
 TEST_F(Boot, RefusesNoOptions) {
     EXPECT_EQ(sim_boot(nullptr), SIM_MISUSE);
-    EXPECT_NE(std::string(sim_last_error()).find("options is NULL"), std::string::npos);
+    expect_said("options is NULL");
 }
 
 TEST_F(Boot, RefusesOptionsWithoutSize) {
@@ -175,7 +180,7 @@ TEST_F(Boot, RefusesOptionsWithoutSize) {
 TEST_F(Boot, TakesTheOptionsOfAnEarlierVersion) {
     options.size = offsetof(sim_options, executable);
     options.executable = "not looked at";
-    EXPECT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
 }
 
 TEST_F(Boot, RefusesMembersOfALaterVersion) {
@@ -185,7 +190,7 @@ TEST_F(Boot, RefusesMembersOfALaterVersion) {
     } longer{options, "set"};
     longer.known.size = sizeof longer;
     EXPECT_EQ(sim_boot(&longer.known), SIM_MISUSE);
-    EXPECT_NE(std::string(sim_last_error()).find("later version"), std::string::npos) << sim_last_error();
+    expect_said("later version");
     longer.later = nullptr;
     EXPECT_EQ(sim_boot(&longer.known), SIM_OK) << sim_last_error();
 }
@@ -242,12 +247,12 @@ TEST_F(Boot, ComesFirst) {
     EXPECT_EQ(sim_named_colour("UIKBColorBlack", &colour), SIM_MISUSE);
     EXPECT_EQ(sim_show_keyboard(&keyboard), SIM_MISUSE);
     EXPECT_EQ(sim_take_picture("picture.png", 0), SIM_MISUSE);
-    EXPECT_NE(std::string(sim_last_error()).find("call sim_boot first"), std::string::npos);
+    expect_said("call sim_boot first");
     EXPECT_EQ(sim_installing_call_count(), 0u);
 }
 
 TEST_F(Boot, NullIsAnsweredEverywhere) {
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     sim_library* library = nullptr;
     sim_colour colour;
     void* address;
@@ -260,11 +265,11 @@ TEST_F(Boot, NullIsAnsweredEverywhere) {
     EXPECT_EQ(sim_named_colour(nullptr, &colour), SIM_MISUSE);
     EXPECT_EQ(sim_named_colour("UIKBColorBlack", nullptr), SIM_MISUSE);
     EXPECT_EQ(sim_take_picture(nullptr, 0), SIM_MISUSE);
-    EXPECT_NE(std::string(sim_last_error()).find("host_path is NULL"), std::string::npos) << sim_last_error();
+    expect_said("host_path is NULL");
 }
 
 TEST_F(Boot, WrongArgumentsAreNamed) {
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     sim_installing_call call;
     EXPECT_EQ(sim_installing_call_at(0, &call), SIM_NOT_FOUND);
     sim_colour colour;
@@ -275,13 +280,13 @@ TEST_F(Boot, WrongArgumentsAreNamed) {
     keyboard.size = sizeof keyboard;
     keyboard.plane = "runes";
     EXPECT_EQ(sim_show_keyboard(&keyboard), SIM_NOT_FOUND);
-    EXPECT_NE(std::string(sim_last_error()).find("runes"), std::string::npos) << sim_last_error();
+    expect_said("runes");
     keyboard.size = 1;
     EXPECT_EQ(sim_show_keyboard(&keyboard), SIM_MISUSE);
 }
 
 TEST_F(Boot, NamedColoursTellTheirModel) {
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     sim_colour colour;
     ASSERT_EQ(sim_named_colour("UIKBColorBlack", &colour), SIM_OK) << sim_last_error();
     EXPECT_EQ(colour.model, SIM_COLOUR_GREY);
@@ -295,7 +300,7 @@ TEST_F(Boot, NamedColoursTellTheirModel) {
 }
 
 TEST_F(Boot, RaisedExceptionsAreNamed) {
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     objc::AutoreleasePool pool;
     // A colour class whose only method raises, as a broken library's would.
     IMP raises = reinterpret_cast<IMP>(+[](id self, SEL) { objc::send<"noSuchMethod">(self); });
@@ -304,8 +309,7 @@ TEST_F(Boot, RaisedExceptionsAreNamed) {
     __objc_update_dispatch_table_for_class(objc_getClass("UIColor"));
     sim_colour colour;
     EXPECT_EQ(sim_named_colour("UIKBColorBlack", &colour), SIM_RAISED);
-    EXPECT_NE(std::string(sim_last_error()).find("NSInvalidArgumentException"), std::string::npos)
-        << sim_last_error();
+    expect_said("NSInvalidArgumentException");
 }
 
 // ---- Prepared phones -------------------------------------------------------------------------------------
@@ -314,7 +318,7 @@ TEST_F(Boot, MayHaveBeenPrepared) {
     ASSERT_EQ(sim_prepare(nullptr), SIM_OK) << sim_last_error();
     const Class view = objc_getClass("UIView");
     EXPECT_NE(view, nullptr);
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     EXPECT_EQ(objc_getClass("UIView"), view);
     EXPECT_EQ(objc_getClass("SpringBoard"), nullptr);
     objc::AutoreleasePool pool;
@@ -324,7 +328,7 @@ TEST_F(Boot, MayHaveBeenPrepared) {
 TEST_F(Boot, OfAPreparedPhoneMayBeTheHomeScreens) {
     ASSERT_EQ(sim_prepare(nullptr), SIM_OK) << sim_last_error();
     options.executable = springboard;
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     EXPECT_NE(objc_getClass("SpringBoard"), nullptr);
 }
 
@@ -334,7 +338,7 @@ TEST_F(Boot, LeavesOutOfAPreparedPhoneWhatWasKeptBack) {
     EXPECT_EQ(objc_getClass("CAGradientLayer"), nullptr);
     const char* left_out[] = {"CALayer", nullptr};
     options.left_out_classes = left_out;
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     EXPECT_EQ(objc_getClass("CALayer"), nullptr);
     EXPECT_EQ(objc_getClass("CAGradientLayer"), nullptr);
     EXPECT_NE(objc_getClass("UIDevice"), nullptr);
@@ -350,10 +354,10 @@ TEST_F(Boot, RefusesToLeaveOutWhatIsPrepared) {
 TEST_F(Boot, IsPreparedOnceAndBefore) {
     const char* misspelt[] = {"UIDevise", nullptr};
     EXPECT_EQ(sim_prepare(misspelt), SIM_NOT_FOUND);
-    EXPECT_NE(std::string(sim_last_error()).find("UIDevise"), std::string::npos) << sim_last_error();
+    expect_said("UIDevise");
     ASSERT_EQ(sim_prepare(nullptr), SIM_OK) << sim_last_error();
     EXPECT_EQ(sim_prepare(nullptr), SIM_MISUSE);
-    ASSERT_EQ(sim_boot(&options), SIM_OK) << sim_last_error();
+    boot();
     EXPECT_EQ(sim_prepare(nullptr), SIM_MISUSE);
 }
 
