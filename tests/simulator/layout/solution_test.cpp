@@ -6,7 +6,24 @@
 namespace test {
 namespace {
 
-using Solution = ConstraintLayout;
+class Solution : public ConstraintLayout {
+  protected:
+    /// A view in root's upper left corner: what is left to say is its width.
+    UIView* view_without_width() {
+        UIView* made = free_view_in(root);
+        fix_height(made);
+        active(made->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
+        return made;
+    }
+    /// The labels side by side from root's left edge to its right one.
+    void fill_row(UILabel* first, UILabel* second) {
+        for (UIView* each : {first, second})
+            active(each->topAnchor()->constraintEqualToAnchor(root->topAnchor()));
+        active(first->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
+        active(second->leftAnchor()->constraintEqualToAnchor(first->rightAnchor()));
+        active(second->rightAnchor()->constraintEqualToAnchor(root->rightAnchor()));
+    }
+};
 
 TEST_F(Solution, PinnedToItsSuperviewAViewFillsIt) {
     UIView* inner = free_view_in(root);
@@ -118,9 +135,7 @@ TEST_F(Solution, EdgesAreOnWholePixelsAndMeet) {
 }
 
 TEST_F(Solution, AHigherPriorityWins) {
-    UIView* inner = free_view_in(root);
-    fix_height(inner);
-    active(inner->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
+    UIView* inner = view_without_width();
     active(inner->widthAnchor()->constraintEqualToConstant(30), 250);
     active(inner->widthAnchor()->constraintEqualToConstant(70), 750);
     active(inner->widthAnchor()->constraintEqualToConstant(50), 500);
@@ -129,9 +144,7 @@ TEST_F(Solution, AHigherPriorityWins) {
 }
 
 TEST_F(Solution, OfOnePriorityTheFirstActivatedWins) {
-    UIView* inner = free_view_in(root);
-    fix_height(inner);
-    active(inner->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
+    UIView* inner = view_without_width();
     active(inner->widthAnchor()->constraintEqualToConstant(30), 500);
     active(inner->widthAnchor()->constraintEqualToConstant(70), 500);
     EXPECT_EQ(frame_of(inner).size.width, 30);
@@ -141,9 +154,7 @@ TEST_F(Solution, InequalitiesBoundASizeThatWantsMoreOrLess) {
     const struct {
         CGFloat wanted, expected;
     } rows[] = {{10, 40}, {60, 60}, {500, 120}};
-    UIView* inner = free_view_in(root);
-    fix_height(inner);
-    active(inner->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
+    UIView* inner = view_without_width();
     active(inner->widthAnchor()->constraintGreaterThanOrEqualToConstant(40));
     active(inner->rightAnchor()->constraintLessThanOrEqualToAnchor(root->rightAnchor(), -80));
     NSLayoutConstraint* wish = active(inner->widthAnchor()->constraintEqualToConstant(0), 500);
@@ -156,10 +167,8 @@ TEST_F(Solution, InequalitiesBoundASizeThatWantsMoreOrLess) {
 
 TEST_F(Solution, InequalitiesOfSeveralViewsHoldTogether) {
     // Two columns want to be 150 wide in 200 points; the first may not be wider than 90.
-    UIView *a = free_view_in(root), *b = free_view_in(root);
-    fix_height(a);
+    UIView *a = view_without_width(), *b = free_view_in(root);
     fix_height(b);
-    active(a->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
     active(b->leftAnchor()->constraintEqualToAnchor(a->rightAnchor(), 10));
     active(b->rightAnchor()->constraintLessThanOrEqualToAnchor(root->rightAnchor()));
     active(a->widthAnchor()->constraintLessThanOrEqualToConstant(90));
@@ -173,11 +182,7 @@ TEST_F(Solution, InequalitiesOfSeveralViewsHoldTogether) {
 
 TEST_F(Solution, AWishIsMetAsNearlyAsInequalitiesAllow) {
     // Straight on it runs into the first limit, along that into the second, and along that to the third.
-    UIView *a = free_view_in(root), *b = free_view_in(root);
-    for (UIView* each : {a, b}) {
-        fix_height(each);
-        active(each->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
-    }
+    UIView *a = view_without_width(), *b = view_without_width();
     active(b->widthAnchor()->constraintLessThanOrEqualToAnchor(a->widthAnchor(), 0.5, 20));
     active(b->widthAnchor()->constraintLessThanOrEqualToAnchor(a->widthAnchor(), 0.1, 36));
     active(a->widthAnchor()->constraintLessThanOrEqualToConstant(100));
@@ -188,9 +193,7 @@ TEST_F(Solution, AWishIsMetAsNearlyAsInequalitiesAllow) {
 }
 
 TEST_F(Solution, AnOptionalInequalityYieldsToAHigherPriority) {
-    UIView* inner = free_view_in(root);
-    fix_height(inner);
-    active(inner->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
+    UIView* inner = view_without_width();
     active(inner->widthAnchor()->constraintEqualToConstant(120), 800);
     active(inner->widthAnchor()->constraintLessThanOrEqualToConstant(100), 700);
     EXPECT_EQ(frame_of(inner).size.width, 120);
@@ -220,11 +223,7 @@ TEST_F(Solution, AnImageViewIsAsLargeAsItsImage) {
 
 TEST_F(Solution, TheOneThatHugsLessIsStretched) {
     UILabel *caption = free_label_in(root, "Name"), *value = free_label_in(root, "Tom");
-    for (UIView* each : {caption, value})
-        active(each->topAnchor()->constraintEqualToAnchor(root->topAnchor()));
-    active(caption->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
-    active(value->leftAnchor()->constraintEqualToAnchor(caption->rightAnchor()));
-    active(value->rightAnchor()->constraintEqualToAnchor(root->rightAnchor()));
+    fill_row(caption, value);
     const CGFloat caption_width = caption->sizeThatFits({}).width;
     value->setContentHuggingPriority(100, UILayoutConstraintAxisHorizontal);
     EXPECT_EQ(frame_of(caption).size.width, caption_width);
@@ -236,11 +235,7 @@ TEST_F(Solution, TheOneThatHugsLessIsStretched) {
 TEST_F(Solution, TheOneThatResistsLessIsCompressed) {
     UILabel* caption = free_label_in(root, "A rather long caption");
     UILabel* value = free_label_in(root, "with a rather long value");
-    for (UIView* each : {caption, value})
-        active(each->topAnchor()->constraintEqualToAnchor(root->topAnchor()));
-    active(caption->leftAnchor()->constraintEqualToAnchor(root->leftAnchor()));
-    active(value->leftAnchor()->constraintEqualToAnchor(caption->rightAnchor()));
-    active(value->rightAnchor()->constraintEqualToAnchor(root->rightAnchor()));
+    fill_row(caption, value);
     const CGFloat caption_width = caption->sizeThatFits({}).width,
                   value_width = value->sizeThatFits({}).width;
     ASSERT_GT(caption_width + value_width, 200);
