@@ -1,5 +1,7 @@
 #include "drawing_test.h"
 
+#include <png.h>
+
 #include <cstdlib>
 
 namespace test {
@@ -11,6 +13,28 @@ testing::AssertionResult near(const Pixel& actual, const Pixel& expected, int to
     if (distance <= tolerance) return testing::AssertionSuccess();
     return testing::AssertionFailure() << testing::PrintToString(actual) << " is not within " << tolerance
                                        << " of " << testing::PrintToString(expected);
+}
+
+Bytes one_bit_png(uint32_t width, uint32_t height) {
+    Bytes file;
+    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+    png_infop info = png_create_info_struct(png);
+    png_set_write_fn(
+        png, &file,
+        [](png_structp writer, png_bytep bytes, size_t count) {
+            auto* out = static_cast<Bytes*>(png_get_io_ptr(writer));
+            out->insert(out->end(), bytes, bytes + count);
+        },
+        nullptr);
+    png_set_compression_level(png, 1);
+    png_set_IHDR(png, info, width, height, 1, PNG_COLOR_TYPE_GRAY, PNG_INTERLACE_NONE,
+                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    png_write_info(png, info);
+    const Bytes above(width / 8 + 1, 0), below(width / 8 + 1, 0xff);
+    for (uint32_t y = 0; y < height; ++y) png_write_row(png, (y < height / 2 ? above : below).data());
+    png_write_end(png, nullptr);
+    png_destroy_write_struct(&png, &info);
+    return file;
 }
 
 Picture::Picture(CGImageRef image)

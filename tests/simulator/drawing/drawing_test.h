@@ -45,6 +45,11 @@ class Picture {
 UIImage* drawn(CGSize size, CGFloat scale, const std::function<void(CGContextRef)>& draw,
                bool opaque = false);
 
+using Bytes = std::vector<uint8_t>;
+
+/// A PNG of one bit a pixel, black above and white below: small, however large the picture.
+Bytes one_bit_png(uint32_t width, uint32_t height);
+
 /// The view's tree as a picture.
 Picture photographed(UIView* view, CGFloat scale = 1);
 

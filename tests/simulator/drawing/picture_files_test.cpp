@@ -12,7 +12,6 @@ namespace test {
 namespace {
 
 using PictureFile = Drawing;
-using Bytes = std::vector<uint8_t>;
 
 NSData* data_of(const Bytes& bytes) {
     return data({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
@@ -54,28 +53,6 @@ Bytes noisy_png(uint32_t width, uint32_t height) {
     Bytes pixels(size_t{width} * height * 4);
     for (uint8_t& byte : pixels) byte = static_cast<uint8_t>(next_random(256));
     return png_file(width, height, PNG_FORMAT_RGBA, pixels.data());
-}
-
-/// A PNG of one bit a pixel, all black: small, however large the picture.
-Bytes black_png(uint32_t width, uint32_t height) {
-    Bytes file;
-    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-    png_infop info = png_create_info_struct(png);
-    png_set_write_fn(
-        png, &file,
-        [](png_structp writing, png_bytep bytes, size_t count) {
-            auto* out = static_cast<Bytes*>(png_get_io_ptr(writing));
-            out->insert(out->end(), bytes, bytes + count);
-        },
-        nullptr);
-    png_set_IHDR(png, info, width, height, 1, PNG_COLOR_TYPE_GRAY, PNG_INTERLACE_NONE,
-                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-    png_write_info(png, info);
-    const Bytes row(width / 8 + 1);
-    for (uint32_t y = 0; y < height; ++y) png_write_row(png, row.data());
-    png_write_end(png, info);
-    png_destroy_write_struct(&png, &info);
-    return file;
 }
 
 /// A JPEG that is red in its left half and blue in its right one.
@@ -228,9 +205,9 @@ TEST_F(PictureFile, ADamagedFileNeverCrashes) {
 
 TEST_F(PictureFile, APictureThatIsTooLargeIsRefused) {
     constexpr uint32_t longest = 32767;
-    EXPECT_EQ(decoded(black_png(longest, 1))->size(), (CGSize{longest, 1}));
-    EXPECT_EQ(decoded(black_png(longest + 1, 1)), nullptr);
-    EXPECT_EQ(decoded(black_png(12000, 12000)), nullptr) << "more than 128 megapixels";
+    EXPECT_EQ(decoded(one_bit_png(longest, 1))->size(), (CGSize{longest, 1}));
+    EXPECT_EQ(decoded(one_bit_png(longest + 1, 1)), nullptr);
+    EXPECT_EQ(decoded(one_bit_png(12000, 12000)), nullptr) << "more than 128 megapixels";
 }
 
 TEST_F(PictureFile, AJpegForPrintingIsNil) { EXPECT_EQ(decoded(jpeg_file(16, 16, TJPF_CMYK)), nullptr); }
