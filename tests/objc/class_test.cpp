@@ -56,7 +56,7 @@ struct Meadow : objc::Implements<Meadow, HCMeadow> {
     }
     std::string* notes() { return &ivars().state.notes; }
     NSString* description() { return super<"description", NSString*>(); }
-    static NSUInteger version(Class self) { return 7 + class_super<"version", NSUInteger>(self); }
+    static NSInteger version(Class self) { return 7 + class_super<"version", NSInteger>(self); }
     void dealloc() { ++meadows_gone; }
 };
 
@@ -173,7 +173,7 @@ TEST_F(SeamClass, ArgumentsOfEveryKindArrive) {
 }
 
 TEST_F(SeamClass, ClassMethodsAndTheirSuperSendsWork) {
-    EXPECT_EQ((HCMeadow::class_send<"version", NSUInteger>()), 7u);
+    EXPECT_EQ((HCMeadow::class_send<"version", NSInteger>()), 7);
 }
 
 TEST_F(SeamClass, ConformsToItsProtocols) {
