@@ -1,5 +1,6 @@
 // The candidates of an input method under a theme: the backdrops behind them, and what is drawn on these.
 #include "hooks/background_test.h"
+#include "support/keyboard_request.h"
 
 namespace test {
 namespace {
@@ -22,11 +23,7 @@ class Candidates : public Background {
     }
 
     static void show(const char* candidates, bool form_accessory = false) {
-        sim_keyboard keyboard{};
-        keyboard.size = sizeof keyboard;
-        keyboard.candidates = candidates;
-        keyboard.form_accessory = form_accessory;
-        ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
+        show_keyboard({.form_accessory = form_accessory, .candidates = candidates});
     }
 
     static UIView* on_screen(const char* class_name) {

@@ -1,5 +1,6 @@
 // The backdrops of a keyboard's window: the theme in each of them, and a web form's bar that takes it away.
 #include "hooks/background_test.h"
+#include "support/keyboard_request.h"
 
 namespace test {
 namespace {
@@ -7,13 +8,6 @@ namespace {
 class InputWindow : public Background {
   protected:
     void SetUp() override { start("1", red_and_blue); }
-
-    static void show(bool form_accessory) {
-        sim_keyboard keyboard{};
-        keyboard.size = sizeof keyboard;
-        keyboard.form_accessory = form_accessory;
-        ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
-    }
 
     /// The pieces that are shown, of every backdrop in the window. Read as variables: the getters are hooked.
     static std::vector<UIKBBackdropView*> shown_pieces() {
@@ -39,7 +33,7 @@ class InputWindow : public Background {
 TEST_F(InputWindow, EachBackdropShowsTheThemeForItself) {
     for (const auto& [background, themed] : kinds) {
         set_type(background);
-        show(false);
+        show_keyboard({});
         const auto pieces = shown_pieces();
         ASSERT_EQ(pieces.size(), 2u) << "of the keys and of the predictions";
         for (auto* piece : pieces) {
@@ -53,7 +47,7 @@ TEST_F(InputWindow, EachBackdropShowsTheThemeForItself) {
 TEST_F(InputWindow, AWebFormsBarTakesTheThemeOutOfEveryBackdrop) {
     for (const auto& kind : kinds) {
         set_type(kind.background);
-        show(true);
+        show_keyboard({.form_accessory = true});
         const auto pieces = shown_pieces();
         ASSERT_EQ(pieces.size(), 3u) << "of the keys, of the predictions and of the bar";
         for (auto* piece : pieces) {

@@ -3,6 +3,7 @@
 
 #include "platform/controls.h"
 #include "support/configuration.h"
+#include "support/keyboard_request.h"
 #include "support/themes.h"
 
 namespace test {
@@ -22,12 +23,8 @@ void expect_drawn(const Phone& phone, const std::string& what) {
     EXPECT_TRUE(phone.exists("picture.png")) << what;
 }
 
-template <class Choice>
-void show(const Phone& phone, const std::string& what, Choice choose) {
-    sim_keyboard keyboard{};
-    keyboard.size = sizeof keyboard;
-    choose(keyboard);
-    EXPECT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << what << ": " << sim_last_error();
+void show(const Phone& phone, const std::string& what, const KeyboardRequest& request) {
+    EXPECT_EQ(requested(request), SIM_OK) << what << ": " << sim_last_error();
     expect_drawn(phone, what);
 }
 
@@ -49,25 +46,14 @@ void show_every_keyboard(const Phone& phone) {
     for (NSUInteger type : background_types) {
         objc::send<"setBackgroundType:">(active_theme(), type);
         const std::string theme = " of background " + std::to_string(type);
-        show(phone, "letters, switcher and accessory" + theme,
-             [](sim_keyboard& keyboard) { keyboard.switcher = keyboard.form_accessory = true; });
-        show(phone, "shifted" + theme, [](sim_keyboard& keyboard) {
-            keyboard.plane = "shifted";
-            keyboard.landscape = true;
-            keyboard.return_key = "go";
-        });
-        show(phone, "numbers, split" + theme, [](sim_keyboard& keyboard) {
-            keyboard.plane = "numbers";
-            keyboard.split = true;
-        });
+        show(phone, "letters, switcher and accessory" + theme, {.switcher = true, .form_accessory = true});
+        show(phone, "shifted" + theme, {.plane = "shifted", .landscape = true, .return_key = "go"});
+        show(phone, "numbers, split" + theme, {.plane = "numbers", .split = true});
         for (const char* candidates : {"row", "expanded"})
-            show(phone, candidates + theme,
-                 [candidates](sim_keyboard& keyboard) { keyboard.candidates = candidates; });
-        for (const char* plane : {"symbols", "emoji"})
-            show(phone, plane + theme, [plane](sim_keyboard& keyboard) { keyboard.plane = plane; });
+            show(phone, candidates + theme, {.candidates = candidates});
+        for (const char* plane : {"symbols", "emoji"}) show(phone, plane + theme, {.plane = plane});
         // Where the model has no keys, there is none to press.
-        if (objc_getClass("UIKBTree"))
-            show(phone, "a pressed key" + theme, [](sim_keyboard& keyboard) { keyboard.pressed_key = "g"; });
+        if (objc_getClass("UIKBTree")) show(phone, "a pressed key" + theme, {.pressed_key = "g"});
     }
     objc::send<"setBackgroundType:">(active_theme(), NSUInteger{2});
 }

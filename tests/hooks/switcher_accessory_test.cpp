@@ -1,5 +1,6 @@
 // The input switcher and the web form's accessory bar under a theme.
 #include "platform/keyboard.h"
+#include "support/keyboard_request.h"
 #include "support/runtime.h"
 #include "support/themes.h"
 
@@ -78,10 +79,7 @@ TEST_F(Switcher, ACellIsMadeAsItIsAskedFor) {
 }
 
 TEST_F(Switcher, ThePanelItselfIsNotThemed) {
-    sim_keyboard keyboard{};
-    keyboard.size = sizeof keyboard;
-    keyboard.switcher = true;
-    ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
+    show_keyboard({.switcher = true});
     void* switcher = nullptr;
     ASSERT_EQ(sim_view_on_screen("UIInputSwitcherView", &switcher), SIM_OK) << sim_last_error();
     std::vector<UIView*> views{static_cast<UIView*>(switcher)};

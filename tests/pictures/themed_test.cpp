@@ -6,6 +6,7 @@
 
 #include "picture.h"
 #include "support/base64.h"
+#include "support/keyboard_request.h"
 #include "support/themes.h"
 
 namespace test {
@@ -91,17 +92,15 @@ TEST_P(Keyboard, LooksAsExpected) {
                                                "<string>Made.plist</string></dict>"));
     phone.write(std::string(theme_folder) + "Made.plist", theme_file(themed));
     phone.start({.screen_width = themed.screen_width, .screen_height = themed.screen_height});
-    sim_keyboard keyboard{};
-    keyboard.size = sizeof keyboard;
-    keyboard.plane = themed.plane;
-    keyboard.pressed_key = themed.pressed;
-    keyboard.landscape = themed.landscape;
-    keyboard.split = themed.split;
-    keyboard.switcher = themed.switcher;
-    keyboard.form_accessory = themed.form_accessory;
-    keyboard.background = themed.page;
-    keyboard.candidates = themed.candidates;
-    ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
+    show_keyboard({.plane = themed.plane,
+                   .pressed_key = themed.pressed,
+                   .landscape = themed.landscape,
+
+                   .split = themed.split,
+                   .switcher = themed.switcher,
+                   .form_accessory = themed.form_accessory,
+                   .background = themed.page,
+                   .candidates = themed.candidates});
     const auto png = phone.host("/picture.png");
     ASSERT_EQ(sim_take_picture(png.c_str(), 1), SIM_OK) << sim_last_error();
     const std::string variant =

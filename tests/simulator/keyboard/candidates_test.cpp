@@ -1,5 +1,6 @@
 // An input method's candidates, with nothing replaced: which views show them, over which backdrops.
 #include "platform/keyboard.h"
+#include "support/keyboard_request.h"
 #include "support/runtime.h"
 
 namespace test {
@@ -7,16 +8,7 @@ namespace {
 
 class Candidates : public testing::Test {
   protected:
-    static sim_keyboard with(const char* candidates) {
-        sim_keyboard keyboard{};
-        keyboard.size = sizeof keyboard;
-        keyboard.candidates = candidates;
-        return keyboard;
-    }
-    static void show(const char* candidates) {
-        const sim_keyboard keyboard = with(candidates);
-        ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
-    }
+    static void show(const char* candidates) { show_keyboard({.candidates = candidates}); }
     /// nil when the screen has none.
     static UIView* on_screen(const char* class_name) {
         void* view = nullptr;
@@ -89,8 +81,7 @@ TEST_F(Candidates, TheBackdropsOfTheWindowAreNotBehindThem) {
 
 TEST_F(Candidates, AKindThatDoesNotExistIsNamedWithThoseThatDo) {
     phone.boot();
-    const sim_keyboard keyboard = with("column");
-    EXPECT_EQ(sim_show_keyboard(&keyboard), SIM_NOT_FOUND);
+    EXPECT_EQ(requested({.candidates = "column"}), SIM_NOT_FOUND);
     EXPECT_STREQ(
         sim_last_error(),
         "sim_show_keyboard: no kind of candidates is called \"column\"; there are none, row, expanded");
@@ -98,17 +89,13 @@ TEST_F(Candidates, AKindThatDoesNotExistIsNamedWithThoseThatDo) {
 
 TEST_F(Candidates, ASplitKeyboardHasNone) {
     phone.boot();
-    sim_keyboard keyboard = with("row");
-    keyboard.split = true;
-    EXPECT_EQ(sim_show_keyboard(&keyboard), SIM_NOT_FOUND);
+    EXPECT_EQ(requested({.split = true, .candidates = "row"}), SIM_NOT_FOUND);
     EXPECT_STREQ(sim_last_error(), "sim_show_keyboard: a split keyboard has no candidates; they are \"row\"");
 }
 
 TEST_F(Candidates, ExpandedTheyLeaveNoKeyToPress) {
     phone.boot();
-    sim_keyboard keyboard = with("expanded");
-    keyboard.pressed_key = "g";
-    EXPECT_EQ(sim_show_keyboard(&keyboard), SIM_NOT_FOUND);
+    EXPECT_EQ(requested({.pressed_key = "g", .candidates = "expanded"}), SIM_NOT_FOUND);
     EXPECT_STREQ(sim_last_error(),
                  "sim_show_keyboard: expanded candidates are in place of the keys; \"g\" cannot be pressed");
 }

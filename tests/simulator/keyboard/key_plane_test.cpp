@@ -1,6 +1,7 @@
 // Keys and key planes: what they draw, of whom they ask it, and which keyboards there are.
 #include "platform/keyboard.h"
 #include "platform/substrate.h"
+#include "support/keyboard_request.h"
 #include "support/phone.h"
 
 namespace test {
@@ -260,12 +261,7 @@ class ShownKeyboard : public KeyView {
   protected:
     static sim_status show(const char* plane, const char* pressed = nullptr,
                            const char* return_key = nullptr) {
-        sim_keyboard keyboard{};
-        keyboard.size = sizeof keyboard;
-        keyboard.plane = plane;
-        keyboard.pressed_key = pressed;
-        keyboard.return_key = return_key;
-        return sim_show_keyboard(&keyboard);
+        return requested({.plane = plane, .pressed_key = pressed, .return_key = return_key});
     }
 };
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/keyboard.h"
+#include "support/keyboard_request.h"
 #include "support/phone.h"
 
 namespace test {
@@ -11,11 +12,7 @@ namespace {
 class ShownKeys : public testing::Test {
   protected:
     static void show(const char* plane, bool landscape = false) {
-        sim_keyboard keyboard{};
-        keyboard.size = sizeof keyboard;
-        keyboard.plane = plane;
-        keyboard.landscape = landscape;
-        ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
+        show_keyboard({.plane = plane, .landscape = landscape});
     }
 
     static UIView* view_on_screen(const char* class_name) {

@@ -1,6 +1,7 @@
 // The system's keyboard in its states, compared with expected pictures.
 #include "picture.h"
 
+#include "support/keyboard_request.h"
 #include "support/phone.h"
 
 namespace test {
@@ -9,11 +10,7 @@ namespace {
 /// A keyboard and a screen to show it on.
 struct Shown {
     const char* name;
-    const char* plane = nullptr;
-    const char* pressed = nullptr;
-    const char* return_key = nullptr;
-    bool landscape = false, split = false, switcher = false, form_accessory = false;
-    const char *page = nullptr, *candidates = nullptr;
+    KeyboardRequest keyboard = {};
     double screen_width = 375, screen_height = 667;
     int screen_scale = 2;
 
@@ -28,18 +25,7 @@ TEST_P(Keyboard, LooksAsExpected) {
     phone.boot({.screen_width = shown.screen_width,
                 .screen_height = shown.screen_height,
                 .screen_scale = shown.screen_scale});
-    sim_keyboard keyboard{};
-    keyboard.size = sizeof keyboard;
-    keyboard.plane = shown.plane;
-    keyboard.pressed_key = shown.pressed;
-    keyboard.return_key = shown.return_key;
-    keyboard.landscape = shown.landscape;
-    keyboard.split = shown.split;
-    keyboard.switcher = shown.switcher;
-    keyboard.form_accessory = shown.form_accessory;
-    keyboard.background = shown.page;
-    keyboard.candidates = shown.candidates;
-    ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
+    show_keyboard(shown.keyboard);
     const auto picture = phone.host("/picture.png");
     ASSERT_EQ(sim_take_picture(picture.c_str(), 0), SIM_OK) << sim_last_error();
     EXPECT_TRUE(looks_as_expected(picture, std::string("system-") + shown.name));
@@ -47,26 +33,27 @@ TEST_P(Keyboard, LooksAsExpected) {
 
 INSTANTIATE_TEST_SUITE_P(
     System, Keyboard,
-    testing::Values(Shown{.name = "letters"}, Shown{.name = "letters-go", .return_key = "go"},
-                    Shown{.name = "letters-pressed-g", .pressed = "g"},
-                    Shown{.name = "letters-pressed-p", .pressed = "p"},
-                    Shown{.name = "letters-pressed-delete", .pressed = "delete"},
-                    Shown{.name = "shifted", .plane = "shifted"},
-                    Shown{.name = "numbers", .plane = "numbers"},
-                    Shown{.name = "symbols", .plane = "symbols"}, Shown{.name = "emoji", .plane = "emoji"},
-                    Shown{.name = "landscape", .pressed = "g", .landscape = true},
-                    Shown{.name = "switcher", .switcher = true, .page = "busy"},
-                    Shown{.name = "form", .form_accessory = true, .page = "light"},
-                    Shown{.name = "split", .split = true, .page = "busy"},
-                    Shown{.name = "candidates", .candidates = "row"},
-                    Shown{.name = "candidates-expanded", .candidates = "expanded"},
+    testing::Values(Shown{.name = "letters"}, Shown{.name = "letters-go", .keyboard = {.return_key = "go"}},
+                    Shown{.name = "letters-pressed-g", .keyboard = {.pressed_key = "g"}},
+                    Shown{.name = "letters-pressed-p", .keyboard = {.pressed_key = "p"}},
+                    Shown{.name = "letters-pressed-delete", .keyboard = {.pressed_key = "delete"}},
+                    Shown{.name = "shifted", .keyboard = {.plane = "shifted"}},
+                    Shown{.name = "numbers", .keyboard = {.plane = "numbers"}},
+                    Shown{.name = "symbols", .keyboard = {.plane = "symbols"}},
+                    Shown{.name = "emoji", .keyboard = {.plane = "emoji"}},
+                    Shown{.name = "landscape", .keyboard = {.pressed_key = "g", .landscape = true}},
+                    Shown{.name = "switcher", .keyboard = {.switcher = true, .background = "busy"}},
+                    Shown{.name = "form", .keyboard = {.form_accessory = true, .background = "light"}},
+                    Shown{.name = "split", .keyboard = {.split = true, .background = "busy"}},
+                    Shown{.name = "candidates", .keyboard = {.candidates = "row"}},
+                    Shown{.name = "candidates-expanded", .keyboard = {.candidates = "expanded"}},
                     Shown{.name = "candidates-tablet",
-                          .candidates = "row",
+                          .keyboard = {.candidates = "row"},
                           .screen_width = 768,
                           .screen_height = 1024,
                           .screen_scale = 1},
                     Shown{.name = "candidates-tablet-expanded",
-                          .candidates = "expanded",
+                          .keyboard = {.candidates = "expanded"},
                           .screen_width = 768,
                           .screen_height = 1024,
                           .screen_scale = 1},

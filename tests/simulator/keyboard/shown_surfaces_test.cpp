@@ -6,6 +6,7 @@
 
 #include "platform/keyboard.h"
 #include "platform/substrate.h"
+#include "support/keyboard_request.h"
 #include "support/runtime.h"
 
 namespace test {
@@ -20,16 +21,11 @@ class ShownSurfaces : public testing::Test {
   protected:
     void SetUp() override { phone.boot(); }
 
-    static sim_keyboard request() {
-        sim_keyboard keyboard{};
-        keyboard.size = sizeof keyboard;
-        return keyboard;
+    std::string picture_of(const KeyboardRequest& request) {
+        show_keyboard(request);
+        return picture();
     }
-    static void show(const sim_keyboard& keyboard) {
-        ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
-    }
-    std::string picture_of(const sim_keyboard& keyboard) {
-        show(keyboard);
+    std::string picture() {
         EXPECT_EQ(sim_take_picture(phone.host("/picture.png").c_str(), 1), SIM_OK) << sim_last_error();
         return phone.read("/picture.png");
     }
@@ -63,12 +59,9 @@ class ShownSurfaces : public testing::Test {
 
 TEST_F(ShownSurfaces, TheKeysOfASplitKeyboardLieWithinItsHalves) {
     hear_keys();
-    auto keyboard = request();
-    keyboard.split = true;
     for (const char* plane : {"letters", "shifted", "numbers", "symbols"}) {
         key_frames.clear();
-        keyboard.plane = plane;
-        show(keyboard);
+        show_keyboard({.plane = plane, .split = true});
         ASSERT_GT(key_frames.size(), 20u);
         for (const CGRect& frame : key_frames) {
             const CGFloat left = frame.origin.x, right = left + frame.size.width;
@@ -83,9 +76,7 @@ TEST_F(ShownSurfaces, EachHalfHasASpaceBar) {
     hear_keys();
     key_frames.clear();
     key_texts.clear();
-    auto keyboard = request();
-    keyboard.split = true;
-    show(keyboard);
+    show_keyboard({.split = true});
     std::vector<CGFloat> middles;
     for (size_t i = 0; i < key_texts.size(); ++i)
         if (key_texts[i] == "space") middles.push_back(key_frames[i].origin.x + key_frames[i].size.width / 2);
@@ -95,10 +86,7 @@ TEST_F(ShownSurfaces, EachHalfHasASpaceBar) {
 }
 
 TEST_F(ShownSurfaces, ThePageShowsBetweenTheHalves) {
-    auto notes = request(), busy = request();
-    notes.split = busy.split = true;
-    busy.background = "busy";
-    EXPECT_NE(picture_of(notes), picture_of(busy));
+    EXPECT_NE(picture_of({.split = true}), picture_of({.split = true, .background = "busy"}));
 }
 
 TEST_F(ShownSurfaces, ThePiecesOfTheBackdropAreFetchedByTheirGetters) {
@@ -116,19 +104,14 @@ TEST_F(ShownSurfaces, ThePiecesOfTheBackdropAreFetchedByTheirGetters) {
     hear.operator()<full>("inputBackdropFullView");
     hear.operator()<left>("inputBackdropLeftView");
     hear.operator()<right>("inputBackdropRightView");
-    auto keyboard = request();
-    keyboard.split = true;
-    show(keyboard);
+    show_keyboard({.split = true});
     EXPECT_GE(heard["inputBackdropFullView"], 1);
     EXPECT_GE(heard["inputBackdropLeftView"], 1);
     EXPECT_GE(heard["inputBackdropRightView"], 1);
 }
 
 TEST_F(ShownSurfaces, TheEmojiPlaneIsNeverSplit) {
-    auto keyboard = request();
-    keyboard.plane = "emoji";
-    keyboard.split = true;
-    EXPECT_EQ(sim_show_keyboard(&keyboard), SIM_NOT_FOUND);
+    EXPECT_EQ(requested({.plane = "emoji", .split = true}), SIM_NOT_FOUND);
     EXPECT_STREQ(sim_last_error(),
                  "sim_show_keyboard: the emoji plane is never split; the planes that can be are letters, "
                  "shifted, numbers, symbols");
@@ -155,24 +138,19 @@ std::vector<CGRect> backdrop_frames() {
 }
 
 TEST_F(ShownSurfaces, KeysPredictionsAndTheFormsBarHaveABackdropEach) {
-    auto keyboard = request();
-    show(keyboard);
+    show_keyboard({});
     EXPECT_EQ(backdrop_frames(), (std::vector<CGRect>{{{0, 42}, {375, 216}}, {{0, 0}, {375, 42}}}));
-    keyboard.form_accessory = true;
-    show(keyboard);
+    show_keyboard({.form_accessory = true});
     EXPECT_EQ(backdrop_frames(),
               (std::vector<CGRect>{{{0, 86}, {375, 216}}, {{0, 44}, {375, 42}}, {{0, 0}, {375, 44}}}));
 }
 
 TEST_F(ShownSurfaces, ASplitKeyboardsBackdropIsThatOfTheKeys) {
-    auto keyboard = request();
-    keyboard.split = true;
-    show(keyboard);
+    show_keyboard({.split = true});
     EXPECT_EQ(backdrop_frames(), (std::vector<CGRect>{{{0, 0}, {375, 216}}}));
 }
 
 TEST_F(ShownSurfaces, TheFormsBarIsASiblingOfTheBackdropsAndAnswersInitForUCB) {
-    auto keyboard = request();
     const SEL init_for_ucb = sel_registerName("initForUCB:");
     const auto answering = [&] {
         std::vector<std::string> classes;
@@ -180,10 +158,9 @@ TEST_F(ShownSurfaces, TheFormsBarIsASiblingOfTheBackdropsAndAnswersInitForUCB) {
             if (part->respondsToSelector(init_for_ucb)) classes.emplace_back(object_getClassName(part));
         return classes;
     };
-    show(keyboard);
+    show_keyboard({});
     EXPECT_EQ(answering(), std::vector<std::string>{});
-    keyboard.form_accessory = true;
-    show(keyboard);
+    show_keyboard({.form_accessory = true});
     EXPECT_EQ(answering(), std::vector<std::string>{"UIWebFormAccessory"});
 }
 
@@ -208,11 +185,9 @@ TEST_F(ShownSurfaces, TheSwitcherHasThreeCellsAndThreeSegments) {
             EXPECT_NE(static_cast<UIInputSwitcherTableCellSegmentView*>(self)->imageView()->image(), nullptr);
         },
         &segment);
-    auto keyboard = request();
-    show(keyboard);
+    show_keyboard({});
     EXPECT_TRUE(heard.empty()) << "none without being asked for";
-    keyboard.switcher = true;
-    show(keyboard);
+    show_keyboard({.switcher = true});
     EXPECT_EQ(heard["cell"], 4) << "the row of segments is a cell, too";
     EXPECT_EQ(heard["selected"], 1);
     EXPECT_EQ(heard["other"], 2);
@@ -226,9 +201,7 @@ UIView* on_screen(const char* class_name) {
 }
 
 TEST_F(ShownSurfaces, OneKeyboardOfTheSwitcherIsInUse) {
-    auto keyboard = request();
-    keyboard.switcher = true;
-    show(keyboard);
+    show_keyboard({.switcher = true});
     NSArray* cells = static_cast<UITableView*>(on_screen("UIInputSwitcherTableView"))->visibleCells();
     std::vector<bool> selected;
     for (NSUInteger i = 0; i < cells->count(); ++i)
@@ -237,9 +210,7 @@ TEST_F(ShownSurfaces, OneKeyboardOfTheSwitcherIsInUse) {
 }
 
 TEST_F(ShownSurfaces, TheSwitchersSurfaceIsAKeysViewOverABlur) {
-    auto keyboard = request();
-    keyboard.switcher = true;
-    show(keyboard);
+    show_keyboard({.switcher = true});
     UIView* switcher = on_screen("UIInputSwitcherView");
     auto* shadow = variable<UIView*>(switcher, "m_shadowView");
     auto* surface = variable<UIView*>(switcher, "m_backgroundKeyView");
@@ -254,9 +225,7 @@ TEST_F(ShownSurfaces, TheSwitchersSurfaceIsAKeysViewOverABlur) {
 }
 
 TEST_F(ShownSurfaces, TheSwitchersSegmentsAreInARowOfTheTable) {
-    auto keyboard = request();
-    keyboard.switcher = true;
-    show(keyboard);
+    show_keyboard({.switcher = true});
     UIView* segment = on_screen("UIInputSwitcherTableCellSegmentView");
     std::vector<std::string> above;
     for (UIView* view = segment->superview(); view && above.size() < 4; view = view->superview())
@@ -270,9 +239,7 @@ TEST_F(ShownSurfaces, TheSwitchersSegmentsAreInARowOfTheTable) {
 // ---- Pop-up ----
 
 TEST_F(ShownSurfaces, ThePopUpIsAKeysView) {
-    auto keyboard = request();
-    keyboard.pressed_key = "g";
-    show(keyboard);
+    show_keyboard({.pressed_key = "g"});
     EXPECT_STREQ(object_getClassName(parts_on_screen().back()), "UIKBKeyView");
     void* effect = nullptr;
     EXPECT_EQ(sim_view_on_screen("UIKBVisualEffectView", &effect), SIM_NOT_FOUND);
@@ -290,11 +257,9 @@ TEST_F(ShownSurfaces, TheFormsBarIsAsWideAsTheKeyboard) {
             accessory_frames.push_back(static_cast<UIView*>(self)->frame());
         },
         &layout);
-    auto keyboard = request();
-    show(keyboard);
+    show_keyboard({});
     EXPECT_TRUE(accessory_frames.empty()) << "none without being asked for";
-    keyboard.form_accessory = true;
-    show(keyboard);
+    show_keyboard({.form_accessory = true});
     ASSERT_FALSE(accessory_frames.empty());
     EXPECT_EQ(accessory_frames[0], (CGRect{{0, 0}, {375, 44}}));
 }
@@ -302,31 +267,25 @@ TEST_F(ShownSurfaces, TheFormsBarIsAsWideAsTheKeyboard) {
 // ---- Page ----
 
 TEST_F(ShownSurfaces, ThePageIsOfNotesByDefault) {
-    auto keyboard = request();
-    const std::string unsaid = picture_of(keyboard);
-    keyboard.background = "notes";
-    EXPECT_EQ(picture_of(keyboard), unsaid);
-    for (const char* other : {"light", "busy"}) {
-        keyboard.background = other;
-        EXPECT_NE(picture_of(keyboard), unsaid) << other;
-    }
+    const std::string unsaid = picture_of({});
+    EXPECT_EQ(picture_of({.background = "notes"}), unsaid);
+    for (const char* other : {"light", "busy"}) EXPECT_NE(picture_of({.background = other}), unsaid) << other;
 }
 
 TEST_F(ShownSurfaces, APageThatDoesNotExistIsNamedWithThoseThatDo) {
-    auto keyboard = request();
-    keyboard.background = "dark";
-    EXPECT_EQ(sim_show_keyboard(&keyboard), SIM_NOT_FOUND);
+    EXPECT_EQ(requested({.background = "dark"}), SIM_NOT_FOUND);
     EXPECT_STREQ(sim_last_error(),
                  "sim_show_keyboard: no background is called \"dark\"; there are notes, light, busy");
 }
 
 TEST_F(ShownSurfaces, ACallerThatDoesNotKnowTheseMembersGetsNoneOfThem) {
-    auto keyboard = request();
-    const std::string plain = picture_of(keyboard);
-    keyboard.split = keyboard.switcher = keyboard.form_accessory = true;
-    keyboard.background = "busy";
+    const std::string plain = picture_of({});
+    sim_keyboard keyboard =
+        KeyboardRequest{.split = true, .switcher = true, .form_accessory = true, .background = "busy"}
+            .keyboard();
     keyboard.size = offsetof(sim_keyboard, split);
-    EXPECT_EQ(picture_of(keyboard), plain);
+    ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
+    EXPECT_EQ(picture(), plain);
 }
 
 }  // namespace

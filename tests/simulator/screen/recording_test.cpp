@@ -6,6 +6,7 @@
 #include "animation.h"
 #include "platform/animation.h"
 #include "platform/uikit.h"
+#include "support/keyboard_request.h"
 #include "support/phone.h"
 
 namespace test {
@@ -147,10 +148,7 @@ TEST_F(Recording, EndsOfAnimationsAreHeardAtTheirTime) {
 
 TEST_F(Recording, KeepsTheSizeOfItsFirstPicture) {
     start();
-    sim_keyboard keyboard{};
-    keyboard.size = sizeof keyboard;
-    keyboard.landscape = true;
-    ASSERT_EQ(sim_show_keyboard(&keyboard), SIM_OK) << sim_last_error();
+    show_keyboard({.landscape = true});
     wait(0.125);
     const Animation recorded = stop();
     EXPECT_EQ(recorded.width, 375);
