@@ -5,7 +5,7 @@
 extern "C" {
 int posix_spawn(int* process, const char* path, const void* file_actions, const void* attributes,
                 char* const arguments[], char* const environment[]);
-void* dlopen(const char* path, int mode);
+void* dlopen(const char*, int);
 }
 
 namespace {

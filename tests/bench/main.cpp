@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <span>
 
 #include "measuring/check.h"
@@ -111,27 +112,25 @@ int run(const Request& request) {
 
 }  // namespace bench
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
     bench::Request request;
     CLI::App command("Measures, in ratios.", "bench");
     command.add_option("SUBJECT", request.subjects)->check(CLI::IsMember(bench::subject_names()));
     command.add_flag("--json", request.json);
     command.add_option("--compare", request.compared_with);
     command.add_option("--page", request.page);
-    try {
-        command.parse(argc, argv);
-        objc::adopt_strings();
-        setenv("HUECRAFT_LIBRARY", HUECRAFT_DYLIB, 0);
-        if (access("/dev/shm", W_OK) == 0) setenv("TMPDIR", "/dev/shm", 0);  // no disk is to be measured
-        return bench::run(request);
-    } catch (const CLI::CallForHelp&) {
-        std::puts("see ./dev bench --help");
-        return 0;
-    } catch (const CLI::ParseError& error) {
-        std::fprintf(stderr, "bench: %s (see ./dev bench --help)\n", error.what());
-        return 2;
-    } catch (const bench::UnreadableRun& error) {
-        std::fprintf(stderr, "bench: %s\n", error.what());
-        return 2;
-    }
+    command.parse(argc, argv);
+    objc::adopt_strings();
+    setenv("HUECRAFT_LIBRARY", HUECRAFT_DYLIB, 0);
+    if (access("/dev/shm", W_OK) == 0) setenv("TMPDIR", "/dev/shm", 0);  // no disk is to be measured
+    return bench::run(request);
+} catch (const CLI::CallForHelp&) {
+    std::puts("see ./dev bench --help");
+    return 0;
+} catch (const CLI::ParseError& error) {
+    std::fprintf(stderr, "bench: %s (see ./dev bench --help)\n", error.what());
+    return 2;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "bench: %s\n", error.what());
+    return 2;
 }

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <fstream>
 #include <map>
@@ -162,7 +163,7 @@ TEST_P(Corpus, ReadsAsItAlwaysDid) {
 
 TEST_P(Corpus, LooksAsItAlwaysDid) {
     constexpr double width = 120, height = 81, columns = 6;
-    const auto rows = static_cast<double>((files.size() + 5) / 6);
+    const double rows = std::ceil(static_cast<double>(files.size()) / columns);
     id preview = objc::send<"sharedInstance", id>(class_named("HCPreview"));
     UIGraphicsBeginImageContextWithOptions({columns * width, rows * height}, false, 1.0);
     color(1, 1, 1)->setFill();

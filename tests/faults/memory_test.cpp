@@ -62,9 +62,9 @@ extern "C" {
     return granted<CGImageRef>("CGBitmapContextCreateImage", context);
 }
 [[gnu::visibility("default")]] CGGradientRef CGGradientCreateWithColors(CGColorSpaceRef space,
-                                                                        NSArray* colours,
+                                                                        NSArray* colors,
                                                                         const CGFloat* locations) {
-    return granted<CGGradientRef>("CGGradientCreateWithColors", space, colours, locations);
+    return granted<CGGradientRef>("CGGradientCreateWithColors", space, colors, locations);
 }
 }
 

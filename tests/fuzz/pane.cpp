@@ -244,7 +244,7 @@ void expect_whole() {
     NSDictionary* kept = dictionary_in(phone.host(test::preference_file));
     EXPECT_NE(kept, nullptr);
     EXPECT_EQ(test::utf8(kept->objectForKey(text("kept"))), "yes");
-    if (id chosen = kept->objectForKey(text("_Config")); chosen && test::utf8(chosen) != "")
+    if (id chosen = kept->objectForKey(text("_Config")); chosen && !test::utf8(chosen).empty())
         EXPECT_TRUE(phone.exists(test::in_themes(test::utf8(chosen)))) << test::utf8(chosen);
 }
 

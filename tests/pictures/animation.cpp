@@ -155,8 +155,10 @@ double Animation::seconds() const {
 }
 
 const AnimationFrame& Animation::at(double seconds) const {
-    for (const AnimationFrame& frame : frames)
-        if ((seconds -= frame.seconds) < 0) return frame;
+    for (const AnimationFrame& frame : frames) {
+        seconds -= frame.seconds;
+        if (seconds < 0) return frame;
+    }
     return frames.back();
 }
 

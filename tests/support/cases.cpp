@@ -156,7 +156,7 @@ std::string ending(int status, const Settings& settings) {
 }
 
 void print_output(const Case& one) {
-    std::rewind(one.output);
+    std::fseek(one.output, 0, SEEK_SET);
     char bytes[4096];
     while (const size_t count = std::fread(bytes, 1, sizeof bytes, one.output))
         std::fwrite(bytes, 1, count, stdout);

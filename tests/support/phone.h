@@ -102,7 +102,7 @@ class Phone {
         std::optional<sim_process> process = {};
         bool unsigned_answers = false;
     };
-    void boot(const Options& options);
+    void boot(const Options& wanted);
     void boot() { boot(Options{}); }
     /// Loads the build under test; its initializers run.
     void load();

@@ -54,7 +54,7 @@ std::string png_head(size_t width, size_t height, int depth, int colour) {
 /// A picture with compressed texts behind its header.
 std::string png_with_texts(int count) {
     const std::string png = png_of(sample(40, 40, [](int x, int) { return Rgb{x, x, x}; }));
-    const std::string nothing = "\x78\x9c\x03\x00" + std::string("\0\0\0\1", 4);
+    const std::string nothing = std::string("\x78\x9c\x03\0\0\0\0\1", 8);
     constexpr size_t header = 33;
     std::string texts;
     for (int i = 0; i < count; ++i) texts += png_chunk("zTXt", std::string("k\0\0", 3) + nothing);

@@ -122,9 +122,10 @@ std::string Cases::first_that_fails(const Judges& judges, const std::vector<Aske
     for (auto next = all.begin(); next != all.end();) {
         // One start of a program is enough for what follows one another.
         Asked asked = *next;
-        while (++next != all.end() && next->program == asked.program && !asked.filter.empty() &&
-               !next->filter.empty())
+        for (++next; next != all.end() && next->program == asked.program; ++next) {
+            if (asked.filter.empty() || next->filter.empty()) break;
             asked.filter += ":" + next->filter;
+        }
         const std::string failing = first_that_fails(judges, asked);
         if (failing.empty()) continue;
         // "<program> <case>", and why, if a signal ended it

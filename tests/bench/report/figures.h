@@ -34,6 +34,6 @@ std::string json_of(const Measurements&);
 struct UnreadableRun : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
-Measurements read_run(const std::filesystem::path& json);
+Measurements read_run(const std::filesystem::path& file);
 
 }  // namespace bench

@@ -166,7 +166,7 @@ TEST_F(Photo, DimmedAndBlurred) {
     const Sample blurred = kept(png_of(corners()), {"--blur", "10"});
     expect_near(blurred.at(40, 40), red);
     const Rgb middle = blurred.at(310, 100);
-    EXPECT_NEAR(middle[0], (red[0] + green[0]) / 2, 20);
+    EXPECT_NEAR(middle[0], (red[0] + green[0]) / 2.0, 20);
 }
 
 TEST_F(Photo, ADamagedPhotoIsNamed) {
