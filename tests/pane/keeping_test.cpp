@@ -42,6 +42,15 @@ class Keeping : public SettingsPage {
         tap("Add");
         tap("From the Pasteboard");
     }
+    /// The sheet of a theme whose file breaks while it is open.
+    void act_on_what_breaks(const std::string& action) {
+        put_theme(phone, "Mine.plist", "Mine");
+        open();
+        tap("Edit");
+        choose_row(0, own_section);
+        phone.write(in_themes("Mine.plist"), "{ broken");
+        tap(action);
+    }
     std::string title(NSInteger row) { return utf8(cell(row, own_section)->textLabel()->text()); }
     Names files() const { return phone.exists(theme_folder) ? names_in(phone, theme_folder) : Names{}; }
     static std::string name_in(const std::string& file) { return Configuration::from_file(file).name(); }
@@ -250,23 +259,13 @@ TEST_F(Keeping, RenamingWhatIsGoneSaysSoAndTakesItOffTheList) {
 }
 
 TEST_F(Keeping, SharingWhatBrokeMeanwhileSaysWhy) {
-    put_theme(phone, "Mine.plist", "Mine");
-    open();
-    tap("Edit");
-    choose_row(0, own_section);
-    phone.write(in_themes("Mine.plist"), "{ broken");
-    tap("Share");
+    act_on_what_breaks("Share");
     EXPECT_TRUE(is_on_screen("This theme cannot be used."));
     EXPECT_EQ(utf8(cell(0, own_section)->detailTextLabel()->text()), "The file is not a property list.");
 }
 
 TEST_F(Keeping, CopyingWhatBrokeMeanwhileSaysWhy) {
-    put_theme(phone, "Mine.plist", "Mine");
-    open();
-    tap("Edit");
-    choose_row(0, own_section);
-    phone.write(in_themes("Mine.plist"), "{ broken");
-    tap("Copy as Text");
+    act_on_what_breaks("Copy as Text");
     EXPECT_TRUE(is_on_screen("This theme cannot be used."));
     EXPECT_FALSE(UIPasteboard::generalPasteboard()->string()) << "nothing was copied";
 }
