@@ -166,10 +166,15 @@ int try_mutants(const Request& request) {
     return survived || (!request.list && tried < all.size()) ? 1 : 0;
 }
 
+int refuse(const char* what) {
+    std::fprintf(stderr, "mutate: %s (see ./dev mutate --help)\n", what);
+    return 2;
+}
+
 }  // namespace
 }  // namespace mutate
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
     mutate::Request request;
     CLI::App app;
     app.set_help_flag();  // ./dev has the help
@@ -179,20 +184,12 @@ int main(int argc, char** argv) {
     app.add_option("--seed", request.seed);
     app.add_flag("--list", request.list);
     app.add_option("files", request.wanted);
-    const auto refuse = [](const std::string& what) {
-        std::fprintf(stderr, "mutate: %s (see ./dev mutate --help)\n", what.c_str());
-        return 2;
-    };
-    try {
-        app.parse(argc, argv);
-        std::error_code none;
-        request.root = std::filesystem::canonical(request.root, none);
-        request.build = std::filesystem::canonical(request.build, none);
-        mutate::notice_interruptions();
-        return mutate::try_mutants(request);
-    } catch (const CLI::ParseError& error) {
-        return refuse(error.what());
-    } catch (const std::exception& failure) {
-        return refuse(failure.what());
-    }
+    app.parse(argc, argv);
+    std::error_code none;
+    request.root = std::filesystem::canonical(request.root, none);
+    request.build = std::filesystem::canonical(request.build, none);
+    mutate::notice_interruptions();
+    return mutate::try_mutants(request);
+} catch (const std::exception& error) {
+    return mutate::refuse(error.what());
 }
