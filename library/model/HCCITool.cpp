@@ -10,34 +10,21 @@ namespace {
 
 using objc::strong;
 
-/// Reads a string's UTF-16 units in order, a chunk at a time, so that no text is copied whole. There is a
-/// unit to peek at after `at_end` has said no.
-class Units {
-  public:
-    explicit Units(NSString* text) : text_(text), length_(text->length()) {}
-
-    bool at_end() { return next_ == loaded_ && !load(); }
-    char16_t peek() const { return *next_; }
-    void advance() { ++next_; }
-    NSUInteger length() const { return length_; }
-
-  private:
-    bool load() {
-        const NSUInteger left = length_ - read_, count = left < chunk_size ? left : chunk_size;
-        if (!count) return false;
-        text_->getCharacters(chunk_, {read_, count});
-        read_ += count;
-        next_ = chunk_;
-        loaded_ = chunk_ + count;
-        return true;
+/// Calls `visit` with each UTF-16 unit of the text, whose length the caller knows, until it answers false. A
+/// chunk is read at a time, so that no text is copied whole. Whether all units were visited.
+template <class Visit>
+bool each_unit(NSString* text, NSUInteger length, Visit visit) {
+    constexpr NSUInteger chunk_size = 32;
+    char16_t chunk[chunk_size];
+    for (NSUInteger read = 0; read < length;) {
+        const NSUInteger left = length - read, count = left < chunk_size ? left : chunk_size;
+        text->getCharacters(chunk, {read, count});
+        read += count;
+        for (NSUInteger i = 0; i < count; ++i)
+            if (!visit(chunk[i])) return false;
     }
-
-    static constexpr NSUInteger chunk_size = 32;
-    NSString* text_;
-    NSUInteger length_, read_ = 0;
-    const char16_t *next_ = nullptr, *loaded_ = nullptr;
-    char16_t chunk_[chunk_size];
-};
+    return true;
+}
 
 /// The value of a hexadecimal digit, or -1.
 constexpr int digit_value(char16_t unit) {
@@ -86,29 +73,25 @@ struct ColorAndImageTool : objc::Implements<ColorAndImageTool, HCCITool> {
     // ---- Hex texts ------------------------------------------------------------------------------
 
     static uint32_t intFromString(Class, NSString* text) {
-        Units units(text);
-        const bool room_for_hash = units.length() == 7 || units.length() == 9;
-        auto skipped = [&](char16_t unit) { return room_for_hash ? unit == '#' : is_space(unit); };
-        while (!units.at_end() && skipped(units.peek())) units.advance();
-
-        if (!units.at_end() && units.peek() == '0') {  // alone, or of "0x1F"
-            units.advance();
-            if (!units.at_end() && (units.peek() | 0x20) == 'x') units.advance();
-        }
+        const NSUInteger length = text->length();
+        const bool room_for_hash = length == 7 || length == 9;
         uint64_t value = 0;
-        for (; !units.at_end(); units.advance()) {
-            const int digit = digit_value(units.peek());
-            if (digit < 0) break;
-            value = value << 4 | static_cast<unsigned>(digit);
-            if (value > UINT32_MAX) return UINT32_MAX;
-        }
-        return static_cast<uint32_t>(value);
+        NSUInteger digits = 0;
+        each_unit(text, length, [&](char16_t unit) {
+            if (const int digit = digit_value(unit); digit >= 0) {
+                ++digits;
+                value = value << 4 | static_cast<unsigned>(digit);
+                return value <= UINT32_MAX;
+            }
+            if (digits == 0) return room_for_hash ? unit == '#' : is_space(unit);
+            return digits++ == 1 && value == 0 && (unit | 0x20) == 'x';  // of "0x1F"
+        });
+        return value > UINT32_MAX ? UINT32_MAX : static_cast<uint32_t>(value);
     }
 
     static bool isValidHexColorLetter(Class, NSString* text) {
-        for (Units units(text); !units.at_end(); units.advance())
-            if (units.peek() != '#' && digit_value(units.peek()) < 0) return false;
-        return true;
+        return each_unit(text, text->length(),
+                         [](char16_t unit) { return unit == '#' || digit_value(unit) >= 0; });
     }
 
     static bool isValidHexColorString(Class, NSString* text) {

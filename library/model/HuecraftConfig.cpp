@@ -1,6 +1,7 @@
 #include "model/HuecraftConfig.h"
 
 #include "model/HCCITool.h"
+#include "model/collected.h"
 #include "model/config_error.h"
 #include "model/property_list_file.h"
 #include "objc/class.h"
@@ -116,12 +117,11 @@ struct Theme : objc::Implements<Theme, HuecraftConfig> {
     }
 
     NSArray* getColors() {
-        auto* strings = as<NSArray>(value("_Colors"_ns));
-        NSMutableArray* colours = NSMutableArray::arrayWithCapacity(strings->count());
-        objc::for_each<NSObject>(strings, [&](NSObject* entry) {
-            if (UIColor* colour = colour_of(entry)) colours->addObject(colour);
+        Collected colours;
+        objc::for_each<NSObject>(as<NSArray>(value("_Colors"_ns)), [&](NSObject* entry) {
+            if (UIColor* colour = colour_of(entry)) colours.add(colour);
         });
-        return colours->count() ? NSArray::arrayWithArray(colours) : nullptr;
+        return colours.is_empty() ? nullptr : colours.array();
     }
 
     UIImage* getImage() {

@@ -20,10 +20,10 @@ struct ColouredBackdrop : objc::Implements<ColouredBackdrop, _UIBackdropColoured
     strong<_UIBackdropColouredView> initWithStyle(NSInteger style, UIColor* colour) {
         auto self = initialised_by_super<"initWithStyle:">(style);
         if (!self) return nullptr;
-        strong<UIView> content = UIView::alloc()->initWithFrame({});
+        auto& content = self->ivars().colouredView;
+        content = UIView::alloc()->initWithFrame({});
         content->setBackgroundColor(colour);
         set_up_content_view(content);
-        self->ivars().colouredView = content;
         put_in_front(self, content);
         return self;
     }

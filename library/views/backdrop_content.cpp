@@ -4,8 +4,9 @@ using namespace objc::literals;
 
 void set_up_content_view(UIView* content) {
     content->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-    content->layer()->setShouldRasterize(true);
-    content->layer()->setRasterizationScale(UIScreen::mainScreen()->scale());
+    CALayer* layer = content->layer();
+    layer->setShouldRasterize(true);
+    layer->setRasterizationScale(UIScreen::mainScreen()->scale());
     content->setOpaque(true);
 }
 

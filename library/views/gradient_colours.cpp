@@ -1,11 +1,12 @@
 #include "views/gradient_colours.h"
 
+#include "model/collected.h"
 #include "objc/fast_enumeration.h"
 
 NSArray* gradient_layer_colours(NSArray* colours) {
-    NSMutableArray* core_colours = NSMutableArray::arrayWithCapacity(colours->count() + 1);
+    Collected core_colours;
     objc::for_each<UIColor>(
-        colours, [&](UIColor* colour) { core_colours->addObject(reinterpret_cast<id>(colour->CGColor())); });
-    if (core_colours->count() == 1) core_colours->addObject(core_colours->objectAtIndex(0));
-    return NSArray::arrayWithArray(core_colours);
+        colours, [&](UIColor* colour) { core_colours.add(reinterpret_cast<id>(colour->CGColor())); });
+    if (core_colours.is_single()) core_colours.add(core_colours.last());
+    return core_colours.array();
 }

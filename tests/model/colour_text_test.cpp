@@ -144,6 +144,13 @@ TEST_F(ColourText, TheScanReadsAPrefixedNumber) {
     EXPECT_EQ(scanned("0xFF"), 0xFFu);
     EXPECT_EQ(scanned("0X1f"), 0x1Fu);
     EXPECT_EQ(scanned("00xF"), 0u);
+    EXPECT_EQ(scanned("0xxF"), 0u);
+    EXPECT_EQ(scanned("0xAxF"), 0xAu);
+    EXPECT_EQ(scanned("1xF"), 1u);
+    EXPECT_EQ(scanned("xF"), 0u);
+    EXPECT_EQ(scanned("0"), 0u);
+    EXPECT_EQ(scanned(std::string(40, ' ') + "0xF"), 0xFu) << "long ones are read in pieces";
+    EXPECT_EQ(scanned(std::string(31, ' ') + "0xF"), 0xFu) << "also where they part the prefix";
 }
 
 TEST_F(ColourText, TheScanOverflowsToAllBits) {

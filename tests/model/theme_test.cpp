@@ -103,6 +103,23 @@ TEST_F(Theme, AStringBeyond32BitsReadsAsTheLargestInteger) {
     EXPECT_EQ(theme.background_type(), 2147483647u);
 }
 
+TEST_F(Theme, AsManyColoursAsAreStoredAreReadInOrder) {
+    // Few are collected on the stack, many are not.
+    std::string xml;
+    std::vector<Rgba> expected;
+    for (int i = 1; i <= 40; ++i) {
+        char hex[8];
+        std::snprintf(hex, sizeof hex, "#0000%02X", i);
+        xml += "<string>" + std::string(hex) + "</string>";
+        expected.push_back({0, 0, i / 255.0, 1});
+        const auto theme = holding("<key>_Colors</key><array>" + xml + "</array>");
+        EXPECT_EQ(colours_of(theme), expected) << i;
+        EXPECT_EQ(raised_by([&] { objc::send<"addObject:">(theme.colours(), id(color(1, 0, 0))); }),
+                  "NSInvalidArgumentException")
+            << "the list cannot be changed";
+    }
+}
+
 TEST_F(Theme, NonStringColoursAreLeftOutAndInvalidOnesAreTransparent) {
     auto theme = holding(
         "<key>_Colors</key><array><string>#FF0000</string><integer>5</integer><string>zz</string></array>");

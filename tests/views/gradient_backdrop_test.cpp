@@ -84,6 +84,19 @@ TEST_F(GradientBackdrop, ItsColoursAreEvenlySpacedInOrder) {
     EXPECT_EQ(layer(backdrop)->locations(), nullptr);
 }
 
+TEST_F(GradientBackdrop, ItTakesAsManyColoursAsThereAre) {
+    id backdrop = with_style("_UIBackdropGradientView");
+    std::vector<id> colours;
+    std::vector<Rgba> expected;
+    while (colours.size() < 40) {
+        expected.push_back({0, 0, static_cast<double>(colours.size()) / 40, 1});
+        colours.push_back(color(0, 0, expected.back().blue));
+        if (colours.size() == 1) continue;
+        objc::send<"setColors:">(backdrop, array(colours));
+        EXPECT_EQ(colours_of(layer(backdrop)), expected);
+    }
+}
+
 TEST_F(GradientBackdrop, OneColourIsListedTwice) {
     id backdrop = with_style("_UIBackdropGradientView");
     objc::send<"setColors:">(backdrop, array({color(1, 0, 0)}));

@@ -1,10 +1,12 @@
-// Building a backdrop view in three ways.
+// Building a backdrop view in four ways.
 #include "backdrop_views.h"
 
 #include <array>
 #include <utility>
 #include <vector>
 
+#include "least_backdrop.h"
+#include "least_classes.h"
 #include "objc/fast_enumeration.h"
 #include "objc/string.h"
 #include "objc/strong.h"
@@ -20,7 +22,7 @@ namespace {
 using ColourText = std::array<char16_t, 7>;  // "#RRGGBB"
 
 constexpr CGRect frame{{0, 0}, {375, 260}};
-constexpr NSInteger system_style = 0, themed_style = 2;
+constexpr NSInteger system_style = 0;
 
 using Init = UIKBBackdropView* (*)(UIKBBackdropView*, SEL, CGRect, NSInteger);
 Init init_without_hook = nullptr;
@@ -90,17 +92,21 @@ UIColor* colour_of(NSObject* entry) {
     return UIColor::colorWithRGB(0.2, 0.4, 0.6, 1.0);
 }
 
+constexpr NSUInteger few = 8;  // more than the theme has
+
 NSArray* colours() {
-    auto* texts = as<NSArray>(values->objectForKey("_Colors"_ns));
-    NSMutableArray* colours = NSMutableArray::arrayWithCapacity(texts->count());
-    objc::for_each<NSObject>(texts, [&](NSObject* entry) { colours->addObject(colour_of(entry)); });
-    return colours->count() ? NSArray::arrayWithArray(colours) : nullptr;
+    id colours[few];
+    NSUInteger count = 0;
+    objc::for_each<NSObject>(as<NSArray>(values->objectForKey("_Colors"_ns)),
+                             [&](NSObject* entry) { colours[count++] = colour_of(entry); });
+    return NSArray::arrayWithObjects(colours, count);
 }
 
 void set_up(UIView* content) {
     content->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-    content->layer()->setShouldRasterize(true);
-    content->layer()->setRasterizationScale(UIScreen::mainScreen()->scale());
+    CALayer* layer = content->layer();
+    layer->setShouldRasterize(true);
+    layer->setRasterizationScale(UIScreen::mainScreen()->scale());
     content->setOpaque(true);
 }
 
@@ -115,9 +121,18 @@ void switch_off_animations(CALayer* layer) {
     layer->setActions(no_actions);
 }
 
+/// Whether the view that is put in is of a class that keeps what it shows in variables, or the system's.
+enum class Keeping { nothing, content };
+
+template <Keeping keeping, class Variables>
+strong<_UIBackdropView> make_view() {
+    if constexpr (keeping == Keeping::content) return ClassOf<Variables>::make();
+    return _UIBackdropView::alloc()->initWithStyle(themed_style);
+}
+
+template <Keeping keeping>
 UIView* flat_view(NSArray* colours) {
-    strong<_UIBackdropView> themed =
-        _UIBackdropView::alloc()->send<"initWithStyle:", strong<_UIBackdropView>>(themed_style);
+    auto themed = make_view<keeping, Coloured>();
     strong<UIView> content = UIView::alloc()->initWithFrame({});
     content->setBackgroundColor(UIColor::clearColor());
     set_up(content);
@@ -125,6 +140,8 @@ UIView* flat_view(NSArray* colours) {
     switch_off_animations(content->layer());
     colours->count();
     content->setBackgroundColor(static_cast<UIColor*>(colours->objectAtIndex(0)));
+    if constexpr (keeping == Keeping::content)
+        ClassOf<Coloured>::variables(themed).content = std::move(content);
     return std::move(themed).autoreleased();
 }
 
@@ -133,9 +150,9 @@ void give_points(CAGradientLayer* layer) {
     layer->setEndPoint({0, 1});
 }
 
+template <Keeping keeping>
 UIView* gradient_view(NSArray* colours) {
-    strong<_UIBackdropView> themed =
-        _UIBackdropView::alloc()->send<"initWithStyle:", strong<_UIBackdropView>>(themed_style);
+    auto themed = make_view<keeping, Gradient>();
     strong<UIView> content = UIView::alloc()->initWithFrame({});
     content->setBackgroundColor(UIColor::clearColor());
     set_up(content);
@@ -148,11 +165,13 @@ UIView* gradient_view(NSArray* colours) {
     number("_GradientDirection"_ns);
     give_points(layer);
     colours->count();
-    NSMutableArray* core_colours = NSMutableArray::arrayWithCapacity(colours->count() + 1);
+    id core_colours[few];
+    NSUInteger count = 0;
     objc::for_each<UIColor>(
-        colours, [&](UIColor* colour) { core_colours->addObject(reinterpret_cast<id>(colour->CGColor())); });
-    core_colours->count();
-    layer->setColors(NSArray::arrayWithArray(core_colours));
+        colours, [&](UIColor* colour) { core_colours[count++] = reinterpret_cast<id>(colour->CGColor()); });
+    layer->setColors(NSArray::arrayWithObjects(core_colours, count));
+    if constexpr (keeping == Keeping::content)
+        ClassOf<Gradient>::variables(themed) = {std::move(content), std::move(layer), true};
     return std::move(themed).autoreleased();
 }
 
@@ -168,11 +187,13 @@ void a_hundred_times() {
     }
 }
 
+template <Keeping keeping>
 void theme_by_hand(UIKBBackdropView* backdrop) {
     backdrop->setBackgroundColor(UIColor::clearColor());
     NSArray* colours = bench::colours();
     number("_BackgroundType"_ns);
-    UIView* themed = background == Background::flat ? flat_view(colours) : gradient_view(colours);
+    UIView* themed =
+        background == Background::flat ? flat_view<keeping>(colours) : gradient_view<keeping>(colours);
     constexpr uintptr_t retain_nonatomic = 1;
     objc_setAssociatedObject(backdrop, &active_view_key, themed, retain_nonatomic);
     objc_autorelease(objc_retain(objc_getAssociatedObject(backdrop, &active_view_key)));
@@ -187,6 +208,7 @@ void know_system() {
     init_without_hook = reinterpret_cast<Init>(class_getMethodImplementation(
         UIKBBackdropView::class_object(), objc::selector<"initWithFrame:style:">()));
     doing_nothing = make_class_that_does_nothing(std::make_index_sequence<sends_allowed>());
+    make_least_classes();
 }
 
 void know_theme(Background wanted, NSMutableDictionary* theme) {
@@ -205,7 +227,12 @@ strong<UIKBBackdropView> themed_view() {
 strong<UIKBBackdropView> unthemed_view() { return unthemed(); }
 strong<UIKBBackdropView> view_themed_by_hand() {
     strong<UIKBBackdropView> backdrop = unthemed();
-    theme_by_hand(backdrop);
+    theme_by_hand<Keeping::nothing>(backdrop);
+    return backdrop;
+}
+strong<UIKBBackdropView> view_themed_with_the_least() {
+    strong<UIKBBackdropView> backdrop = unthemed();
+    theme_with_the_least(backdrop, values);
     return backdrop;
 }
 strong<UIKBBackdropView> view_themed_by_hand_with_sends() {
@@ -214,7 +241,8 @@ strong<UIKBBackdropView> view_themed_by_hand_with_sends() {
     return backdrop;
 }
 strong<UIKBBackdropView> view_themed_by_hand_with_what_must_be() {
-    strong<UIKBBackdropView> backdrop = view_themed_by_hand();
+    strong<UIKBBackdropView> backdrop = unthemed();
+    theme_by_hand<Keeping::content>(backdrop);
     send_each(std::make_index_sequence<sends_allowed>(), sends_that_must_be);
     for (const auto& text : texts) read_digits(text);
     return backdrop;
@@ -223,6 +251,7 @@ strong<UIKBBackdropView> view_themed_by_hand_with_what_must_be() {
 void build_themed_views() { a_hundred_times<themed_view>(); }
 void build_unthemed_views() { a_hundred_times<unthemed_view>(); }
 void build_views_by_hand() { a_hundred_times<view_themed_by_hand>(); }
+void build_views_with_the_least() { a_hundred_times<view_themed_with_the_least>(); }
 void build_views_by_hand_with_what_must_be() { a_hundred_times<view_themed_by_hand_with_what_must_be>(); }
 void build_views_by_hand_and_send() { a_hundred_times<view_themed_by_hand_with_sends>(); }
 

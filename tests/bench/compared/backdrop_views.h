@@ -1,6 +1,7 @@
-// Building a backdrop view: themed by the library, as the system has it, and with the theme's operations of
-// the system carried out by hand. In a library of its own, from which sends take as long as from the one that
-// is measured: a processor takes longer to jump from a program into a library than between libraries.
+// Building a backdrop view: themed by the library, as the system has it, with the theme's operations of the
+// system carried out by hand, and with the least that comes to the same view. In a library of its own, from
+// which sends take as long as from the one that is measured: a processor takes longer to jump from a program
+// into a library than between libraries.
 #pragma once
 #include "objc/strong.h"
 #include "platform/keyboard.h"
@@ -28,15 +29,19 @@ objc::strong<UIKBBackdropView> unthemed_view();
 /// same order: reading the theme's values, making the colours and the view that is put in. The library's own
 /// methods are left out.
 objc::strong<UIKBBackdropView> view_themed_by_hand();
-/// The same and `sends_allowed` sends, each to another method that does nothing.
+/// Unthemed, and then the least that themes it.
+objc::strong<UIKBBackdropView> view_themed_with_the_least();
+/// By hand and `sends_allowed` sends, each to another method that does nothing.
 objc::strong<UIKBBackdropView> view_themed_by_hand_with_sends();
-/// The same with as many sends as the library makes, and the digits of the theme's colours read.
+/// By hand with what the library cannot do without for itself: a class that keeps what it shows, as many
+/// sends, and the digits of the theme's colours.
 objc::strong<UIKBBackdropView> view_themed_by_hand_with_what_must_be();
 
 // A hundred of each, one after the other.
 void build_themed_views();
 void build_unthemed_views();
 void build_views_by_hand();
+void build_views_with_the_least();
 void build_views_by_hand_and_send();
 void build_views_by_hand_with_what_must_be();
 

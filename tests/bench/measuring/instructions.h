@@ -1,6 +1,7 @@
 // Instructions, counted by callgrind: the same on a busy machine as on an idle one.
 #pragma once
 #include <string>
+#include <vector>
 
 #include "support/phone.h"
 
@@ -13,5 +14,10 @@ enum class Work { loading, showing_a_keyboard };
 /// instructions for SHA-256 that processors have, and takes twenty times as many.
 size_t instructions_of(Work work, const std::string& library, const test::Phone& phone,
                        const char* executable = test::notes);
+
+/// Those of a program among the counted ones, in each of the functions and all that they call; but while a
+/// function calls one that is named after it, none.
+size_t instructions_in(const std::vector<std::string>& functions, const std::string& program,
+                       const std::vector<std::string>& arguments);
 
 }  // namespace bench
