@@ -43,7 +43,7 @@ TEST_F(ColorPicker, TheSlidersHearAColourInOrder) {
     MSHookMessageEx(objc_getClass("HCColorSlider"), sel_registerName("minMaxOfColor:"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector, id color) {
                         order.push_back(self);
-                        reinterpret_cast<void (*)(id, SEL, id)>(previous)(self, selector, color);
+                        call(previous, self, selector, color);
                     }),
                     &previous);
     update(color(1, 0, 0));

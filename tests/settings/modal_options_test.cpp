@@ -41,7 +41,7 @@ TEST_F(ModalOptions, WithoutAnObjectThereAreNone) {
     MSHookMessageEx(objc_getClass("NSObject"), sel_registerName("init"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector) -> id {
                         if (object_getClass(self) != objc_getClass("HCModalOptions"))
-                            return reinterpret_cast<id (*)(id, SEL)>(previous)(self, selector);
+                            return call<id>(previous, self, selector);
                         objc_release(self);
                         return nullptr;
                     }),

@@ -245,8 +245,7 @@ TEST_F(RecordingOnOtherSystems, TheOlderWriteIsUsedOnIos10) {
                     sel_registerName("writeToFile:atomically:"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector, id path, int atomic) -> int {
                         atomically = atomic & 0xff;
-                        return reinterpret_cast<int (*)(id, SEL, id, int)>(previous)(self, selector, path,
-                                                                                     atomic);
+                        return call<int>(previous, self, selector, path, atomic);
                     }),
                     &previous);
     confirm("#FF0000");
@@ -267,14 +266,14 @@ TEST_F(Recording, TheWriteToAUrlIsUsedOnIos12AndAskedForNoError) {
     static std::string file;
     static bool asks_for_error = true;
     static IMP previous = nullptr;
-    MSHookMessageEx(
-        object_getClass(part<"recentColorDictionary", NSObject>()), sel_registerName("writeToURL:error:"),
-        reinterpret_cast<IMP>(+[](id self, SEL selector, id url, id* error) -> int {
-            file = utf8(objc::send<"path", id>(url));
-            asks_for_error = error != nullptr;
-            return reinterpret_cast<int (*)(id, SEL, id, id*)>(previous)(self, selector, url, error);
-        }),
-        &previous);
+    MSHookMessageEx(object_getClass(part<"recentColorDictionary", NSObject>()),
+                    sel_registerName("writeToURL:error:"),
+                    reinterpret_cast<IMP>(+[](id self, SEL selector, id url, id* error) -> int {
+                        file = utf8(objc::send<"path", id>(url));
+                        asks_for_error = error != nullptr;
+                        return call<int>(previous, self, selector, url, error);
+                    }),
+                    &previous);
     confirm("#FF0000");
     EXPECT_EQ(file, recent_file);
     EXPECT_FALSE(asks_for_error);

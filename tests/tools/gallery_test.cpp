@@ -12,7 +12,7 @@
 #include <thread>
 
 #include "command_run.h"
-#include "gallery/page.h"
+#include "gallery/parsed_page.h"
 #include "png.h"
 
 namespace test {

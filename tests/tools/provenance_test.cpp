@@ -5,7 +5,7 @@
 #include <map>
 
 #include "command_run.h"
-#include "gallery/page.h"
+#include "gallery/parsed_page.h"
 #include "png.h"
 
 namespace test {

@@ -165,7 +165,7 @@ TEST_F(FilledView, ABlurLiesBelowAllOtherSubviews) {
     MSHookMessageEx(objc_getClass("_UIBackdropView"), sel_registerName("initWithStyle:"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector, NSInteger wanted) -> id {
                         style = wanted;
-                        return reinterpret_cast<id (*)(id, SEL, NSInteger)>(previous)(self, selector, wanted);
+                        return call<id>(previous, self, selector, wanted);
                     }),
                     &previous);
     auto child = plain();

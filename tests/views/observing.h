@@ -17,7 +17,7 @@ void observe(Class observed) {
     static IMP previous = nullptr;
     IMP noting = reinterpret_cast<IMP>(+[](id self, SEL selector, Arguments... arguments) -> Result {
         heard.emplace_back(Selector.text);
-        return reinterpret_cast<Result (*)(id, SEL, Arguments...)>(previous)(self, selector, arguments...);
+        return call<Result>(previous, self, selector, arguments...);
     });
     MSHookMessageEx(observed, sel_registerName(Selector.text), noting, &previous);
     ASSERT_NE(previous, nullptr) << class_getName(observed) << " " << Selector.text;

@@ -60,25 +60,25 @@ TEST_F(Preview, IsMadeInOrder) {
     MSHookMessageEx(object_getClass(class_named("UIImage")), sel_registerName("imageWithContentsOfFile:"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector, NSString* path) -> id {
                         made.push_back(utf8(path));
-                        return reinterpret_cast<id (*)(id, SEL, id)>(image)(self, selector, path);
+                        return call<id>(image, self, selector, path);
                     }),
                     &image);
     MSHookMessageEx(objc_getClass("_UIBackdropView"), sel_registerName("initWithStyle:"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector, NSInteger style) -> id {
                         made.emplace_back(object_getClassName(self));
-                        return reinterpret_cast<id (*)(id, SEL, NSInteger)>(backdrop)(self, selector, style);
+                        return call<id>(backdrop, self, selector, style);
                     }),
                     &backdrop);
     static IMP size = nullptr, frame = nullptr;
     MSHookMessageEx(object_getClass(class_named("HCPreview")), sel_registerName("keyboardPortraitSize"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector) -> CGSize {
                         made.emplace_back("keyboardPortraitSize");
-                        return reinterpret_cast<CGSize (*)(id, SEL)>(size)(self, selector);
+                        return call<CGSize>(size, self, selector);
                     }),
                     &size);
     MSHookMessageEx(objc_getClass("UIImageView"), sel_registerName("initWithFrame:"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector, CGRect wanted) -> id {
-                        id view = reinterpret_cast<id (*)(id, SEL, CGRect)>(frame)(self, selector, wanted);
+                        id view = call<id>(frame, self, selector, wanted);
                         if (wanted.size.width) {
                             made.emplace_back("picture view");
                             views.push_back(view);
@@ -116,7 +116,7 @@ TEST_F(Preview, GoesInOrder) {
                     reinterpret_cast<IMP>(+[](id self, SEL selector) {
                         for (const auto& [part, name] : parts)
                             if (part == self) gone.push_back(name);
-                        reinterpret_cast<void (*)(id, SEL)>(dealloc)(self, selector);
+                        call(dealloc, self, selector);
                     }),
                     &dealloc);
     objc::AutoreleasePool pool;

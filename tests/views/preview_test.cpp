@@ -198,8 +198,7 @@ TEST_F(Preview, TheViewsArePlacedByFixedNumbers) {
     MSHookMessageEx(UIView::class_object(), sel_registerName("insertSubview:atIndex:"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector, id view, NSInteger index) {
                         placed.emplace_back(view, index);
-                        reinterpret_cast<void (*)(id, SEL, id, NSInteger)>(previous)(self, selector, view,
-                                                                                     index);
+                        call(previous, self, selector, view, index);
                     }),
                     &previous);
     using Placed = std::vector<std::pair<id, NSInteger>>;
@@ -229,7 +228,7 @@ TEST_F(Preview, TheBackdropKeepsItsFrame) {
     MSHookMessageEx(UIView::class_object(), sel_registerName("setFrame:"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector, CGRect frame) {
                         framed += std::ranges::count(backdrops, self);
-                        reinterpret_cast<void (*)(id, SEL, CGRect)>(previous)(self, selector, frame);
+                        call(previous, self, selector, frame);
                     }),
                     &previous);
     for (const Configuration& theme : themes) {
@@ -292,14 +291,14 @@ TEST_F(Preview, CleansUpInOrder) {
                     reinterpret_cast<IMP>(+[](id self, SEL selector) {
                         for (int i = 0; i < 5; ++i)
                             if (parts[i] == self) order.push_back(i);
-                        reinterpret_cast<void (*)(id, SEL)>(removing)(self, selector);
+                        call(removing, self, selector);
                     }),
                     &removing);
     MSHookMessageEx(UIImageView::class_object(), sel_registerName("setImage:"),
                     reinterpret_cast<IMP>(+[](id self, SEL selector, id image) {
                         for (int i = 0; i < 5; ++i)
                             if (parts[i] == self) order.push_back(10 + i);
-                        reinterpret_cast<void (*)(id, SEL, id)>(setting)(self, selector, image);
+                        call(setting, self, selector, image);
                     }),
                     &setting);
     objc::send<"cleanup">(preview);
@@ -320,7 +319,7 @@ TEST_F(Preview, EachBackdropIsTakenOutTheColouredOneFirst) {
                     reinterpret_cast<IMP>(+[](id self, SEL selector) {
                         for (int i = 0; i < 3; ++i)
                             if (parts[i] == self) order.push_back(i);
-                        reinterpret_cast<void (*)(id, SEL)>(previous)(self, selector);
+                        call(previous, self, selector);
                     }),
                     &previous);
     objc::send<"cleanup">(preview);

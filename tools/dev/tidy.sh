@@ -36,7 +36,9 @@ tidy_sources() {
             joined = ""
             for (i = 2; i <= count; ++i) {
                 if (word[i] ~ /^(O|g|Xclang|include|Winvalid-pch|fno-pch-timestamp|fPI[CE]|fvisibility|fsanitize|ffp-contract)/ || word[i] ~ /^D.*_EXPORTS$/) continue
-                if (word[i] ~ /^(D.*=|I|isystem |pthread)/) joined = joined "\n" word[i]
+                # A folder of ours hides no header of the system from the sources of others.
+                if (index(word[i], "I" root) == 1) sub(/^I/, "iquote ", word[i])
+                if (word[i] ~ /^(D.*=|I|i(system|quote) |pthread)/) joined = joined "\n" word[i]
                 else group = group " -" word[i]
             }
             in_group[source] = group

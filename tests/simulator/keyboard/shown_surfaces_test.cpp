@@ -31,26 +31,16 @@ class ShownSurfaces : public testing::Test {
         return phone.read("/picture.png");
     }
 
-    template <class Function>
-    static void replace(const char* class_name, const char* selector, Function function, IMP* previous) {
-        MSHookMessageEx(objc_getClass(class_name), sel_registerName(selector),
-                        reinterpret_cast<IMP>(+function), previous);
-        ASSERT_NE(*previous, nullptr) << class_name << " " << selector;
-    }
-
     /// From now on the frames and texts of the keys that are made are noted.
     static void hear_keys() {
         static IMP previous = nullptr;
-        replace(
-            "UIKBKeyView", "initWithFrame:keyplane:key:",
-            [](id self, SEL selector, CGRect frame, id keyplane, id key) {
-                auto* tree = static_cast<UIKBTree*>(key);
-                key_frames.push_back(tree->frame());
-                key_texts.push_back(utf8(tree->displayString()));
-                return reinterpret_cast<id (*)(id, SEL, CGRect, id, id)>(previous)(self, selector, frame,
-                                                                                   keyplane, key);
-            },
-            &previous);
+        previous = stand_in("UIKBKeyView", "initWithFrame:keyplane:key:",
+                            [](id self, SEL selector, CGRect frame, id keyplane, id key) {
+                                auto* tree = static_cast<UIKBTree*>(key);
+                                key_frames.push_back(tree->frame());
+                                key_texts.push_back(utf8(tree->displayString()));
+                                return call<id>(previous, self, selector, frame, keyplane, key);
+                            });
     }
 
     Phone phone;
@@ -104,13 +94,10 @@ TEST_F(ShownSurfaces, ThePiecesOfTheBackdropAreFetchedByTheirGetters) {
     static IMP full, left, right;
     heard.clear();
     auto hear = [] < IMP & previous > (const char* name) {
-        replace(
-            "UIKBInputBackdropView", name,
-            [](id self, SEL selector) {
-                ++heard[sel_getName(selector)];
-                return reinterpret_cast<id (*)(id, SEL)>(previous)(self, selector);
-            },
-            &previous);
+        previous = stand_in("UIKBInputBackdropView", name, [](id self, SEL selector) {
+            ++heard[sel_getName(selector)];
+            return call<id>(previous, self, selector);
+        });
     };
     hear.operator()<full>("inputBackdropFullView");
     hear.operator()<left>("inputBackdropLeftView");
@@ -180,22 +167,18 @@ TEST_F(ShownSurfaces, TheFormsBarIsASiblingOfTheBackdropsAndAnswersInitForUCB) {
 TEST_F(ShownSurfaces, TheSwitcherHasThreeCellsAndThreeSegments) {
     static IMP cell, segment;
     heard.clear();
-    replace(
-        "UIInputSwitcherTableCell", "initWithStyle:reuseIdentifier:",
-        [](id self, SEL selector, NSInteger style, id identifier) {
-            ++heard["cell"];
-            return reinterpret_cast<id (*)(id, SEL, NSInteger, id)>(cell)(self, selector, style, identifier);
-        },
-        &cell);
-    replace(
-        "UIInputSwitcherTableCellSegmentView", "layoutSubviews",
-        [](id self, SEL selector) {
-            reinterpret_cast<void (*)(id, SEL)>(segment)(self, selector);
-            ++heard[static_cast<UIInputSwitcherTableCellSegmentView*>(self)->isSelected() ? "selected"
-                                                                                          : "other"];
-            EXPECT_NE(static_cast<UIInputSwitcherTableCellSegmentView*>(self)->imageView()->image(), nullptr);
-        },
-        &segment);
+    cell =
+        stand_in("UIInputSwitcherTableCell",
+                 "initWithStyle:reuseIdentifier:", [](id self, SEL selector, NSInteger style, id identifier) {
+                     ++heard["cell"];
+                     return call<id>(cell, self, selector, style, identifier);
+                 });
+    segment = stand_in("UIInputSwitcherTableCellSegmentView", "layoutSubviews", [](id self, SEL selector) {
+        call(segment, self, selector);
+        auto* shown = static_cast<UIInputSwitcherTableCellSegmentView*>(self);
+        ++heard[shown->isSelected() ? "selected" : "other"];
+        EXPECT_NE(shown->imageView()->image(), nullptr);
+    });
     show_keyboard({});
     EXPECT_TRUE(heard.empty()) << "none without being asked for";
     show_keyboard({.switcher = true});
@@ -261,13 +244,10 @@ TEST_F(ShownSurfaces, ThePopUpIsAKeysView) {
 TEST_F(ShownSurfaces, TheFormsBarIsAsWideAsTheKeyboard) {
     static IMP layout;
     accessory_frames.clear();
-    replace(
-        "UIWebFormAccessory", "layoutSubviews",
-        [](id self, SEL selector) {
-            reinterpret_cast<void (*)(id, SEL)>(layout)(self, selector);
-            accessory_frames.push_back(static_cast<UIView*>(self)->frame());
-        },
-        &layout);
+    layout = stand_in("UIWebFormAccessory", "layoutSubviews", [](id self, SEL selector) {
+        call(layout, self, selector);
+        accessory_frames.push_back(static_cast<UIView*>(self)->frame());
+    });
     show_keyboard({});
     EXPECT_TRUE(accessory_frames.empty()) << "none without being asked for";
     show_keyboard({.form_accessory = true});

@@ -1,6 +1,6 @@
 // When constraints are solved, and in what order views hear of it.
 #include "layout_test.h"
-#include "platform/substrate.h"
+#include "support/runtime.h"
 
 namespace test {
 namespace {
@@ -13,24 +13,18 @@ class LayoutPass : public ConstraintLayout {
     void SetUp() override {
         ConstraintLayout::SetUp();
         static IMP layout = nullptr, bounds = nullptr, content = nullptr;
-        MSHookMessageEx(UIView::class_object(), sel_registerName("layoutSubviews"),
-                        reinterpret_cast<IMP>(+[](UIView* self, SEL selector) {
-                            hear("layout", self);
-                            reinterpret_cast<void (*)(id, SEL)>(layout)(self, selector);
-                        }),
-                        &layout);
-        MSHookMessageEx(UIView::class_object(), sel_registerName("setBounds:"),
-                        reinterpret_cast<IMP>(+[](UIView* self, SEL selector, CGRect to) {
-                            hear("bounds", self);
-                            reinterpret_cast<void (*)(id, SEL, CGRect)>(bounds)(self, selector, to);
-                        }),
-                        &bounds);
-        MSHookMessageEx(UIView::class_object(), sel_registerName("intrinsicContentSize"),
-                        reinterpret_cast<IMP>(+[](UIView* self, SEL selector) {
-                            ++solved;
-                            return reinterpret_cast<CGSize (*)(id, SEL)>(content)(self, selector);
-                        }),
-                        &content);
+        layout = stand_in("UIView", "layoutSubviews", [](UIView* self, SEL selector) {
+            hear("layout", self);
+            call(layout, self, selector);
+        });
+        bounds = stand_in("UIView", "setBounds:", [](UIView* self, SEL selector, CGRect to) {
+            hear("bounds", self);
+            call(bounds, self, selector, to);
+        });
+        content = stand_in("UIView", "intrinsicContentSize", [](UIView* self, SEL selector) {
+            ++solved;
+            return call<CGSize>(content, self, selector);
+        });
         root->setTag(1);
         heard.clear();
         solved = 0;
@@ -133,12 +127,10 @@ TEST_F(LayoutPass, AConstraintChangedDuringLayoutHasItsEffectBelow) {
     fix(inner, outer, {{0, 0}, {10, 10}});
     width = static_cast<NSLayoutConstraint*>(inner->constraints()->objectAtIndex(0));
     static IMP previous = nullptr;
-    MSHookMessageEx(UIView::class_object(), sel_registerName("layoutSubviews"),
-                    reinterpret_cast<IMP>(+[](UIView* self, SEL selector) {
-                        if (self->tag() == 1) width->setConstant(33);
-                        reinterpret_cast<void (*)(id, SEL)>(previous)(self, selector);
-                    }),
-                    &previous);
+    previous = stand_in("UIView", "layoutSubviews", [](UIView* self, SEL selector) {
+        if (self->tag() == 1) width->setConstant(33);
+        call(previous, self, selector);
+    });
     root->layoutIfNeeded();
     EXPECT_EQ(inner->frame().size.width, 33);
 }

@@ -6,7 +6,7 @@
 #include <random>
 
 #include "command_run.h"
-#include "gallery/page.h"
+#include "gallery/parsed_page.h"
 
 namespace test {
 namespace {

@@ -1,5 +1,5 @@
 // A gallery's page, parsed, and its pictures, decoded.
-#include "gallery/page.h"
+#include "gallery/parsed_page.h"
 
 #include <cairo.h>
 #include <gtest/gtest.h>
