@@ -17,11 +17,25 @@ int value_of(char digit) {
     return place == digits_of_hex.npos ? -1 : static_cast<int>(place);
 }
 
-double linear(double component) {
+double computed_light(double component) {
     return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
 }
 
 }  // namespace
+
+double linear(double component) {
+    // Nearly all components are of pixels and of hex texts, one of 256 steps: each is computed once.
+    static constinit double known[256]{};
+    if (!(component >= 0 && component <= 1)) return computed_light(component);
+    const auto step = static_cast<size_t>(component * 255 + 0.5);
+    if (static_cast<double>(step) / 255 != component) return computed_light(component);
+    double light;
+    __atomic_load(&known[step], &light, __ATOMIC_RELAXED);
+    if (light > 0) return light;
+    light = computed_light(component);
+    __atomic_store(&known[step], &light, __ATOMIC_RELAXED);
+    return light;
+}
 
 std::optional<Colour> colour_of(std::string_view hex) {
     if (hex.starts_with('#')) hex.remove_prefix(1);
@@ -45,6 +59,11 @@ std::string hex_of(const Colour& colour) {
     for (const double component : {colour.red, colour.green, colour.blue}) append(component);
     if (byte_of(colour.alpha) != 255) append(colour.alpha);
     return text;
+}
+
+Colour rounded(const Colour& colour) {
+    auto step = [](double component) { return byte_of(component) / 255.0; };
+    return {step(colour.red), step(colour.green), step(colour.blue), step(colour.alpha)};
 }
 
 Colour over(const Colour& upper, const Colour& opaque) {

@@ -32,9 +32,6 @@ bool passes(double light, const std::vector<double>& behind, double wanted) {
     return above == behind.begin() || contrast_of_luminances(light, *(above - 1)) >= wanted;
 }
 
-/// As a theme's file keeps it: 255 steps.
-Colour rounded(const Colour& colour) { return *colour_of(hex_of(colour)); }
-
 /// Opaque colours of the maker's hue, in steps of lightness and of colourfulness, that have the contrast with
 /// what is behind; the nearest first.
 std::vector<Candidate> candidates(const Colour& wanted, const std::vector<BehindKey>& behind, double demand) {
@@ -60,8 +57,11 @@ std::vector<Candidate> candidates(const Colour& wanted, const std::vector<Behind
 
 Contrast smallest_contrast(const Colour& colour, const std::vector<BehindKey>& behind) {
     Contrast smallest{22, "", {}};
+    const Colour* last = nullptr;  // backgrounds are even, or their rows are
     for (const BehindKey& key : behind)
         for (const Colour& opaque : key.colours) {
+            if (last && *last == opaque) continue;
+            last = &opaque;
             const double ratio = contrast(over(colour, opaque), opaque);
             if (ratio < smallest.ratio) smallest = {ratio, key.key, opaque};
         }

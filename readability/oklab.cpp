@@ -6,7 +6,6 @@
 namespace readability {
 namespace {
 
-double decoded(double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); }
 double encoded(double c) {
     return std::clamp(c <= 0.0031308 ? c * 12.92 : 1.055 * std::pow(c, 1 / 2.4) - 0.055, 0.0, 1.0);
 }
@@ -14,7 +13,7 @@ double encoded(double c) {
 }  // namespace
 
 Oklab oklab_of(const Colour& colour) {
-    const double r = decoded(colour.red), g = decoded(colour.green), b = decoded(colour.blue);
+    const double r = linear(colour.red), g = linear(colour.green), b = linear(colour.blue);
     const double l = std::cbrt(0.4122214708 * r + 0.5363325363 * g + 0.0514459929 * b);
     const double m = std::cbrt(0.2119034982 * r + 0.6806995451 * g + 0.1073969566 * b);
     const double s = std::cbrt(0.0883024619 * r + 0.2817188376 * g + 0.6299787005 * b);

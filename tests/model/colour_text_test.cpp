@@ -145,6 +145,7 @@ TEST_F(ColourText, TheScanReadsAPrefixedNumber) {
     EXPECT_EQ(scanned("0X1f"), 0x1Fu);
     EXPECT_EQ(scanned("00xF"), 0u);
     EXPECT_EQ(scanned("0xxF"), 0u);
+    EXPECT_EQ(scanned("0x F"), 0u);
     EXPECT_EQ(scanned("0xAxF"), 0xAu);
     EXPECT_EQ(scanned("1xF"), 1u);
     EXPECT_EQ(scanned("xF"), 0u);

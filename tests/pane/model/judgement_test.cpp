@@ -1,6 +1,8 @@
 // Whether a theme can be read, by the background that the pane draws.
 #include "pane/drawing/judgement.h"
 
+#include <cmath>
+
 #include "kept_files.h"
 #include "pane/model/themes.h"
 
@@ -53,6 +55,35 @@ TEST_F(Judgement, TheNearestPairCanBeRead) {
     theme->setTextColor(pane::ui_color(nearest->labels));
     theme->setHighlightColor(pane::ui_color(nearest->highlights));
     EXPECT_TRUE(judge(theme).passes());
+}
+
+TEST_F(Judgement, EachStepOfAComponentIsTheSameLightEachTime) {
+    auto computed = [](double component) {
+        return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
+    };
+    for (int time = 0; time < 2; ++time)
+        for (int step = 0; step <= 255; ++step)
+            for (const double nearby : {0.0, 1e-9, -1e-9}) {
+                const double component = step / 255.0 + nearby;
+                EXPECT_EQ(readability::linear(component), computed(component)) << step;
+            }
+    EXPECT_EQ(readability::linear(1.5), computed(1.5));
+    EXPECT_EQ(readability::linear(-0.5), computed(-0.5));
+    EXPECT_TRUE(std::isnan(readability::linear(NAN)));
+}
+
+TEST_F(Judgement, AColourIsRoundedAsItsTextIs) {
+    for (const readability::Colour& colour :
+         {readability::Colour{0.1, 0.5, 0.999, 1}, {0, 1, 0.3, 0.25}, {-1, 2, 0.498, 0.999}})
+        EXPECT_EQ(readability::rounded(colour), readability::colour_of(readability::hex_of(colour)));
+}
+
+TEST_F(Judgement, TheWorstKeyIsTheFirstOfThoseThatAreAlike) {
+    const readability::Colour black{0, 0, 0, 1}, grey{0.5, 0.5, 0.5, 1}, white{1, 1, 1, 1};
+    const auto worst = readability::smallest_contrast(
+        white, {{"a", {black, black}}, {"b", {black, grey}}, {"c", {grey, grey, black}}});
+    EXPECT_EQ(worst.worst_key, "b");
+    EXPECT_EQ(worst.behind, grey);
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ std::vector<Colour> calmer(const std::vector<Colour>& colours, double part) {
         Colour moved =
             colour_of(Oklab{mix(lab.lightness, mean.lightness), mix(lab.a, mean.a), mix(lab.b, mean.b)});
         moved.alpha = mix(colour.alpha, alpha);
-        all.push_back(*colour_of(hex_of(moved)));
+        all.push_back(rounded(moved));
     }
     return all;
 }
@@ -83,14 +83,14 @@ std::optional<Advice> with_calmer_colours(const BackdropSampler& sampler, Huecra
     }
     // All of one colour, and not translucent. With visible caps not even each of these has a pair: labels are
     // on caps, suggestions are not.
-    Colour even = *colour_of(hex_of(calmer(colours, 1)[0]));
+    Colour even = rounded(calmer(colours, 1)[0]);
     even.alpha = 1;
     for (int step = 0; step <= steps; ++step)
         for (const double end : {0.0, 1.0}) {
             const double part = static_cast<double>(step) / steps;
             auto mixed = [&](double from) { return from + (end - from) * part; };
             const Colour nearer{mixed(even.red), mixed(even.green), mixed(even.blue), 1};
-            Advice advice{wanted, {*colour_of(hex_of(nearer))}};
+            Advice advice{wanted, {rounded(nearer)}};
             const auto trial = copy_of(config);
             set_colours(trial, advice.colours);
             if (const auto pair = pair_on(sampler, trial, wanted)) {
