@@ -114,10 +114,7 @@ void add_import(CLI::App& command, Request& request) {
     sub.add_option("--name", options->destination.name,
                    "The theme's name; the scheme's or the file's without it")
         .type_name("NAME");
-    sub.add_option("-o,--output", options->destination.output,
-                   "The file to write; NAME.plist without it, - is standard output")
-        .type_name("FILE");
-    sub.add_flag("--force", options->destination.force, "Replace a file that exists");
+    add_output(sub, options->destination);
     add_json(sub, options->json);
     sub.footer(
         "Of a base16 scheme, base00 is the background, base05 the labels and base0D the highlight. Of a "

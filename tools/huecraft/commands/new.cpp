@@ -63,10 +63,7 @@ void add_new(CLI::App& command, Request& request) {
     const Subcommand sub = add_subcommand(command, request, "new", "Make a theme", options);
     sub.add_option("NAME", options->destination.name, "The theme's name").required().type_name("");
     add_theme_options(sub, options->theme, false);
-    sub.add_option("-o,--output", options->destination.output,
-                   "The file to write; NAME.plist without it, - is standard output")
-        .type_name("FILE");
-    sub.add_flag("--force", options->destination.force, "Replace a file that exists");
+    add_output(sub, options->destination);
     add_json(sub, options->json);
     sub.footer(
         "A colour is #RRGGBB or #RRGGBBAA, with # or without, rgb(…), hsl(…) or a name of CSS. Without a "

@@ -9,6 +9,14 @@ namespace command {
 using tools::text;
 using tools::utf8;
 
+void add_output(Subcommand subcommand, Destination& destination) {
+    subcommand
+        .add_option("-o,--output", destination.output,
+                    "The file to write; NAME.plist without it, - is standard output")
+        .type_name("FILE");
+    subcommand.add_flag("--force", destination.force, "Replace a file that exists");
+}
+
 NSString* checked_name(const std::string& name) {
     NSString* checked = text(name);
     if (!checked) throw Unusable(one_line(name), "the name is not UTF-8");

@@ -2,6 +2,7 @@
 #pragma once
 #include <string>
 
+#include "cli/options.h"
 #include "cli/workshop.h"
 #include "formats/property_list.h"
 #include "model/HuecraftConfig.h"
@@ -18,6 +19,9 @@ struct Destination {
     /// Replaces a file that exists.
     bool force = false;
 };
+
+/// Adds where a new theme goes.
+void add_output(Subcommand subcommand, Destination& destination);
 
 /// A theme's name as a string of the system's. Throws Unusable for one that is not UTF-8, or has characters
 /// that cannot be printed.
