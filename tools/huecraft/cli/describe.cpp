@@ -11,10 +11,6 @@
 namespace command {
 namespace {
 
-std::vector<const CLI::App*> subcommands_of(const CLI::App& command) {
-    return command.get_subcommands([](const CLI::App* one) { return !one->get_name().empty(); });
-}
-
 /// Those with a name that begins with a dash; the others stand by themselves.
 std::vector<const CLI::Option*> options_of(const CLI::App& command, bool positional) {
     auto options = command.get_options();
@@ -113,6 +109,16 @@ std::string verbatim(const std::string& text) { return ".nf\n" + roff(text) + "\
 
 }  // namespace
 
+std::vector<const CLI::App*> subcommands_of(const CLI::App& command) {
+    return command.get_subcommands([](const CLI::App* one) { return !one->get_name().empty(); });
+}
+
+const CLI::App* subcommand_named(const CLI::App& command, const std::string& name) {
+    const auto all = subcommands_of(command);
+    const auto found = std::ranges::find(all, name, &CLI::App::get_name);
+    return found == all.end() ? nullptr : *found;
+}
+
 std::vector<std::string> choices_of(const CLI::Option& option) {
     const std::string type = option.get_type_name();
     if (type.find('|') == type.npos) return {};
@@ -135,9 +141,8 @@ std::string help(const CLI::App& command) {
 }
 
 std::optional<std::string> help_of_subcommand(const CLI::App& command, const std::string& name) {
-    for (const CLI::App* one : subcommands_of(command))
-        if (one->get_name() == name) return one->help("huecraft");
-    return std::nullopt;
+    const CLI::App* subcommand = subcommand_named(command, name);
+    return subcommand ? std::optional(subcommand->help("huecraft")) : std::nullopt;
 }
 
 std::string bash_completion(const CLI::App& command) {

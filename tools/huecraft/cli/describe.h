@@ -14,6 +14,11 @@ class FormatterBase;
 
 namespace command {
 
+/// In the order in which they were added.
+std::vector<const CLI::App*> subcommands_of(const CLI::App& command);
+/// Null where there is none of that name.
+const CLI::App* subcommand_named(const CLI::App& command, const std::string& name);
+
 /// The words that can follow an option, where there is a choice of them.
 std::vector<std::string> choices_of(const CLI::Option& option);
 /// "--output FILE", "THEMES".

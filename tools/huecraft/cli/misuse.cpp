@@ -26,8 +26,7 @@ std::string missing_in_words(const CLI::App& command) {
         if (option->get_required() && option->count() == 0)
             return "found no " + name_with_value(*option) + ", expected " + expected_of(*option);
     std::vector<std::string> names;
-    for (const CLI::App* one : command.get_subcommands([](const CLI::App*) { return true; }))
-        names.push_back(one->get_name());
+    for (const CLI::App* one : subcommands_of(command)) names.push_back(one->get_name());
     return "found no subcommand, expected one of " + joined(names);
 }
 

@@ -8,6 +8,7 @@
 #include <new>
 
 #include "cli/command_line.h"
+#include "cli/describe.h"
 #include "cli/files.h"
 #include "cli/misuse.h"
 #include "cli/terminal.h"
@@ -15,11 +16,6 @@
 
 namespace command {
 namespace {
-
-bool has_subcommand(const CLI::App& command, const std::string& name) {
-    const auto all = command.get_subcommands([](const CLI::App*) { return true; });
-    return std::ranges::any_of(all, [&](const CLI::App* one) { return one->get_name() == name; });
-}
 
 int misuse(const CLI::App& command, const std::string& what) {
     const CLI::App& subcommand = chosen(command);
@@ -42,7 +38,7 @@ int run_what_is_asked(std::vector<std::string> arguments) {
     const auto command = make_command_line(request);
     // Before everything else, which would say that a subcommand is missing.
     const bool names_one = !arguments.empty() && (!arguments[0].starts_with('-') || arguments[0] == "-");
-    if (names_one && !has_subcommand(*command, arguments[0]))
+    if (names_one && !subcommand_named(*command, arguments[0]))
         return misuse(*command, "there is no subcommand " + in_quotes(arguments[0]));
     std::ranges::reverse(arguments);  // as the parser wants them
     try {
