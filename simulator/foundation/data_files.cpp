@@ -9,21 +9,15 @@ namespace {
 
 constexpr NSUInteger option_atomic = 1, option_without_overwriting = 2;
 
-/// -initWithBytes:length: of the object that is being initialised, which a cluster may replace by another.
-NSData* initialised(NSData* data, const std::string& contents) {
-    return data->send<"initWithBytes:length:", NSData*>(static_cast<const void*>(contents.data()),
-                                                        NSUInteger{contents.size()});
-}
-
 struct DataFiles : NSData {
     NSData* initWithContentsOfFileOptionsError(NSString* path, NSUInteger, NSError** error) {
-        std::string contents;
+        RawBytes contents;
         if (const int failure = read_file(path, contents)) {
             fail(error, [&] { return file_error(read_error(failure), path, failure); });
             send<"release">();
             return nullptr;
         }
-        return initialised(this, contents);
+        return contents.initialise(this);
     }
     NSData* initWithContentsOfFile(NSString* path) {
         return initWithContentsOfFileOptionsError(path, 0, nullptr);

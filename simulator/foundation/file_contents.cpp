@@ -25,7 +25,8 @@ class File {
     bool is_open() const { return descriptor_ >= 0; }
     int descriptor() const { return descriptor_; }
 
-    int read_all(std::string& contents) {
+    template <class Bytes>
+    int read_all(Bytes& contents) {
         struct stat status;
         if (fstat(descriptor_, &status) != 0) return errno;
         if (S_ISDIR(status.st_mode)) return EISDIR;
@@ -86,12 +87,16 @@ std::optional<std::string> host_path_of(NSString* device_path, LastLink last) {
     return path ? host_path(*path, last) : std::nullopt;
 }
 
-int read_file(NSString* device_path, std::string& contents) {
+template <class Bytes>
+static int read_whole(NSString* device_path, Bytes& contents) {
     const auto path = utf8_of(device_path);
     if (!path) return ENOENT;
     File file(open_file(*path, O_RDONLY | O_CLOEXEC | O_NONBLOCK));  // a pipe must not make the phone wait
     return file.is_open() ? file.read_all(contents) : errno;
 }
+
+int read_file(NSString* device_path, std::string& contents) { return read_whole(device_path, contents); }
+int read_file(NSString* device_path, RawBytes& contents) { return read_whole(device_path, contents); }
 
 int write_file(NSString* device_path, std::string_view contents, Writing writing) {
     const auto path = host_path_of(device_path);

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "foundation/raw_bytes.h"
 #include "phone/file_system.h"
 #include "platform/foundation.h"
 
@@ -17,6 +18,7 @@ std::optional<std::string> host_path_of(NSString* device_path, LastLink last = L
 
 /// Reads a file of the device. 0, or what went wrong as an errno value; for a nil path ENOENT.
 int read_file(NSString* device_path, std::string& contents);
+int read_file(NSString* device_path, RawBytes& contents);
 
 enum class Writing {
     in_place,

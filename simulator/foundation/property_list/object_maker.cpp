@@ -43,6 +43,11 @@ Value ObjectMaker::data(std::string_view bytes) const {
                                          static_cast<const void*>(bytes.data()), NSUInteger{bytes.size()});
 }
 
+Value ObjectMaker::data(RawBytes bytes) const {
+    auto of = reinterpret_cast<id>(objc_getClass(leaf_class("NSData", "NSMutableData")));
+    return Value::adopt(bytes.initialise(objc::send<"alloc", NSData*>(of)));
+}
+
 Value ObjectMaker::integer(int64_t value) const {
     return made<"initWithLongLong:">("NSNumber", static_cast<long long>(value));
 }

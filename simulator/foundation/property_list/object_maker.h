@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/foundation.h"
+#include "foundation/raw_bytes.h"
 
 namespace sim::plist {
 
@@ -25,6 +25,7 @@ class ObjectMaker {
     /// Throws a ParseError for half of a surrogate pair.
     Value text(std::u16string_view units) const;
     Value data(std::string_view bytes) const;
+    Value data(RawBytes bytes) const;
     Value integer(int64_t value) const;
     Value unsigned_integer(uint64_t value) const;
     Value real(double value) const;

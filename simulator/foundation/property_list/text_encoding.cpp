@@ -1,6 +1,8 @@
 #include "foundation/property_list/text_encoding.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace sim::plist {
 namespace {
@@ -74,8 +76,20 @@ bool append_utf8(std::string& text, char32_t character) {
     return true;
 }
 
+/// How many of the bytes from there on are ASCII, in whole blocks: most texts are nothing else.
+static size_t ascii_blocks(std::string_view bytes, size_t from) {
+    constexpr uint64_t upper_bits = 0x8080808080808080;
+    uint64_t block[4];
+    size_t at = from;
+    for (; bytes.size() - at >= sizeof block; at += sizeof block) {
+        std::memcpy(block, &bytes[at], sizeof block);
+        if ((block[0] | block[1] | block[2] | block[3]) & upper_bits) break;
+    }
+    return at - from;
+}
+
 bool is_utf8(std::string_view bytes) {
-    for (size_t at = 0; at < bytes.size();) {
+    for (size_t at = 0; (at += ascii_blocks(bytes, at)) < bytes.size();) {
         const auto lead = static_cast<unsigned char>(bytes[at++]);
         if (lead < 0x80) continue;
         if (lead < 0xc2 || lead > 0xf4) return false;

@@ -1,5 +1,6 @@
 // XML property lists. The device's reader is not a full XML parser, and neither is this: it steps over
 // declarations and comments, ignores attributes, and looks no further than the end of the outermost element.
+#include <algorithm>
 #include <charconv>
 
 #include "foundation/property_list/base64.h"
@@ -125,8 +126,9 @@ class XmlReader {
         if (tag.name == "plist") return plist(tag);
         if (tag.name == "array") return array(tag);
         if (tag.name == "dict") return dictionary(tag);
+        std::string storage;
         if (tag.name == "string" || tag.name == "key")
-            return maker_.text(tag.empty ? "" : characters(tag.name));
+            return maker_.text(tag.empty ? "" : characters(tag.name, storage));
         if (tag.name == "true" || tag.name == "false") {
             if (!tag.empty) end_tag(tag.name);
             return maker_.boolean(tag.name == "true");
@@ -135,7 +137,7 @@ class XmlReader {
             tag.name == "integer" || tag.name == "real" || tag.name == "date" || tag.name == "data";
         if (!known) fail("unknown tag <" + std::string(beginning_of(tag.name, 40)) + ">");
         if (tag.empty) fail("empty <" + std::string(tag.name) + ">");
-        const std::string content = characters(tag.name);
+        const std::string_view content = characters(tag.name, storage);
         if (tag.name == "data") return maker_.data(decoded_base64(content));
         if (tag.name == "integer") {
             if (auto value = parse_integer(content)) return integer(*value);
@@ -187,26 +189,34 @@ class XmlReader {
         return maker_.dictionary(entries);
     }
 
-    /// The text of an element that holds nothing else, with its end tag.
-    std::string characters(std::string_view name) {
-        std::string content;
+    /// Steps to the next "<" or "&". Each character is looked at once for either.
+    void step_to_markup(std::string_view element) {
+        if (next_tag_ < at_) next_tag_ = std::min(text_.find('<', at_), text_.size());
+        at_ = std::min(text_.substr(0, next_tag_).find('&', at_), next_tag_);
+        if (at_end()) fail("unexpected end of <" + std::string(element) + ">");
+    }
+
+    /// The text of an element that holds nothing else, with its end tag. `storage` holds it where it does not
+    /// stand in the file as it is.
+    std::string_view characters(std::string_view name, std::string& storage) {
         for (;;) {
-            const size_t stop = text_.find_first_of("<&", at_);
-            if (stop == text_.npos) {
-                at_ = text_.size();
-                fail("unexpected end of <" + std::string(name) + ">");
+            const size_t from = at_;
+            step_to_markup(name);
+            const std::string_view run = text_.substr(from, at_ - from);
+            if (storage.empty() && at_end_tag()) {
+                end_tag(name);
+                return run;
             }
-            content += text_.substr(at_, stop - at_);
-            at_ = stop;
+            storage += run;
             if (text_[at_] == '&') {
-                append_entity(content);
+                append_entity(storage);
             } else if (constexpr std::string_view start = "<![CDATA["; rest().starts_with(start)) {
-                const size_t from = at_ + start.size();
+                const size_t first = at_ + start.size();
                 step_past("]]>", "a CDATA section");
-                content += text_.substr(from, at_ - from - 3);
+                storage += text_.substr(first, at_ - first - 3);
             } else {
                 end_tag(name);
-                return content;
+                return storage;
             }
         }
     }
@@ -255,6 +265,7 @@ class XmlReader {
     std::string_view text_;
     const ObjectMaker& maker_;
     size_t at_ = 0;
+    size_t next_tag_ = 0;  // or before at_
     int depth_ = 0;
 };
 

@@ -25,6 +25,42 @@ TEST_F(PropertyListReading, XmlEmptyElements) {
         expect_refused(plist("<" + std::string(name) + "/>"));
 }
 
+TEST_F(PropertyListReading, XmlDataMayBeBrokenAnywhere) {
+    EXPECT_EQ(described(plist("<data>AQIDBAUG</data>")), "<01020304 0506>");
+    EXPECT_EQ(described(plist("<data>A Q-I\nDB*AUG\n</data>")), "<01020304 0506>");
+    EXPECT_EQ(described(plist("<data>A QIDBAUG</data>")), "<01020304 0506>");
+    EXPECT_EQ(described(plist("<data>AQI\nDBAUG</data>")), "<01020304 0506>");
+    EXPECT_EQ(described(plist("<data>AQIDBAUG////////</data>")), "<01020304 0506ffff ffffffff>");
+    EXPECT_EQ(described(plist("<data>AQIDBAU</data>")), "<01020304 05>");
+    EXPECT_EQ(described(plist("<data>AQIDBA</data>")), "<01020304>");
+    EXPECT_EQ(described(plist("<data>AQIDB</data>")), "<010203>");
+    EXPECT_EQ(described(plist("<data>AQID=BAUG</data>")), "<010203>") << "there it ends";
+    EXPECT_EQ(described(plist("<data>AQ&#73;DBA<![CDATA[UG]]></data>")), "<01020304 0506>");
+}
+
+TEST_F(PropertyListReading, XmlDataCanGrowWhereLeavesCanBeChanged) {
+    constexpr NSUInteger containers_and_leaves = 2;
+    for (const char* content : {"", "AQIDBAUG"}) {
+        id data = read(plist("<data>" + std::string(content) + "</data>"), containers_and_leaves);
+        const auto before = static_cast<NSData*>(data)->length();
+        for (int i = 0; i < 100; ++i)
+            objc::send<"appendBytes:length:">(data, static_cast<const void*>("12345678"), NSUInteger{8});
+        ASSERT_EQ(static_cast<NSData*>(data)->length(), before + 800);
+        const auto* bytes = static_cast<const char*>(static_cast<NSData*>(data)->bytes());
+        EXPECT_EQ(std::string(bytes + before + 792, 8), "12345678");
+        if (before) EXPECT_EQ(bytes[5], 6);
+    }
+}
+
+TEST_F(PropertyListReading, XmlCharactersAreCheckedWhereverTheyStand) {
+    for (size_t before = 0; before <= 70; ++before) {
+        const std::string ascii(before, 'a');
+        EXPECT_EQ(string(plist("<string>" + ascii + "\u00e9" + ascii + "</string>")),
+                  ascii + "\u00e9" + ascii);
+        expect_refused(plist("<!--" + ascii + "\xff" + ascii + "--><string>a</string>"));
+    }
+}
+
 TEST_F(PropertyListReading, XmlCharactersBeyondTheFirstPlane) {
     EXPECT_EQ(string(plist("<string>a\U0001f600z</string>")), "a\U0001f600z");
     EXPECT_EQ(string(plist("<string>a&#x1F600;&#128512;z</string>")), "a\U0001f600\U0001f600z");
