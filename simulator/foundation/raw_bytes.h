@@ -16,10 +16,10 @@ class RawBytes {
     explicit RawBytes(size_t size) { resize(size); }
 
     void resize(size_t size) {
-        void* memory = std::realloc(memory_.get(), size ? size : 1);
-        if (!memory) throw std::bad_alloc();
-        memory_.release();
-        memory_.reset(static_cast<char*>(memory));
+        char* const before = memory_.release();
+        void* const after = std::realloc(before, size ? size : 1);
+        memory_.reset(after ? static_cast<char*>(after) : before);
+        if (!after) throw std::bad_alloc();
         size_ = size;
     }
     char* data() { return memory_.get(); }
