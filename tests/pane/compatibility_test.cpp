@@ -7,6 +7,7 @@
 
 #include "settings_page.h"
 #include "support/contents.h"
+#include "support/runtime.h"
 
 namespace test {
 namespace {
@@ -52,6 +53,12 @@ class Compatibility : public SettingsPage {
   protected:
     void open_screen(Phone::Options options = {}) {
         open(options);
+        choose_row(0, about_section);
+    }
+    /// The same, without the library, where classes are others.
+    template <class Make>
+    void open_screen_with(Make make, Phone::Options options = {}) {
+        open_with_other_classes(make, options);
         choose_row(0, about_section);
     }
     /// What the screen shares.
@@ -127,6 +134,43 @@ TEST_F(Compatibility, AHookWithoutEffectIsSaid) {
     arrange_theme(phone);
     open_screen({.unfound = {"-[UIKBEdgeEffect edges]"}});
     EXPECT_THAT(note_on("-[UIKBEdgeEffect edges]"), HasSubstr("The hook had no effect here."));
+}
+
+TEST_F(Compatibility, AMethodOfOtherTypesIsSaidAndOneThatIsNotThere) {
+    const auto no_object = [](id, SEL) -> id { return nullptr; };
+    open_screen_with(
+        [&] { class_with("UIKBEdgeEffect", "NSObject", {own_method("edges", no_object, "@@:")}); },
+        {.left_out = {"UIKBEdgeEffect"}});
+    EXPECT_EQ(value(0), "41 of 45");
+    EXPECT_EQ(note_on("-[UIKBEdgeEffect edges]"), "Differs: Its types are @@:, and not Q@:.");
+    EXPECT_EQ(note_on("-[UIKBEdgeEffect initWithColor:edges:insets:weight:]"),
+              "Missing: The class has no such method.");
+    choose_row(38, 1);
+    EXPECT_TRUE(is_on_screen("Differs: Its types are @@:, and not Q@:. Applications may stop."));
+}
+
+TEST_F(Compatibility, AMethodThatTheLibraryWouldAddIsSaidWhereThereIsOne) {
+    open_screen_with([] {
+        const IMP nothing = as_method([](id, SEL) -> id { return nullptr; });
+        class_addMethod(objc_getClass("UIKBBackdropView"), sel_registerName("activeBackgroundView"), nothing,
+                        "@@:");
+    });
+    EXPECT_EQ(value(0), "43 of 45");
+    EXPECT_EQ(note_on("-[UIKBBackdropView activeBackgroundView]"),
+              "Missing: The class has such a method already.");
+}
+
+TEST_F(Compatibility, AVariableThatIsNotThereIsSaidAndOneThatHoldsNoObject) {
+    open_screen_with(
+        [] {
+            Class accessory = objc_allocateClassPair(objc_getClass("UIView"), "UIWebFormAccessory", 0);
+            class_addIvar(accessory, "_rightToolbar", sizeof(int), 2, "i");
+            objc_registerClassPair(accessory);
+        },
+        {.left_out = {"UIWebFormAccessory"}});
+    EXPECT_EQ(value(1), "9 of 10");
+    EXPECT_EQ(note_on("UIWebFormAccessory _leftToolbar"), "Missing: The class has no such variable.");
+    EXPECT_EQ(note_on("UIWebFormAccessory _rightToolbar"), "Differs: Its type is i, and no object.");
 }
 
 TEST_F(Compatibility, TheReportIsWhatDoctorKnowsOfTheSimulatedPhone) {
@@ -215,6 +259,8 @@ TEST_F(Compatibility, LooksAsExpectedOnAnIPad) {
 
 }  // namespace
 
-void prepare_phones() { prepare_phones_that_may_lack({"CAFilter", "UIKBEdgeEffect", "UIKBRenderFactory"}); }
+void prepare_phones() {
+    prepare_phones_that_may_lack({"CAFilter", "UIKBEdgeEffect", "UIKBRenderFactory", "UIWebFormAccessory"});
+}
 
 }  // namespace test

@@ -1,6 +1,8 @@
 // Keeping themes on the first screen: new, duplicated, renamed, deleted, shared and imported.
 #include <malloc.h>
 
+#include <algorithm>
+
 #include "objc/strong.h"
 #include "settings_page.h"
 

@@ -73,7 +73,7 @@ TEST_P(OtherVersion, ThePageOpensAndSaysSo) {
     put_theme(phone, "Mine.plist", "Mine");
     phone.write(preference_file, property_list("<dict><key>_Enabled</key><true/><key>_Config</key>"
                                                "<string>Mine.plist</string></dict>"));
-    open_with_other_library(GetParam().make);
+    open_with_other_classes(GetParam().make);
     EXPECT_TRUE(is_on_screen("The Huecraft that is loaded here is of another version. Update both."));
     EXPECT_EQ(table()->numberOfRowsInSection(own_section), 1);
     choose_row(0, own_section);

@@ -26,7 +26,7 @@ void SettingsPage::open(Phone::Options options) {
 }
 
 void SettingsPage::open_without_library() {
-    open_with_other_library([] {});
+    open_with_other_classes([] {});
 }
 
 void SettingsPage::open_page() {

@@ -15,10 +15,11 @@ class SettingsPage : public testing::Test {
     /// Boots, loads the library as it is injected, opens Settings and touches the row.
     void open(Phone::Options options = {});
     void open_without_library();
-    /// The same, where there are other classes of the library's names.
+    /// The same, where there are other classes of the library's names, or of the system's.
     template <class Make>
-    void open_with_other_library(Make make) {
-        phone.boot({.executable = settings});
+    void open_with_other_classes(Make make, Phone::Options options = {}) {
+        options.executable = settings;
+        phone.boot(options);
         make();
         open_page();
     }
