@@ -132,6 +132,14 @@ TEST_F(Photo, TheCropKeepsWhatHasDetail) {
     EXPECT_GT(coloured, 0.9 * 400 * 300 / 2);
 }
 
+TEST_F(Photo, ThinPhotosKeepAPixel) {
+    for (const auto& [width, height] : {std::pair{1, 260}, {260, 1}}) {
+        const Sample picture = kept(png_of(sample(width, height, [](int, int) { return green; })));
+        EXPECT_EQ(picture.height, 1);
+        expect_near(picture.at(0, 0), green);
+    }
+}
+
 TEST_F(Photo, ACropIsTakenAsItIsAsked) {
     const Sample picture = kept(png_of(corners(1242, 798)), {"--crop", "621,0,621,399"});
     EXPECT_EQ(picture.width, 621);

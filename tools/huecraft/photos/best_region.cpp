@@ -38,9 +38,9 @@ std::vector<double> interest_of(const Picture& small) {
 }
 
 /// Where a window of the length stands best on a line of sums: most inside, little cut through at its edges,
-/// and of equals the one nearest to the middle.
+/// and of equals the one nearest to the middle. A window has a place at least, however short it is.
 double best_place(const std::vector<double>& sums, double length) {
-    const auto window = std::min(static_cast<size_t>(std::lround(length)), sums.size());
+    const auto window = std::clamp<size_t>(static_cast<size_t>(std::lround(length)), 1, sums.size());
     const double all = std::accumulate(sums.begin(), sums.end(), 0.0) + 1e-9;
     const auto room = static_cast<double>(sums.size() - window);
     double best = -1e9, place = room / 2;
