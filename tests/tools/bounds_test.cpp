@@ -189,7 +189,7 @@ TEST_F(Bounds, PhotosThatTakeTooMuchMemoryWhileTheyAreDecoded) {
 }
 
 TEST_F(Bounds, AScriptThatNeverEndsIsStoppedAtItsLine) {
-    write("s", "wait 1\nrecord way 60\nwait 600\nstop\n");
+    write("s", "wait 1\nrecord way 20\nwait 600\nstop\n");
     const Outcome run = this->run({"picker", "--script", "s", "-o", "p"});
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.err,

@@ -3,13 +3,15 @@
 
 help_test() {
     cat <<END
-usage: ./dev test [--arm64 | --sanitize | --threads | --memcheck] [--faults] [--only <regex> | --changed [<commit>]]
+usage: ./dev test [--arm64 | --sanitize | --debug | --threads | --memcheck] [--faults] [--only <regex> | --changed [<commit>]]
 
 Builds and runs the tests, as many at once as there are processors: all of them on this machine's processor, and on arm64,
 under qemu, those of the library, the seam, the simulator and the loader. Prints a line for each program, all that failed,
 ctest's summary, and where the time went. The programs run each of their cases in a process of its own.
   --arm64               on arm64 alone (build/arm64; docs/arm64.md)
   --sanitize            with the address and undefined-behaviour sanitizers (build/sanitize), on this machine's processor alone
+  --debug               with the debug preset (build/debug), on this machine's processor alone: no optimisation, the checks of the
+                        standard library, and each send held against the types of the method that it finds
   --threads             the library asked from sixteen threads, under the thread sanitizer, and nothing else
   --memcheck            the library's tests under valgrind's memcheck: what is read before it is written, and beyond what
                         was allocated, in every library that takes part; with --only those cases alone. Also installs:
@@ -37,8 +39,8 @@ command_test() {
     local preset='' only=() changed='' selected=()
     while (($#)); do
         case $1 in
-            --arm64 | --sanitize)
-                [[ -z $preset || $preset == "${1#--}" ]] || misuse "--arm64 and --sanitize exclude each other" test
+            --arm64 | --sanitize | --debug)
+                [[ -z $preset || $preset == "${1#--}" ]] || misuse "--$preset and $1 exclude each other" test
                 preset=${1#--} && shift
                 ;;
             --threads)
