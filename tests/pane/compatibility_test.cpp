@@ -99,7 +99,6 @@ class Compatibility : public SettingsPage {
                     return utf8(found->detailTextLabel()->text());
         return "no such row";
     }
-    static constexpr NSInteger about_section = 4;
 };
 
 TEST_F(Compatibility, EveryRowIsThereOnTheModelledSystem) {

@@ -1,4 +1,5 @@
 // The pane's first screen, in the simulated Settings app: what a person sees, touches, and finds stored.
+#include "platform/services.h"
 #include "settings_page.h"
 
 namespace test {
@@ -51,6 +52,23 @@ TEST_F(FirstScreen, TheSwitchTurnsThemingOffAndOn) {
     control->setOn(true, false);
     control->sendActionsForControlEvents(UIControlEventValueChanged);
     EXPECT_EQ(preferences(), "on Contrast.plist");
+}
+
+TEST_F(FirstScreen, ItsLastRowsAreTheWaysOutAndCompatibility) {
+    open();
+    choose_row(0, along_section);
+    table()->scrollToRow(NSIndexPath::indexPathForRow(0, about_section), UITableViewScrollPositionBottom,
+                         false);
+    ASSERT_EQ(sim_advance_clock(0), SIM_OK) << sim_last_error();
+    for (const char* label : {"Turn Off", "Reset", "Compatibility"})
+        EXPECT_TRUE(is_on_screen(label)) << label;
+    for (NSInteger row : {0, 1}) {
+        EXPECT_EQ(cell(row, rescue_section)->accessibilityTraits(), UIAccessibilityTraitButton);
+        EXPECT_EQ(rgba(cell(row, rescue_section)->textLabel()->textColor()), (Rgba{0.85, 0.15, 0.1, 1}));
+    }
+    EXPECT_EQ(cell(0, about_section)->accessoryType(), UITableViewCellAccessoryDisclosureIndicator);
+    tap("Turn Off");
+    EXPECT_EQ(preferences(), "off Contrast.plist");
 }
 
 TEST_F(FirstScreen, WithoutAThemeTheSwitchIsDisabled) {
@@ -267,6 +285,14 @@ TEST_F(FirstScreen, AThemeThatVanishedBehindThePageIsGoneOnReturn) {
     tap("OK");
     come_back();
     EXPECT_EQ(table()->numberOfRowsInSection(own_section), 0);
+}
+
+TEST_F(FirstScreen, WhatCameWhileSettingsWasInTheBackgroundIsListed) {
+    open();
+    put_theme(phone, "Mine.plist", "Mine");
+    EXPECT_EQ(table()->numberOfRowsInSection(own_section), 0);
+    NSNotificationCenter::defaultCenter()->post(UIApplicationDidBecomeActiveNotification, nullptr);
+    EXPECT_EQ(table()->numberOfRowsInSection(own_section), 1);
 }
 
 TEST_F(FirstScreen, AFullDiskSaysSoAndKeepsTheChoice) {

@@ -41,7 +41,8 @@ class SettingsPage : public testing::Test {
     void expect_picture(const std::string& name) const;
 
     Phone phone;
-    static constexpr NSInteger switch_section = 0, own_section = 1, along_section = 2, rescue_section = 3;
+    static constexpr NSInteger switch_section = 0, own_section = 1, along_section = 2, rescue_section = 3,
+                               about_section = 4;
 
   private:
     static constexpr const char* settings = "/Applications/Preferences.app/Preferences";

@@ -32,7 +32,8 @@ command_coverage() {
     ((${#programs[@]})) || fail "no test program of the Linux builds matches"
     cmake --build "$built" --target "${programs[@]}" || fail "building the preset 'coverage' failed"
     rm -rf "$built/profiles" "$built/reached" "$root/out/coverage"
-    # Every process adds to the counts of each image in it, at once.
+    # Every process adds to the counts of each image in it, at once. Of two images in a process only the first makes its folder.
+    mkdir -p "$built/profiles"/{huecraft,huecraft_pane,pane_model}
     env -u LLVM_PROFILE_FILE "${tests[@]}" --output-on-failure --parallel "$(nproc)" --no-label-summary ||
         fail "the tests failed: what they reach says nothing"
     mkdir -p "$built/reached"
@@ -50,9 +51,9 @@ command_coverage() {
 # read_counts <build folder> <target> <image>: what the tests reached of an image, if they loaded it, and the pages.
 read_counts() {
     local counts=$1/reached/$2.counts of=("$1/$3" --instr-profile "$1/reached/$2.counts" "$root/library" "$root/pane")
-    local pages=$root/out/coverage/$2
-    [[ -d $1/profiles/$2 ]] || return 0
-    "llvm-profdata-$llvm" merge -o "$counts" "$1/profiles/$2"/*
+    local pages=$root/out/coverage/$2 profiles=("$1/profiles/$2"/*)
+    [[ -e ${profiles[0]} ]] || return 0
+    "llvm-profdata-$llvm" merge -o "$counts" "${profiles[@]}"
     "llvm-cov-$llvm" export --format=lcov --skip-functions "${of[@]}" >"$1/reached/$2.lcov"
     "llvm-cov-$llvm" show --format=html --show-branches=count --output-dir "$pages" "${of[@]}" >/dev/null
     echo "With the sources: $pages/index.html"
