@@ -13,10 +13,8 @@ if(NOT DEFINED ENV{HUECRAFT_EACH_CASE})
     else()
         register(${entry})
     endif()
-    # Two at once: a program starts, and waits for its last case, with one processor. A case has a limit of its own
-    # (tests/support/cases.h).
-    math(EXPR half "(${processors} + 1) / 2")
-    set_tests_properties(${entry} PROPERTIES PROCESSORS ${half} TIMEOUT 3600)
+    # A case has a limit of its own (tests/support/cases.h).
+    set_tests_properties(${entry} PROPERTIES PROCESSORS ${processors} TIMEOUT 3600)
     return()
 endif()
 

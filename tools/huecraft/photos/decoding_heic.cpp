@@ -18,42 +18,41 @@ class Heif {
     void* const library_ = dlopen("libheif.so.1", RTLD_NOW);
     bool is_missing_ = !library_;
 
-    template <class Function>
-    Function* find(const char* name) {
-        void* found = library_ ? dlsym(library_, name) : nullptr;
-        if (!found) is_missing_ = true;
-        return reinterpret_cast<Function*>(found);
+    /// Of whatever type it is asked for as.
+    struct Found {
+        void* symbol;
+        template <class Function>
+        operator Function*() const {
+            return reinterpret_cast<Function*>(symbol);
+        }
+    };
+    Found find(const char* name) {
+        void* const symbol = library_ ? dlsym(library_, name) : nullptr;
+        if (!symbol) is_missing_ = true;
+        return {symbol};
     }
 
   public:
     bool is_missing() const { return is_missing_; }
 
-    decltype(heif_context_alloc)* context_alloc = find<decltype(heif_context_alloc)>("heif_context_alloc");
-    decltype(heif_context_free)* context_free = find<decltype(heif_context_free)>("heif_context_free");
+    decltype(heif_context_alloc)* context_alloc = find("heif_context_alloc");
+    decltype(heif_context_free)* context_free = find("heif_context_free");
     decltype(heif_context_read_from_memory_without_copy)* context_read =
-        find<decltype(heif_context_read_from_memory_without_copy)>(
-            "heif_context_read_from_memory_without_copy");
+        find("heif_context_read_from_memory_without_copy");
     decltype(heif_context_get_primary_image_handle)* primary_image =
-        find<decltype(heif_context_get_primary_image_handle)>("heif_context_get_primary_image_handle");
-    decltype(heif_image_handle_release)* handle_release =
-        find<decltype(heif_image_handle_release)>("heif_image_handle_release");
-    decltype(heif_image_handle_get_width)* handle_width =
-        find<decltype(heif_image_handle_get_width)>("heif_image_handle_get_width");
-    decltype(heif_image_handle_get_height)* handle_height =
-        find<decltype(heif_image_handle_get_height)>("heif_image_handle_get_height");
+        find("heif_context_get_primary_image_handle");
+    decltype(heif_image_handle_release)* handle_release = find("heif_image_handle_release");
+    decltype(heif_image_handle_get_width)* handle_width = find("heif_image_handle_get_width");
+    decltype(heif_image_handle_get_height)* handle_height = find("heif_image_handle_get_height");
     decltype(heif_image_handle_get_raw_color_profile_size)* profile_size =
-        find<decltype(heif_image_handle_get_raw_color_profile_size)>(
-            "heif_image_handle_get_raw_color_profile_size");
+        find("heif_image_handle_get_raw_color_profile_size");
     decltype(heif_image_handle_get_raw_color_profile)* profile =
-        find<decltype(heif_image_handle_get_raw_color_profile)>("heif_image_handle_get_raw_color_profile");
-    decltype(heif_decode_image)* decode = find<decltype(heif_decode_image)>("heif_decode_image");
-    decltype(heif_image_release)* image_release = find<decltype(heif_image_release)>("heif_image_release");
-    decltype(heif_image_get_plane_readonly)* plane =
-        find<decltype(heif_image_get_plane_readonly)>("heif_image_get_plane_readonly");
-    decltype(heif_image_get_width)* image_width =
-        find<decltype(heif_image_get_width)>("heif_image_get_width");
-    decltype(heif_image_get_height)* image_height =
-        find<decltype(heif_image_get_height)>("heif_image_get_height");
+        find("heif_image_handle_get_raw_color_profile");
+    decltype(heif_decode_image)* decode = find("heif_decode_image");
+    decltype(heif_image_release)* image_release = find("heif_image_release");
+    decltype(heif_image_get_plane_readonly)* plane = find("heif_image_get_plane_readonly");
+    decltype(heif_image_get_width)* image_width = find("heif_image_get_width");
+    decltype(heif_image_get_height)* image_height = find("heif_image_get_height");
 };
 
 }  // namespace
