@@ -54,7 +54,20 @@ constexpr const char* scaled_bitmaps = R"(<fontconfig><match target="font">
   </edit>
 </match></fontconfig>)";
 
+/// With the first font map Pango has fontconfig read the machine's configuration, some fifty files, unless
+/// one is set.
+void keep_machine_fonts_unread() {
+    static const bool is_set = [] {
+        FcConfig* nothing = FcConfigCreate();
+        const bool set = FcConfigSetCurrent(nothing);
+        FcConfigDestroy(nothing);
+        return set;
+    }();
+    (void)is_set;
+}
+
 PangoContext* new_context(const Typeface& face) {
+    keep_machine_fonts_unread();
     const bool is_emoji = &face == &emoji_face;
     FcConfig* files = FcConfigCreate();
     auto add = [files](const char* file) {

@@ -80,7 +80,7 @@ struct Label : objc::Implements<Label, UILabel> {
         auto* self = this->self();
         const bool one_line = self->numberOfLines() == 1 || !(size.width > 0);
         const CGSize exact =
-            sim::TextLayout(self->text(), self->font(), one_line ? sim::TextBox{} : box(size.width)).size();
+            sim::size_of_text(self->text(), self->font(), one_line ? sim::TextBox{} : box(size.width));
         if (!self->text()->length()) return {0, 0};
         return {std::ceil(exact.width), std::ceil(exact.height)};
     }

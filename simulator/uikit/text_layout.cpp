@@ -1,7 +1,10 @@
 #include "uikit/text_layout.h"
 
 #include <algorithm>
+#include <compare>
 #include <cstring>
+#include <map>
+#include <string>
 
 #include "coregraphics/CGContext.h"
 #include "uikit/UIFont.h"
@@ -13,6 +16,15 @@ PangoAlignment alignment_of(NSTextAlignment alignment) {
     if (alignment == NSTextAlignmentCenter) return PANGO_ALIGN_CENTER;
     return alignment == NSTextAlignmentRight ? PANGO_ALIGN_RIGHT : PANGO_ALIGN_LEFT;
 }
+
+/// What the size of a layout depends on.
+struct Measured {
+    const Typeface* typeface;
+    CGFloat font_size, width;
+    NSInteger lines;
+    std::string text;
+    friend auto operator<=>(const Measured&, const Measured&) = default;
+};
 
 }  // namespace
 
@@ -57,6 +69,19 @@ void TextLayout::draw(CGContextRef context, CGPoint point, CGColorRef color) con
         cairo_move_to(cairo, point.x, point.y);
         pango_cairo_show_layout(cairo, layout_.get());
     });
+}
+
+CGSize size_of_text(NSString* text, UIFont* font, const TextBox& box) {
+    constexpr size_t longest = 200, most = 1000;
+    const char* bytes = text ? text->UTF8String() : "";
+    if (std::strlen(bytes) > longest) return TextLayout(text, font, box).size();
+    if (!font) font = UIFont::systemFontOfSize(17);
+    static auto& sizes = *new std::map<Measured, CGSize>;
+    if (sizes.size() == most) sizes.clear();
+    const auto [known, is_new] =
+        sizes.try_emplace({&typeface_of(font), font->pointSize(), box.width, box.lines, std::string(bytes)});
+    if (is_new) known->second = TextLayout(text, font, box).size();
+    return known->second;
 }
 
 }  // namespace sim

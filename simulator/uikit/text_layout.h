@@ -36,4 +36,8 @@ class TextLayout {
     std::unique_ptr<PangoLayout, Unreference> layout_;
 };
 
+/// The size of such a layout. Views ask for it again whenever they are laid out, so the latest are
+/// remembered.
+CGSize size_of_text(NSString* text, UIFont* font, const TextBox& box);
+
 }  // namespace sim

@@ -33,8 +33,7 @@ std::optional<Bitmap> Bitmap::of_size(size_t width, size_t height, bool opaque) 
     bitmap.info_ =
         kCGBitmapByteOrder32Little | (opaque ? kCGImageAlphaNoneSkipFirst : kCGImageAlphaPremultipliedFirst);
     bitmap.layout_ = *PixelLayout::of(bitmap.info_);
-    bitmap.surface_ = Surface(cairo_image_surface_create(opaque ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32,
-                                                         static_cast<int>(width), static_cast<int>(height)));
+    bitmap.surface_ = clear_surface(opaque ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32, width, height);
     if (cairo_surface_status(bitmap.surface_)) return std::nullopt;
     bitmap.data_ = cairo_image_surface_get_data(bitmap.surface_);
     bitmap.row_bytes_ = static_cast<size_t>(cairo_image_surface_get_stride(bitmap.surface_));

@@ -44,6 +44,8 @@ class Pixels {
 
 /// A surface whose pixels are all going to be written. Cairo would make them zero first.
 Surface unwritten_surface(cairo_format_t format, size_t width, size_t height);
+/// A surface whose pixels are zero.
+Surface clear_surface(cairo_format_t format, size_t width, size_t height);
 
 /// `component` times `alpha`, both from 0 to 255, rounded to nearest.
 constexpr uint8_t premultiplied(unsigned component, unsigned alpha) {

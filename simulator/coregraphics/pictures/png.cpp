@@ -3,6 +3,7 @@
 #include <png.h>
 
 #include <algorithm>
+#include <csetjmp>
 #include <memory>
 
 #include "coregraphics/drawing/pixels.h"
@@ -56,15 +57,44 @@ std::unique_ptr<uint8_t[]> unmultiplied(const Pixels& pixels) {
     return plain;
 }
 
-std::unique_ptr<uint8_t[]> without_alpha(const Pixels& pixels) {
-    auto plain = std::make_unique_for_overwrite<uint8_t[]>(pixels.width() * pixels.height() * 3);
-    uint8_t* out = plain.get();
-    for (size_t y = 0; y < pixels.height(); ++y) {
-        const uint8_t* in = pixels.row(y).data();
-        for (size_t x = 0; x < pixels.width(); ++x, in += Pixels::bytes, out += 3)
-            out[0] = in[Pixels::red], out[1] = in[Pixels::green], out[2] = in[Pixels::blue];
-    }
-    return plain;
+// ---- Opaque pictures, row by row --------------------------------------------------------------------------
+
+void append(png_structp png, png_bytep bytes, size_t count) {
+    auto& file = *static_cast<std::vector<uint8_t>*>(png_get_io_ptr(png));
+    file.insert(file.end(), bytes, bytes + count);
+}
+
+/// libpng's writer and what it knows of the picture.
+struct Writer {
+    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+    png_infop info = png ? png_create_info_struct(png) : nullptr;
+
+    Writer() = default;
+    Writer(const Writer&) = delete;
+    ~Writer() { png_destroy_write_struct(&png, &info); }
+};
+
+/// The file that libpng's simplified interface makes of the same colours when it is to be quick, without a
+/// copy of all pixels to make it from. False when memory is short.
+bool write_opaque(const Pixels& pixels, std::vector<uint8_t>& file) {
+    const Writer writer;
+    if (!writer.info) return false;
+    png_structp png = writer.png;
+    if (setjmp(png_jmpbuf(png))) return false;
+    constexpr int quick = 3, component_bits = 8;
+    png_set_write_fn(png, &file, append, nullptr);
+    png_set_IHDR(png, writer.info, static_cast<png_uint_32>(pixels.width()),
+                 static_cast<png_uint_32>(pixels.height()), component_bits, PNG_COLOR_TYPE_RGB,
+                 PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    png_set_sRGB(png, writer.info, PNG_sRGB_INTENT_PERCEPTUAL);
+    png_write_info(png, writer.info);
+    png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_NO_FILTERS);  // before the header it would mean all
+    png_set_compression_level(png, quick);
+    png_set_bgr(png);
+    png_set_filler(png, 0, PNG_FILLER_AFTER);
+    for (size_t y = 0; y < pixels.height(); ++y) png_write_row(png, pixels.row(y).data());
+    png_write_end(png, nullptr);
+    return true;
 }
 
 }  // namespace
@@ -98,13 +128,16 @@ std::optional<DecodedPicture> decode_png(std::span<const uint8_t> data) {
 
 std::optional<std::vector<uint8_t>> encode_png(cairo_surface_t* surface) {
     const Pixels pixels(surface);
-    const bool alpha = cairo_image_surface_get_format(surface) == CAIRO_FORMAT_ARGB32;
-    const bool as_it_is = alpha && is_opaque_or_clear(pixels);
-    const auto plain = as_it_is ? nullptr : alpha ? unmultiplied(pixels) : without_alpha(pixels);
+    if (cairo_image_surface_get_format(surface) != CAIRO_FORMAT_ARGB32) {
+        std::vector<uint8_t> file;
+        return write_opaque(pixels, file) ? std::optional(std::move(file)) : std::nullopt;
+    }
+    const bool as_it_is = is_opaque_or_clear(pixels);
+    const auto plain = as_it_is ? nullptr : unmultiplied(pixels);
     Png png;
     png.width = static_cast<png_uint_32>(pixels.width());
     png.height = static_cast<png_uint_32>(pixels.height());
-    png.format = as_it_is ? PNG_FORMAT_BGRA : alpha ? PNG_FORMAT_RGBA : PNG_FORMAT_RGB;
+    png.format = as_it_is ? PNG_FORMAT_BGRA : PNG_FORMAT_RGBA;
     png.flags = PNG_IMAGE_FLAG_FAST;
     const void* rows = as_it_is ? pixels.row(0).data() : plain.get();
     const int row_bytes = as_it_is ? cairo_image_surface_get_stride(surface) : 0;

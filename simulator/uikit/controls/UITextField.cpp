@@ -150,7 +150,7 @@ void TextField::layoutSubviews() {
 CGSize TextField::sizeThatFits(CGSize) {
     auto* self = this->self();
     NSString* shown = self->text()->length() ? self->text() : self->placeholder();
-    const CGSize text = TextLayout(shown, self->font(), {}).size();
+    const CGSize text = size_of_text(shown, self->font(), {});
     const CGRect wide{{0, 0}, {1000, 100}};
     const CGFloat beside = wide.size.width - self->textRectForBounds(wide).size.width;
     constexpr CGFloat bordered_height = 30;

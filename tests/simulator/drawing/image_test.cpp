@@ -30,6 +30,24 @@ TEST_F(ImageContext, ScaleZeroIsTheScreens) {
     UIGraphicsEndImageContext();
 }
 
+TEST_F(ImageContext, ALargeContextBeginsEmptyWhateverWasInItsMemory) {
+    constexpr CGSize size{1000, 1000};
+    for (int i = 0; i < 4; ++i) {
+        const objc::AutoreleasePool pool;
+        drawn(size, 1, [&](CGContextRef context) {
+            UIColor::redColor()->setFill();
+            CGContextFillRect(context, {{0, 0}, size});
+        });
+    }
+    for (bool opaque : {false, true}) {
+        const objc::AutoreleasePool pool;
+        const Picture picture(drawn(size, 1, [](CGContextRef) {}, opaque));
+        for (size_t y = 0; y < 1000; ++y)
+            for (size_t x = 0; x < 1000; ++x)
+                ASSERT_EQ(picture.at(x, y), opaque ? black : transparent) << x << " " << y;
+    }
+}
+
 TEST_F(ImageContext, PartsOfPixelsAreRoundedUp) {
     UIImage* image = drawn({1.1, 2.5}, 2, [](CGContextRef) {});
     EXPECT_EQ(CGImageGetWidth(image->CGImage()), 3u);

@@ -92,6 +92,42 @@ TEST_F(Label, KeepsItsLineBreakMode) {
     EXPECT_EQ(label->lineBreakMode(), NSLineBreakByWordWrapping);
 }
 
+TEST_F(Label, IsMeasuredAgainAfterEachChange) {
+    auto label = label_with("a word and another");
+    label->setNumberOfLines(0);
+    const CGSize narrow{60, 0};
+    CGSize before = label->sizeThatFits(narrow);
+    const auto expect_other_height = [&](auto change) {
+        change();
+        const CGSize now = label->sizeThatFits(narrow);
+        EXPECT_NE(now.height, before.height);
+        before = now;
+    };
+    expect_other_height([&] { label->setText(text("a word")); });
+    expect_other_height([&] { label->setText(text("a word and another")); });
+    expect_other_height([&] { label->setNumberOfLines(2); });
+    expect_other_height([&] { label->setFont(UIFont::systemFontOfSize(14)); });
+    EXPECT_LT(label->sizeThatFits({1000, 0}).height, before.height);
+    EXPECT_GT(label->sizeThatFits({1000, 0}).width, before.width);
+    label->setNumberOfLines(1);
+    const CGFloat regular = label->sizeThatFits({}).width;
+    label->setFont(UIFont::systemFontOfSize(14, UIFontWeightBold));
+    EXPECT_GT(label->sizeThatFits({}).width, regular);
+}
+
+TEST_F(Label, IsMeasuredHoweverManyTextsItHad) {
+    auto label = label_with("first");
+    const CGSize first = label->sizeThatFits({});
+    for (int i = 0; i < 1500; ++i) {
+        label->setText(text("text " + std::to_string(i)));
+        label->sizeThatFits({});
+    }
+    label->setText(text("first"));
+    EXPECT_EQ(label->sizeThatFits({}), first);
+    label->setText(text(std::string(300, 'w')));
+    EXPECT_GT(label->sizeThatFits({}).width, 300 * 10);
+}
+
 TEST_F(Label, ShowsItsTextInItsColour) {
     auto label = label_with("I");
     label->setTextColor(UIColor::redColor());
