@@ -169,6 +169,33 @@ TEST_F(CommandFaults, PickerSavesThemeAndRecentColours) {
                 "device/var/mobile/Library/Preferences/com.quillmoth.hcrecentcolors.plist");
 }
 
+/// The library leaves the keyboard as it is when it cannot read its files. That is not the picture that was
+/// asked for.
+TEST_F(CommandFaults, APhoneThatCannotReadItsPreferencesGivesNoPicture) {
+    const std::string preferences = "/com.quillmoth.huecraftios12.plist";
+    const auto run = [&](size_t number) {
+        arrange();
+        return run_with_fault(
+            [&] { return become({"keyboard", in_work("in.plist"), "--scale", "1", "-o", in_work("k.png")}); },
+            {temporary.path()}, number, Fault::failing(EIO));
+    };
+    const FaultyRun sound = run(0);
+    ASSERT_EQ(sound.status, 0);
+    const Snapshot themed = snapshot_of(work.path());
+    arrange();
+    const Snapshot before = snapshot_of(work.path());
+    size_t refused = 0;
+    for (size_t number = 1; number <= sound.calls.size(); ++number) {
+        if (!sound.calls[number - 1].ends_with(preferences)) continue;
+        const FaultyRun faulty = run(number);
+        SCOPED_TRACE(in_words(sound, number, Fault::failing(EIO)));
+        EXPECT_TRUE(faulty.met.ends_with(preferences)) << faulty.met;
+        refused += faulty.status == 2;
+        EXPECT_EQ(snapshot_of(work.path()), faulty.status == 2 ? before : themed);
+    }
+    EXPECT_GT(refused, 0u);
+}
+
 TEST_F(CommandFaults, WhatAKillLeavesIsClearedByTheNextRun) {
     arrange();
     const std::vector<std::string> arguments{"edit", in_work("in.plist"), "--text", "gold"};

@@ -13,4 +13,10 @@ void choose_theme(const std::string& file_name) {
     if (!preferences->writeToFile(text(path), true)) throw Failure(std::string("cannot write ") + path);
 }
 
+void require_theme() {
+    id store = objc::send<"sharedInstance", id>(reinterpret_cast<id>(objc_getClass("HCPreferences")));
+    if (!objc::send<"isEnabled", bool>(store))
+        throw Failure("the library could not read the phone's theme or preferences");
+}
+
 }  // namespace tools

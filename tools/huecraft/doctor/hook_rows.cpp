@@ -33,6 +33,7 @@ void boot(const Workshop& workshop) {
 
 std::vector<HookRow> rows_of_the_library() {
     tools::load(library());
+    tools::require_theme();
     std::vector<HookRow> rows;
     for (size_t i = 0; i < sim_installing_call_count(); ++i) {
         sim_installing_call call;

@@ -147,6 +147,7 @@ struct Gallery {
         mallopt(M_MMAP_THRESHOLD, kept);
         mallopt(M_TRIM_THRESHOLD, kept);
         tools::load(build.file);
+        tools::require_theme();
     }
 
     /// Names a theme of which nothing but its key caps is ever shown.

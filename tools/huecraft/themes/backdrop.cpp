@@ -90,6 +90,7 @@ Pixels picture_of_caps(const Workshop& workshop, bool caps, const char* backdrop
         workshop.place_theme(name, bare_theme(caps, backdrop));
         tools::choose_theme(name);
         tools::load(library());
+        tools::require_theme();
         const sim_keyboard keyboard = plain_keyboard();
         tools::require(sim_show_keyboard(&keyboard), "showing the caps");
         tools::require(sim_take_picture(picture.c_str(), 1), "drawing the caps");
@@ -134,6 +135,7 @@ BackdropSampler::BackdropSampler(const Workshop& workshop) {
     workshop.place_theme("worn", bare_theme(false, "#000000"));
     tools::choose_theme("worn");
     tools::load(library());
+    tools::require_theme();
     const sim_keyboard keyboard = plain_keyboard();
     tools::require(sim_show_keyboard(&keyboard), "showing the keyboard");
 

@@ -18,6 +18,7 @@ void put_on_theme(const Workshop& workshop, const std::string& file, const std::
     tools::choose_theme(name);
     tools::load(library);
     load_theme(workshop, file, contents);  // says what the library does not: why it is not a theme
+    tools::require_theme();
     std::filesystem::remove(workshop.theme(name));
 }
 
