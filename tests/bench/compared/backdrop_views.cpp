@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "content_view.h"
 #include "least_backdrop.h"
 #include "least_classes.h"
 #include "objc/fast_enumeration.h"
@@ -100,25 +101,6 @@ NSArray* colours() {
     objc::for_each<NSObject>(as<NSArray>(values->objectForKey("_Colors"_ns)),
                              [&](NSObject* entry) { colours[count++] = colour_of(entry); });
     return NSArray::arrayWithObjects(colours, count);
-}
-
-void set_up(UIView* content) {
-    content->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-    CALayer* layer = content->layer();
-    layer->setShouldRasterize(true);
-    layer->setRasterizationScale(UIScreen::mainScreen()->scale());
-    content->setOpaque(true);
-}
-
-void switch_off_animations(CALayer* layer) {
-    static NSDictionary* const no_actions = [] {
-        const id keys[] = {"onOrderIn"_ns, "onOrderOut"_ns, "sublayers"_ns, "contents"_ns,
-                           "bounds"_ns,    "onLayout"_ns,   "position"_ns};
-        id nothing[7];
-        for (id& action : nothing) action = NSNull::null();
-        return strong<NSDictionary>(NSDictionary::dictionaryWithObjects(nothing, keys, 7)).leak();
-    }();
-    layer->setActions(no_actions);
 }
 
 /// Whether the view that is put in is of a class that keeps what it shows in variables, or the system's.

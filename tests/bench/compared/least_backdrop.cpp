@@ -1,5 +1,6 @@
 #include "least_backdrop.h"
 
+#include "content_view.h"
 #include "least_classes.h"
 #include "objc/string.h"
 
@@ -61,23 +62,8 @@ int number_of(id value) {
 strong<UIView> make_content(UIColor* colour) {
     strong<UIView> content = UIView::alloc()->initWithFrame({});
     content->setBackgroundColor(colour);
-    content->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
-    CALayer* layer = content->layer();
-    layer->setShouldRasterize(true);
-    layer->setRasterizationScale(UIScreen::mainScreen()->scale());
-    content->setOpaque(true);
+    set_up(content);
     return content;
-}
-
-NSDictionary* no_actions() {
-    static NSDictionary* const actions = [] {
-        const id keys[] = {"onOrderIn"_ns, "onOrderOut"_ns, "sublayers"_ns, "contents"_ns,
-                           "bounds"_ns,    "onLayout"_ns,   "position"_ns};
-        id nothing[7];
-        for (id& action : nothing) action = NSNull::null();
-        return strong<NSDictionary>(NSDictionary::dictionaryWithObjects(nothing, keys, 7)).leak();
-    }();
-    return actions;
 }
 
 strong<_UIBackdropView> coloured(NSArray* texts) {
@@ -86,7 +72,7 @@ strong<_UIBackdropView> coloured(NSArray* texts) {
     strong<UIView>& content = ClassOf<Coloured>::variables(view).content;
     content = make_content(UIColor::colorWithRGB(components[0], components[1], components[2], components[3]));
     view->addSubview(content);
-    content->layer()->setActions(no_actions());
+    switch_off_animations(content->layer());
     return view;
 }
 
@@ -114,11 +100,11 @@ strong<_UIBackdropView> gradient(NSArray* texts, int direction) {
     layer->setStartPoint(start);
     layer->setEndPoint({1 - start.x, 1 - start.y});
     layer->setColors(list);
-    layer->setActions(no_actions());
+    switch_off_animations(layer);
     view->addSubview(content);
     CALayer* below = content->layer();
     below->addSublayer(layer);
-    below->setActions(no_actions());
+    switch_off_animations(below);
     return view;
 }
 
