@@ -21,16 +21,16 @@ Expression& Expression::add(const Expression& other, double factor) {
     constexpr double noise = 1e-9;
     constant_ += other.constant_ * factor;
     if (other.terms_.empty()) return *this;
-    std::vector<Term> sum;
+    Terms sum;
     sum.reserve(terms_.size() + other.terms_.size());
-    auto mine = terms_.begin();
+    const Term* mine = terms_.begin();
     for (const Term& theirs : other.terms_) {
         while (mine != terms_.end() && mine->variable < theirs.variable) sum.push_back(*mine++);
         double coefficient = theirs.coefficient * factor;
         if (mine != terms_.end() && mine->variable == theirs.variable) coefficient += mine++->coefficient;
         if (std::fabs(coefficient) > noise) sum.push_back({theirs.variable, coefficient});
     }
-    sum.insert(sum.end(), mine, terms_.end());
+    sum.append(mine, terms_.end());
     terms_ = std::move(sum);
     return *this;
 }

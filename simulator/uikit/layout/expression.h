@@ -1,6 +1,6 @@
 // Sums of variables: what the equations of a layout are made of.
 #pragma once
-#include <vector>
+#include "uikit/layout/short_list.h"
 
 namespace sim {
 
@@ -12,11 +12,13 @@ class Expression {
         double coefficient;
     };
 
+    using Terms = ShortList<Term, 4>;
+
     Expression(double constant = 0) : constant_(constant) {}
     static Expression of(unsigned variable);
 
     /// By ascending variable; none has a coefficient of zero.
-    const std::vector<Term>& terms() const { return terms_; }
+    const Terms& terms() const { return terms_; }
     double constant() const { return constant_; }
     bool is_constant() const { return terms_.empty(); }
     double coefficient_of(unsigned variable) const;
@@ -30,7 +32,7 @@ class Expression {
     friend Expression operator*(Expression a, double factor) { return a *= factor, a; }
 
   private:
-    std::vector<Term> terms_;
+    Terms terms_;
     double constant_;
 };
 

@@ -52,7 +52,7 @@ const Solver::Row& Solver::definition_of(unsigned variable) {
 
 // Writes the row in terms of free variables.
 void Solver::reduce(Row& row) {
-    std::vector<Expression::Term> taken;
+    Expression::Terms taken;
     for (const auto& term : row.expression.terms())
         if (definitions_[term.variable]) taken.push_back(term);
     for (const auto& term : taken) row.add(definition_of(term.variable), -term.coefficient);
@@ -60,7 +60,7 @@ void Solver::reduce(Row& row) {
 
 // The same of an expression alone: nobody asks where it comes from.
 Expression Solver::in_free_variables(Expression expression) {
-    const std::vector<Expression::Term> terms = expression.terms();
+    const Expression::Terms terms = expression.terms();
     for (const auto& term : terms)
         if (definitions_[term.variable])
             expression.add(definition_of(term.variable).expression, -term.coefficient);
