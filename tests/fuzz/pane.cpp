@@ -4,6 +4,8 @@
 #include <sys/stat.h>
 
 #include <fstream>
+#include <map>
+#include <optional>
 
 #include "harness/fuzz.h"
 #include "pane/kept_files.h"
@@ -21,6 +23,7 @@ using test::text;
 
 constexpr const char* preferences = "/var/mobile/Library/Preferences";
 constexpr const char* photos = "/var/mobile/Media/DCIM/100APPLE";
+constexpr const char* caches = "/var/mobile/Library/Caches/com.quillmoth.huecraftios12.settings";
 constexpr double width = 320, height = 568;
 
 constexpr const char* labels[] = {"Add Colour",
@@ -79,30 +82,70 @@ test::Phone::Options settings() {
     return options;
 }
 
-void arrange() {
-    static const bool is_on = [] {
-        test::Phone& phone = fuzz::phone_without_library(settings());
-        test::lay_out_packages(phone, FUZZED_PANE);
-        phone.write("/usr/bin/sbreload", "");
-        phone.make_folder(photos);
-        fuzz::phone();
-        return true;
-    }();
-    (void)is_on;
+/// Files with their contents, and folders; by path on the host.
+using Files = std::map<fs::path, std::optional<std::string>>;
+
+/// What lies there when an input begins.
+Files first_files() {
     const test::Phone& phone = fuzz::phone();
+    Files files;
     for (const char* folder : {preferences, photos}) {
         fs::remove_all(phone.host(folder));
         phone.make_folder(folder);
+        files[phone.host(folder)];
     }
     phone.make_folder(test::theme_folder);
     test::put_theme(phone, "Mine.plist", "Mine");
     test::put_theme(phone, "Other.plist", "Other");
     phone.write(test::preference_file, "{_Enabled = 1; _Config = \"Mine.plist\"; kept = yes;}");
-    static const std::string hill = [] {
-        NSData* png = UIImagePNGRepresentation(test::filled_image(test::color(0.2, 0.5, 0.3), 40, 30));
-        return std::string(static_cast<const char*>(png->bytes()), png->length());
+    NSData* png = UIImagePNGRepresentation(test::filled_image(test::color(0.2, 0.5, 0.3), 40, 30));
+    phone.write(std::string(photos) + "/hill.png", {static_cast<const char*>(png->bytes()), png->length()});
+    for (const char* folder : {preferences, photos})
+        for (const auto& entry : fs::recursive_directory_iterator(phone.host(folder)))
+            if (entry.is_directory())
+                files[entry.path()];
+            else
+                files[entry.path()] = test::contents_of(entry.path());
+    phone.write("/usr/bin/sbreload", "");
+    files[phone.host("/usr/bin/sbreload")] = "";
+    return files;
+}
+
+bool is_folder(const fs::path& path) { return fs::is_directory(fs::symlink_status(path)); }
+bool is_file(const fs::path& path) { return fs::is_regular_file(fs::symlink_status(path)); }
+
+void remove_others(const fs::path& folder, const Files& files) {
+    for (const auto& entry : fs::directory_iterator(folder))
+        if (!files.contains(entry.path())) fs::remove_all(entry.path());
+}
+
+/// Files that are as they should be are left alone: the pane knows them again, and does not draw them anew.
+void restore(const Files& files) {
+    for (const auto& [path, contents] : files) {
+        if (contents ? is_file(path) && test::contents_of(path) == *contents : is_folder(path)) continue;
+        fs::remove_all(path);
+        if (contents)
+            std::ofstream(path) << *contents;
+        else
+            fs::create_directory(path);
+    }
+    for (const char* folder : {preferences, photos, test::theme_folder})
+        remove_others(fuzz::phone().host(folder), files);
+}
+
+void arrange() {
+    static const Files files = [] {
+        test::Phone& phone = fuzz::phone_without_library(settings());
+        test::lay_out_packages(phone, FUZZED_PANE);
+        fuzz::phone();
+        return first_files();
     }();
-    phone.write(std::string(photos) + "/hill.png", hill);
+    restore(files);
+    const fs::path pictures = fuzz::phone().host(std::string(caches) + "/Keyboards");
+    fuzz::phone().make_folder(caches);
+    remove_others(fuzz::phone().host(caches), {{pictures, std::nullopt}});
+    if (!is_folder(pictures)) fs::remove_all(pictures);
+    EXPECT_EQ(sim_end_programs_with(0), SIM_OK) << sim_last_error();
 }
 
 void expect_done_or_refused(sim_status status) {
@@ -139,7 +182,8 @@ void meddle(fuzz::Bytes& bytes) {
                                         std::string(test::theme_folder),
                                         std::string(photos) + "/hill.png",
                                         std::string(photos),
-                                        "/usr/bin/sbreload"};
+                                        "/usr/bin/sbreload",
+                                        std::string(caches) + "/Keyboards"};
     fs::path file = fuzz::phone().host(files[bytes.below(std::size(files))]);
     if (!file.has_filename()) file = file.parent_path();
     std::error_code ignored;

@@ -99,6 +99,18 @@ Pixels picture_of_caps(const Workshop& workshop, bool caps, const char* backdrop
     return Pixels(tools::read_picture(picture));
 }
 
+/// The caps of this process's phones, over black and over white. Every sampler's are the same.
+struct CapPictures {
+    Pixels hidden[2], visible[2];
+};
+
+const CapPictures& cap_pictures(const Workshop& workshop) {
+    static const CapPictures pictures{
+        {picture_of_caps(workshop, false, "#000000"), picture_of_caps(workshop, false, "#FFFFFF")},
+        {picture_of_caps(workshop, true, "#000000"), picture_of_caps(workshop, true, "#FFFFFF")}};
+    return pictures;
+}
+
 CGSize on_whole_pixels(CGSize size) {
     auto rounded_up = [](double points) { return std::ceil(points * backdrop_scale) / backdrop_scale; };
     return {rounded_up(size.width), rounded_up(size.height)};
@@ -127,10 +139,7 @@ objc::strong<T> make_view(CGRect frame) {
 BackdropSampler::BackdropSampler(const Workshop& workshop) {
     tools::boot(workshop.device, tools::notes);
     objc::AutoreleasePool pool;
-    const Pixels hidden[] = {picture_of_caps(workshop, false, "#000000"),
-                             picture_of_caps(workshop, false, "#FFFFFF")};
-    const Pixels visible[] = {picture_of_caps(workshop, true, "#000000"),
-                              picture_of_caps(workshop, true, "#FFFFFF")};
+    const auto& [hidden, visible] = cap_pictures(workshop);
 
     workshop.place_theme("worn", bare_theme(false, "#000000"));
     tools::choose_theme("worn");
