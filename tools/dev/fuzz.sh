@@ -11,7 +11,7 @@ after another, all of them unless some are named. A target begins with its seeds
 keeps what it comes across in build/fuzz/corpora. It ends at the first thing that it finds, says what, and where the input lies;
 the exit status is then 1. tests/fuzz/<target>.cpp says what a target expects, and subcommands.cpp what those of that name do.
   --minutes <number>  how long each target runs: 1 unless given
-  --minimise          runs nothing; puts the fewest inputs that reach all that was reached into tests/fuzz/corpus
+  --minimise          runs nothing new; puts the fewest inputs that reach every branch that was reached into tests/fuzz/corpus
   --list              prints the targets
 A short run of each target, the same every time and not sanitized, is a part of ./dev test.
 END
@@ -103,13 +103,14 @@ largest_input() {
     echo "${largest:-4096}"
 }
 
-# Inputs of a few hundred bytes are kept; larger ones say what smaller ones say.
+# Inputs of a few hundred bytes are kept; larger ones say what smaller ones say. Of two that reach the same branches one is
+# enough: how often they did does not count, or the tests would read thousands.
 minimise_corpus() {
     local folder=$root/build/fuzz/corpora/$1 fewest=$root/build/fuzz/corpora/$1.fewest
     unpacked_corpus "$1"
     rm -rf "$fewest"
     mkdir -p "$fewest"
-    fuzz "$1" -merge=1 "$fewest" "$folder.kept" "$folder" >"$root/build/fuzz/corpora/$1.log" 2>&1 ||
+    fuzz "$1" -set_cover_merge=1 -use_counters=0 "$fewest" "$folder.kept" "$folder" >"$root/build/fuzz/corpora/$1.log" 2>&1 ||
         fail "merging failed; see build/fuzz/corpora/$1.log"
     "$root/build/fuzz/bin/fuzz_corpus" pack "$fewest" 700 >"$root/tests/fuzz/corpus/$1.txt"
     echo "$1: $(wc -l <"$root/tests/fuzz/corpus/$1.txt") inputs kept of $(find "$folder" -type f | wc -l)"
