@@ -5,6 +5,7 @@
 #include <dlfcn.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <string_view>
 
@@ -92,6 +93,9 @@ void* resolve_import(const std::string& symbol) {
         {"__bzero", address(&clear_bytes)},
         {"memset_pattern16", address(&fill_with_pattern)},
         {"__sincos_stret", address(&sine_and_cosine)},
+        // The process's, which a sanitizer puts in the place of the C library's.
+        {"malloc", address(&std::malloc)},
+        {"free", address(&std::free)},
         // What a program asks about the device, and not about the host.
         {"dlopen", address(&open_library)},
         {"dlsym", address(&symbol_of)},

@@ -63,7 +63,7 @@ class PaneFaults : public testing::Test {
             expect_chosen_theme();
             if (run.status == failed_with_error && !may_be_between) EXPECT_EQ(found, before);
         };
-        const size_t met = try_every_fault({{}, [&] { reset(); }, work, judge});
+        const size_t met = try_every_fault({every_call(phone.host("/")), [&] { reset(); }, work, judge});
         EXPECT_GE(met, 30u);
         EXPECT_NE(after, before) << "the operation did nothing";
     }

@@ -61,7 +61,7 @@ class Saving : public testing::Test {
         return error ? failed_with_error : failed;
     }
     size_t try_to_save(int status_of_failure) {
-        return try_every_fault({.counted = {},
+        return try_every_fault({.counted = every_call(phone.host("/")),
                                 .prepare = [this] { reset(); },
                                 .work = [this] { return save(); },
                                 .judge = [this, status_of_failure](
@@ -117,7 +117,8 @@ TEST_F(Saving, AFileThatChangesMeanwhileIsNeverHalf) {
         for (const auto& [path, content] : found) EXPECT_EQ(path.find(unfinished), path.npos) << path;
         if (run.status == done && found == after) ++replaced;
     };
-    try_at_every_call({{}, [&] { reset(); }, [&] { return save(); }, judge}, meddlings_with(file()));
+    try_at_every_call({every_call(phone.host("/")), [&] { reset(); }, [&] { return save(); }, judge},
+                      meddlings_with(file()));
     EXPECT_GT(replaced, 0u);
 }
 
@@ -128,7 +129,8 @@ TEST_F(Saving, AFolderThatGoesMeanwhileEndsInAnError) {
         EXPECT_TRUE(run.status == done || run.status == failed_with_error) << run.status;
         failures += run.status == failed_with_error;
     };
-    try_at_every_call({{}, [&] { reset(); }, [&] { return save(); }, judge}, meddlings_with(folder()));
+    try_at_every_call({every_call(phone.host("/")), [&] { reset(); }, [&] { return save(); }, judge},
+                      meddlings_with(folder()));
     EXPECT_GT(failures, 5u);
 }
 
@@ -148,7 +150,7 @@ TEST_F(Saving, AThemeThatChangesWhileItIsReadIsReadOrRefused) {
         EXPECT_TRUE(run.status == done || run.status == failed_with_error) << run.status;
         refused += run.status == failed_with_error;
     };
-    try_at_every_call({{}, [&] { reset(); }, read, judge}, faults);
+    try_at_every_call({every_call(phone.host("/")), [&] { reset(); }, read, judge}, faults);
     EXPECT_GT(refused, 10u);
 }
 
@@ -170,7 +172,7 @@ TEST_F(Saving, PreferencesThatChangeWhileTheyAreReadAreOnOrOff) {
         if (fault.kind == Fault::Kind::none) EXPECT_EQ(run.status, 10);
         off += run.status == 20;
     };
-    try_at_every_call({{}, arrange, ask, judge}, faults);
+    try_at_every_call({every_call(phone.host("/")), arrange, ask, judge}, faults);
     EXPECT_GT(off, 10u);
 }
 
@@ -207,7 +209,8 @@ class RecordingFaults : public RecentColours {
             fs::remove_all(folder());
             fs::create_directories(folder());
         };
-        const size_t met = try_every_fault({{}, reset, [&] { return confirm_once(); }, judge});
+        const size_t met =
+            try_every_fault({every_call(phone.host("/")), reset, [&] { return confirm_once(); }, judge});
         EXPECT_NE(after[file.filename()].find("#123456"), std::string::npos);
         return met;
     }
@@ -237,7 +240,7 @@ TEST_F(RecordingFaults, AFileThatChangesWhileItIsReadGivesAList) {
     std::vector<Fault> faults = meddlings_with(phone.host(recent_file));
     for (const int error : every_error()) faults.push_back(Fault::failing(error));
     const auto judge = [](const FaultyRun& run, const Fault&) { EXPECT_EQ(run.status, done); };
-    EXPECT_GT(try_at_every_call({{}, arrange, read, judge}, faults), 10u);
+    EXPECT_GT(try_at_every_call({every_call(phone.host("/")), arrange, read, judge}, faults), 10u);
 }
 
 }  // namespace

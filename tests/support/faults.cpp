@@ -207,6 +207,14 @@ class Tracer {
 
 }  // namespace
 
+Counted every_call([[maybe_unused]] const fs::path& folder) {
+#if __has_feature(address_sanitizer)
+    return {folder.has_filename() ? folder : folder.parent_path()};
+#else
+    return {};
+#endif
+}
+
 FaultyRun run_with_fault(const std::function<int()>& work, const Counted& counted, size_t number,
                          const Fault& fault) {
     return Tracer(counted, number, fault).run(work);

@@ -37,6 +37,10 @@ struct FaultyRun {
 /// by its whole path or open; without folders all of them.
 using Counted = std::vector<std::filesystem::path>;
 
+/// All calls of a process that works with this folder. Where it is sanitized only those about the folder: the
+/// sanitizers call the kernel, too, and do not expect to fail.
+Counted every_call(const std::filesystem::path& folder);
+
 /// Does the work in a child process, whose exit status is the answer; the child may become another program
 /// instead. The `number`th call that counts, from 1, meets the fault.
 FaultyRun run_with_fault(const std::function<int()>& work, const Counted& counted, size_t number = 0,

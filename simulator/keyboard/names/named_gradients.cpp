@@ -49,7 +49,7 @@ CGGradientRef make(const NamedGradient& gradient) {
 SIM_EXPORTED CGGradientRef UIKBGetNamedLinearGradient(NSString* name) {
     if (!name) return nullptr;
     // Kept for the life of the process: callers do not own what they are answered.
-    static std::map<std::string_view, CGGradientRef> made;
+    static auto& made = *new std::map<std::string_view, CGGradientRef>;
     const std::string_view text = name->UTF8String();
     for (const NamedGradient& gradient : named_gradients) {
         if (gradient.name != text) continue;
