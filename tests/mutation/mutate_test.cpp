@@ -230,12 +230,12 @@ TEST_F(Mutate, OfManyMutantsEachIsJudgedByTheSuitesThatReachItsLine) {
     EXPECT_EQ(asked.rfind("Limit"), 0u) << asked;
 }
 
-TEST_F(Mutate, WhatTheReachingSuitesLetLiveIsJudgedByAll) {
+TEST_F(Mutate, WhatTheReachingSuitesLetLiveIsJudgedByTheOthers) {
     // Only the other suite runs the line, and does not look at what comes of it: the first has it from the
     // compiler.
     write_two_suites(
-        "*Sum.*) \"$LIMIT\" 1 2; exit 0 ;;\n"
-        "*) \"$LIMIT\"; [ $? = 10 ] || { echo FAILED: Limit.Keeps; exit 1; } ;;\n");
+        "*Limit.* | *-Sum.*) \"$LIMIT\"; [ $? = 10 ] || { echo FAILED: Limit.Keeps; exit 1; } ;;\n"
+        "*Sum.*) \"$LIMIT\" 1 2; exit 0 ;;\n");
     write("source/limit.cpp",
           "constexpr int sum(int less) { return 1 + 2 + 3 + 4 + 5 + 6 + 7 - less; }\n"
           "constexpr int largest = sum(18);\n"
@@ -313,6 +313,24 @@ TEST_F(Mutate, AnArchiveIsJudgedByTheProgramThatHoldsIt) {
     EXPECT_THAT(mutate("source/limit.cpp:3").output,
                 AllOf(HasSubstr("killed: source/limit.cpp:3 by limit_tests Limit.IsKept\n"),
                       HasSubstr("1 tried, 1 killed")));
+}
+
+TEST_F(Mutate, WhatOneImagesTestsLetLiveIsJudgedInTheNext) {
+    write("tests/mutation/judges.txt",
+          "source lib/limit LIMIT=lib/limit lenient_tests\nsource lib/limit LIMIT=lib/limit limit_tests\n");
+    write("build/bin/lenient_tests",
+          "#!/bin/sh\n\"$LIMIT\" 5; [ $? = 5 ] || { echo FAILED: Limit.Keeps; exit 1; }\n");
+    fs::permissions(root_ / "build/bin/lenient_tests", fs::perms::owner_all);
+    EXPECT_THAT(mutate("source/limit.cpp:5").output,
+                HasSubstr("killed: source/limit.cpp:5 by limit_tests Limit.CutsWhatIsAbove\n"));
+}
+
+TEST_F(Mutate, ACaseThatIsLeftOutDoesNotJudge) {
+    write("tests/mutation/judges.txt", "source lib/limit LIMIT=lib/limit -Limit.IsSlow limit_tests\n");
+    write("build/bin/limit_tests",
+          "#!/bin/sh\ncase \"$*\" in *--gtest_filter=-Limit.IsSlow*) exit 0 ;; esac\n"
+          "echo FAILED: Limit.IsSlow; exit 1\n");
+    EXPECT_THAT(mutate("source/limit.cpp:5").output, HasSubstr("SURVIVED: source/limit.cpp:5\n"));
 }
 
 TEST_F(Mutate, TheSourcesAndTheBuildStayAsTheyAre) {

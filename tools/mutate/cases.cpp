@@ -23,6 +23,13 @@ std::string failed_case_of(std::string_view output) {
     return end == output.npos ? "" : std::string(output.substr(begin, end - begin));
 }
 
+/// The option that asks for these cases, or for all, but for those that do not judge.
+std::string filter_of(const Judges& judges, std::string filter) {
+    for (const std::string& left_out : judges.left_out)
+        filter += (filter.find('-') == filter.npos ? "-" : ":") + left_out;
+    return filter.empty() ? "" : " --gtest_filter=" + mutate::quoted(filter);
+}
+
 }  // namespace
 
 Cases::Cases(fs::path build, ScratchBuild& made, const fs::path& scratch)
@@ -68,8 +75,7 @@ std::string Cases::first_that_fails(const Judges& judges, const Asked& asked, co
     fs::remove_all(temporary_);
     fs::create_directories(temporary_);
     const std::string command = memory_limit + settings(judges) + " " + also_set + " exec " +
-                                path_of(judges, asked.program) + case_limit +
-                                (asked.filter.empty() ? "" : " --gtest_filter=" + quoted(asked.filter));
+                                path_of(judges, asked.program) + case_limit + filter_of(judges, asked.filter);
     // The first case that fails is enough.
     const Ended ended = run(command, build_, program_patience,
                             [](std::string_view output) { return !failed_case_of(output).empty(); });
@@ -107,15 +113,21 @@ void Cases::prepare(const Judges& judges, const std::set<fs::path>& files) {
 }
 
 std::string Cases::first_that_fails(const Judges& judges, const fs::path& file, size_t line) {
-    std::vector<Asked> reaching(failed_lately_.begin(), failed_lately_.end()), all;
-    for (const std::string& program : judges.programs)
-        for (const Suite& suite : suites_[program])
+    std::vector<Asked> reaching(failed_lately_.begin(), failed_lately_.end()), others;
+    for (const std::string& program : judges.programs) {
+        const std::vector<Suite>& suites = suites_[program];
+        std::string asked;
+        size_t count = 0;
+        for (const Suite& suite : suites)
             if (const auto found = suite.reached.find(file);
-                found != suite.reached.end() && found->second.contains(line))
+                found != suite.reached.end() && found->second.contains(line)) {
                 reaching.push_back({program, suite.name + ".*"});
-    for (const std::string& program : judges.programs) all.push_back({program, ""});
+                asked += (count++ == 0 ? "-" : ":") + suite.name + ".*";
+            }
+        if (count == 0 || count < suites.size()) others.push_back({program, asked});
+    }
     const std::string failing = first_that_fails(judges, reaching);
-    return failing.empty() ? first_that_fails(judges, all) : failing;
+    return failing.empty() ? first_that_fails(judges, others) : failing;
 }
 
 std::string Cases::first_that_fails(const Judges& judges, const std::vector<Asked>& all) {

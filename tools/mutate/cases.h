@@ -21,8 +21,8 @@ class Cases {
     void prepare(const Judges& judges, const std::set<fs::path>& files);
 
     /// The program and the case that fails with the image as it was made last, or "". It asks the cases that
-    /// failed lately, then the suites that reach the line, and at last all: what the compiler computes or
-    /// lays out is not counted.
+    /// failed lately, then the suites that reach the line, and at last the others: what the compiler computes
+    /// or lays out is not counted.
     std::string first_that_fails(const Judges& judges, const fs::path& file, size_t line);
 
   private:

@@ -1,5 +1,7 @@
 #include "judges.h"
 
+#include <utility>
+
 #include "files.h"
 
 namespace mutate {
@@ -15,29 +17,36 @@ std::vector<Judges> read_judges(const fs::path& list) {
         words >> judges.folder >> judges.image;
         while (words >> word) {
             const size_t equals = word.find('=');
-            if (equals == word.npos)
+            if (word.starts_with('-'))
+                judges.left_out.push_back(word.substr(1));
+            else if (equals == word.npos)
                 judges.programs.push_back(word);
             else
                 judges.variables.emplace_back(word.substr(0, equals), word.substr(equals + 1));
         }
         if (judges.programs.empty())
             throw Failure(list.string() + ":" + std::to_string(number) +
-                          ": expected <folder> <image> [<variable>=<path>]... <program>..., found '" + line +
-                          "'");
+                          ": expected <folder> <image> [<variable>=<path>]... [-<case>]... <program>..., "
+                          "found '" +
+                          line + "'");
         all.push_back(std::move(judges));
     }
     return all;
 }
 
-const Judges& judges_of(const std::vector<Judges>& list, const std::string& file) {
-    const Judges* nearest = nullptr;
+std::vector<const Judges*> judges_of(const std::vector<Judges>& list, const std::string& file) {
+    std::vector<const Judges*> nearest;
+    for (const Judges& judges : list) {
+        if (file != judges.folder && !file.starts_with(judges.folder + "/")) continue;
+        const size_t known = nearest.empty() ? 0 : nearest.front()->folder.size();
+        if (judges.folder.size() > known) nearest.clear();
+        if (judges.folder.size() >= known) nearest.push_back(&judges);
+    }
+    if (!nearest.empty()) return nearest;
+    std::string folders, last;
     for (const Judges& judges : list)
-        if ((file == judges.folder || file.starts_with(judges.folder + "/")) &&
-            (!nearest || judges.folder.size() > nearest->folder.size()))
-            nearest = &judges;
-    if (nearest) return *nearest;
-    std::string folders;
-    for (const Judges& judges : list) folders += (folders.empty() ? "" : ", ") + judges.folder;
+        if (std::exchange(last, judges.folder) != judges.folder)
+            folders += (folders.empty() ? "" : ", ") + judges.folder;
     throw Failure(file + ": no tests judge it; expected a source in one of " + folders);
 }
 

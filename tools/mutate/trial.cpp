@@ -1,9 +1,13 @@
 #include "trial.h"
 
+#include <algorithm>
+
 namespace mutate {
 
 bool Trial::holds(const std::string& file) {
-    return place_of(judges_of(judges_, file)).made.holds(root_ / file);
+    return std::ranges::any_of(judges_of(judges_, file), [&](const Judges* judges) {
+        return place_of(*judges).made.holds(root_ / file);
+    });
 }
 
 Trial::Place& Trial::place_of(const Judges& judges) {
@@ -18,10 +22,23 @@ void Trial::expect(const std::vector<Candidate>& candidates) {
 }
 
 Verdict Trial::judge(const Candidate& candidate) {
-    const Judges& judges = judges_of(judges_, candidate.file);
-    Place& place = place_of(judges);
-    place.cases.prepare(judges, asked_about_);
+    Verdict verdict{Fate::not_compiled, ""};
+    for (const Judges* judges : judges_of(judges_, candidate.file)) {
+        Place& place = place_of(*judges);
+        if (!place.made.holds(root_ / candidate.file)) continue;
+        const Verdict one = judge(candidate, *judges, place);
+        verdict = std::max(verdict, one, [](const Verdict& a, const Verdict& b) { return a.fate < b.fate; });
+        if (verdict.fate == Fate::killed) break;
+    }
+    return verdict;
+}
+
+Verdict Trial::judge(const Candidate& candidate, const Judges& judges, Place& place) {
     const fs::path file = root_ / candidate.file;
+    std::set<fs::path> asked_about;
+    for (const fs::path& one : asked_about_)
+        if (place.made.holds(one)) asked_about.insert(one);
+    place.cases.prepare(judges, asked_about);
     switch (place.made.make(file, with(read_file(file), candidate.mutant))) {
         case Made::not_compiled: return {Fate::not_compiled, ""};
         case Made::same_code: return {Fate::same_code, ""};

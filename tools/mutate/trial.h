@@ -18,7 +18,8 @@ struct Candidate {
     Mutant mutant;
 };
 
-enum class Fate { killed, survived, not_compiled, same_code };
+/// In this order: of what becomes of a mutant in several images the last counts.
+enum class Fate { not_compiled, same_code, survived, killed };
 
 struct Verdict {
     Fate fate;
@@ -38,7 +39,8 @@ class Trial {
     /// These will be judged. It is worth asking first which cases reach what, unless they are few.
     void expect(const std::vector<Candidate>& candidates);
 
-    /// Throws when the tests fail without any change, of which each program is asked once.
+    /// In one image after the other, until a test kills it. Throws when the tests fail without any change, of
+    /// which each program is asked once.
     Verdict judge(const Candidate& candidate);
 
   private:
@@ -51,6 +53,7 @@ class Trial {
         Cases cases;
     };
     Place& place_of(const Judges& judges);
+    Verdict judge(const Candidate& candidate, const Judges& judges, Place& place);
 
     fs::path root_, build_;
     const std::vector<Judges>& judges_;
