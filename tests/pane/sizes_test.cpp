@@ -1,5 +1,5 @@
 // Expected pictures of the screens at the sizes of screens that their own tests leave out.
-#include "editor_page.h"
+#include "editor/editor_page.h"
 
 namespace test {
 namespace {

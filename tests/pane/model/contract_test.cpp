@@ -1,8 +1,13 @@
 // What the pane takes the library's classes for, against those that are loaded.
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <map>
 #include <regex>
+#include <set>
 
 #include "objc/descriptions/passed_types.h"
+#include "pane/model/library.h"
 #include "support/contents.h"
 #include "support/phone.h"
 
@@ -86,12 +91,77 @@ TEST_F(PaneContract, TheLibraryHasEachOfThemWithItsTypes) {
     }
 }
 
-TEST_F(PaneContract, EachOfThemIsLookedForBeforeTheLibraryIsUsed) {
-    const std::string looked_for =
-        contents_of(std::filesystem::path(PANE_HEADER).parent_path() / "model" / "library.cpp");
-    for (const Declared& each : declared())
-        EXPECT_NE(looked_for.find('"' + each.selector + '"'), std::string::npos)
-            << each.owner << " " << each.selector;
+/// A library of another version lacks one operation.
+struct Lack {
+    std::string owner;
+    SEL question = nullptr, operation = nullptr;
+} lack;
+
+bool answers(id owner, SEL question, SEL operation) {
+    return !(lack.operation == operation && lack.question == question &&
+             lack.owner == class_getName(reinterpret_cast<Class>(owner)));
+}
+
+const SEL of_class = sel_registerName("respondsToSelector:");
+const SEL of_instances = sel_registerName("instancesRespondToSelector:");
+
+void ask_us_about(Class owner) {
+    const auto function = reinterpret_cast<IMP>(
+        +[](id asked, SEL question, SEL operation) -> int { return answers(asked, question, operation); });
+    for (SEL question : {of_class, of_instances})
+        class_addMethod(object_getClass(reinterpret_cast<id>(owner)), question, function, "c@::");
+}
+
+std::set<std::string> owners() {
+    std::set<std::string> all;
+    for (const Declared& each : declared()) all.insert(each.owner);
+    return all;
+}
+
+constexpr const char* another_version =
+    "The Huecraft that is loaded here is of another version. Update both.";
+
+TEST_F(PaneContract, ALibraryThatLacksOneOfThemIsOfAnotherVersion) {
+    for (const std::string& owner : owners()) ask_us_about(objc_lookUpClass(owner.c_str()));
+    EXPECT_EQ(pane::library_fault(), nullptr);
+    for (const Declared& each : declared()) {
+        lack = {each.owner, each.on_class ? of_class : of_instances, sel_registerName(each.selector.c_str())};
+        EXPECT_EQ(utf8(pane::library_fault()), another_version) << each.owner << " " << each.selector;
+    }
+}
+
+// The tools are what the editor does without.
+TEST(PaneContractWithoutAClass, SaysWhatIsMissing) {
+    const std::map<std::string, std::string> without{
+        {"HuecraftConfig", "Huecraft itself is not loaded here."},
+        {"HCPreview", another_version},
+        {"HCCITool", another_version},
+        {"HCColorPickerController", "(nil)"},
+        {"HCModalView", "(nil)"},
+        {"HCImageView", "(nil)"}};
+    std::set<std::string> all = owners();
+    for (const auto& [left_out, fault] : without) all.insert(left_out);
+    for (const auto& [left_out, fault] : without) {
+        // A class that is there stays, so each has a process of its own.
+        const pid_t child = fork();
+        if (child == 0) {
+            {
+                Phone phone;
+                phone.boot();
+                for (const std::string& owner : all) {
+                    if (owner == left_out) continue;
+                    Class made = objc_allocateClassPair(objc_getClass("NSObject"), owner.c_str(), 0);
+                    objc_registerClassPair(made);
+                    ask_us_about(made);
+                }
+                EXPECT_EQ(utf8(pane::library_fault()), fault) << left_out;
+            }
+            _exit(testing::Test::HasFailure() ? 1 : 0);
+        }
+        int status = -1;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0) << left_out;
+    }
 }
 
 }  // namespace

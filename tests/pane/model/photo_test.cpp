@@ -6,7 +6,9 @@
 #include <turbojpeg.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <fstream>
+#include <vector>
 
 #include "kept_files.h"
 #include "platform/owned_graphics.h"
@@ -141,6 +143,29 @@ TEST_F(Photo, APartOfItIsCutOut) {
     EXPECT_EQ(pixel(right, 0.2, 0.5), (Rgba{0, 0, 1, 1}));
 }
 
+TEST_F(Photo, IsEnlargedInTheHighestQuality) {
+    constexpr CGSize pixels{60, 30};
+    UIImage* small = red_and_blue(4, 2);
+    const auto enlarged = [&](CGInterpolationQuality quality) {
+        UIGraphicsBeginImageContextWithOptions(pixels, false, 1);
+        CGContextSetInterpolationQuality(UIGraphicsGetCurrentContext(), quality);
+        small->drawInRect({{0, 0}, pixels});
+        UIImage* image = UIGraphicsGetImageFromCurrentImageContext();
+        UIGraphicsEndImageContext();
+        return image;
+    };
+    UIImage* seen = pane::cropped(small, {{0, 0}, small->size()}, pixels);
+    UIImage* highest = enlarged(kCGInterpolationHigh);
+    UIImage* usual = enlarged(kCGInterpolationDefault);
+    int others = 0;
+    for (int x = 0; x < 60; ++x) {
+        const double across = (x + 0.5) / 60;
+        EXPECT_EQ(pixel(seen, across, 0.5), pixel(highest, across, 0.5)) << x;
+        others += pixel(usual, across, 0.5) == pixel(highest, across, 0.5) ? 0 : 1;
+    }
+    EXPECT_GT(others, 0) << "the usual quality is another";
+}
+
 TEST_F(Photo, DimmedIsDarker) {
     const Rgba dim = pixel(pane::dimmed(red_and_blue(40, 20)), 0.1, 0.5);
     EXPECT_NEAR(dim.red, 1 - pane::dimming, 0.01);
@@ -155,6 +180,46 @@ TEST_F(Photo, BlurredHasNoEdges) {
     EXPECT_NEAR(middle.blue, 0.5, 0.1);
     EXPECT_NEAR(left.red, 1, 0.02);
     EXPECT_EQ(left.alpha, 1);
+}
+
+// Three times the mean of nine pixels across and of nine down; beyond the edges the last one goes on.
+TEST_F(Photo, BlurredIsTheMeanOfWhatIsAround) {
+    constexpr int side = 60;
+    std::vector<double> expected(size_t{side} * side);
+    const auto at = [](int x, int y) {
+        return static_cast<size_t>(std::clamp(y, 0, side - 1) * side + std::clamp(x, 0, side - 1));
+    };
+    UIGraphicsBeginImageContextWithOptions({side, side}, true, 1);
+    CGContextRef context = UIGraphicsGetCurrentContext();
+    CGContextSetRGBFillColor(context, 0, 0.4, 0.8, 1);
+    CGContextFillRect(context, {{0, 0}, {side, side}});
+    CGContextSetRGBFillColor(context, 1, 0.4, 0.8, 1);
+    for (const CGRect& red : {CGRect{{0, 0}, {20, 30}}, CGRect{{57, 50}, {3, 10}}}) {
+        CGContextFillRect(context, red);
+        for (int y = 0; y < static_cast<int>(red.size.height); ++y)
+            for (int x = 0; x < static_cast<int>(red.size.width); ++x)
+                expected[at(static_cast<int>(red.origin.x) + x, static_cast<int>(red.origin.y) + y)] = 1;
+    }
+    UIImage* soft = pane::blurred(UIGraphicsGetImageFromCurrentImageContext());
+    UIGraphicsEndImageContext();
+    for (int pass = 0; pass < 6; ++pass) {
+        const auto before = expected;
+        for (int y = 0; y < side; ++y)
+            for (int x = 0; x < side; ++x) {
+                double sum = 0;
+                for (int i = -4; i <= 4; ++i) sum += before[pass % 2 ? at(x, y + i) : at(x + i, y)];
+                expected[at(x, y)] = sum / 9;
+            }
+    }
+    for (int y = 0; y < side && !HasFailure(); y += 3)
+        for (int x = 0; x < side && !HasFailure(); ++x) {
+            const Rgba seen = pixel(soft, (x + 0.5) / side, (y + 0.5) / side);
+            constexpr double truncated = 6.0 / 255;  // each of six passes leaves out a fraction
+            EXPECT_NEAR(seen.red, expected[at(x, y)], truncated) << x << ", " << y;
+            EXPECT_NEAR(seen.green, 0.4, truncated) << x << ", " << y;
+            EXPECT_NEAR(seen.blue, 0.8, truncated) << x << ", " << y;
+            EXPECT_EQ(seen.alpha, 1) << x << ", " << y;
+        }
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The editor: what a person changes, sees at once, takes back, and finds in the file.
-#include "editor_page.h"
+#include "editor/editor_page.h"
 
 namespace test {
 namespace {
@@ -261,13 +261,18 @@ TEST_F(Editor, AMemoryWarningLosesNothing) {
     EXPECT_EQ(value("_TextColor"), "#111111");
 }
 
-TEST_F(Editor, RowsGrowWithTheUsersText) {
-    const auto height = [&] {
-        return page()->send<"tableView:heightForRowAtIndexPath:", CGFloat>(
-            table(), NSIndexPath::indexPathForRow(0, name_section));
-    };
-    edit(0, own_section, {.text_size = "AccessibilityXXXL"});
-    EXPECT_GT(height(), 70);
+class RowsOfText : public EditorPage, public testing::WithParamInterface<const char*> {};
+INSTANTIATE_TEST_SUITE_P(, RowsOfText, testing::Values("XS", "S", "L", "XXXL", "AccessibilityXXXL"));
+
+TEST_P(RowsOfText, GrowWithItAndAreNeverTooSmallForAFinger) {
+    edit(0, own_section, {.text_size = GetParam()});
+    const double line = UIFont::preferredFontForTextStyle(UIFontTextStyleBody)->lineHeight();
+    for (const auto& [row, section] :
+         {std::pair{NSInteger{0}, name_section}, {text_row, keys_section}, {0, contrast_section}})
+        EXPECT_EQ((page()->send<"tableView:heightForRowAtIndexPath:", CGFloat>(
+                      table(), NSIndexPath::indexPathForRow(row, section))),
+                  std::max(44.0, line + 24));
+    if (std::string(GetParam()) == "XS") EXPECT_LT(line + 24, 44);
 }
 
 TEST_F(Editor, TellsVoiceOverWhatARowIs) {

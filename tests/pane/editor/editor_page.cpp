@@ -1,4 +1,4 @@
-#include "editor_page.h"
+#include "editor/editor_page.h"
 
 namespace test {
 namespace {

@@ -1,5 +1,5 @@
 // Leaving the editor: what is asked, what is written under which name, and what happens when it cannot be.
-#include "editor_page.h"
+#include "editor/editor_page.h"
 
 namespace test {
 namespace {

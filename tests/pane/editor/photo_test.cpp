@@ -1,5 +1,5 @@
 // Photographs in the editor: chosen, cropped by fingers, dimmed, blurred, and shown through.
-#include "editor_page.h"
+#include "editor/editor_page.h"
 #include "platform/sharing.h"
 
 namespace test {

@@ -1,5 +1,5 @@
 // Expected pictures of the editor's screens.
-#include "editor_page.h"
+#include "editor/editor_page.h"
 
 namespace test {
 namespace {
