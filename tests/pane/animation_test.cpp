@@ -122,5 +122,24 @@ TEST_F(Animation, BringsPickersAndTheCropperAndTakesThemAway) {
     expect_went("HuecraftSettingsCropper");
 }
 
+/// Whether each row was let go with an animation.
+std::vector<bool> rows_let_go;
+
+TEST_F(Animation, LetsGoOfATouchedRow) {
+    open();
+    method_setImplementation(class_getInstanceMethod(objc_lookUpClass("UITableView"),
+                                                     sel_registerName("deselectRowAtIndexPath:animated:")),
+                             reinterpret_cast<IMP>(+[](id, SEL, NSIndexPath*, int animated) {
+                                 rows_let_go.push_back(animated != 0);
+                             }));
+    choose_row(0, along_section);
+    choose_row(0, about_section);
+    choose_row(0, 0);
+    tap("Huecraft");
+    edit_row(0, own_section);
+    choose_row(0, name_section);
+    EXPECT_EQ(rows_let_go, (std::vector<bool>{true, true, true, true}));
+}
+
 }  // namespace
 }  // namespace test

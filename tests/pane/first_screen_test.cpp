@@ -41,6 +41,43 @@ TEST_F(FirstScreen, ShowsTheChosenThemeLarge) {
     EXPECT_EQ(utf8(table()->tableHeaderView()->accessibilityLabel()), "The keyboard in the theme Contrast");
 }
 
+class PreviewOfAScreen : public SettingsPage, public testing::WithParamInterface<CGSize> {};
+INSTANTIATE_TEST_SUITE_P(, PreviewOfAScreen,
+                         testing::Values(CGSize{320, 568}, CGSize{375, 667}, CGSize{414, 896},
+                                         CGSize{768, 1024}));
+
+TEST_P(PreviewOfAScreen, FillsTheWidthBetweenTheMarginsInTheKeyboardsShape) {
+    open({.screen_width = GetParam().width, .screen_height = GetParam().height, .screen_scale = 2});
+    choose_row(0, along_section);
+    UIView* header = table()->tableHeaderView();
+    ASSERT_EQ(header->subviews()->count(), 1u);
+    auto* keyboard = static_cast<UIView*>(header->subviews()->lastObject());
+    const CGSize all = header->bounds().size, natural = keyboard->bounds().size;
+    const double scale = std::min(1.0, (GetParam().width - 32) / natural.width);
+    EXPECT_EQ(natural, (objc::send<"keyboardPortraitSize", CGSize>(class_named("HCPreview"))));
+    EXPECT_EQ(all.width, GetParam().width);
+    EXPECT_NEAR(all.height, natural.height * scale + 32, 0.01);
+    const CGAffineTransform made = keyboard->transform();
+    EXPECT_NEAR(made.a, scale, 1e-9);
+    EXPECT_NEAR(made.d, scale, 1e-9);
+    EXPECT_EQ(made.b, 0);
+    EXPECT_EQ(made.c, 0);
+    const CGRect place = keyboard->frame();
+    EXPECT_NEAR(place.origin.x + place.size.width / 2, all.width / 2, 0.01);
+    EXPECT_NEAR(place.origin.y, 16, 0.01);
+    EXPECT_EQ(keyboard->layer()->cornerRadius(), 8);
+    EXPECT_TRUE(keyboard->clipsToBounds());
+    EXPECT_FALSE(keyboard->isUserInteractionEnabled()) << "it is a picture";
+}
+
+TEST_F(FirstScreen, ThePreviewIsPaleWhileThemingIsOff) {
+    open();
+    choose_row(0, along_section);
+    EXPECT_EQ(table()->tableHeaderView()->alpha(), 1);
+    choose_row(0, rescue_section);
+    EXPECT_NEAR(table()->tableHeaderView()->alpha(), 0.4, 1e-6);
+}
+
 TEST_F(FirstScreen, TheSwitchTurnsThemingOffAndOn) {
     open();
     choose_row(0, along_section);

@@ -113,6 +113,29 @@ TEST_F(Words, SayWhatToCopyWhereThereIsNoText) {
     EXPECT_TRUE(is_on_screen("Copy a theme's text first."));
 }
 
+TEST_F(Words, AskForAName) {
+    open();
+    tap("Add");
+    tap("New Theme");
+    EXPECT_TRUE(is_on_screen("New Theme"));
+    auto* field = static_cast<UITextField*>(first("UITextField"));
+    EXPECT_EQ(utf8(field->text()), "");
+    EXPECT_EQ(utf8(field->placeholder()), "Name");
+    EXPECT_EQ(utf8(field->accessibilityLabel()), "Name");
+    EXPECT_EQ(field->autocapitalizationType(), UITextAutocapitalizationTypeSentences);
+    EXPECT_TRUE(is_on_screen("Create"));
+    tap("Cancel");
+    EXPECT_FALSE(phone.exists(theme_folder));
+}
+
+TEST_F(Words, TellVoiceOverThatTheKeyboardIsAPicture) {
+    open();
+    choose_row(0, along_section);
+    UIView* keyboard = table()->tableHeaderView();
+    EXPECT_TRUE(keyboard->isAccessibilityElement());
+    EXPECT_EQ(keyboard->accessibilityTraits(), UIAccessibilityTraitImage);
+}
+
 TEST_F(Words, SayThatTheSwitchCouldNotBeStored) {
     open();
     choose_row(0, along_section);
