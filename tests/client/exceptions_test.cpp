@@ -1,4 +1,6 @@
 // Exceptions that cross the border between the client and the library.
+#include <malloc.h>
+
 #include <exception>
 #include <stdexcept>
 
@@ -36,6 +38,20 @@ TEST_F(ClientExceptions, ConfirmingWithAStoredListOfColoursIsCaught) {
     ask<"setDelegate:", void>(picker, delegate);
     EXPECT_EQ(said<"nameOfConfirming:">(picker), "NSInvalidArgumentException");
     EXPECT_EQ(ask<"chosen">(delegate), nullptr) << "before the delegate is notified";
+}
+
+TEST_F(ClientExceptions, OfACaughtOneNothingStays) {
+    const auto catch_it = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            const objc::AutoreleasePool pool;
+            ASSERT_EQ(said<"nameOfTheLibrarys">(), "NSInvalidArgumentException");
+        }
+    };
+    catch_it(50);
+    const size_t before = mallinfo2().uordblks;
+    catch_it(200);
+    constexpr size_t kept_by_the_allocator = 3000, each = 8;  // no allocation is so small
+    EXPECT_LT(mallinfo2().uordblks, before + kept_by_the_allocator + 200 * each);
 }
 
 TEST_F(ClientExceptions, ADelegatesPassesThroughTheLibraryToTheHandlerOfItsClass) {
