@@ -84,6 +84,33 @@ TEST_F(Gestures, APansTranslationCanBeSet) {
     EXPECT_EQ(just_heard(), Heard{"pan cancelled 5 0"});
 }
 
+TEST_F(Gestures, APanWantsAsManyFingersAsItSays) {
+    auto pan = add<UIPanGestureRecognizer>("panned:");
+    const auto begins = [&](int fingers) {
+        just_heard();
+        const auto move = [&](sim_touch_phase phase, double to) {
+            if (fingers == 1)
+                touch(phase, to, 100);
+            else
+                touch_two(phase, to, to + 30);
+        };
+        move(SIM_TOUCH_BEGAN, 50);
+        move(SIM_TOUCH_MOVED, 80);
+        move(SIM_TOUCH_ENDED, 80);
+        const Heard all = just_heard();
+        return std::count(all.begin(), all.end(), "pan began 0 0") == 1;
+    };
+    EXPECT_TRUE(begins(1));
+    EXPECT_TRUE(begins(2));
+    pan->setMinimumNumberOfTouches(2);
+    EXPECT_FALSE(begins(1));
+    EXPECT_TRUE(begins(2));
+    pan->setMinimumNumberOfTouches(1);
+    pan->setMaximumNumberOfTouches(1);
+    EXPECT_TRUE(begins(1));
+    EXPECT_FALSE(begins(2));
+}
+
 TEST_F(Gestures, TwoFingersPinch) {
     add<UIPinchGestureRecognizer>("pinched:");
     touch_two(SIM_TOUCH_BEGAN, 80, 120);
