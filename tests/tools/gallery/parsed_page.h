@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct _xmlDoc;
@@ -41,7 +42,8 @@ class GalleryPage {
   public:
     explicit GalleryPage(std::string html);
 
-    const std::vector<ShownTheme>& themes() const { return themes_; }
+    const std::vector<ShownTheme>& themes() const& { return themes_; }
+    std::vector<ShownTheme> themes() && { return std::move(themes_); }
     /// The texts, or the attribute's values, that an XPath expression finds.
     std::vector<std::string> found(const std::string& path) const;
     bool has(const std::string& path) const { return !found(path).empty(); }
