@@ -96,6 +96,10 @@ TEST_F(SeamClass, ASecondRegistrationNamesTheClassThatExists) {
     EXPECT_STREQ(objc::register_classes([](std::string_view) { return true; }), "HCMeadow");
 }
 
+TEST_F(SeamClass, ALibraryDoesNotGoOnBesideOthersClassesOfItsNames) {
+    EXPECT_DEATH(objc::register_library_classes(), "^HCMeadow: a class of this name exists already\n$");
+}
+
 TEST_F(SeamClass, AnInitialiserMayGiveNothing) {
     EXPECT_EQ(HCMeadow::alloc()->initWithName(nullptr).get(), nullptr);
 }

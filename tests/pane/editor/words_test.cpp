@@ -1,4 +1,6 @@
 // What the editor says above, below and in its rows, to VoiceOver, and before changes are lost.
+#include <regex>
+
 #include "editor/editor_page.h"
 
 namespace test {
@@ -57,8 +59,7 @@ TEST_F(EditorWords, SayHowGoodAContrastIs) {
         SCOPED_TRACE(colour);
         pick(text_row, keys_section, colour);
         const std::string shown = detail(0, contrast_section);
-        EXPECT_TRUE(shown.ends_with(verdict)) << shown;
-        EXPECT_EQ(verdict.empty(), shown.find(',') == shown.npos) << shown;
+        EXPECT_TRUE(std::regex_match(shown, std::regex("\\d+\\.\\d\\d" + verdict))) << shown;
         EXPECT_EQ(rgba(static_cast<id>(cell(0, contrast_section)->detailTextLabel()->textColor())), in);
     };
     edit();
