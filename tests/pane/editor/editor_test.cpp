@@ -42,6 +42,27 @@ TEST_F(Editor, ThePickerOpensOnTheRowsColour) {
     EXPECT_EQ(utf8(objc::send<"hexTextField", UITextField*>(static_cast<id>(picker))->text()), "#00FF00");
 }
 
+class PickerWithoutAColour : public EditorPage,
+                             public testing::WithParamInterface<std::pair<const char*, const char*>> {};
+INSTANTIATE_TEST_SUITE_P(, PickerWithoutAColour,
+                         testing::Values(std::pair{"", "#000000"},
+                                         std::pair{"<string>#123456</string><string>#ABCDEF</string>",
+                                                   "#ABCDEF"}));
+
+TEST_P(PickerWithoutAColour, OpensOnTheLastOfTheBackgroundOrOnBlack) {
+    phone.write(in_themes("Mine.plist"),
+                property_list("<dict><key>_ConfigName</key><string>Mine</string><key>_BackgroundType</key>"
+                              "<integer>2</integer><key>_Colors</key><array>" +
+                              std::string(GetParam().first) + "</array></dict>"));
+    edit();
+    choose_row(text_row, keys_section);
+    void* picker = nullptr;
+    ASSERT_EQ(sim_presented(&picker), SIM_OK);
+    ASSERT_NE(picker, nullptr);
+    EXPECT_EQ(utf8(objc::send<"hexTextField", UITextField*>(static_cast<id>(picker))->text()),
+              GetParam().second);
+}
+
 TEST_F(Editor, ThePreviewFollowsEveryChange) {
     edit();
     UIView* header = static_cast<UIView*>(table()->superview()->subviews()->objectAtIndex(0));

@@ -48,6 +48,14 @@ TEST_F(Judgement, AGradientIsJudgedWhereItIsWorst) {
 
 TEST_F(Judgement, WithoutAColourLabelsCannotBeRead) { EXPECT_FALSE(pane::is_readable(judge(theme_of("")))); }
 
+TEST_F(Judgement, LabelsCanBeReadFromARatioOfThree) {
+    readability::Legibility legibility{};
+    for (const auto& [ratio, readable] : {std::pair{2.99, false}, {3.0, true}, {21.0, true}}) {
+        legibility.labels.ratio = ratio;
+        EXPECT_EQ(pane::is_readable(legibility), readable) << ratio;
+    }
+}
+
 TEST_F(Judgement, TheNearestPairCanBeRead) {
     auto theme = theme_of(flat("#204060", "#204060"));
     const auto nearest = readability::nearest_pair(pane::pair_of(theme), pane::behind(theme));
