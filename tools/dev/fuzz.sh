@@ -112,6 +112,7 @@ minimise_corpus() {
     mkdir -p "$fewest"
     fuzz "$1" -set_cover_merge=1 -use_counters=0 "$fewest" "$folder.kept" "$folder" >"$root/build/fuzz/corpora/$1.log" 2>&1 ||
         fail "merging failed; see build/fuzz/corpora/$1.log"
-    "$root/build/fuzz/bin/fuzz_corpus" pack "$fewest" 700 >"$root/tests/fuzz/corpus/$1.txt"
-    echo "$1: $(wc -l <"$root/tests/fuzz/corpus/$1.txt") inputs kept of $(find "$folder" -type f | wc -l)"
+    "$root/build/fuzz/bin/fuzz_corpus" pack "$fewest" 700 >"$fewest.txt"
+    [[ ! -s $fewest.txt ]] || cp "$fewest.txt" "$root/tests/fuzz/corpus/$1.txt"
+    echo "$1: $(wc -l <"$fewest.txt") inputs kept of $(find "$folder" -type f | wc -l)"
 }
