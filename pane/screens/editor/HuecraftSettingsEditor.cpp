@@ -136,7 +136,8 @@ struct Editor : objc::Implements<Editor, HuecraftSettingsEditor> {
     void show_theme() {
         HuecraftConfig* theme = editing().theme();
         NSString* name = theme->getConfigName();
-        self()->setTitle(name);
+        // A bar is built for a title, and few changes are of the name.
+        if (!name->isEqual(self()->title())) self()->setTitle(name);
         ivars().header->setAccessibilityLabel(text<"The keyboard in the theme %1">(name));
         if (ivars().header->bounds().size.width > 0) show_preview(theme, ivars().header);
         work().legibility = readability::legibility_of(pair_of(theme), behind(theme));

@@ -222,6 +222,16 @@ TEST_F(Editor, UndoAndRedoReachOverTheWholeSitting) {
     EXPECT_EQ(table()->numberOfRowsInSection(background_section), 2);
 }
 
+TEST_F(Editor, IsTitledAsTheThemeIs) {
+    edit();
+    const auto title = [] { return utf8(page()->send<"title", NSString*>()); };
+    EXPECT_EQ(title(), "Mine");
+    rename("Other");
+    EXPECT_EQ(title(), "Other");
+    tap("Undo");
+    EXPECT_EQ(title(), "Mine");
+}
+
 TEST_F(Editor, UndoIsOfferedWhereThereIsSomethingToUndo) {
     edit();
     const auto enabled = [&](const char* title) {
