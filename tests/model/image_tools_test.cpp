@@ -1,4 +1,6 @@
 // Images scaled, tinted, filled and averaged: HCCITool.
+#include <cmath>
+
 #include "support/runtime.h"
 
 namespace test {
@@ -37,16 +39,9 @@ class ImageTools : public testing::Test {
 
     /// Premultiplied red, green, blue and alpha bytes of the pixel at (x, y) from the top left.
     static std::vector<int> pixel(UIImage* image, int x, int y) {
-        unsigned char bytes[4] = {};
-        CGColorSpaceRef rgb = CGColorSpaceCreateDeviceRGB();
-        CGContextRef context = CGBitmapContextCreate(
-            bytes, 1, 1, 8, 4, rgb, kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big);
-        const double width = image->size().width * image->scale(),
-                     height = image->size().height * image->scale();
-        CGContextDrawImage(context, {{-double(x), -(height - 1 - y)}, {width, height}}, image->CGImage());
-        CGContextRelease(context);
-        CGColorSpaceRelease(rgb);
-        return {bytes[0], bytes[1], bytes[2], bytes[3]};
+        const auto byte = [](double component) { return static_cast<int>(std::lround(component * 255)); };
+        const Rgba seen = pixel_of(image, x, y);
+        return {byte(seen.red), byte(seen.green), byte(seen.blue), byte(seen.alpha)};
     }
     using Pixel = std::vector<int>;
 

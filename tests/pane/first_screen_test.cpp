@@ -348,9 +348,8 @@ TEST_F(FirstScreen, AFullDiskSaysSoAndKeepsTheChoice) {
 
 TEST_F(FirstScreen, WithoutAccessItSaysWhy) {
     open({.denied = {"/var/mobile/Library/Preferences"}});
-    const std::string footer =
-        utf8(page()->send<"tableView:titleForFooterInSection:", NSString*>(table(), own_section));
-    EXPECT_TRUE(footer.starts_with("Your themes cannot be read: ")) << footer;
+    const std::string said = footer(own_section);
+    EXPECT_TRUE(said.starts_with("Your themes cannot be read: ")) << said;
     EXPECT_EQ(table()->numberOfRowsInSection(along_section), 10);
 }
 

@@ -68,6 +68,14 @@ UITableViewCell* SettingsPage::cell(NSInteger row, NSInteger section) {
         table(), NSIndexPath::indexPathForRow(row, section));
 }
 
+std::string SettingsPage::header(NSInteger section) {
+    return utf8(page()->send<"tableView:titleForHeaderInSection:", NSString*>(table(), section));
+}
+
+std::string SettingsPage::footer(NSInteger section) {
+    return utf8(page()->send<"tableView:titleForFooterInSection:", NSString*>(table(), section));
+}
+
 std::string SettingsPage::preferences() const {
     if (!phone.exists(preference_file)) return "none";
     auto* content = as<NSDictionary>(NSPropertyListSerialization::propertyListWithData(

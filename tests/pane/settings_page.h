@@ -35,6 +35,9 @@ class SettingsPage : public testing::Test {
     /// Touches the row, wherever it is.
     static void choose_row(NSInteger row, NSInteger section);
     static UITableViewCell* cell(NSInteger row, NSInteger section);
+    /// What stands above and below a section; "(nil)" for nothing.
+    static std::string header(NSInteger section);
+    static std::string footer(NSInteger section);
 
     /// What the preference file says: "on a.plist", "off ".
     std::string preferences() const;

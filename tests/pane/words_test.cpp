@@ -7,12 +7,6 @@ namespace {
 
 class Words : public SettingsPage {
   protected:
-    static std::string header(NSInteger section) {
-        return utf8(page()->send<"tableView:titleForHeaderInSection:", NSString*>(table(), section));
-    }
-    static std::string footer(NSInteger section) {
-        return utf8(page()->send<"tableView:titleForFooterInSection:", NSString*>(table(), section));
-    }
     static UISwitch* on() {
         return static_cast<UISwitch*>(static_cast<id>(cell(0, switch_section)->accessoryView()));
     }

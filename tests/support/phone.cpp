@@ -2,10 +2,12 @@
 
 #include <unistd.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <fstream>
 
 #include "objc/exception.h"
+#include "platform/owned_graphics.h"
 #include "support/contents.h"
 
 namespace test {
@@ -59,6 +61,21 @@ UIImage* filled_image(UIColor* color, double width, double height) {
     UIImage* image = UIGraphicsGetImageFromCurrentImageContext();
     UIGraphicsEndImageContext();
     return image;
+}
+
+Rgba pixel_of(UIImage* image, double x, double y) {
+    uint8_t bytes[4]{};
+    const cg::owned space(CGColorSpaceCreateDeviceRGB());
+    const cg::owned context(CGBitmapContextCreate(bytes, 1, 1, 8, sizeof bytes, space,
+                                                  kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big));
+    const CGSize size = image->size();
+    const CGFloat scale = image->scale();
+    CGContextTranslateCTM(context, 0, 1);
+    CGContextScaleCTM(context, 1, -1);
+    UIGraphicsPushContext(context);
+    image->drawInRect({{-std::floor(x), -std::floor(y)}, {size.width * scale, size.height * scale}});
+    UIGraphicsPopContext();
+    return {bytes[0] / 255.0, bytes[1] / 255.0, bytes[2] / 255.0, bytes[3] / 255.0};
 }
 
 NSData* data(std::string_view bytes) {

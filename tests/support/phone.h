@@ -62,6 +62,8 @@ UIColor* color(double red, double green, double blue, double alpha = 1.0);
 
 /// An image of `width` x `height` pixels at one pixel to a point, filled with the colour.
 UIImage* filled_image(UIColor* color, double width, double height);
+/// The image's pixel at (x, y), in pixels from the upper left; colours are multiplied by alpha.
+Rgba pixel_of(UIImage* image, double x, double y);
 NSData* data(std::string_view bytes);
 
 inline constexpr const char* notes = "/Applications/MobileNotes.app/MobileNotes";

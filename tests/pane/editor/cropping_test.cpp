@@ -37,20 +37,10 @@ class Cropping : public EditorPage {
         tap("map.png");
         ASSERT_TRUE(is_on_screen("Crop"));
     }
-    static UIView* window() {
-        // The one view of the page that has gesture recognisers.
-        NSArray* all = slider()->superview()->subviews();
-        for (NSUInteger i = 0; i < all->count(); ++i)
-            if (auto* each = static_cast<UIView*>(all->objectAtIndex(i));
-                each->gestureRecognizers()->count() == 2)
-                return each;
-        ADD_FAILURE() << "no window";
-        return nullptr;
-    }
     static UIImageView* shown() {
-        return static_cast<UIImageView*>(static_cast<id>(window()->subviews()->objectAtIndex(0)));
+        return static_cast<UIImageView*>(static_cast<id>(photo_window()->subviews()->objectAtIndex(0)));
     }
-    static UIView* shade() { return static_cast<UIView*>(window()->subviews()->objectAtIndex(1)); }
+    static UIView* shade() { return static_cast<UIView*>(photo_window()->subviews()->objectAtIndex(1)); }
     static CGRect frame() { return shown()->frame(); }
     static UISlider* slider() { return static_cast<UISlider*>(static_cast<id>(first("UISlider"))); }
     static void zoom(float to) {
@@ -59,7 +49,7 @@ class Cropping : public EditorPage {
     }
     /// A gesture begins where a finger has moved a little; what it moves after that counts.
     static void drag(double across, double down) {
-        const CGRect place = window()->convertRectToView(window()->bounds(), nullptr);
+        const CGRect place = photo_window()->convertRectToView(photo_window()->bounds(), nullptr);
         const double x = place.origin.x + place.size.width / 2, y = place.origin.y + place.size.height / 2;
         ASSERT_EQ(sim_touch(SIM_TOUCH_BEGAN, x, y), SIM_OK);
         ASSERT_EQ(sim_touch(SIM_TOUCH_MOVED, x + across / 2, y + down / 2), SIM_OK);
@@ -67,7 +57,7 @@ class Cropping : public EditorPage {
         ASSERT_EQ(sim_touch(SIM_TOUCH_ENDED, x + across, y + down), SIM_OK);
     }
     static void pinch(double from, double to) {
-        const CGRect place = window()->convertRectToView(window()->bounds(), nullptr);
+        const CGRect place = photo_window()->convertRectToView(photo_window()->bounds(), nullptr);
         const double x = place.origin.x + place.size.width / 2, y = place.origin.y + place.size.height / 2;
         const auto touch = [&](int phase, double apart) {
             ASSERT_EQ(sim_touch_two(phase, x - apart / 2, y, x + apart / 2, y), SIM_OK);
@@ -76,26 +66,10 @@ class Cropping : public EditorPage {
         for (int step = 1; step <= 4; ++step) touch(SIM_TOUCH_MOVED, from + (to - from) * step / 4);
         touch(SIM_TOUCH_ENDED, to);
     }
-    UIImage* stored() const {
-        auto* data = as<NSData>(content()->objectForKey(text("_Image")));
-        return data ? UIImage::imageWithData(data) : nullptr;
-    }
-    static Rgba pixel(UIImage* image, double x, double y) {
-        uint8_t bytes[4]{};
-        const cg::owned space(CGColorSpaceCreateDeviceRGB());
-        const cg::owned context(CGBitmapContextCreate(
-            bytes, 1, 1, 8, 4, space, kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big));
-        CGContextTranslateCTM(context, 0, 1);
-        CGContextScaleCTM(context, 1, -1);
-        UIGraphicsPushContext(context);
-        image->drawAtPoint({-std::floor(x), -std::floor(y)});
-        UIGraphicsPopContext();
-        return {bytes[0] / 255.0, bytes[1] / 255.0, bytes[2] / 255.0, bytes[3] / 255.0};
-    }
     /// Takes the photo, saves, and compares.
     void expect_that_what_is_shown_is_kept() {
         const CGRect photo = frame();
-        const CGSize seen = window()->bounds().size;
+        const CGSize seen = photo_window()->bounds().size;
         tap("Use Photo");
         tap("Save");
         UIImage* kept = stored();
@@ -103,7 +77,7 @@ class Cropping : public EditorPage {
         const CGSize all = kept->size();
         for (const double across : {0.05, 0.5, 0.95})
             for (const double down : {0.05, 0.5, 0.95}) {
-                const Rgba colour = pixel(kept, across * all.width, down * all.height);
+                const Rgba colour = pixel_of(kept, across * all.width, down * all.height);
                 constexpr double blurred = 0.012;  // three steps: the photo is enlarged
                 EXPECT_NEAR(colour.red, (across * seen.width - photo.origin.x) / photo.size.width, blurred)
                     << across << ", " << down;
@@ -116,7 +90,7 @@ class Cropping : public EditorPage {
 
 TEST_F(Cropping, BeginsInTheMiddleWithAllThatFits) {
     open_map();
-    const CGSize seen = window()->bounds().size;
+    const CGSize seen = photo_window()->bounds().size;
     EXPECT_NEAR(frame().size.height, seen.height, 0.01);
     EXPECT_NEAR(frame().size.width, seen.height * 2, 0.01);
     EXPECT_NEAR(frame().origin.x, (seen.width - frame().size.width) / 2, 0.01);
@@ -141,7 +115,7 @@ TEST_F(Cropping, KeepsWhatIsAtTheEdges) {
 TEST_F(Cropping, ThePhotoFollowsTheFinger) {
     open_map();
     zoom(3);
-    const CGRect place = window()->convertRectToView(window()->bounds(), nullptr);
+    const CGRect place = photo_window()->convertRectToView(photo_window()->bounds(), nullptr);
     const double x = place.origin.x + place.size.width / 2, y = place.origin.y + place.size.height / 2;
     ASSERT_EQ(sim_touch(SIM_TOUCH_BEGAN, x, y), SIM_OK);
     ASSERT_EQ(sim_touch(SIM_TOUCH_MOVED, x + 20, y), SIM_OK);
@@ -156,7 +130,7 @@ TEST_F(Cropping, ThePhotoFollowsTheFinger) {
 
 TEST_F(Cropping, NoEdgeComesIntoTheWindow) {
     open_map();
-    const CGSize seen = window()->bounds().size;
+    const CGSize seen = photo_window()->bounds().size;
     zoom(1.5f);
     const double right = seen.width - frame().size.width, bottom = seen.height - frame().size.height;
     for (const auto& [across, down, x, y] : {std::tuple{140.0, 80.0, 0.0, 0.0},
@@ -195,7 +169,7 @@ TEST_F(Cropping, ShowsHowDarkItWillBe) {
     EXPECT_TRUE(shade()->isHidden());
     turn_on("Dim");
     EXPECT_FALSE(shade()->isHidden());
-    EXPECT_EQ(shade()->frame().size, window()->bounds().size);
+    EXPECT_EQ(shade()->frame().size, photo_window()->bounds().size);
     EXPECT_EQ(rgba(static_cast<id>(shade()->backgroundColor())), (Rgba{0, 0, 0, 0.4}));
 }
 
@@ -206,7 +180,7 @@ TEST_F(Cropping, DimmedIsDarkerAndAsSharp) {
     tap("Save");
     const CGSize all = stored()->size();
     // In the middle of the photo both components are a half.
-    const Rgba middle = pixel(stored(), all.width / 2, all.height / 2);
+    const Rgba middle = pixel_of(stored(), all.width / 2, all.height / 2);
     EXPECT_NEAR(middle.red, 0.5 * 0.6, 0.012);
     EXPECT_NEAR(middle.green, 0.5 * 0.6, 0.012);
 }
@@ -222,13 +196,13 @@ TEST_F(Cropping, BlurredIsShownAndKept) {
     tap("Use Photo");
     tap("Save");
     // The ramp goes on to the photo's edge where it is sharp.
-    EXPECT_GT(pixel(stored(), stored()->size().width / 2, 1).green, 0.02);
+    EXPECT_GT(pixel_of(stored(), stored()->size().width / 2, 1).green, 0.02);
 }
 
 TEST_F(Cropping, HeldAcrossTheWindowTakesWhatTheRowsLeave) {
     open_map({.screen_width = 568, .screen_height = 320, .screen_scale = 2});
     UIView* page = slider()->superview();
-    const CGRect seen = window()->frame();
+    const CGRect seen = photo_window()->frame();
     constexpr double rows = 3 * 52, margins = 2 * 16;
     EXPECT_EQ(seen.origin.y, 16);
     EXPECT_NEAR(seen.size.height, std::max(60.0, page->bounds().size.height - rows - margins), 0.01);
@@ -255,9 +229,9 @@ TEST_F(Cropping, TheSampleOfTheAlphaShowsAllOfTheImage) {
     for (const double across : {0.0, 0.5, 1.0})
         for (const double down : {0.0, 0.5, 1.0}) {
             const double x = across * (all.width - 1), y = down * (all.height - 1);
-            const Rgba seen = pixel(small, x, y);
-            const Rgba expected =
-                pixel(stored(), across * (stored()->size().width - 1), down * (stored()->size().height - 1));
+            const Rgba seen = pixel_of(small, x, y);
+            const Rgba expected = pixel_of(stored(), across * (stored()->size().width - 1),
+                                           down * (stored()->size().height - 1));
             EXPECT_EQ(seen.alpha, 1) << across << ", " << down;
             EXPECT_NEAR(seen.red, expected.red, 0.02) << across << ", " << down;
             EXPECT_NEAR(seen.green, expected.green, 0.02) << across << ", " << down;

@@ -70,6 +70,17 @@ void EditorPage::open_cropper() const {
     tap("hill.png");
 }
 
+UIView* EditorPage::photo_window() {
+    // The one view of the page that has gesture recognisers.
+    NSArray* all = first("UISlider")->superview()->subviews();
+    for (NSUInteger i = 0; i < all->count(); ++i)
+        if (auto* each = static_cast<UIView*>(all->objectAtIndex(i));
+            each->gestureRecognizers()->count() == 2)
+            return each;
+    ADD_FAILURE() << "no window";
+    return nullptr;
+}
+
 void EditorPage::turn_on(const std::string& label) {
     NSArray* all = first("UISwitch")->superview()->subviews();
     for (NSUInteger i = 0; i < all->count(); ++i) {
@@ -92,6 +103,11 @@ NSDictionary* EditorPage::content(const std::string& file) const {
 
 std::string EditorPage::value(const char* key, const std::string& file) const {
     return utf8(static_cast<NSObject*>(content(file)->objectForKey(text(key)))->description());
+}
+
+UIImage* EditorPage::stored() const {
+    auto* data = as<NSData>(content()->objectForKey(text("_Image")));
+    return data ? UIImage::imageWithData(data) : nullptr;
 }
 
 std::vector<std::string> EditorPage::colours(const std::string& file) const {

@@ -20,12 +20,15 @@ class EditorPage : public SettingsPage {
     static void rename(const std::string& name);
     /// Puts a photo, a hill before a sky, into the library, and takes it as the background.
     void open_cropper() const;
+    /// On that page, the window that fingers move the photo behind.
+    static UIView* photo_window();
     /// Touches the switch that VoiceOver calls so, on the page on which a photo is cropped.
     static void turn_on(const std::string& label);
 
     /// What the file holds.
     NSDictionary* content(const std::string& file = "Mine.plist") const;
     std::string value(const char* key, const std::string& file = "Mine.plist") const;
+    UIImage* stored() const;
     std::vector<std::string> colours(const std::string& file = "Mine.plist") const;
 
     static constexpr NSInteger name_section = 0, keys_section = 1, contrast_section = 2,

@@ -26,21 +26,6 @@ class EditorWithPhotos : public EditorPage {
         tap(name);
         ASSERT_TRUE(is_on_screen("Crop"));
     }
-    UIImage* stored() const {
-        auto* data = as<NSData>(content()->objectForKey(text("_Image")));
-        return data ? UIImage::imageWithData(data) : nullptr;
-    }
-    static UIView* photo_window() {
-        // The one view of the page that has gesture recognisers.
-        UIView* view = first("UISlider");
-        NSArray* all = view->superview()->subviews();
-        for (NSUInteger i = 0; i < all->count(); ++i)
-            if (auto* each = static_cast<UIView*>(all->objectAtIndex(i));
-                each->gestureRecognizers()->count() == 2)
-                return each;
-        ADD_FAILURE() << "no window";
-        return nullptr;
-    }
     static CGRect photo_frame() {
         return static_cast<UIView*>(photo_window()->subviews()->objectAtIndex(0))->frame();
     }

@@ -8,12 +8,6 @@ namespace {
 
 class EditorWords : public EditorPage {
   protected:
-    static std::string header(NSInteger section) {
-        return utf8(page()->send<"tableView:titleForHeaderInSection:", NSString*>(table(), section));
-    }
-    static std::string footer(NSInteger section) {
-        return utf8(page()->send<"tableView:titleForFooterInSection:", NSString*>(table(), section));
-    }
     static std::string title(NSInteger row, NSInteger section) {
         return utf8(cell(row, section)->textLabel()->text());
     }

@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "kept_files.h"
-#include "platform/owned_graphics.h"
 
 namespace test {
 namespace {
@@ -38,19 +37,7 @@ class Photo : public testing::Test {
     }
     /// The pixel at that part of the image.
     static Rgba pixel(UIImage* image, double across, double down) {
-        uint8_t bytes[4]{};
-        const cg::owned space(CGColorSpaceCreateDeviceRGB());
-        const cg::owned context(CGBitmapContextCreate(
-            bytes, 1, 1, 8, 4, space, kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big));
-        const CGSize size = image->size();
-        CGContextTranslateCTM(context, 0, 1);
-        CGContextScaleCTM(context, 1, -1);
-        UIGraphicsPushContext(context);
-        image->drawInRect(
-            {{-static_cast<int>(across * size.width) * 1.0, -static_cast<int>(down * size.height) * 1.0},
-             size});
-        UIGraphicsPopContext();
-        return {bytes[0] / 255.0, bytes[1] / 255.0, bytes[2] / 255.0, bytes[3] / 255.0};
+        return pixel_of(image, across * image->size().width, down * image->size().height);
     }
 
     Phone phone;

@@ -2,7 +2,6 @@
 #include "pane/drawing/swatch.h"
 
 #include "kept_files.h"
-#include "platform/owned_graphics.h"
 
 namespace test {
 namespace {
@@ -11,18 +10,7 @@ class Swatch : public testing::Test {
   protected:
     void SetUp() override { phone.start({.screen_width = 320, .screen_height = 568, .screen_scale = 2}); }
     /// At that point.
-    static Rgba seen(UIImage* image, double x, double y) {
-        uint8_t bytes[4]{};
-        const cg::owned space(CGColorSpaceCreateDeviceRGB());
-        const cg::owned context(CGBitmapContextCreate(
-            bytes, 1, 1, 8, 4, space, kCGImageAlphaPremultipliedLast | kCGBitmapByteOrder32Big));
-        CGContextTranslateCTM(context, 0, 1);
-        CGContextScaleCTM(context, 2, -2);
-        UIGraphicsPushContext(context);
-        image->drawAtPoint({-x, -y});
-        UIGraphicsPopContext();
-        return {bytes[0] / 255.0, bytes[1] / 255.0, bytes[2] / 255.0, bytes[3] / 255.0};
-    }
+    static Rgba seen(UIImage* image, double x, double y) { return pixel_of(image, 2 * x, 2 * y); }
     static void expect_seen(UIImage* image, double x, double y, const Rgba& expected) {
         constexpr double rounded = 1.0 / 255;
         const Rgba colour = seen(image, x, y);
