@@ -172,8 +172,9 @@ const char* objc::register_classes(Wanted wanted) {
                 std::ranges::find(visited, &record) != visited.end())
                 return;
             visited.push_back(&record);
-            for (auto* other = __start_objc_classes; other != __stop_objc_classes; ++other)
-                if (std::string_view((*other)->name) == record.superclass) visit(**other);
+            if (!objc_lookUpClass(record.superclass))
+                for (auto* other = __start_objc_classes; other != __stop_objc_classes; ++other)
+                    if (std::string_view((*other)->name) == record.superclass) visit(**other);
             Class superclass = objc_getClass(record.superclass);
             if (superclass && !record.make(superclass) && !existing) existing = record.name;
         }

@@ -66,20 +66,29 @@ void keep_machine_fonts_unread() {
     (void)is_set;
 }
 
+/// What fontconfig knows of the fallback once it has read which characters it has: null where it is missing.
+FcPattern* fallback() {
+    static FcPattern* const known = [] {
+        int faces = 0;
+        return FcFreeTypeQuery(reinterpret_cast<const FcChar8*>(fallback_file), 0, nullptr, &faces);
+    }();
+    return known;
+}
+
 PangoContext* new_context(const Typeface& face) {
     keep_machine_fonts_unread();
     const bool is_emoji = &face == &emoji_face;
     FcConfig* files = FcConfigCreate();
-    auto add = [files](const char* file) {
-        return FcConfigAppFontAddFile(files, reinterpret_cast<const FcChar8*>(file));
-    };
     const std::string file = std::string(is_emoji ? emoji_folder : inter_folder) + face.file;
-    if (!add(file.c_str())) not_modelled("UIFont", file + " cannot be read: is its package installed?");
+    if (!FcConfigAppFontAddFile(files, reinterpret_cast<const FcChar8*>(file.c_str())))
+        not_modelled("UIFont", file + " cannot be read: is its package installed?");
     // The fallback, which may be missing, has black forms of some emoji and would be preferred.
     if (is_emoji)
         FcConfigParseAndLoadFromMemory(files, reinterpret_cast<const FcChar8*>(scaled_bitmaps), FcTrue);
-    else
-        add(fallback_file);
+    else if (FcPattern* known = fallback()) {
+        FcPatternReference(known);
+        FcFontSetAdd(FcConfigGetFonts(files, FcSetApplication), known);
+    }
 
     PangoFontMap* map = pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT);
     pango_fc_font_map_set_config(PANGO_FC_FONT_MAP(map), files);

@@ -4,7 +4,10 @@
 
 namespace sim {
 
-/// All of them. Called once, at boot, when the root folder is mounted.
+/// Has Foundation ask which encodings there are, and answers all. Before Foundation is used otherwise.
+void ask_for_encodings();
+
+/// All corrections. Called once, at boot, when the root folder is mounted.
 void correct_foundation();
 
 void correct_data_files();

@@ -17,6 +17,7 @@
 #include "objc/pointer_signature.h"
 #include "objc/string.h"
 #include "phone/file_system.h"
+#include "runtime/class_registration.h"
 #include "runtime/injection/authentication.h"
 #include "runtime/references/reference_counting.h"
 #include "uikit/geometry_values.h"
@@ -179,7 +180,9 @@ void prepare(const std::set<std::string, std::less<>>& kept_back) {
             throw Refusal(SIM_NOT_FOUND,
                           "cannot keep back " + name + ": the model has no class of this name");
     LeakCheckingOff off;
+    ask_for_encodings();
     get_ready();
+    const ManyClasses many;
     objc::register_classes(
         [&](std::string_view name) { return name != home_screen && !kept_back.contains(name); });
     for (auto* record = __start_objc_classes; record != __stop_objc_classes; ++record)
@@ -196,6 +199,7 @@ void boot(const BootOptions& options) {
 
     LeakCheckingOff off;
     booted_device() = options.device;
+    ask_for_encodings();
     start_foundation(options.executable, options.arguments);
     limit_hooks(options.hook_limits);
     if (options.device.process == Process::arm64e) authenticate_addresses(options.unsigned_answers);
@@ -207,6 +211,7 @@ void boot(const BootOptions& options) {
     // Foundation looks for its settings when they are first wanted, in many places; now these are the
     // phone's.
     objc::send<"standardUserDefaults", id>(reinterpret_cast<id>(objc_getClass("NSUserDefaults")));
+    const ManyClasses many;
     objc::register_classes([&](std::string_view name) {
         return is_wanted(options, name) && !prepared_classes().contains(name);
     });

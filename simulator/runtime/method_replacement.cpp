@@ -26,6 +26,13 @@ struct MethodEntry {
     IMP implementation;
 };
 
+/// libobjc's own list of a class's methods.
+struct MethodList {
+    MethodList* next;
+    int count;
+    MethodEntry entries[];
+};
+
 /// Whether the class itself has the method, whatever it inherits.
 bool has_own(Class owner, SEL selector) {
     unsigned count = 0;
@@ -47,6 +54,17 @@ bool inherits(Class derived, Class ancestor) {
 bool add_method(Class owner, SEL selector, IMP implementation, const char* types) {
     static auto* const original = in_libobjc<BOOL(Class, SEL, IMP, const char*)>("class_addMethod");
     return original(owner, selector, implementation, types);
+}
+
+void add_methods(Class owner, std::initializer_list<NewMethod> methods) {
+    static auto* const add = in_libobjc<void(Class, MethodList*)>("class_add_method_list");
+    // It is the class's from now on, and begins with names; libobjc puts the selectors there.
+    void* memory = std::calloc(1, sizeof(MethodList) + methods.size() * sizeof(MethodEntry));
+    auto* const list = static_cast<MethodList*>(memory);
+    for (const auto& [selector, implementation, types] : methods)
+        list->entries[list->count++] = {reinterpret_cast<SEL>(const_cast<char*>(sel_getName(selector))),
+                                        types, implementation};
+    add(owner, list);
 }
 
 IMP replace_method(Class owner, SEL selector, IMP replacement) {

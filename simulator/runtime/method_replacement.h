@@ -1,5 +1,7 @@
 // Replacing and adding methods of classes that exist.
 #pragma once
+#include <initializer_list>
+
 #include "objc/entry.h"
 #include "objc/hook.h"
 #include "objc/selector.h"
@@ -17,9 +19,28 @@ IMP replace_method(Class owner, Method method, IMP replacement);
 /// function of that name keeps a record; additions by the simulator itself are not recorded.
 bool add_method(Class owner, SEL selector, IMP implementation, const char* types);
 
+/// A method to be.
+struct NewMethod {
+    SEL selector;
+    IMP implementation;
+    const char* types;
+};
+
+/// The C++ function as a method. It is a member function of an interface's subclass, or takes the Class first
+/// to be a class method.
+template <objc::Name Selector, auto Function>
+NewMethod new_method() {
+    using Entry = objc::Entry<Function>;
+    static_assert(Selector.colons() == Entry::arity, "the selector and the function's parameters disagree");
+    return {objc::selector<Selector>(), reinterpret_cast<IMP>(&Entry::call), objc::stored<Entry::types>.text};
+}
+
+/// Adds methods that the class does not have, all at once: what an addition takes grows with the classes
+/// below that have been used. They are not recorded either.
+void add_methods(Class owner, std::initializer_list<NewMethod> methods);
+
 /// Gives a class of Foundation the C++ function as a method, in place of the one it has or in addition;
-/// answers the previous implementation or null. The function is a member function of an interface's subclass,
-/// or takes the Class first to be a class method:
+/// answers the previous implementation or null:
 ///
 ///     struct Text : NSString {
 ///         int intValue() { … }
@@ -27,13 +48,10 @@ bool add_method(Class owner, SEL selector, IMP implementation, const char* types
 ///     redefine<"intValue", &Text::intValue>(NSString::class_object());
 template <objc::Name Selector, auto Function>
 IMP redefine(Class owner) {
-    using Entry = objc::Entry<Function>;
-    static_assert(Selector.colons() == Entry::arity, "the selector and the function's parameters disagree");
-    if (Entry::on_class) owner = object_getClass(reinterpret_cast<id>(owner));
-    auto implementation = reinterpret_cast<IMP>(&Entry::call);
-    IMP previous = replace_method(owner, objc::selector<Selector>(), implementation);
-    if (!previous)
-        add_method(owner, objc::selector<Selector>(), implementation, objc::stored<Entry::types>.text);
+    if (objc::Entry<Function>::on_class) owner = object_getClass(reinterpret_cast<id>(owner));
+    const NewMethod method = new_method<Selector, Function>();
+    IMP previous = replace_method(owner, method.selector, method.implementation);
+    if (!previous) add_method(owner, method.selector, method.implementation, method.types);
     return previous;
 }
 

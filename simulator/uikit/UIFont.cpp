@@ -73,7 +73,6 @@ struct Font : objc::Implements<Font, UIFont> {
   private:
     static constexpr CGFloat default_size = 12;
 
-    /// Measured once: Pango lays out a text for it.
     const LineMetrics& metrics() {
         static auto& measured = *new std::map<Design, LineMetrics>;
         const auto [known, is_new] = measured.try_emplace(ivars().design);
@@ -81,16 +80,17 @@ struct Font : objc::Implements<Font, UIFont> {
         return known->second;
     }
 
+    /// Of a glyph without ink: what Pango calls the font's metrics it lays a text out for, and scales twice
+    /// for emoji.
     LineMetrics measure() {
         PangoFontDescription* description = sim::description_of(this);
-        PangoFontMetrics* metrics =
-            pango_context_get_metrics(sim::context_of(*ivars().design.typeface), description, nullptr);
-        auto in_points = [](int units) { return static_cast<CGFloat>(units) / PANGO_SCALE; };
-        const LineMetrics result{in_points(pango_font_metrics_get_ascent(metrics)),
-                                 in_points(pango_font_metrics_get_descent(metrics))};
-        pango_font_metrics_unref(metrics);
+        PangoFont* font = pango_context_load_font(sim::context_of(*ivars().design.typeface), description);
+        PangoRectangle line;
+        pango_font_get_glyph_extents(font, PANGO_GLYPH_EMPTY, nullptr, &line);
+        g_object_unref(font);
         pango_font_description_free(description);
-        return result;
+        auto in_points = [](int units) { return static_cast<CGFloat>(units) / PANGO_SCALE; };
+        return {in_points(-line.y), in_points(line.y + line.height)};
     }
 };
 

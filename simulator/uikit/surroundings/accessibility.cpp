@@ -65,19 +65,19 @@ struct Spoken : NSObject {
 }  // namespace
 
 void add_accessibility_to_objects() {
-    Class object = NSObject::class_object();
-    redefine<"accessibilityLabel", &Spoken::label>(object);
-    redefine<"setAccessibilityLabel:", &Spoken::keep<label_key>>(object);
-    redefine<"accessibilityValue", &Spoken::kept<value_key>>(object);
-    redefine<"setAccessibilityValue:", &Spoken::keep<value_key>>(object);
-    redefine<"accessibilityHint", &Spoken::kept<hint_key>>(object);
-    redefine<"setAccessibilityHint:", &Spoken::keep<hint_key>>(object);
-    redefine<"accessibilityIdentifier", &Spoken::kept<identifier_key>>(object);
-    redefine<"setAccessibilityIdentifier:", &Spoken::keep<identifier_key>>(object);
-    redefine<"isAccessibilityElement", &Spoken::is_element>(object);
-    redefine<"setIsAccessibilityElement:", &Spoken::set_is_element>(object);
-    redefine<"accessibilityTraits", &Spoken::traits>(object);
-    redefine<"setAccessibilityTraits:", &Spoken::set_traits>(object);
+    add_methods(NSObject::class_object(),
+                {new_method<"accessibilityLabel", &Spoken::label>(),
+                 new_method<"setAccessibilityLabel:", &Spoken::keep<label_key>>(),
+                 new_method<"accessibilityValue", &Spoken::kept<value_key>>(),
+                 new_method<"setAccessibilityValue:", &Spoken::keep<value_key>>(),
+                 new_method<"accessibilityHint", &Spoken::kept<hint_key>>(),
+                 new_method<"setAccessibilityHint:", &Spoken::keep<hint_key>>(),
+                 new_method<"accessibilityIdentifier", &Spoken::kept<identifier_key>>(),
+                 new_method<"setAccessibilityIdentifier:", &Spoken::keep<identifier_key>>(),
+                 new_method<"isAccessibilityElement", &Spoken::is_element>(),
+                 new_method<"setIsAccessibilityElement:", &Spoken::set_is_element>(),
+                 new_method<"accessibilityTraits", &Spoken::traits>(),
+                 new_method<"setAccessibilityTraits:", &Spoken::set_traits>()});
 }
 
 }  // namespace sim

@@ -69,6 +69,13 @@ TEST_F(Font, MeasuresGrowWithTheSize) {
     EXPECT_NEAR(large->lineHeight(), 2 * small->lineHeight(), 0.05);
 }
 
+TEST_F(Font, EmojiAreMeasuredInTheirSize) {
+    UIFont* emoji = UIFont::fontWithName("AppleColorEmoji"_ns, 16);
+    EXPECT_NEAR(emoji->ascender(), 0.93 * 16, 0.5);
+    EXPECT_NEAR(emoji->descender(), -0.25 * 16, 0.5);
+    EXPECT_NEAR(emoji->fontWithSize(48)->lineHeight(), 3 * emoji->lineHeight(), 0.05);
+}
+
 TEST_F(Font, EqualFontsAreEqual) {
     EXPECT_TRUE(UIFont::systemFontOfSize(17)->isEqual(UIFont::fontWithName(".SFUIText"_ns, 17)));
     EXPECT_FALSE(UIFont::systemFontOfSize(17)->isEqual(UIFont::systemFontOfSize(18)));
