@@ -68,6 +68,7 @@ constexpr size_t figures = sizeof(Figures) / sizeof(double);
 std::vector<double> in_one_process(const Situation& situation, bool shows) {
     test::Phone phone;
     situation.arrange(phone);
+    begin_without_memory_at_hand();
     phone.boot({.executable = situation.executable});
     dirty_bytes();  // its own first use is not to count
     processor_seconds();

@@ -10,6 +10,12 @@
 
 namespace bench {
 
+void begin_without_memory_at_hand() {
+    constexpr int of_a_new_process = 128 * 1024;
+    mallopt(M_MMAP_THRESHOLD, of_a_new_process);
+    malloc_trim(0);
+}
+
 size_t live_bytes() {
     const struct mallinfo2 heap = mallinfo2();
     return heap.uordblks + heap.hblkhd;
