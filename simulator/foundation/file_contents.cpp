@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "foundation/text.h"
+#include "phone/host_failures.h"
 
 namespace sim {
 namespace {
@@ -74,6 +75,15 @@ int write_atomically(const std::string& path, std::string_view contents) {
     return error;
 }
 
+int write_to_host(const std::string& path, std::string_view contents, Writing writing) {
+    switch (writing) {
+        case Writing::in_place: return write_to(path, contents, O_TRUNC);
+        case Writing::new_only: return write_to(path, contents, O_EXCL);
+        case Writing::atomic: return write_atomically(path, contents);
+    }
+    __builtin_unreachable();
+}
+
 }  // namespace
 
 NSString* path_of(NSURL* url) {
@@ -88,25 +98,32 @@ std::optional<std::string> host_path_of(NSString* device_path, LastLink last) {
 }
 
 template <class Bytes>
+static int read_whole(const std::string& device_path, Bytes& contents) {
+    // A pipe must not make the phone wait.
+    File file(open_file(device_path, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.is_open()) return errno;
+    const int error = file.read_all(contents);
+    note_host_failure(device_path, error);
+    return error;
+}
+template <class Bytes>
 static int read_whole(NSString* device_path, Bytes& contents) {
     const auto path = utf8_of(device_path);
-    if (!path) return ENOENT;
-    File file(open_file(*path, O_RDONLY | O_CLOEXEC | O_NONBLOCK));  // a pipe must not make the phone wait
-    return file.is_open() ? file.read_all(contents) : errno;
+    return path ? read_whole(*path, contents) : ENOENT;
 }
 
 int read_file(NSString* device_path, std::string& contents) { return read_whole(device_path, contents); }
 int read_file(NSString* device_path, RawBytes& contents) { return read_whole(device_path, contents); }
+int read_file(const std::string& device_path, std::vector<uint8_t>& contents) {
+    return read_whole(device_path, contents);
+}
 
 int write_file(NSString* device_path, std::string_view contents, Writing writing) {
     const auto path = host_path_of(device_path);
     if (!path) return errno;
-    switch (writing) {
-        case Writing::in_place: return write_to(*path, contents, O_TRUNC);
-        case Writing::new_only: return write_to(*path, contents, O_EXCL);
-        case Writing::atomic: return write_atomically(*path, contents);
-    }
-    __builtin_unreachable();
+    const int error = write_to_host(*path, contents, writing);
+    note_host_failure(*utf8_of(device_path), error);
+    return error;
 }
 
 }  // namespace sim

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "foundation/raw_bytes.h"
 #include "phone/file_system.h"
@@ -19,6 +20,7 @@ std::optional<std::string> host_path_of(NSString* device_path, LastLink last = L
 /// Reads a file of the device. 0, or what went wrong as an errno value; for a nil path ENOENT.
 int read_file(NSString* device_path, std::string& contents);
 int read_file(NSString* device_path, RawBytes& contents);
+int read_file(const std::string& device_path, std::vector<uint8_t>& contents);
 
 enum class Writing {
     in_place,

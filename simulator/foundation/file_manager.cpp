@@ -13,6 +13,7 @@
 #include "foundation/file_contents.h"
 #include "foundation/paths.h"
 #include "foundation/text.h"
+#include "phone/host_failures.h"
 #include "runtime/method_replacement.h"
 #include "runtime/not_modelled.h"
 
@@ -21,11 +22,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
+void note(NSString* path, int posix_error) {
+    if (const auto device_path = utf8_of(path)) note_host_failure(*device_path, posix_error);
+}
+
 bool failed_to_write(NSError** error, NSString* path, int posix_error) {
+    note(path, posix_error);
     return fail(error, [&] { return file_error(write_error(posix_error), path, posix_error); });
 }
 
 bool failed_to_read(NSError** error, NSString* path, int posix_error) {
+    note(path, posix_error);
     return fail(error, [&] { return file_error(read_error(posix_error), path, posix_error); });
 }
 
@@ -74,8 +81,10 @@ struct Manager : NSFileManager {
         const int found = device_path ? open_file(*device_path, O_PATH | O_CLOEXEC) : -1;
         if (found < 0) return false;
         struct stat status;
-        fstat(found, &status);
+        const int failure = fstat(found, &status) == 0 ? 0 : errno;
         close(found);
+        note_host_failure(*device_path, failure);
+        if (failure) return false;
         if (is_directory) *is_directory = S_ISDIR(status.st_mode);
         return true;
     }

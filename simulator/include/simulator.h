@@ -43,6 +43,12 @@ typedef enum sim_status {
 /* What was wrong with the last call, in one line; "" when nothing was. Valid until the next call. */
 SIM_API const char* sim_last_error(void);
 
+/* The first file of the phone at which the host failed since this was last asked, and why, in one line,
+   "/var/mobile/file: Input/output error"; "" when there was none. Applications go on as if there were no
+   such file, and most say nothing. A file that is missing, or of another kind, is no failure of the host's.
+   Valid until the next call. */
+SIM_API const char* sim_host_failure(void);
+
 /* ---- Boot -------------------------------------------------------------------------------------------- */
 
 /* The argument vector that the process claims to have. */

@@ -11,6 +11,7 @@
 #include "interface/library.h"
 #include "interface/refusal.h"
 #include "interface/touch_phase.h"
+#include "phone/host_failures.h"
 #include "platform/keyboard.h"
 #include "runtime/injection/installing_calls.h"
 #include "screen/picture.h"
@@ -166,6 +167,12 @@ void press(const char* function, Key key) {
 }  // namespace
 
 const char* sim_last_error() { return last_error().c_str(); }
+
+const char* sim_host_failure() {
+    static std::string line;
+    line = sim::take_host_failure();
+    return line.c_str();
+}
 
 sim_status sim_prepare(const char* const* kept_back) {
     return answer([&] {

@@ -4,12 +4,14 @@
 #include <link.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <iterator>
 
 #include "interface/library.h"
 #include "interface/refusal.h"
+#include "phone/host_failures.h"
 
 namespace sim {
 namespace {
@@ -80,9 +82,13 @@ std::unique_ptr<Library> load_elf(const std::string& host_path, std::string_view
         throw Refusal(SIM_BAD_FILE, "cannot load " + host_path + ": " + fault);
     const auto before = class_names();
     void* handle = nullptr;
+    errno = 0;
     const double seconds =
         processor_seconds_of([&] { handle = dlopen(host_path.c_str(), RTLD_NOW | RTLD_LOCAL); });
-    if (!handle) throw Refusal(SIM_BAD_FILE, std::string("cannot load ") + dlerror());
+    if (!handle) {
+        note_host_failure(host_path, errno);
+        throw Refusal(SIM_BAD_FILE, std::string("cannot load ") + dlerror());
+    }
     const auto after = class_names();
     std::vector<std::string> made;
     std::set_difference(after.begin(), after.end(), before.begin(), before.end(), std::back_inserter(made));

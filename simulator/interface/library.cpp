@@ -14,6 +14,7 @@
 
 #include "interface/refusal.h"
 #include "objc/runtime.h"
+#include "phone/host_failures.h"
 
 namespace sim {
 namespace {
@@ -26,7 +27,9 @@ constexpr off_t largest_library = 256 << 20;
 
 std::string real_path(const std::string& host_path) {
     const std::unique_ptr<char, decltype(&std::free)> real(realpath(host_path.c_str(), nullptr), &std::free);
-    return real ? real.get() : host_path;
+    if (real) return real.get();
+    note_host_failure(host_path, errno);
+    return host_path;
 }
 
 /// By the paths of their files.
@@ -48,6 +51,7 @@ std::string contents_of(const std::string& path) {
     struct stat status;
     if (stat(path.c_str(), &status) != 0) {
         const int error = errno;
+        note_host_failure(path, error);
         throw Refusal(error == ENOENT ? SIM_NOT_FOUND : SIM_BAD_FILE,
                       "cannot load " + path + ": " + std::strerror(error));
     }
@@ -56,8 +60,11 @@ std::string contents_of(const std::string& path) {
         throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it is larger than any library, " +
                                         std::to_string(status.st_size) + " bytes");
     std::string contents(static_cast<size_t>(status.st_size), '\0');
-    if (!std::ifstream(path, std::ios::binary).read(contents.data(), status.st_size))
+    errno = 0;
+    if (!std::ifstream(path, std::ios::binary).read(contents.data(), status.st_size)) {
+        note_host_failure(path, errno);
         throw Refusal(SIM_BAD_FILE, "cannot load " + path + ": it cannot be read");
+    }
     return contents;
 }
 

@@ -14,6 +14,8 @@
 #include <cstring>
 #include <vector>
 
+#include "phone/host_failures.h"
+
 namespace sim {
 namespace {
 
@@ -41,9 +43,12 @@ constexpr int most_links = 32;  // as many as the device's kernel follows in one
 
 enum class Found { nothing, link, folder, other };
 
-Found look(const std::string& host_path) {
+Found look(const std::string& device_path) {
     struct stat status;
-    if (lstat(host_path.c_str(), &status) != 0) return Found::nothing;
+    if (lstat((root() + device_path).c_str(), &status) != 0) {
+        note_host_failure(device_path, errno);
+        return Found::nothing;
+    }
     if (S_ISLNK(status.st_mode)) return Found::link;
     return S_ISDIR(status.st_mode) ? Found::folder : Found::other;
 }
@@ -63,9 +68,10 @@ void push_components(Pending& pending, std::string_view path) {
     }
 }
 
-std::optional<std::string> target_of(const std::string& link) {
+std::optional<std::string> target_of(const std::string& device_path) {
     char target[PATH_MAX];
-    const ssize_t length = readlink(link.c_str(), target, sizeof target);
+    const ssize_t length = readlink((root() + device_path).c_str(), target, sizeof target);
+    if (length < 0) note_host_failure(device_path, errno);
     if (length <= 0) return std::nullopt;
     return std::string(target, static_cast<size_t>(length));
 }
@@ -99,13 +105,13 @@ std::optional<std::string> resolved_device_path(std::string_view device_path, La
             continue;
         }
         const std::string next = walked + "/" + component;
-        here = here == Found::folder ? look(root() + next) : Found::nothing;
+        here = here == Found::folder ? look(next) : Found::nothing;
         const bool kept = last == LastLink::keep && pending.empty() && !names_a_folder;
         if (here != Found::link || kept) {
             walked = next;
             continue;
         }
-        auto target = target_of(root() + next);
+        auto target = target_of(next);
         if (!target || ++links > most_links) return std::nullopt;
         if (target->starts_with('/')) walked.clear();
         here = Found::folder;
@@ -137,7 +143,9 @@ int open_file(std::string_view device_path, int flags) {
         if (opened >= 0 || errno == ENOENT || errno == ENOTDIR) return static_cast<int>(opened);
     }
     const auto host = host_path(device_path);
-    return host ? open(host->c_str(), flags) : -1;
+    const int opened = host ? open(host->c_str(), flags) : -1;
+    if (opened < 0) note_host_failure(device_path, errno);
+    return opened;
 }
 
 }  // namespace sim

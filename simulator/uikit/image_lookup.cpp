@@ -1,21 +1,14 @@
 #include "uikit/image_lookup.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-
-#include "phone/file_system.h"
+#include "foundation/file_contents.h"
 
 namespace sim {
 namespace {
 
 std::optional<std::vector<uint8_t>> contents_of(const std::string& device_path) {
-    const auto path = host_path(device_path);
-    std::error_code error;
-    if (!path || !std::filesystem::is_regular_file(*path, error)) return std::nullopt;
-    std::ifstream file(*path, std::ios::binary);
-    if (!file) return std::nullopt;
-    return std::vector<uint8_t>(std::istreambuf_iterator<char>(file), {});
+    std::vector<uint8_t> contents;
+    if (read_file(device_path, contents) != 0) return std::nullopt;
+    return contents;
 }
 
 std::string density_suffix(int density) { return "@" + std::to_string(density) + "x"; }

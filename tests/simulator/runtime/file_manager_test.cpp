@@ -110,16 +110,25 @@ TEST_F(FileManager, NeverRemovesTheRoot) {
 /// Runs as somebody who may not write where root may.
 class WithoutPermission : public FileManager {
   protected:
+    explicit WithoutPermission(fs::perms permissions = fs::perms(0555)) : left(permissions) {}
     void SetUp() override {
         FileManager::SetUp();
         fs::permissions(phone.host("/"), fs::perms::all);
-        fs::permissions(phone.host("/folder"), fs::perms(0555));
+        fs::permissions(phone.host("/folder"), left);
         ASSERT_TRUE(geteuid() != 0 || seteuid(65534) == 0);
     }
     ~WithoutPermission() override {
         if (getuid() == 0) EXPECT_EQ(seteuid(0), 0);
         fs::permissions(phone.host("/folder"), fs::perms::owner_all);
     }
+
+    fs::perms left;
+};
+
+/// The same where nothing may be read.
+class WithoutAnyPermission : public WithoutPermission {
+  protected:
+    WithoutAnyPermission() : WithoutPermission(fs::perms::none) {}
 };
 
 TEST_F(WithoutPermission, RemovingIsError513) {
@@ -131,6 +140,42 @@ TEST_F(WithoutPermission, RemovingIsError513) {
 TEST_F(WithoutPermission, CreatingAFolderIsError513) {
     EXPECT_FALSE(manager->create("/folder/new", true, &error));
     EXPECT_EQ(summary(), "NSCocoaErrorDomain 513 /folder/new");
+}
+
+TEST_F(WithoutPermission, TheHostsRefusalIsSaidOnce) {
+    EXPECT_STREQ(sim_host_failure(), "");
+    EXPECT_FALSE(manager->create("/folder/new", true, &error));
+    EXPECT_FALSE(manager->create("/folder/second", true, &error));
+    EXPECT_STREQ(sim_host_failure(), "/folder/new: Permission denied");
+    EXPECT_STREQ(sim_host_failure(), "");
+    EXPECT_FALSE(data("new")->writeToFile(text("/folder/data"), 1, nullptr));
+    EXPECT_STREQ(sim_host_failure(), "/folder/data: Permission denied");
+}
+
+TEST_F(WithoutAnyPermission, TheFirstFileThatCannotBeReadIsSaid) {
+    for (const char* path : {"/folder/file.txt", "/folder/./file.txt"}) {
+        EXPECT_FALSE(manager->fileExistsAtPath(text(path)));
+        EXPECT_STREQ(sim_host_failure(), "/folder/file.txt: Permission denied") << path;
+        EXPECT_EQ(NSData::dataWithContentsOfFile(text(path)), nullptr);
+        EXPECT_STREQ(sim_host_failure(), "/folder/file.txt: Permission denied") << path;
+        EXPECT_EQ(UIImage::imageWithContentsOfFile(text(path)),
+                  nullptr);  // the picture for this screen first
+        EXPECT_STREQ(sim_host_failure(), "/folder/file@2x.txt: Permission denied") << path;
+    }
+    EXPECT_EQ((manager->send<"contentsOfDirectoryAtPath:error:", id>(text("/folder"), &error)), nullptr);
+    EXPECT_STREQ(sim_host_failure(), "/folder: Permission denied");
+}
+
+TEST_F(FileManager, WhatCanGoWrongOnADeviceIsNoFailureOfTheHosts) {
+    EXPECT_FALSE(manager->fileExistsAtPath(text("/folder/none")));
+    EXPECT_FALSE(manager->fileExistsAtPath(text("/folder/file.txt/below")));
+    EXPECT_EQ(NSData::dataWithContentsOfFile(text("/folder")), nullptr);
+    EXPECT_FALSE(manager->removeItemAtPath(text("/folder/none"), &error));
+    EXPECT_FALSE(manager->create("/folder/file.txt", false, &error));
+    fs::create_symlink("/loop", phone.host("/loop"));
+    EXPECT_EQ(UIImage::imageWithContentsOfFile(text("/loop")), nullptr);
+    EXPECT_EQ(NSData::dataWithContentsOfFile(text("/" + std::string(300, 'n'))), nullptr);
+    EXPECT_STREQ(sim_host_failure(), "");
 }
 
 TEST_F(WithoutPermission, WritingAPropertyListIsError513) {

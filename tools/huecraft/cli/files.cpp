@@ -19,6 +19,7 @@
 #include "cli/terminal.h"
 #include "formats/value.h"
 #include "objc/exception.h"
+#include "simulator.h"
 
 namespace command {
 namespace {
@@ -151,6 +152,7 @@ struct Output::Draft {
 };
 
 Output::Output(const std::string& file) : file_(file) {
+    require_sound_phone();
     if (file == "-") {
         std::fflush(stdout);
         direct_ = STDOUT_FILENO;
@@ -203,6 +205,7 @@ void put(const fs::path& place, const std::string& contents) {
 }
 
 void take_back(const fs::path& from, const fs::path& to) {
+    require_sound_phone();
     if (!fs::exists(from)) {
         fs::remove(to);
         return;
@@ -222,6 +225,7 @@ fs::path beside_the_command(const std::string& name, const std::string& what) {
 }
 
 void make_folder(const std::string& folder) {
+    require_sound_phone();
     std::error_code error;
     fs::create_directories(folder, error);
     if (error) throw Unusable(folder, "the folder cannot be made: " + error_in_words(error.value()));
@@ -298,6 +302,11 @@ void require_replaceable(const std::string& output, OutputKind kind, const std::
                        std::string("it exists and is not a ") + known->name + "; --force replaces it");
 }
 
+void require_sound_phone() {
+    const std::string failure = sim_host_failure();
+    if (!failure.empty()) throw Unusable("the phone", "could not use " + failure);
+}
+
 void on_the_phone(const std::string& file, const std::function<void()>& work) {
     objc::AutoreleasePool pool;
     try {
@@ -305,6 +314,7 @@ void on_the_phone(const std::string& file, const std::function<void()>& work) {
     } catch (const std::bad_alloc&) {
         throw Unusable(file, out_of_memory);
     }
+    require_sound_phone();
 }
 
 Status for_each_file(const std::vector<std::string>& files,

@@ -88,8 +88,13 @@ enum class OutputKind { picture, page, script, property_list, package };
 /// regular file is written to in any case.
 void require_replaceable(const std::string& output, OutputKind kind, const std::vector<std::string>& inputs);
 
+/// Throws Unusable where this process's phone could not read or write one of its files: what it shows or
+/// keeps then is not what it should be, and nothing is made of it.
+void require_sound_phone();
+
 /// Does something with a file on the phone, with a pool for the objects that it takes. Throws Unusable for
-/// what is raised. The work has no pool of its own around it, which would take the exception along.
+/// what is raised, and where the phone is not sound. The work has no pool of its own around it, which would
+/// take the exception along.
 void on_the_phone(const std::string& file, const std::function<void()>& work);
 
 /// Does something with each file. What is unusable, or raises an exception on the phone, is complained of,

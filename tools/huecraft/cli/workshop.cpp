@@ -162,7 +162,11 @@ pid_t start_child(const std::function<Status()>& work) {
     if (child == 0) {
         prctl(PR_SET_PDEATHSIG, SIGTERM);
         bound_memory();
-        std::exit(static_cast<int>(complete(work)));
+        std::exit(static_cast<int>(complete([&] {
+            const Status status = work();
+            require_sound_phone();
+            return status;
+        })));
     }
     return child;
 }
