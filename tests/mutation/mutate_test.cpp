@@ -247,10 +247,12 @@ TEST_F(Mutate, WhatTheReachingSuitesLetLiveIsJudgedByTheOthers) {
 }
 
 TEST_F(Mutate, AHeaderIsJudgedThroughOneFromElsewhereThatIncludesIt) {
-    write("other/limits.h", "#include \"" + (root_ / "source/limit.h").string() + "\"\n");
     write("source/limit.cpp", "#include \"../other/limits.h\"\n" + std::string(limit_source));
-    build();
-    EXPECT_THAT(mutate("source/limit.h").output, HasSubstr("2 tried, 2 killed"));
+    for (const std::string& name : {(root_ / "source/limit.h").string(), std::string("../source/limit.h")}) {
+        write("other/limits.h", "#include \"" + name + "\"\n");
+        build();
+        EXPECT_THAT(mutate("source/limit.h").output, HasSubstr("2 tried, 2 killed")) << name;
+    }
 }
 
 TEST_F(Mutate, HeadersFromElsewhereAreThereAsBefore) {
@@ -323,6 +325,60 @@ TEST_F(Mutate, WhatOneImagesTestsLetLiveIsJudgedInTheNext) {
     fs::permissions(root_ / "build/bin/lenient_tests", fs::perms::owner_all);
     EXPECT_THAT(mutate("source/limit.cpp:5").output,
                 HasSubstr("killed: source/limit.cpp:5 by limit_tests Limit.CutsWhatIsAbove\n"));
+}
+
+TEST_F(Mutate, WhatJudgesAnotherFolderIsNotAsked) {
+    write("tests/mutation/judges.txt",
+          "source lib/limit LIMIT=lib/limit limit_tests\n"
+          "source/other.cpp lib/limit OTHER=lib/limit other_tests\n");
+    write("build/bin/other_tests", "#!/bin/sh\nexit 0\n");
+    fs::permissions(root_ / "build/bin/other_tests", fs::perms::owner_all);
+    write("source/other.cpp", "int other() { return 1; }\n");
+    std::string with_other = limit_build;
+    with_other.insert(with_other.rfind('\n'), " other.o\nbuild other.o: compile ../source/other.cpp");
+    write("build/build.ninja", with_other);
+    build();
+    EXPECT_THAT(mutate("source/limit.cpp:5 source/other.cpp").output,
+                AllOf(HasSubstr("killed: source/limit.cpp:5 by limit_tests Limit.CutsWhatIsAbove\n"),
+                      HasSubstr("4 tried, 1 killed, 3 survived")));
+}
+
+TEST_F(Mutate, WhatAnotherImageJudgesNeedNotLinkWithThisOne) {
+    // Both programs are linked with the archive, and one alone has what limit.cpp needs.
+    const auto write_tests = [this](const std::string& name, const std::string& sum,
+                                    const std::string& also) {
+        write("tests/" + name + "_tests.cpp",
+              "#include <cstdio>\n#include <string>\nint " + name + "();\n" + also +
+                  "int main(int count, char** words) {\n"
+                  "    if (count > 1 && words[1] == std::string(\"--gtest_list_tests\"))\n"
+                  "        return std::puts(\"Sum.\"), 0;\n"
+                  "    if (" +
+                  name + "() == " + sum +
+                  ") return 0;\n"
+                  "    std::puts(\"FAILED: Sum.IsRight\");\n"
+                  "    return 1;\n"
+                  "}\n");
+    };
+    write("source/limit.cpp", "int none();\nint limit() { return none() + 1 + 2 + 3 + 4 + 5 + 6 + 7; }\n");
+    write("source/other.cpp", "int other() { return 1; }\n");
+    write_tests("limit", "28", "int none() { return 0; }\n");
+    write_tests("other", "1", "");
+    write("build/build.ninja",
+          std::string(limit_build).substr(0, std::string(limit_build).find("build limit.o")) +
+              "rule archive\n"
+              "  command = : && rm -f $out && ar qc $out $in && :\n"
+              "build limit.o: compile ../source/limit.cpp\n"
+              "build other.o: compile ../source/other.cpp\n"
+              "build limit_tests.o: compile ../tests/limit_tests.cpp\n"
+              "build other_tests.o: compile ../tests/other_tests.cpp\n"
+              "build both.a: archive limit.o other.o\n"
+              "build bin/limit_tests: link limit_tests.o both.a\n"
+              "build bin/other_tests: link other_tests.o both.a\n");
+    write("tests/mutation/judges.txt",
+          "source bin/limit_tests limit_tests\nsource/other.cpp bin/other_tests other_tests\n");
+    fs::remove(root_ / "build/bin/limit_tests");
+    build();
+    EXPECT_THAT(mutate("source").output, HasSubstr("25 found, 25 tried, 25 killed"));
 }
 
 TEST_F(Mutate, ACaseThatIsLeftOutDoesNotJudge) {

@@ -22,7 +22,7 @@ END
 command_mutate() {
     local programs temporary=/tmp
     setup
-    mapfile -t programs < <(grep -v '^#' "$root/tests/mutation/judges.txt" | tr ' ' '\n' | grep -x '[a-z_]*_tests' | sort -u)
+    mapfile -t programs < <(grep -v '^#' "$root/tests/mutation/judges.txt" | tr ' ' '\n' | grep -x '[a-z0-9_]*_tests' | sort -u)
     configure release
     cmake --build "$root/build/release" --target huecraft_mutate huecraft "${programs[@]}" ||
         fail "building the preset 'release' failed"

@@ -1,6 +1,7 @@
 #include "cases.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "process.h"
 
@@ -113,7 +114,11 @@ void Cases::prepare(const Judges& judges, const std::set<fs::path>& files) {
 }
 
 std::string Cases::first_that_fails(const Judges& judges, const fs::path& file, size_t line) {
-    std::vector<Asked> reaching(failed_lately_.begin(), failed_lately_.end()), others;
+    std::vector<Asked> reaching, others;
+    // What judges another folder does not judge this one, and could not run: its variables are not set.
+    std::ranges::copy_if(failed_lately_, std::back_inserter(reaching), [&](const Asked& one) {
+        return std::ranges::find(judges.programs, one.program) != judges.programs.end();
+    });
     for (const std::string& program : judges.programs) {
         const std::vector<Suite>& suites = suites_[program];
         std::string asked;

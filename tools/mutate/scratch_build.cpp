@@ -41,6 +41,13 @@ bool is_in(const fs::path& file, const fs::path& folder) {
     return file.string().starts_with(folder.string() + "/");
 }
 
+/// The name by which one of the standard library's or of the tests' framework is included; "" for another.
+std::string name_of_foreign(const fs::path& header) {
+    const fs::path folder = header.parent_path(), name = folder.filename() / header.filename();
+    if (!header.has_extension() && folder.parent_path().filename() == "c++") return header.filename();
+    return name == "gtest/gtest.h" || name == "gmock/gmock.h" ? name.string() : "";
+}
+
 }  // namespace
 
 ScratchBuild::ScratchBuild(const fs::path& build, const std::string& image, const fs::path& changing,
@@ -84,7 +91,9 @@ void ScratchBuild::take_unit(std::string command, const std::string& members) {
         else if (words[i] != "-MD" && words[i] != "-g1" && words[i] != "-g")
             command += words[i] + " ";
     }
-    units_.push_back({.object = object, .command = command, .source = (build_ / source).lexically_normal()});
+    Unit unit{.object = object, .command = command, .source = (build_ / source).lexically_normal()};
+    unit.kind = command_for(unit, "source", "object");
+    units_.push_back(std::move(unit));
 }
 
 /// Leaves the units that have to do with what changes, its own before others.
@@ -121,37 +130,51 @@ std::vector<const ScratchBuild::Unit*> ScratchBuild::units_of(const fs::path& fi
     return found == includers_.end() ? std::vector<const Unit*>() : found->second;
 }
 
-/// The option that says where they are; "" when there are none, or when one includes what changes.
-const std::string& ScratchBuild::headers_read_once() {
-    if (headers_read_once_) return *headers_read_once_;
-    headers_read_once_ = "";
-    const fs::path root = changing_.parent_path(), together = scratch_ / "headers.h";
-    std::string includes;
-    for (const auto& [file, units] : includers_)
+/// The option that says where they are, as units of that kind read them; "" when there are none.
+const std::string& ScratchBuild::headers_read_once(const std::string& kind) {
+    const auto [known, is_new] = headers_read_once_.try_emplace(kind);
+    std::string& option = known->second;
+    if (!is_new) return option;
+    const auto alike = [&](const Unit& unit) { return unit.kind == kind; };
+    const fs::path root = changing_.parent_path();
+    std::string ours, foreign;
+    for (const auto& [file, units] : includers_) {
+        if (std::ranges::none_of(units, [&](const Unit* unit) { return alike(*unit); })) continue;
         if (file.extension() == ".h" && is_in(file, root) && !is_in(file, changing_))
-            includes += "#include \"" + file.string() + "\"\n";
-    if (includes.empty()) return *headers_read_once_;
+            ours += "#include \"" + file.string() + "\"\n";
+        if (const std::string name = name_of_foreign(file); !name.empty())
+            foreign += "#include <" + name + ">\n";
+    }
+    const Unit& first = *std::ranges::find_if(units_, alike);
+    if (!ours.empty()) option = read_once(first, foreign + ours);
+    if (option.empty() && !foreign.empty()) option = read_once(first, foreign);
+    return option;
+}
+
+/// "" when one of them includes what changes.
+std::string ScratchBuild::read_once(const Unit& unit, const std::string& includes) {
+    const std::string name = "headers" + std::to_string(times_read_++);
+    const fs::path together = scratch_ / (name + ".h"), read = scratch_ / (name + ".pch"),
+                   listed = scratch_ / (name + ".d");
     write_file(together, includes);
-    const fs::path read = scratch_ / "headers.pch", listed = scratch_ / "headers.d";
-    std::string command = command_for(units_.front(), together, read) +
-                          " -fpch-instantiate-templates -MD -MF " + listed.string();
+    std::string command =
+        command_for(unit, together, read) + " -fpch-instantiate-templates -MD -MF " + listed.string();
     replace_word(command, "-c", "-x c++-header");
-    if (run(command, build_, patience).well &&
-        read_file(listed).find(" " + changing_.string() + "/") == std::string::npos)
-        headers_read_once_ = " -include-pch " + quoted(read);
-    return *headers_read_once_;
+    if (!run(command, build_, patience).well) return "";
+    const auto changes = [&](const std::string& file) {
+        return is_in((build_ / file).lexically_normal(), changing_);
+    };
+    return std::ranges::any_of(words_of(read_file(listed)), changes) ? "" : " -include-pch " + quoted(read);
 }
 
 ScratchBuild::Objects ScratchBuild::compile(const std::vector<const Unit*>& units,
                                             const std::string& options) {
     Objects objects;
-    const auto kind = [&](const Unit& unit) { return command_for(unit, "source", "object"); };
     for (const Unit* unit : units) {
         const fs::path object = scratch_ / ("unit" + std::to_string(objects.size()) + ".o");
-        std::string command = command_for(*unit, unit->source, object);
-        // They were read as the first unit reads them.
-        if (kind(*unit) == kind(units_.front())) command += headers_read_once();
-        if (!run(command + options, build_, patience).well) return {};
+        const std::string command =
+            command_for(*unit, unit->source, object) + headers_read_once(unit->kind) + options;
+        if (!run(command, build_, patience).well) return {};
         objects[unit] = object;
     }
     return objects;

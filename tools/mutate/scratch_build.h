@@ -1,7 +1,6 @@
 // An image of the build, linked again with sources changed, beside the build.
 #pragma once
 #include <map>
-#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -16,7 +15,8 @@ class ScratchBuild {
   public:
     /// Asks ninja how the image is made, of which units that are or include something in `changing`, a
     /// folder; archives that are a part of it count as their members. Headers that do not include anything in
-    /// `changing` are read once for all that is made. Throws when the build knows nothing of the image.
+    /// `changing`, those of the standard library at least, are read once for all that is made. Throws when
+    /// the build knows nothing of the image.
     ScratchBuild(const fs::path& build, const std::string& image, const fs::path& changing,
                  const fs::path& scratch);
 
@@ -43,12 +43,14 @@ class ScratchBuild {
     struct Unit {
         std::string object, command;
         fs::path source;
+        std::string kind = {};  // the command of all that are compiled alike
     };
     void take_unit(std::string command, const std::string& members);
     void take_dependencies();
     std::string command_for(const Unit& unit, const fs::path& source, const fs::path& object) const;
     std::vector<const Unit*> units_of(const fs::path& file) const;
-    const std::string& headers_read_once();
+    const std::string& headers_read_once(const std::string& kind);
+    std::string read_once(const Unit& unit, const std::string& includes);
     /// Units and their objects; one that does not compile has none.
     using Objects = std::map<const Unit*, fs::path>;
     Objects compile(const std::vector<const Unit*>& units, const std::string& options);
@@ -62,7 +64,8 @@ class ScratchBuild {
     std::string image_, link_;
     std::vector<Unit> units_;
     std::map<fs::path, std::vector<const Unit*>> includers_;
-    std::optional<std::string> headers_read_once_;
+    std::map<std::string, std::string> headers_read_once_;  // by kind
+    size_t times_read_ = 0;
     std::map<const Unit*, std::string> unchanged_;  // objects that were needed
 };
 

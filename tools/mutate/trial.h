@@ -53,6 +53,7 @@ class Trial {
         Cases cases;
     };
     Place& place_of(const Judges& judges);
+    std::set<fs::path> asked_about_in(const std::string& image, const Place& place) const;
     Verdict judge(const Candidate& candidate, const Judges& judges, Place& place);
 
     fs::path root_, build_;
