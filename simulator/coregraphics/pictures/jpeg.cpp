@@ -85,8 +85,7 @@ std::optional<DecodedPicture> decode_jpeg(std::span<const uint8_t> data, size_t 
         return std::nullopt;
     // Inks of printing cannot be shown without a profile.
     if (color_space == TJCS_CMYK || color_space == TJCS_YCCK) return std::nullopt;
-    if (width < 0 || height < 0 || !fits_limits(static_cast<size_t>(width), static_cast<size_t>(height)))
-        return std::nullopt;
+    if (!fits_limits(static_cast<size_t>(width), static_cast<size_t>(height))) return std::nullopt;
     reduce(width, height, needed);
     DecodedPicture picture;
     picture.surface = Surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height));

@@ -136,6 +136,18 @@ TEST_F(Buttons, FitTheirContent) {
     EXPECT_EQ(button->intrinsicContentSize(), (CGSize{22, 21}));
 }
 
+TEST_F(Buttons, FitTheirContentAndTheInsetsAroundIt) {
+    UIButton* button = add_button(UIButtonTypeSystem, {{0, 0}, {100, 40}});
+    button->setContentEdgeInsets({1, 2, 4, 8});
+    EXPECT_EQ(button->intrinsicContentSize(), (CGSize{10, 5}));
+    button->setTitle(text("I"), UIControlStateNormal);
+    const CGSize title = button->titleLabel()->sizeThatFits({});
+    EXPECT_EQ(button->intrinsicContentSize(), (CGSize{40, title.height + 5}));
+    button->setTitle(nullptr, UIControlStateNormal);
+    button->setImage(filled_image(color(1, 0, 0), 22, 21), UIControlStateNormal);
+    EXPECT_EQ(button->intrinsicContentSize(), (CGSize{32, 26}));
+}
+
 TEST_F(Buttons, ATouchOnTheTitleIsTheButtons) {
     UIButton* button = add_button(UIButtonTypeCustom, {{100, 100}, {100, 40}});
     button->setTitle(text("press"), UIControlStateNormal);

@@ -72,9 +72,13 @@ TEST_F(NamedColoursDeathTest, AnUnknownNameStopsTheProcessAndIsNamed) {
 }
 
 TEST_F(NamedColoursDeathTest, ANameWithoutAKnownValueStopsTheProcess) {
-    sim_colour colour;
-    EXPECT_DEATH(sim_named_colour("UIKBColorCarTeal", &colour),
-                 "UIKBGetNamedColor: what colour \"UIKBColorCarTeal\" is, is not known");
+    for (const char* name :
+         {"UIKBColorCarTeal", "UIKBColor10KeyLightActiveKeyplaneSwitch", "UIKBColorWildcatKeyGradientStart",
+          "UIKBColorWildcatKeyGradientEnd", "UIKBColoriPhoneDictationBackboard"}) {
+        sim_colour colour;
+        EXPECT_DEATH(sim_named_colour(name, &colour),
+                     std::string("UIKBGetNamedColor: what colour \"") + name + "\" is, is not known");
+    }
 }
 
 }  // namespace

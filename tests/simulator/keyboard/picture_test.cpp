@@ -68,5 +68,17 @@ INSTANTIATE_TEST_SUITE_P(
         return name;
     });
 
+/// Of a picture of the screen a glyph is too small a part.
+TEST(KeyboardParts, TheEmojiCategoriesLookAsExpected) {
+    Phone phone;
+    phone.boot();
+    show_keyboard({.plane = "emoji"});
+    void* bar = nullptr;
+    ASSERT_EQ(sim_view_on_screen("UIKeyboardEmojiCategoryBar", &bar), SIM_OK) << sim_last_error();
+    const auto picture = phone.host("/picture.png");
+    ASSERT_EQ(sim_take_picture_of(bar, picture.c_str(), 3), SIM_OK) << sim_last_error();
+    EXPECT_TRUE(looks_as_expected(picture, "system-emoji-categories"));
+}
+
 }  // namespace
 }  // namespace test

@@ -165,6 +165,24 @@ TEST_F(Alerts, WhatIsSharedIsNoted) {
     EXPECT_EQ(sim_shared_item_at(3, &item), SIM_NOT_FOUND);
 }
 
+TEST_F(Alerts, AShareSheetIsNamedAfterAFirstFileAndElseSaysHowMuchThereIs) {
+    show_page();
+    const auto title_for = [this](NSArray* items) {
+        auto sheet = UIActivityViewController::alloc()->initWithActivityItems(items, nullptr);
+        root->presentViewController(sheet, false, nullptr);
+        auto* parts = static_cast<UIView*>(sheet->view()->subviews()->objectAtIndex(0))->subviews();
+        const std::string title = utf8(as<UILabel>(parts->objectAtIndex(0))->text());
+        root->dismissViewController(false, nullptr);
+        return title;
+    };
+    NSURL* file = NSURL::fileURLWithPath(text("/var/mobile/Night.plist"));
+    EXPECT_EQ(title_for(array({file})), "Night.plist");
+    EXPECT_EQ(title_for(array({file, text("a text")})), "Night.plist");
+    EXPECT_EQ(title_for(array({text("a text"), file})), "2 items");
+    EXPECT_EQ(title_for(array({text("a text")})), "1 item");
+    EXPECT_EQ(title_for(array({})), "0 items");
+}
+
 class Picker : public Alerts {
   protected:
     strong<NSObject> delegate() {

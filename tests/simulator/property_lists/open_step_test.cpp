@@ -29,6 +29,7 @@ TEST_F(PropertyListReading, OldFormComments) {
 
 TEST_F(PropertyListReading, OldFormEscapes) {
     EXPECT_EQ(string("\"a\\n\\t\\\"\\\\\\U00e9\\101\\q\""), "a\n\t\"\\\u00e9Aq");
+    EXPECT_EQ(string("\"\\a\\b\\f\\n\\r\\t\\v\""), "\a\b\f\n\r\t\v");
     EXPECT_EQ(string("\"\\1711\\107\\418\""), "y1G!8") << "three digits at most";
     EXPECT_EQ(string("\"\\U07ff\\U0800\\U0840\""), "\u07ff\u0800\u0840");
     EXPECT_EQ(string("'it\\'s'"), "it's");
