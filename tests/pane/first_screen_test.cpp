@@ -70,6 +70,18 @@ TEST_P(PreviewOfAScreen, FillsTheWidthBetweenTheMarginsInTheKeyboardsShape) {
     EXPECT_FALSE(keyboard->isUserInteractionEnabled()) << "it is a picture";
 }
 
+TEST_F(FirstScreen, WithoutRoomBetweenTheMarginsThereIsNoPreview) {
+    open();
+    choose_row(0, along_section);
+    UIView* whole = static_cast<UIViewController*>(page())->view();
+    for (const auto& [width, previews] : {std::pair{32.0, 0u}, {20.0, 0u}, {320.0, 1u}}) {
+        whole->setFrame({{0, 0}, {width, 568}});
+        whole->layoutIfNeeded();
+        EXPECT_EQ(table()->tableHeaderView()->bounds().size.width, width);
+        EXPECT_EQ(table()->tableHeaderView()->subviews()->count(), previews) << width;
+    }
+}
+
 TEST_F(FirstScreen, ThePreviewIsPaleWhileThemingIsOff) {
     open();
     choose_row(0, along_section);

@@ -1,6 +1,8 @@
 // A theme in the editor's hands: what each change makes of it, and where it is kept.
 #include "pane/model/editing.h"
 
+#include <functional>
+
 #include "kept_files.h"
 
 namespace test {
@@ -93,6 +95,31 @@ TEST_F(EditingATheme, ColoursAreMovedBothWays) {
     editing.move_colour(3, 0);
     editing.move_colour(0, 3);
     EXPECT_EQ(colours_of(editing), "#002200 #110000 #000033 ") << "there is none";
+}
+
+TEST_F(EditingATheme, EveryChangeCanBeTakenBackByItself) {
+    const std::pair<const char*, std::function<void(pane::Editing&)>> changes[] = {
+        {"kind", [](pane::Editing& editing) { editing.set_kind(1); }},
+        {"a colour", [](pane::Editing& editing) { editing.set_colour(background(1), color(1, 1, 1)); }},
+        {"one more", [](pane::Editing& editing) { editing.set_colour(background(3), color(1, 1, 1)); }},
+        {"text",
+         [](pane::Editing& editing) { editing.set_colour({pane::Row::text_colour}, color(1, 0, 0)); }},
+        {"one less", [](pane::Editing& editing) { editing.remove_colour(1); }},
+        {"order", [](pane::Editing& editing) { editing.move_colour(0, 2); }},
+        {"direction", [](pane::Editing& editing) { editing.set_direction(5); }},
+        {"alpha", [](pane::Editing& editing) { editing.set_alpha(0.25); }},
+        {"photo", [](pane::Editing& editing) { editing.set_image(filled_image(color(1, 0, 0), 2, 2)); }},
+        {"caps", [](pane::Editing& editing) { editing.set_caps(true); }},
+        {"name", [](pane::Editing& editing) { editing.set_name(text("Other")); }},
+        {"pair", [](pane::Editing& editing) { editing.set_pair(color(1, 0, 0), color(0, 1, 0)); }},
+    };
+    pane::Editing editing = edit(three);
+    for (const auto& [what, change] : changes) {
+        change(editing);
+        EXPECT_TRUE(editing.sitting.is_changed()) << what;
+        editing.sitting.undo();
+        EXPECT_FALSE(editing.sitting.is_changed()) << what;
+    }
 }
 
 // A name without anything that a file can have gets a file that is called otherwise.

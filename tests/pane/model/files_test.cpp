@@ -1,6 +1,8 @@
 // What the pane takes the system's words about files for.
 #include "pane/model/files.h"
 
+#include <filesystem>
+
 #include "kept_files.h"
 
 namespace test {
@@ -23,6 +25,19 @@ TEST_F(Files, AreAbsentWhenFoundationSaysThatThereIsNoSuchFile) {
         EXPECT_FALSE(pane::is_absence(error("NSCocoaErrorDomain", other))) << other;
     EXPECT_FALSE(pane::is_absence(error("NSPOSIXErrorDomain", 260)));
     EXPECT_FALSE(pane::is_absence(nullptr));
+}
+
+TEST_F(Files, AreReadUpToSixtyFourMegabytes) {
+    const std::string path = in_themes("Large.plist");
+    phone.write(path, "");
+    const auto fault = [&](uintmax_t size) {
+        std::filesystem::resize_file(phone.host(path), size);
+        NSError* error = nullptr;
+        EXPECT_EQ(pane::read_property_list(text(path), &error), nullptr);
+        return utf8(error->localizedDescription());
+    };
+    EXPECT_EQ(fault(64 << 20), "The file is not a property list.");
+    EXPECT_EQ(fault((64 << 20) + 1), "The file is too large for a theme.");
 }
 
 }  // namespace
