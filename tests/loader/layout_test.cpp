@@ -7,6 +7,7 @@
 #include "draft.h"
 #include "fields.h"
 #include "host.h"
+#include "loader/fault.h"
 
 namespace {
 
@@ -184,11 +185,12 @@ TEST_F(LayoutTest, SegmentsThatOverlapInMemoryAreRefused) {
 }
 
 TEST_F(LayoutTest, SegmentsThatOverlapInTheFileAreRefused) {
+    const uint64_t taken = draft.u64(draft.segment("__TEXT") + kFileSize);
     draft.set64(draft.segment("__LINKEDIT") + kFileOffset, 0x10)
         .set64(draft.segment("__LINKEDIT") + kFileSize, 0x10);
-    EXPECT_THAT(
-        draft.load_error(),
-        HasSubstr("segment __LINKEDIT overlaps another in the file (found offset 0x10, expected at least "));
+    EXPECT_THAT(draft.load_error(), HasSubstr("segment __LINKEDIT overlaps another in the file (found offset "
+                                              "0x10, expected at least " +
+                                              macho::hex(taken) + ")"));
 }
 
 TEST_F(LayoutTest, AnImageTooLargeForMemoryIsRefused) {

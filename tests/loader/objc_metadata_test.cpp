@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstring>
 
 #include "draft.h"
 #include "host.h"
@@ -67,6 +68,17 @@ TEST_F(ObjcMetadataTest, IsReadWhole) {
     ASSERT_EQ(metadata.protocols.size(), 2u);
     EXPECT_THAT((std::array{metadata.protocols[0].name, metadata.protocols[1].name}),
                 UnorderedElementsAre(StrEq("LTNamed"), StrEq("LTDrawing")));
+}
+
+TEST_F(ObjcMetadataTest, ListsOfWhatIsNotSupportedAreRefused) {
+    const size_t renamed = draft.section("__objc_classlist");
+    for (const auto& [name, what] : {std::pair{"__objc_nlclslist", "classes with a +load method"},
+                                     {"__objc_catlist2", "categories of Swift classes"},
+                                     {"__objc_nlcatlist", "categories with a +load method"}}) {
+        for (size_t i = 0; i < 16; ++i)
+            draft.set8(renamed + i, i < std::strlen(name) ? static_cast<uint8_t>(name[i]) : 0);
+        EXPECT_EQ(refusal(), std::string("section ") + name + " lists " + what + ", which are not supported");
+    }
 }
 
 TEST_F(ObjcMetadataTest, AListOfClassesWithAnOddSizeIsRefused) {

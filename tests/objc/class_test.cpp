@@ -30,10 +30,13 @@ struct HCGrazing : objc::ProtocolInterface<"HCGrazing"> {
 
 namespace {
 
-int meadows_gone = 0;
+int meadows_gone = 0, states_alive = 0;
 
 struct Meadow : objc::Implements<Meadow, HCMeadow> {
     struct State {
+        State() { ++states_alive; }
+        State(const State&) = delete;
+        ~State() { --states_alive; }
         std::string notes = "fresh";
     };
     struct Ivars {
@@ -158,9 +161,15 @@ TEST_F(SeamClass, VariablesStandUnderTheirNamesAndTypes) {
 }
 
 TEST_F(SeamClass, CppVariablesAreConstructedAndDestroyed) {
-    auto lea = meadow();
-    EXPECT_EQ(lea->notes(), "fresh");
-    lea->notes() = std::string(100, 'x');
+    EXPECT_EQ(states_alive, 0) << "registering keeps none";
+    {
+        const objc::AutoreleasePool pool;
+        auto lea = meadow();
+        EXPECT_EQ(states_alive, 1);
+        EXPECT_EQ(lea->notes(), "fresh");
+        lea->notes() = std::string(100, 'x');
+    }
+    EXPECT_EQ(states_alive, 0);
 }
 
 TEST_F(SeamClass, DeallocRunsOnce) {

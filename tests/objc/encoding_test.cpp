@@ -29,6 +29,7 @@ static_assert(objc::encode_variable<objc::strong<UIColor>>() == Name("@\"UIColor
 static_assert(objc::encode_variable<objc::weak<NSObject>>() == Name("@\"NSObject\""));
 static_assert(objc::encode_variable<NSUInteger>() == Name("Q"));
 static_assert(objc::setter_of<"oldAlpha">() == Name("setOldAlpha:"));
+static_assert(objc::setter_of<"URL">() == Name("setURL:"));
 static_assert(objc::decimal<1230>() == Name("1230"));
 static_assert(Name("setValue:forKey:").colons() == 2);
 
