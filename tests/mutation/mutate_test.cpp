@@ -18,7 +18,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 
 struct Outcome {
     int status;
