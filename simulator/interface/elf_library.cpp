@@ -75,6 +75,14 @@ class ElfLibrary final : public Library {
     void* handle_;
 };
 
+/// The errno value that dlerror() ends with in words, which are all that it has of one; 0 for other reasons.
+int error_behind(const std::string& why) {
+    constexpr int last = EHWPOISON;
+    for (int error = 1; error <= last; ++error)
+        if (why.ends_with(std::string(": ") + std::strerror(error))) return error;
+    return why.ends_with("failed to map segment from shared object") ? ENOMEM : 0;
+}
+
 }  // namespace
 
 std::unique_ptr<Library> load_elf(const std::string& host_path, std::string_view contents) {
@@ -82,12 +90,12 @@ std::unique_ptr<Library> load_elf(const std::string& host_path, std::string_view
         throw Refusal(SIM_BAD_FILE, "cannot load " + host_path + ": " + fault);
     const auto before = class_names();
     void* handle = nullptr;
-    errno = 0;
     const double seconds =
         processor_seconds_of([&] { handle = dlopen(host_path.c_str(), RTLD_NOW | RTLD_LOCAL); });
     if (!handle) {
-        note_host_failure(host_path, errno);
-        throw Refusal(SIM_BAD_FILE, std::string("cannot load ") + dlerror());
+        const std::string why = dlerror();
+        note_host_failure(host_path, error_behind(why));
+        throw Refusal(SIM_BAD_FILE, "cannot load " + why);
     }
     const auto after = class_names();
     std::vector<std::string> made;

@@ -212,6 +212,11 @@ TEST_F(CommandFaults, APhoneThatCannotReadAPictureIsSaid) {
                     "/copy.png");
 }
 
+TEST_F(CommandFaults, APhoneThatCannotLoadThePaneIsSaid) {
+    expect_refusals({"pane", "--script", in_work("script"), "--scale", "1", "-o", in_work("pictures")},
+                    "/HuecraftSettings.bundle/HuecraftSettings");
+}
+
 TEST_F(CommandFaults, APhoneThatCannotKeepAColourIsSaid) {
     expect_refusals({"picker", "--script", in_work("select"), "--device", in_work("device"), "--color",
                      "123456", "--save"},
