@@ -12,7 +12,6 @@
 namespace {
 
 using namespace loader_test;
-using macho::Command;
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
