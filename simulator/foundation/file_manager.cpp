@@ -191,8 +191,11 @@ struct Manager : NSFileManager {
             return nullptr;
         }
         const KeepLinks keep;
-        return objc::Previous<NSDictionary*(NSString*, NSError**)>(
+        errno = 0;
+        auto* found = objc::Previous<NSDictionary*(NSString*, NSError**)>(
             previous_attributes, this, objc::selector<"attributesOfItemAtPath:error:">())(path, error);
+        if (!found) note(path, errno ? errno : EIO);  // something is there
+        return found;
     }
 };
 

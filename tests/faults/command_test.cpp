@@ -212,9 +212,11 @@ TEST_F(CommandFaults, APhoneThatCannotReadAPictureIsSaid) {
                     "/copy.png");
 }
 
-TEST_F(CommandFaults, APhoneThatCannotLoadThePaneIsSaid) {
-    expect_refusals({"pane", "--script", in_work("script"), "--scale", "1", "-o", in_work("pictures")},
-                    "/HuecraftSettings.bundle/HuecraftSettings");
+TEST_F(CommandFaults, APhoneThatCannotReadThePaneIsSaid) {
+    const std::vector<std::string> pane{"pane", "--script", in_work("script"),  "--scale",
+                                        "1",    "-o",       in_work("pictures")};
+    expect_refusals(pane, "/HuecraftSettings.bundle/HuecraftSettings");
+    expect_refusals(pane, "/HuecraftSettings.bundle/Themes/Contrast.plist");
 }
 
 TEST_F(CommandFaults, APhoneThatCannotKeepAColourIsSaid) {
