@@ -1,4 +1,4 @@
-// Where the host failed to read or write a file of the device. Applications are told little of it, and go on
+// Where the host failed to read or write a file of the device. Applications learn little of it, and go on
 // as if there were no such file.
 #pragma once
 #include <string>
