@@ -16,7 +16,7 @@ ctest's summary, and where the time went. The programs run each of their cases i
   --memcheck            the library's tests under valgrind's memcheck: what is read before it is written, and beyond what
                         was allocated, in every library that takes part; with --only those cases alone. Also installs:
                         ${memcheck_packages[*]}
-  --faults              only the cases in which system calls fail, with every fault at every call of the command (minutes)
+  --faults              only the cases in which system calls fail, with every fault at every call of the command (half an hour)
   --only <regex>        only the cases whose names match, a line for each
   --changed [<commit>]  only the programs that are built of what differs from the commit (HEAD unless given) or is not
                         tracked; all of them where the build does not know what a file is for
