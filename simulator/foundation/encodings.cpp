@@ -31,14 +31,14 @@ void ask_for_encodings() {
 }  // namespace sim
 
 // These stand before libc's functions of the names.
-SIM_EXPORTED iconv_t iconv_open(const char* to, const char* from) {
+SIM_EXPORTED iconv_t iconv_open(const char* tocode, const char* fromcode) {
     if (sim::is_asking) return &sim::unopened;
     static auto* const original = sim::in_libc<iconv_t(const char*, const char*)>("iconv_open");
-    return original(to, from);
+    return original(tocode, fromcode);
 }
 
-SIM_EXPORTED int iconv_close(iconv_t conversion) {
-    if (conversion == &sim::unopened) return 0;
+SIM_EXPORTED int iconv_close(iconv_t cd) {
+    if (cd == &sim::unopened) return 0;
     static auto* const original = sim::in_libc<int(iconv_t)>("iconv_close");
-    return original(conversion);
+    return original(cd);
 }
