@@ -85,6 +85,19 @@ test::Phone::Options settings() {
 /// Files with their contents, and folders; by path on the host.
 using Files = std::map<fs::path, std::optional<std::string>>;
 
+std::string filled_png(UIColor* color, double width, double height) {
+    NSData* png = UIImagePNGRepresentation(test::filled_image(color, width, height));
+    return {static_cast<const char*>(png->bytes()), png->length()};
+}
+
+/// The keyboard that a theme is shown on has a few pixels here: no input changes it.
+void reduce_preview_pictures() {
+    for (const char* name : {"Background", "Text", "Highlight", "KeyCaps"})
+        fuzz::phone().write(
+            std::string("/Library/PreferenceBundles/Huecraft.bundle/PreviewKeyboard") + name + ".png",
+            filled_png(test::color(0.5, 0.5, 0.5), 15, 9));
+}
+
 /// What lies there when an input begins.
 Files first_files() {
     const test::Phone& phone = fuzz::phone();
@@ -98,8 +111,7 @@ Files first_files() {
     test::put_theme(phone, "Mine.plist", "Mine");
     test::put_theme(phone, "Other.plist", "Other");
     phone.write(test::preference_file, "{_Enabled = 1; _Config = \"Mine.plist\"; kept = yes;}");
-    NSData* png = UIImagePNGRepresentation(test::filled_image(test::color(0.2, 0.5, 0.3), 40, 30));
-    phone.write(std::string(photos) + "/hill.png", {static_cast<const char*>(png->bytes()), png->length()});
+    phone.write(std::string(photos) + "/hill.png", filled_png(test::color(0.2, 0.5, 0.3), 40, 30));
     for (const char* folder : {preferences, photos})
         for (const auto& entry : fs::recursive_directory_iterator(phone.host(folder)))
             if (entry.is_directory())
@@ -137,7 +149,7 @@ void arrange() {
     static const Files files = [] {
         test::Phone& phone = fuzz::phone_without_library(settings());
         test::lay_out_packages(phone, FUZZED_PANE);
-        fuzz::phone();
+        reduce_preview_pictures();
         return first_files();
     }();
     restore(files);

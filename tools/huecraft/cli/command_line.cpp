@@ -1,6 +1,8 @@
 #include "cli/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <string_view>
 
 #include "cli/describe.h"
 #include "cli/terminal.h"
@@ -39,7 +41,36 @@ static void refuse_values_of_flags(CLI::App& command) {
         if (option->get_items_expected_max() == 0) option->disable_flag_override();
 }
 
-std::unique_ptr<CLI::App> make_command_line(Request& request) {
+/// Of the command's description.
+enum class Reads { itself, all };
+
+/// As help lists them.
+constexpr struct {
+    std::string_view name;
+    void (*add)(CLI::App& command, Request& request);
+    Reads reads = Reads::itself;
+} subcommands[] = {
+    {"new", add_new},
+    {"edit", add_edit},
+    {"show", add_show},
+    {"lint", add_lint},
+    {"keyboard", add_keyboard},
+    {"preview", add_preview},
+    {"gallery", add_gallery},
+    {"pane", add_pane},
+    {"picker", add_picker},
+    {"convert", add_convert},
+    {"import", add_import},
+    {"send", add_send},
+    {"pack", add_pack},
+    {"package-check", add_package_check},
+    {"doctor", add_doctor},
+    {"completions", add_completions, Reads::all},
+    {"man", add_manual, Reads::all},
+    {"help", add_help, Reads::all},
+};
+
+std::unique_ptr<CLI::App> make_command_line(Request& request, std::string_view asked) {
     auto command = std::make_unique<CLI::App>("Makes, checks and shows keyboard themes.", "huecraft");
     command->require_subcommand(1);
     command->formatter(formatter_of_help());
@@ -47,23 +78,10 @@ std::unique_ptr<CLI::App> make_command_line(Request& request) {
     command->footer(
         "Exit status: 0 all is well, 1 something was found, 2 misuse or a file that cannot be used.\n"
         "\"huecraft SUBCOMMAND --help\" has the options and examples.");
-    add_new(*command, request);
-    add_edit(*command, request);
-    add_show(*command, request);
-    add_lint(*command, request);
-    add_keyboard(*command, request);
-    add_preview(*command, request);
-    add_gallery(*command, request);
-    add_pane(*command, request);
-    add_picker(*command, request);
-    add_convert(*command, request);
-    add_import(*command, request);
-    add_send(*command, request);
-    add_pack(*command, request);
-    add_package_check(*command, request);
-    add_doctor(*command, request);
-    add_completions(*command, request);
-    add_help(*command, request);
+    const bool is_one_enough = std::ranges::any_of(
+        subcommands, [&](const auto& one) { return one.name == asked && one.reads == Reads::itself; });
+    for (const auto& one : subcommands)
+        if (!is_one_enough || one.name == asked) one.add(*command, request);
     for (CLI::App* one : command->get_subcommands([](const CLI::App*) { return true; })) {
         one->formatter(command->get_formatter());
         refuse_values_of_flags(*one);

@@ -35,7 +35,7 @@ std::string empty_value_in_words(const CLI::App& subcommand) {
 
 int run_what_is_asked(std::vector<std::string> arguments) {
     Request request;
-    const auto command = make_command_line(request);
+    const auto command = make_command_line(request, arguments.empty() ? "" : arguments[0]);
     // Before everything else, which would say that a subcommand is missing.
     const bool names_one = !arguments.empty() && (!arguments[0].starts_with('-') || arguments[0] == "-");
     if (names_one && !subcommand_named(*command, arguments[0]))

@@ -52,6 +52,9 @@ void add_completions(CLI::App& command, Request& request) {
     sub.footer(
         "Example:\n"
         "  huecraft completions bash > ~/.local/share/bash-completion/completions/huecraft");
+}
+
+void add_manual(CLI::App& command, Request& request) {
     add_subcommand(command, request, "man", "Print the manual page", std::make_shared<Manual>(&command))
         .footer(
             "Example:\n"
