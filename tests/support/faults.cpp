@@ -291,8 +291,10 @@ size_t try_at_every_call(const Trial& trial, const std::vector<Fault>& faults) {
             trial.judge(faulty, fault);
             if (testing::Test::HasFailure()) return met;
         }
-        // Memory is asked for as it is needed: from run to run a call or two differ.
-        EXPECT_GE(reached + 2, first.calls.size()) << "with the fault " << in_words(first, 1, fault);
+        // From run to run some calls differ: memory is asked for as it is needed, and what a register was
+        // left with may look like one of the files.
+        EXPECT_GE(reached + 2 + first.calls.size() / 20, first.calls.size())
+            << "with the fault " << in_words(first, 1, fault);
     }
     return met;
 }
