@@ -233,7 +233,7 @@ run_tests() {
     local folder=$1 status=0
     shift
     ctest "$@" --parallel "$(nproc)" --no-label-summary | grep --line-buffered -vE '^ +Start +[0-9]+:' || status=$?
-    report "$folder/Testing/Temporary/LastTest.log"
+    report "$folder/Testing/Temporary/LastTest.log" || status=1
     return "$status"
 }
 
@@ -256,6 +256,7 @@ report() {
         /^Test Pass(ed\.$| Reason:)/ { passed = 1 }
         END {
             end_entry()
+            if (!entries && !failures) { print "there is no test in " FILENAME; exit 1 }
             print_longest("\nSlowest programs, in processor time:", slow_programs, programs)
             print_longest("Slowest cases:", slow_cases, slow)
             if (failures) print "Failed:"
