@@ -42,7 +42,7 @@ strong<UITableViewCell> TableCell::initWithStyle(UITableViewCellStyle style, NSS
     auto& parts = self->ivars();
     parts.style = style;
     parts.reuseIdentifier = strong<NSString>::adopt(reuse_identifier->send<"copy", NSString*>());
-    parts.contentView = UIView::alloc()->initWithFrame({});
+    parts.contentView = UIView::alloc()->initWithFrame(static_cast<UIView*>(self.get())->bounds());
     auto* view = static_cast<UIView*>(self.get());
     view->setBackgroundColor(UIColor::whiteColor());
     view->addSubview(parts.contentView);

@@ -107,5 +107,21 @@ TEST_F(TableCell, ItsAccessoryStandsAtTheRightEnd) {
     EXPECT_EQ(cell->textLabel()->frame(), (CGRect{{16, 0}, {168, 44}}));
 }
 
+TEST_F(TableCell, ItsContentHasRoomBeforeTheCellIsLaidOut) {
+    auto cell = UITableViewCell::alloc()->initWithStyle(0, nullptr);
+    UIView* content = cell->contentView();
+    EXPECT_EQ(content->frame(), (CGRect{{0, 0}, {320, 44}}));
+    auto line = UIView::alloc()->initWithFrame({});
+    line->setTranslatesAutoresizingMaskIntoConstraints(false);
+    content->addSubview(line);
+    line->leadingAnchor()->constraintEqualToAnchor(content->leadingAnchor(), 16)->setActive(true);
+    line->trailingAnchor()->constraintEqualToAnchor(content->trailingAnchor(), -16)->setActive(true);
+    line->topAnchor()->constraintEqualToAnchor(content->topAnchor())->setActive(true);
+    line->heightAnchor()->constraintEqualToConstant(1)->setActive(true);
+    cell->layoutIfNeeded();
+    EXPECT_EQ(sim_layout_report_count(), 0u);
+    EXPECT_EQ(line->frame(), (CGRect{{16, 0}, {288, 1}}));
+}
+
 }  // namespace
 }  // namespace test
