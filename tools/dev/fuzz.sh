@@ -59,10 +59,10 @@ fuzz() {
     shift
     scratch=$(mktemp -d -p "$([[ -w /dev/shm ]] && echo /dev/shm || echo /tmp)" huecraft-fuzz-XXXXXX)
     # What the runtime keeps to its end is not a leak, and much of it is kept; detect_leaks would look for it time and again.
-    # Freed memory is watched for the next 8 MB of it, and frames of functions that returned not at all: an execution takes
+    # Freed memory is watched for the next 2 MB of it, and frames of functions that returned not at all: an execution takes
     # half the time. ./dev test --sanitize watches both for longer.
-    local options=detect_leaks=0:detect_odr_violation=0:detect_stack_use_after_return=0:malloc_context_size=4
-    options+=:quarantine_size_mb=8:thread_local_quarantine_size_kb=64:allocator_release_to_os_interval_ms=-1
+    local options=detect_leaks=0:detect_odr_violation=0:detect_stack_use_after_return=0:malloc_context_size=2
+    options+=:quarantine_size_mb=2:thread_local_quarantine_size_kb=64:allocator_release_to_os_interval_ms=-1
     TMPDIR=$scratch ASAN_OPTIONS=$options UBSAN_OPTIONS=print_stacktrace=1 \
         "$root/build/fuzz/bin/fuzz_$name" -timeout=60 -rss_limit_mb=4096 -detect_leaks=0 "$@" || status=$?
     rm -rf "$scratch"

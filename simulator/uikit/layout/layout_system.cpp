@@ -60,14 +60,14 @@ class LayoutSystem {
     explicit LayoutSystem(UIView* top) : top_(top) {}
 
     void solve() {
+        mark(top_);
+        if (!has_constraints_) return layout_state_of(top_).reported.clear();
+        nodes_.reserve(taking_part_);
         list(top_, none);
-        mark_who_takes_part();
-        if (!has_constraints()) return layout_state_of(top_).reported.clear();
-        for (Node& node : nodes_)
-            if (layout_state_of(node.view).takes_part) {
-                place(node);
-                place_content(node);
-            }
+        for (Node& node : nodes_) {
+            place(node);
+            place_content(node);
+        }
         for (const Node& node : nodes_) demand_constraints(node.view);
         hold_demands();
         settle_the_rest();
@@ -78,29 +78,25 @@ class LayoutSystem {
   private:
     // ---- Who takes part
 
+    // Those that constraints are about or that wait for some, and the superviews between them and the top.
+    // A tree without constraints is not laid out by any: views in it that wait for some keep their frames.
+    bool mark(UIView* view) {
+        LayoutState& state = layout_state_of(view);
+        state.takes_part = state.naming || !state.translates_mask;
+        state.has_solution = state.is_ambiguous = false;
+        has_constraints_ |= !state.constraints.empty();
+        for (UIView* subview : static_cast<View*>(view)->ivars().subviews)
+            if (mark(subview)) state.takes_part = true;
+        taking_part_ += state.takes_part;
+        return state.takes_part;
+    }
+
     void list(UIView* view, size_t above) {
+        if (!layout_state_of(view).takes_part) return;
         const size_t here = nodes_.size();
         nodes_.push_back({view, above, {}, false, {}});
         places_[view] = here;
         for (UIView* subview : static_cast<View*>(view)->ivars().subviews) list(subview, here);
-    }
-
-    // Those that constraints are about or that wait for some, and the superviews between them and the top.
-    void mark_who_takes_part() {
-        for (Node& node : nodes_) {
-            LayoutState& state = layout_state_of(node.view);
-            state.takes_part = state.naming || !state.translates_mask;
-            state.has_solution = state.is_ambiguous = false;
-        }
-        for (size_t i = nodes_.size(); i-- > 1;)
-            if (layout_state_of(nodes_[i].view).takes_part)
-                layout_state_of(nodes_[nodes_[i].above].view).takes_part = true;
-    }
-
-    // A tree without constraints is not laid out by any: views in it that wait for some keep their frames.
-    bool has_constraints() const {
-        return std::any_of(nodes_.begin(), nodes_.end(),
-                           [](const Node& node) { return !layout_state_of(node.view).constraints.empty(); });
     }
 
     // ---- Where each view is, in variables or numbers
@@ -282,7 +278,6 @@ class LayoutSystem {
         };
         for (Node& node : nodes_) {
             LayoutState& state = layout_state_of(node.view);
-            if (!state.takes_part) continue;
             if (node.scrolls)
                 for (const Expression& length : node.content)
                     if (!solver_.is_determined(length)) settle(length);
@@ -323,7 +318,7 @@ class LayoutSystem {
         };
         for (const Node& node : nodes_) {
             LayoutState& state = layout_state_of(node.view);
-            if (!state.takes_part || state.translates_mask) continue;
+            if (state.translates_mask) continue;
             CGFloat start[2], length[2];
             for (size_t axis : {0, 1}) {
                 const Stretch& stretch = node.stretch[axis];
@@ -348,6 +343,8 @@ class LayoutSystem {
     }
 
     UIView* top_;
+    bool has_constraints_ = false;
+    size_t taking_part_ = 0;
     std::vector<Node> nodes_;
     std::unordered_map<UIView*, size_t> places_;
     std::vector<Demand> demands_;

@@ -191,6 +191,15 @@ TEST_F(Photo, ADamagedPhotoIsNamed) {
         refusal(heic.substr(0, heic.size() / 2)).starts_with("huecraft: photo: it is not a HEIC picture"));
 }
 
+TEST_F(Photo, WithoutItsLibraryOnlyHeicIsRefused) {
+    write("libheif.so.1", "no library");
+    setenv("LD_LIBRARY_PATH", path(".").c_str(), 1);
+    EXPECT_EQ(refusal(heic_of(corners(620, 398))),
+              "huecraft: photo: it is a HEIC picture, and libheif, which reads those, is missing\n");
+    expect_corners(kept(jpeg_of(corners())));
+    unsetenv("LD_LIBRARY_PATH");
+}
+
 TEST_F(Photo, WhatIsSaidOfAPhotoNeedsOne) {
     for (const char* option : {"--dim", "--blur", "--alpha"})
         EXPECT_EQ(run({"new", "T", option, "0.5"}).err,
