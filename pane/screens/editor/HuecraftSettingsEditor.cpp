@@ -126,9 +126,10 @@ struct Editor : objc::Implements<Editor, HuecraftSettingsEditor> {
         auto& own = ivars();
         work().cells.forget_image();
         show_theme();
+        // The table still shows the rows of before, and asks which of them can be edited.
+        own.table->setEditing(editing().kind() == huecraft::gradient_background, false);
         work().rows = rows_of(editing(), work().legibility);
         work().cells.show(editing().theme(), editing().kind(), editing().direction());
-        own.table->setEditing(editing().kind() == huecraft::gradient_background, false);
         own.table->reloadData();
     }
 

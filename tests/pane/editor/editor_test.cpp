@@ -292,6 +292,35 @@ TEST_F(Editor, AMemoryWarningLosesNothing) {
     EXPECT_EQ(value("_TextColor"), "#111111");
 }
 
+/// What the page itself answers when the table asks whether a row can be edited.
+int (*can_be_edited)(NSObject*, SEL, UITableView*, NSIndexPath*);
+bool was_last_row_asked_for = false;
+
+TEST_F(Editor, IsAskedOnlyForRowsThatItHas) {
+    edit();
+    choose_row(3, contrast_section);
+    ASSERT_EQ(table()->numberOfRowsInSection(contrast_section), 3) << "what it uses can be read";
+    choose_kind(no_kind);
+    ASSERT_EQ(table()->numberOfRowsInSection(contrast_section), 4) << "and not on the system's light grey";
+    table()->scrollToRow(NSIndexPath::indexPathForRow(3, contrast_section), UITableViewScrollPositionNone,
+                         false);
+    ASSERT_EQ(sim_advance_clock(0), SIM_OK) << sim_last_error();
+    can_be_edited = reinterpret_cast<decltype(can_be_edited)>(method_setImplementation(
+        class_getInstanceMethod(objc_lookUpClass("HuecraftSettingsEditor"),
+                                sel_registerName("tableView:canEditRowAtIndexPath:")),
+        reinterpret_cast<IMP>(
+            +[](NSObject* page, SEL selector, UITableView* table, NSIndexPath* path) -> int {
+                was_last_row_asked_for |= path->section() == contrast_section && path->row() == 3;
+                const auto rows =
+                    page->send<"tableView:numberOfRowsInSection:", NSInteger>(table, path->section());
+                EXPECT_LT(path->row(), rows) << "in section " << path->section();
+                return path->row() < rows && can_be_edited(page, selector, table, path);
+            })));
+    choose_kind(gradient_kind);
+    EXPECT_EQ(table()->numberOfRowsInSection(contrast_section), 3);
+    EXPECT_TRUE(was_last_row_asked_for) << "it was in sight";
+}
+
 class RowsOfText : public EditorPage, public testing::WithParamInterface<const char*> {};
 INSTANTIATE_TEST_SUITE_P(, RowsOfText, testing::Values("XS", "S", "L", "XXXL", "AccessibilityXXXL"));
 
