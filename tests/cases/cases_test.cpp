@@ -94,9 +94,16 @@ TEST_F(Cases, OneOfAnotherSuiteIsRehearsedIfItsCasesGainByIt) {
             << others;
 }
 
+TEST_F(Cases, TheStackOfAThreadThatWasJoinedMayGoInARehearsal) {
+    run("--rehearse --jobs=1 --gtest_filter='Unmapping.*'");
+    EXPECT_EQ(status, 0) << output;
+    EXPECT_THAT(output, testing::StartsWith("cases run: 2, failed: 0, "));
+}
+
 TEST_F(Cases, WhatCannotBeUndoneEndsTheRehearsalAndTheProgram) {
     run("--rehearse --jobs=1 --gtest_filter='Threading.*'");
     EXPECT_EQ(status, 2);
+    EXPECT_THAT(output, HasSubstr("a rehearsal: a thread is still running\n"));
     EXPECT_THAT(output, HasSubstr("Threading.LeavesItRunning cannot be undone when it is rehearsed\n"));
 }
 #endif

@@ -63,6 +63,21 @@ TEST(Threading, LeavesItRunning) {
     std::thread([] { std::this_thread::sleep_for(std::chrono::hours(1)); }).detach();
 }
 TEST(Threading, HasNothingToDo) {}
+// As of a thread that was joined: a stack, and before it what nobody may touch.
+const size_t guard = 64 << 10, stack = 1 << 20;
+auto* const ended_thread = [] {
+    auto* mapped = static_cast<char*>(
+        mmap(nullptr, guard + stack, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0));
+    mprotect(mapped + guard, stack, PROT_READ | PROT_WRITE);
+    mapped[guard] = 'k';
+    return mapped;
+}();
+void give_stack_back() {
+    EXPECT_EQ(ended_thread[guard], 'k');
+    EXPECT_EQ(munmap(ended_thread, guard + stack), 0);
+}
+TEST(Unmapping, AStackWithItsGuard) { give_stack_back(); }
+TEST(Unmapping, TheSameStackWithItsGuard) { give_stack_back(); }
 TEST(Telling, SaysWhereItRuns) { tell_process(); }
 TEST(Telling, SaysItAgain) { tell_process(); }
 

@@ -23,7 +23,7 @@ constexpr size_t page_size = 4096, stack_size = 16 << 20, most_files = 1024;
 
 struct Range {
     uintptr_t start, end;
-    bool writable, shared;
+    bool readable, writable, shared;
 };
 
 /// What is mapped, in the order of the addresses. It allocates nothing.
@@ -41,7 +41,8 @@ struct Rehearsal {
     int memory, folder, output[2];
     void* heap_end;
     size_t threads;
-    bool undone;
+    /// Why it cannot be undone; nullptr where it can.
+    const char* hindrance;
     Mappings was, is;
     std::array<bool, most_files> open;
     std::array<struct sigaction, 65> actions;
@@ -94,10 +95,12 @@ void read_mappings(Rehearsal& own, Mappings& mappings) {
     for (char* line = own.text.data(); *line;) {
         char* next = line;
         const uintptr_t start = std::strtoul(next, &next, 16), end = std::strtoul(next + 1, &next, 16);
-        const Range range{start, end, next[2] == 'w', next[4] == 's'};
+        const Range range{start, end, next[1] == 'r', next[2] == 'w', next[4] == 's'};
         // Neighbours that are alike are listed as one.
-        for (const Range& part : {Range{start, std::min(end, own.start()), range.writable, range.shared},
-                                  Range{std::max(start, own.end()), end, range.writable, range.shared}}) {
+        Range below = range, above = range;
+        below.end = std::min(end, own.start());
+        above.start = std::max(start, own.end());
+        for (const Range& part : {below, above}) {
             if (part.start >= part.end) continue;
             if (mappings.count == mappings.ranges.size()) give_up("more is mapped than there is room for");
             mappings.ranges[mappings.count++] = part;
@@ -155,9 +158,15 @@ void unmap_new(Rehearsal& own, uintptr_t heap_from, uintptr_t heap_to) {
     }
 }
 
-bool restore_memory(Rehearsal& own) {
+/// Answers what hinders it, if something does.
+const char* restore_memory(Rehearsal& own) {
     const auto pages = [](void* address) {
         return (reinterpret_cast<uintptr_t>(address) + page_size - 1) / page_size * page_size;
+    };
+    const auto map_again = [](const Range& range) {
+        return mmap(reinterpret_cast<void*>(range.start), range.end - range.start,
+                    range.writable ? PROT_READ | PROT_WRITE : PROT_NONE,
+                    MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED | MAP_NORESERVE, -1, 0) != MAP_FAILED;
     };
     void* grown = sbrk(0);
     syscall(SYS_brk, own.heap_end);
@@ -165,22 +174,23 @@ bool restore_memory(Rehearsal& own) {
     unmap_new(own, pages(own.heap_end), pages(grown));
     off_t at = 0;
     for (const Range& range : own.was.all()) {
-        if (!is_saved(range)) {
-            if (!covered(range, own.is, [](const Range&) { return true; })) return false;
-            continue;
+        const bool saved = is_saved(range);
+        const auto counts = [&](const Range& each) { return !saved || is_saved(each); };
+        if (!covered(range, own.is, counts)) {
+            // The stack of a thread that was joined may be gone, and the guard before it, which nobody may
+            // touch.
+            if (!saved && range.readable) return "something that was mapped is gone";
+            if (!map_again(range)) return "memory that is gone cannot be mapped again";
         }
-        if (!covered(range, own.is, is_saved) &&
-            mmap(reinterpret_cast<void*>(range.start), range.end - range.start, PROT_READ | PROT_WRITE,
-                 MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0) == MAP_FAILED)
-            return false;
+        if (!saved) continue;
         for (uintptr_t from = range.start; from < range.end;) {
             const ssize_t count = pread(own.memory, reinterpret_cast<void*>(from), range.end - from, at);
-            if (count <= 0) return false;
+            if (count <= 0) return "memory cannot be read back";
             from += static_cast<uintptr_t>(count);
             at += count;
         }
     }
-    return true;
+    return nullptr;
 }
 
 void save_the_rest(Rehearsal& own) {
@@ -207,7 +217,7 @@ void restore_the_rest(Rehearsal& own) {
         dup2(own.output[stream - 1], stream);
         close(own.output[stream - 1]);
     }
-    if (fchdir(own.folder) != 0) own.undone = false;
+    if (fchdir(own.folder) != 0) own.hindrance = "the folder that the process was in is gone";
     close(own.folder);
     for (size_t each = 1; each < own.actions.size(); ++each)
         sigaction(static_cast<int>(each), &own.actions[each], nullptr);
@@ -216,7 +226,7 @@ void restore_the_rest(Rehearsal& own) {
 Rehearsal* underway = nullptr;
 
 [[noreturn]] void end(Rehearsal& own) {
-    own.undone = threads_have_ended(own) && restore_memory(own);
+    own.hindrance = threads_have_ended(own) ? restore_memory(own) : "a thread is still running";
     setcontext(&own.before);
     give_up("there is no way back");
 }
@@ -258,10 +268,11 @@ bool rehearse(void (*act)(void*), void* context) {
     swapcontext(&own.before, &own.during);
     underway = nullptr;
     restore_the_rest(own);
-    const bool undone = own.undone;
+    const char* const hindrance = own.hindrance;
     close(own.memory);
     munmap(place, sizeof(Rehearsal));
-    return undone;
+    if (hindrance) std::fprintf(stderr, "a rehearsal: %s\n", hindrance);
+    return !hindrance;
 }
 
 }  // namespace test

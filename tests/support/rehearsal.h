@@ -9,8 +9,8 @@ namespace test {
 /// it forks. `act` may call exit: what is registered for that is called, and the process goes on from here.
 ///
 /// False when that cannot be undone: a thread was left running, or something is gone that was mapped
-/// read-only. The process is not to be used any longer then. What `act` does to files, and to other
-/// processes, stays.
+/// read-only; stderr says which. The process is not to be used any longer then. What `act` does to files, and
+/// to other processes, stays.
 bool rehearse(void (*act)(void*), void* context);
 
 }  // namespace test
