@@ -2,6 +2,7 @@
 #include "support/faults.h"
 
 #include <fcntl.h>
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -9,6 +10,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <tuple>
 
 #include "folder.h"
 
@@ -111,6 +113,33 @@ TEST_F(Faults, EveryCallMeetsEveryFault) {
                                             }});
     EXPECT_EQ(met, 4 * 5 + 2u);                // four errors and a kill at each call, and half of two writes
     EXPECT_EQ(judged, 1 + (4 + 1) * 5u + 3u);  // once past the end, too; two calls write
+}
+
+TEST_F(Faults, TheFirstRunMayMakeMoreCallsThatConcernNoFile) {
+    int runs = 0;
+    const auto work = [&] {
+        unsigned drawn = 0;
+        for (int more = 0; runs == 1 && more < 10; ++more) syscall(SYS_getrandom, &drawn, sizeof drawn, 0);
+        return write_twice();
+    };
+    const auto judge = [](const FaultyRun& run, const Fault&) { EXPECT_EQ(run.status, 0); };
+    EXPECT_GE(try_at_every_call({{}, [&] { ++runs; }, work, judge}, {Fault::meddling([] {})}), 4u);
+}
+
+TEST_F(Faults, ARunThatMakesFewerCallsAboutFilesIsNotTheEnd) {
+    int runs = 0;
+    const auto work = [&] {
+        if (runs == 1)
+            for (int more = 0; more < 3; ++more) std::ignore = access(folder.path().c_str(), F_OK);
+        return write_twice();
+    };
+    const auto judge = [](const FaultyRun& run, const Fault&) { EXPECT_EQ(run.status, 0); };
+    const auto try_all = [&](const Counted& counted) {
+        runs = 0;
+        try_at_every_call({counted, [&] { ++runs; }, work, judge}, {Fault::meddling([] {})});
+    };
+    EXPECT_NONFATAL_FAILURE(try_all({}), "with the fault call 1 of");
+    EXPECT_NONFATAL_FAILURE(try_all({folder.path()}), "with the fault call 1 of 7");
 }
 
 }  // namespace
