@@ -39,6 +39,7 @@ TEST(Decision, TheLastComponentIgnoresTrailingSlashes) {
     EXPECT_EQ(last_path_component("/a/b"), "b");
     EXPECT_EQ(last_path_component("/a/b//"), "b");
     EXPECT_EQ(last_path_component("b"), "b");
+    EXPECT_EQ(last_path_component("b/"), "b");
     EXPECT_EQ(last_path_component("/"), "/");
     EXPECT_EQ(last_path_component(""), "");
 }
