@@ -35,6 +35,8 @@ class Faults : public testing::Test {
         return run_with_fault([&] { return write_twice(); }, {folder.path()}, number, fault);
     }
 
+    static void expect_done(const FaultyRun& run, const Fault&) { EXPECT_EQ(run.status, 0); }
+
     Folder folder;
 };
 
@@ -122,8 +124,7 @@ TEST_F(Faults, TheFirstRunMayMakeMoreCallsThatConcernNoFile) {
         for (int more = 0; runs == 1 && more < 10; ++more) syscall(SYS_getrandom, &drawn, sizeof drawn, 0);
         return write_twice();
     };
-    const auto judge = [](const FaultyRun& run, const Fault&) { EXPECT_EQ(run.status, 0); };
-    EXPECT_GE(try_at_every_call({{}, [&] { ++runs; }, work, judge}, {Fault::meddling([] {})}), 4u);
+    EXPECT_GE(try_at_every_call({{}, [&] { ++runs; }, work, expect_done}, {Fault::meddling([] {})}), 4u);
 }
 
 TEST_F(Faults, ARunThatMakesFewerCallsAboutFilesIsNotTheEnd) {
@@ -133,10 +134,9 @@ TEST_F(Faults, ARunThatMakesFewerCallsAboutFilesIsNotTheEnd) {
             for (int more = 0; more < 3; ++more) std::ignore = access(folder.path().c_str(), F_OK);
         return write_twice();
     };
-    const auto judge = [](const FaultyRun& run, const Fault&) { EXPECT_EQ(run.status, 0); };
     const auto try_all = [&](const Counted& counted) {
         runs = 0;
-        try_at_every_call({counted, [&] { ++runs; }, work, judge}, {Fault::meddling([] {})});
+        try_at_every_call({counted, [&] { ++runs; }, work, expect_done}, {Fault::meddling([] {})});
     };
     EXPECT_NONFATAL_FAILURE(try_all({}), "with the fault call 1 of");
     EXPECT_NONFATAL_FAILURE(try_all({folder.path()}), "with the fault call 1 of 7");
